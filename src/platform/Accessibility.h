@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/Value.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarragon {
+
+// The user-interface elements of other processes. Failures are silent by design: a call that fails, an application that
+// is gone or does not answer in time, access that is not granted give nil, an empty optional or false, never an
+// exception. A call waits at most about a second for an application; one that timed out is answered with nothing at
+// once for the next seconds while it is probed in the background.
+//
+// Threads: every operation may be called from any thread. Read batches belong to the thread that opened them.
+class Accessibility {
+public:
+    virtual ~Accessibility() = default;
+
+    // The desktop has its accessibility interface switched on.
+    virtual bool isEnabled() = 0;
+    // This process may use the accessibility interface.
+    virtual bool isTrusted() = 0;
+    // Takes the user to where access is granted, or grants it where a program may. False when there is no such place.
+    virtual bool openSettings() = 0;
+
+    // The element from which "AXFocusedApplication" is asked; nil when the interface cannot be reached.
+    virtual Element systemWideElement() = 0;
+    // The application of a process; nil when there is none that the interface knows.
+    virtual Element applicationElement(std::int64_t processIdentifier) = 0;
+    // The innermost element at a point in screen space; nil when there is none.
+    virtual Element elementAtPosition(const Point& pointCG) = 0;
+
+    virtual std::optional<std::int64_t> processIdentifier(const Element& element) = 0;
+    virtual std::optional<std::vector<std::string>> attributeNames(const Element& element) = 0;
+    virtual Value copyAttributeValue(const Element& element, std::string_view attribute) = 0;
+    // The number of elements of an attribute that holds several, without fetching them.
+    virtual std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) = 0;
+    virtual bool isAttributeSettable(const Element& element, std::string_view attribute) = 0;
+    virtual bool setAttributeValue(const Element& element, std::string_view attribute, const Value& value) = 0;
+
+    virtual std::optional<std::vector<std::string>> actionNames(const Element& element) = 0;
+    virtual std::optional<std::string> actionDescription(const Element& element, std::string_view action) = 0;
+    // True when the action was handed to the application. Does not wait for the action to end: an application may open
+    // a modal dialog from it.
+    virtual bool performAction(const Element& element, std::string_view action) = 0;
+
+    // Read batches nest; use ReadBatch. Within a batch the first read of an element's "AXChildren" fetches everything
+    // that a menu item can have for all of them at once, and later reads are served from that snapshot. When the
+    // outermost batch of the thread ends the snapshot is dropped. Outside a batch every read is live.
+    virtual void beginReadBatch() = 0;
+    virtual void endReadBatch() = 0;
+};
+
+// Opens a read batch for its lifetime, on the thread that makes and destroys it.
+class ReadBatch {
+public:
+    explicit ReadBatch(Accessibility& accessibility)
+        : _accessibility(accessibility) {
+        _accessibility.beginReadBatch();
+    }
+    ReadBatch(const ReadBatch&) = delete;
+    ReadBatch& operator=(const ReadBatch&) = delete;
+    ~ReadBatch() { _accessibility.endReadBatch(); }
+
+private:
+    Accessibility& _accessibility;
+};
+
+} // namespace tarragon

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/Defaults.h"
+#include "platform/Displays.h"
+#include "platform/HotKeys.h"
+#include "platform/NotificationCenter.h"
+#include "platform/RunLoop.h"
+#include "platform/Workspace.h"
+
+namespace tarragon {
+
+// Everything that a desktop offers, handed to the objects above the seam by constructor. Owns nothing: the services
+// belong to whoever chose the back end and outlive every user of the bundle.
+struct Platform {
+    Accessibility& accessibility;
+    Workspace& workspace;
+    Displays& displays;
+    HotKeys& hotKeys;
+    Defaults& defaults;
+    RunLoop& runLoop;
+    NotificationCenter& notificationCenter;
+};
+
+} // namespace tarragon
