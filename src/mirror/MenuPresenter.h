@@ -17,6 +17,9 @@ public:
     // front application keeps the keyboard focus. A menu that is empty after the update is not shown. A menu of ours
     // that is still open is closed first. The action of a chosen item is sent to its target after the menu has closed.
     virtual void popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) = 0;
+
+    // Closes whatever is open, without an action; the delegates hear of it before the call returns.
+    virtual void closeMenus() = 0;
 };
 
 } // namespace tarragon
