@@ -1,28 +1,37 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarragon {
 
 struct X11WindowDescription;
 
 struct DesktopEntry {
-    std::string identifier; // file name without ".desktop"
+    std::string identifier; // file name without ".desktop"; a subfolder's name and a dash come before it
     std::string path;
     std::string name; // in the user's language
 };
 
-// The installed applications, as the desktop's own menu knows them. May be called from any thread.
+// The installed applications, as the desktop's own menu knows them. The entries are read once, and again after one of
+// their folders has changed. May be called from any thread.
 class DesktopEntries {
 public:
+    // The folders and the language of the user's session.
     DesktopEntries();
+    // The folders hold the entries themselves ("/usr/share/applications"), the one that counts most first. A locale is
+    // "de_DE.UTF-8"; several are tried in order.
+    DesktopEntries(std::vector<std::filesystem::path> folders, const std::vector<std::string>& locales);
     ~DesktopEntries();
+    DesktopEntries(const DesktopEntries&) = delete;
+    DesktopEntries& operator=(const DesktopEntries&) = delete;
 
     // The entry that matches the window best: by StartupWMClass, GTK application identifier, window class, executable
-    // of its process, in this order; nothing when none does.
+    // of its process, in this order; nothing when none does. Case decides only where it must.
     std::optional<DesktopEntry> entryForWindow(const X11WindowDescription& window);
     // What people call the window's application: the entry's name, else the window class, else the process name.
     std::string applicationName(const X11WindowDescription& window);

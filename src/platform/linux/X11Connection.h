@@ -13,6 +13,10 @@ struct xcb_screen_t;
 namespace tarragon {
 
 // Our own connection to the X server, apart from the user-interface toolkit's. May be used from any thread.
+//
+// Nobody selects events on a connection that others use for requests: whoever waits for a reply also reads the events
+// that came before it, and the run loop, which watches the descriptor, is then not woken for them. Whoever wants events
+// calls connectAnother, and waits for no reply on that connection once the first event may come.
 class X11Connection {
 public:
     // nullptr when no server answers. An empty name stands for $DISPLAY.
@@ -20,6 +24,9 @@ public:
     ~X11Connection();
     X11Connection(const X11Connection&) = delete;
     X11Connection& operator=(const X11Connection&) = delete;
+
+    // A further connection to the same server; nullptr when it does not answer.
+    std::unique_ptr<X11Connection> connectAnother() const;
 
     xcb_connection_t* get() const { return _connection; }
     const xcb_screen_t& screen() const { return *_screen; }
@@ -32,10 +39,11 @@ public:
     std::uint32_t atom(std::string_view name);
 
 private:
-    X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen);
+    X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, std::string displayName);
 
     xcb_connection_t* _connection;
     const xcb_screen_t* _screen;
+    std::string _displayName;
     std::mutex _atomMutex;
     std::unordered_map<std::string, std::uint32_t> _atoms;
 };

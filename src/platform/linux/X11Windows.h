@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Geometry.h"
+#include "platform/linux/X11WindowKind.h"
 
 #include <cstdint>
 #include <memory>
@@ -11,9 +12,7 @@
 namespace tarragon {
 
 class X11Connection;
-
-// The kind of a top-level window, from its window type and its relation to other windows.
-enum class X11WindowKind { Normal, Dialog, Sheet, Floating, Desktop };
+struct X11WindowAtoms;
 
 // What the window manager and the application say of one top-level window, at the moment of asking.
 struct X11WindowDescription {
@@ -35,12 +34,17 @@ class X11Windows {
 public:
     explicit X11Windows(X11Connection& connection);
     ~X11Windows();
+    X11Windows(const X11Windows&) = delete;
+    X11Windows& operator=(const X11Windows&) = delete;
 
     std::optional<std::uint32_t> activeWindow();
     std::optional<X11WindowDescription> describe(std::uint32_t window);
+    // The same for many windows in the time of one; those that are gone are left out.
+    std::vector<X11WindowDescription> describe(const std::vector<std::uint32_t>& windows);
     // The managed windows, bottom to top.
     std::vector<std::uint32_t> managedWindows();
-    // The topmost managed window whose frame contains the point; nothing over the desktop.
+    // The topmost managed window whose frame contains the point; nothing over the desktop. Minimised windows and those
+    // of other workspaces are not there.
     std::optional<std::uint32_t> windowAtPosition(const Point& pointCG);
 
     // All three ask the window manager. False when the request could not be sent.
@@ -50,6 +54,7 @@ public:
 
 private:
     X11Connection& _connection;
+    std::unique_ptr<const X11WindowAtoms> _atoms;
 };
 
 } // namespace tarragon
