@@ -1,0 +1,242 @@
+#include "fake/FakeAccessibility.h"
+
+#include "fake/FakeElement.h"
+#include "platform/AccessibilityNames.h"
+
+#include <algorithm>
+
+namespace tarragon {
+
+namespace {
+
+using Lock = std::lock_guard<std::recursive_mutex>;
+using Operation = FakeCall::Operation;
+
+} // namespace
+
+const FakeAccessibility::Record* FakeAccessibility::find(const Element& element) const {
+    const auto found = _records.find(FakeElement::identifierOf(element));
+    return found == _records.end() ? nullptr : &found->second;
+}
+
+FakeAccessibility::Record* FakeAccessibility::find(const Element& element) {
+    return const_cast<Record*>(std::as_const(*this).find(element)); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+}
+
+FakeFault FakeAccessibility::enter(FakeCall call) {
+    const std::size_t number = _callCount++;
+    if (_openBatches[std::this_thread::get_id()] == 0)
+        ++_callsOutsideBatches;
+    const Element element = call.element;
+    _calls.push_back(std::move(call));
+    if (const auto hook = _hooks.find(number); hook != _hooks.end())
+        hook->second();
+
+    FakeFault fault = faultOf(element);
+    if (const auto found = _callFaults.find(number); found != _callFaults.end())
+        fault = found->second;
+    if (fault == FakeFault::Slow)
+        waitFor(element);
+    if (fault == FakeFault::Disappearing) {
+        destroy(element);
+        return FakeFault::None;
+    }
+    return fault;
+}
+
+FakeFault FakeAccessibility::faultOf(const Element& element) {
+    const Record* record = find(element);
+    if (!record)
+        return FakeFault::None;
+    if (record->fault != FakeFault::None)
+        return record->fault;
+    const auto found = _processFaults.find(record->processIdentifier);
+    return found == _processFaults.end() ? FakeFault::None : found->second;
+}
+
+void FakeAccessibility::waitFor(const Element& element) {
+    const Record* record = find(element);
+    if (_waitedFor.insert(record ? record->processIdentifier : 0).second)
+        _secondsWaited += 1.0;
+}
+
+Value FakeAccessibility::wrongTypeOf(const Value& value) {
+    if (isNil(value))
+        return value;
+    if (valueAs<std::int64_t>(value))
+        return std::string("nonsense");
+    return std::int64_t{4711};
+}
+
+bool FakeAccessibility::isEnabled() {
+    const Lock lock(_mutex);
+    return !failsReads(enter({Operation::IsEnabled, {}, {}, {}})) && _enabled;
+}
+
+bool FakeAccessibility::isTrusted() {
+    const Lock lock(_mutex);
+    return !failsReads(enter({Operation::IsTrusted, {}, {}, {}})) && _trusted;
+}
+
+bool FakeAccessibility::openSettings() {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::OpenSettings, {}, {}, {}});
+    if (fault != FakeFault::None || !_settingsAvailable)
+        return false;
+    if (_settingsGrant)
+        _enabled = _trusted = true;
+    return true;
+}
+
+Element FakeAccessibility::systemWideElement() {
+    const Lock lock(_mutex);
+    if (failsReads(enter({Operation::SystemWideElement, {}, {}, {}})) || !_trusted)
+        return {};
+    if (!_systemWide)
+        _systemWide = addElement(0, role::SystemWide);
+    setFocusedApplication(_focusedApplication);
+    return _systemWide;
+}
+
+Element FakeAccessibility::applicationElement(std::int64_t processIdentifier) {
+    const Lock lock(_mutex);
+    if (failsReads(enter({Operation::ApplicationElement, {}, {}, {}})))
+        return {};
+    const auto found = _applications.find(processIdentifier);
+    return found == _applications.end() ? Element() : found->second;
+}
+
+Element FakeAccessibility::elementAtPosition(const Point& pointCG) {
+    const Lock lock(_mutex);
+    if (failsReads(enter({Operation::ElementAtPosition, {}, {}, pointCG})))
+        return {};
+    for (auto area = _hitAreas.rbegin(); area != _hitAreas.rend(); ++area) {
+        if (contains(area->first, pointCG) && find(area->second))
+            return area->second;
+    }
+    return {};
+}
+
+std::optional<std::int64_t> FakeAccessibility::processIdentifier(const Element& element) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::ProcessIdentifier, element, {}, {}});
+    const Record* record = find(element);
+    if (!record || failsReads(fault))
+        return std::nullopt;
+    return record->processIdentifier;
+}
+
+std::optional<std::vector<std::string>> FakeAccessibility::attributeNames(const Element& element) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::AttributeNames, element, {}, {}});
+    const Record* record = find(element);
+    if (!record || failsReads(fault))
+        return std::nullopt;
+    if (fault == FakeFault::WrongType)
+        return std::vector<std::string>{"", "AXNonsense"};
+    return record->listed;
+}
+
+Value FakeAccessibility::copyAttributeValue(const Element& element, std::string_view attribute) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::CopyAttributeValue, element, std::string(attribute), {}});
+    const Record* record = find(element);
+    if (!record || failsReads(fault))
+        return {};
+    const auto value = record->values.find(attribute);
+    if (value == record->values.end())
+        return {};
+    return fault == FakeFault::WrongType ? wrongTypeOf(value->second) : value->second;
+}
+
+std::optional<std::int64_t> FakeAccessibility::attributeValueCount(const Element& element, std::string_view attribute) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::AttributeValueCount, element, std::string(attribute), {}});
+    const Record* record = find(element);
+    if (!record || failsReads(fault))
+        return std::nullopt;
+    const auto value = record->values.find(attribute);
+    if (value == record->values.end())
+        return std::nullopt;
+    const auto* elements = valueAs<std::vector<Element>>(value->second);
+    if (!elements)
+        return std::nullopt;
+    return fault == FakeFault::WrongType ? -1 : static_cast<std::int64_t>(elements->size());
+}
+
+bool FakeAccessibility::isAttributeSettable(const Element& element, std::string_view attribute) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::IsAttributeSettable, element, std::string(attribute), {}});
+    const Record* record = find(element);
+    return record && !failsReads(fault) && record->settable.contains(attribute);
+}
+
+bool FakeAccessibility::setAttributeValue(const Element& element, std::string_view attribute, const Value& value) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::SetAttributeValue, element, std::string(attribute), value});
+    Record* record = find(element);
+    if (!record || fault != FakeFault::None || !record->settable.contains(attribute))
+        return false;
+    record->values.insert_or_assign(std::string(attribute), value);
+    return true;
+}
+
+std::optional<std::vector<std::string>> FakeAccessibility::actionNames(const Element& element) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::ActionNames, element, {}, {}});
+    const Record* record = find(element);
+    if (!record || failsReads(fault))
+        return std::nullopt;
+    if (fault == FakeFault::WrongType)
+        return std::vector<std::string>{"", "AXNonsense"};
+    std::vector<std::string> names;
+    for (const Action& each : record->actions)
+        names.push_back(each.name);
+    return names;
+}
+
+std::optional<std::string> FakeAccessibility::actionDescription(const Element& element, std::string_view action) {
+    const Lock lock(_mutex);
+    const FakeFault fault = enter({Operation::ActionDescription, element, std::string(action), {}});
+    const Record* record = find(element);
+    if (!record || failsReads(fault))
+        return std::nullopt;
+    const auto found = std::ranges::find(record->actions, action, &Action::name);
+    if (found == record->actions.end())
+        return std::nullopt;
+    return found->description;
+}
+
+bool FakeAccessibility::performAction(const Element& element, std::string_view action) {
+    std::function<void()> handler;
+    {
+        const Lock lock(_mutex);
+        const FakeFault fault = enter({Operation::PerformAction, element, std::string(action), {}});
+        const Record* record = find(element);
+        if (!record || fault != FakeFault::None)
+            return false;
+        const auto found = std::ranges::find(record->actions, action, &Action::name);
+        if (found == record->actions.end())
+            return false;
+        handler = found->handler;
+        _performed.emplace_back(element, std::string(action));
+    }
+    if (handler)
+        handler();
+    return true;
+}
+
+void FakeAccessibility::beginReadBatch() {
+    const Lock lock(_mutex);
+    _calls.push_back({Operation::BeginReadBatch, {}, {}, {}});
+    if (_openBatches[std::this_thread::get_id()]++ == 0)
+        ++_batchCount;
+}
+
+void FakeAccessibility::endReadBatch() {
+    const Lock lock(_mutex);
+    _calls.push_back({Operation::EndReadBatch, {}, {}, {}});
+    --_openBatches[std::this_thread::get_id()];
+}
+
+} // namespace tarragon

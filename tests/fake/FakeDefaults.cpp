@@ -1,0 +1,78 @@
+#include "fake/FakeDefaults.h"
+
+#include <utility>
+
+namespace tarragon {
+
+void FakeDefaults::writeFromOtherProcess(const std::string& key, std::optional<DefaultsValue> value) {
+    _fromOtherProcess[key] = std::move(value);
+}
+
+std::optional<DefaultsValue> FakeDefaults::storedValue(std::string_view key) const {
+    const auto found = _stored.find(key);
+    return found == _stored.end() ? std::nullopt : std::optional(found->second);
+}
+
+void FakeDefaults::registerDefaults(const DefaultsDictionary& values) {
+    for (const auto& [key, value] : values) {
+        _registered.insert_or_assign(key, value);
+        _registeredInOrder.emplace_back(key, value);
+    }
+}
+
+void FakeDefaults::setInitialValues(const DefaultsDictionary& values) {
+    _initialValues = values;
+}
+
+std::optional<DefaultsValue> FakeDefaults::value(std::string_view key) {
+    if (const auto found = _stored.find(key); found != _stored.end())
+        return found->second;
+    const auto found = _registered.find(key);
+    return found == _registered.end() ? std::nullopt : std::optional(found->second);
+}
+
+void FakeDefaults::apply(const std::string& key, const std::optional<DefaultsValue>& value) {
+    if (value)
+        _stored.insert_or_assign(key, *value);
+    else
+        _stored.erase(key);
+    const std::string keyPath = "values." + key;
+    // An observer may add another one.
+    const auto observers = _observers;
+    for (const auto& [observed, observer] : observers) {
+        if (observed == keyPath)
+            observer(keyPath);
+    }
+}
+
+bool FakeDefaults::setValue(std::string_view key, const DefaultsValue& value) {
+    _changedKeys.emplace_back(key);
+    apply(std::string(key), value);
+    return _writable;
+}
+
+bool FakeDefaults::removeValue(std::string_view key) {
+    _changedKeys.emplace_back(key);
+    apply(std::string(key), std::nullopt);
+    return _writable;
+}
+
+void FakeDefaults::revertToInitialValues() {
+    const DefaultsDictionary values = _initialValues;
+    for (const auto& [key, value] : values)
+        setValue(key, value);
+}
+
+bool FakeDefaults::synchronize() {
+    ++_synchronizeCount;
+    const auto changes = std::exchange(_fromOtherProcess, {});
+    for (const auto& [key, value] : changes)
+        apply(key, value);
+    return _writable;
+}
+
+void FakeDefaults::addObserver(const std::string& keyPath, Observer observer) {
+    _observers.emplace_back(keyPath, std::move(observer));
+}
+
+} // namespace tarragon

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Defaults.h"
+
+#include <map>
+
+namespace tarragon {
+
+// Settings in memory. Another process's writes are seen at the next synchronize.
+class FakeDefaults : public Defaults {
+public:
+    // What another process has written; nothing for a key that it removed.
+    void writeFromOtherProcess(const std::string& key, std::optional<DefaultsValue> value);
+    void setWritable(bool writable) { _writable = writable; }
+    // The user's value alone, without the registered ones.
+    std::optional<DefaultsValue> storedValue(std::string_view key) const;
+    // Keys that were set or removed, in order.
+    const std::vector<std::string>& changedKeys() const { return _changedKeys; }
+    const DefaultsDictionary& registeredDefaults() const { return _registeredInOrder; }
+    const DefaultsDictionary& initialValues() const { return _initialValues; }
+    int synchronizeCount() const { return _synchronizeCount; }
+
+    void registerDefaults(const DefaultsDictionary& values) override;
+    void setInitialValues(const DefaultsDictionary& values) override;
+    std::optional<DefaultsValue> value(std::string_view key) override;
+    bool setValue(std::string_view key, const DefaultsValue& value) override;
+    bool removeValue(std::string_view key) override;
+    void revertToInitialValues() override;
+    bool synchronize() override;
+    void addObserver(const std::string& keyPath, Observer observer) override;
+
+private:
+    void apply(const std::string& key, const std::optional<DefaultsValue>& value);
+
+    std::map<std::string, DefaultsValue, std::less<>> _stored;
+    std::map<std::string, DefaultsValue, std::less<>> _registered;
+    std::map<std::string, std::optional<DefaultsValue>> _fromOtherProcess;
+    DefaultsDictionary _registeredInOrder;
+    DefaultsDictionary _initialValues;
+    std::vector<std::pair<std::string, Observer>> _observers;
+    std::vector<std::string> _changedKeys;
+    int _synchronizeCount = 0;
+    bool _writable = true;
+};
+
+} // namespace tarragon

@@ -1,0 +1,38 @@
+#include "fake/FakePlatform.h"
+
+namespace tarragon {
+
+FakePlatform::FakePlatform() = default;
+
+Platform FakePlatform::platform() {
+    return {accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter};
+}
+
+FakeApplication FakePlatform::addApplication(const std::string& name) {
+    const RunningApplication description{
+        name, _nextProcessIdentifier++, "org.example." + name, "/usr/share/applications/" + name + ".desktop"};
+    workspace.addRunningApplication(description);
+    return {accessibility, description};
+}
+
+void FakePlatform::activate(const FakeApplication& application) {
+    accessibility.setFocusedApplication(application.element());
+    workspace.setActiveApplication(application.description());
+}
+
+void FakePlatform::switchTo(const FakeApplication& application) {
+    accessibility.setFocusedApplication(application.element());
+    workspace.switchTo(application.description());
+}
+
+void FakePlatform::deactivate() {
+    accessibility.setFocusedApplication({});
+    workspace.setActiveApplication(std::nullopt);
+}
+
+void FakePlatform::quit(const FakeApplication& application) {
+    accessibility.destroy(application.element());
+    workspace.removeRunningApplication(application.processIdentifier());
+}
+
+} // namespace tarragon
