@@ -23,8 +23,8 @@ Rect frameOfClient(const Rect& clientCG, const X11FrameExtents& extents) {
         {clientCG.size.width + extents.left + extents.right, clientCG.size.height + extents.top + extents.bottom}};
 }
 
-Point clientOriginOfFrame(const Point& frameTopLeftCG, const X11FrameExtents& extents) {
-    return {frameTopLeftCG.x + extents.left, frameTopLeftCG.y + extents.top};
+Point outerOriginOfFrame(const Point& frameTopLeftCG, const X11FrameExtents& shadow) {
+    return {frameTopLeftCG.x - shadow.left, frameTopLeftCG.y - shadow.top};
 }
 
 Size clientSizeOfFrame(const Size& frameSize, const X11FrameExtents& extents) {

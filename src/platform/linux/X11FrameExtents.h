@@ -24,10 +24,12 @@ X11FrameExtents frameExtentsOfProperty(const std::vector<std::uint32_t>& numbers
 // the shadow that the client itself draws inside of it.
 X11FrameExtents visibleFrameExtents(const X11FrameExtents& decorations, const X11FrameExtents& shadow);
 
-// From the client window's rectangle to the frame's, and back by the frame's corner and size. All in screen space. A
-// client window is at least one pixel wide and high.
+// From the client window's rectangle to the frame's, in screen space.
 Rect frameOfClient(const Rect& clientCG, const X11FrameExtents& extents);
-Point clientOriginOfFrame(const Point& frameTopLeftCG, const X11FrameExtents& extents);
+// Where a window manager has to put the corner of what it takes for the frame, which includes the client's shadow, so
+// that the visible frame's corner comes to lie there.
+Point outerOriginOfFrame(const Point& frameTopLeftCG, const X11FrameExtents& shadow);
+// A client window is at least one pixel wide and high.
 Size clientSizeOfFrame(const Size& frameSize, const X11FrameExtents& extents);
 
 } // namespace tarragon

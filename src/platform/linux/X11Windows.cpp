@@ -217,8 +217,13 @@ private:
     xcb_res_query_client_ids_cookie_t _clientIdentifiers = {};
 };
 
+struct WindowExtents {
+    X11FrameExtents decorations;
+    X11FrameExtents shadow;
+};
+
 // Nothing when the window is gone.
-std::optional<X11FrameExtents> extentsOfWindow(
+std::optional<WindowExtents> extentsOfWindow(
     xcb_connection_t* connection, xcb_window_t window, const X11WindowAtoms& atoms) {
     X11Property decorations(connection, window, atoms.frameExtents);
     X11Property shadow(connection, window, atoms.gtkFrameExtents);
@@ -226,7 +231,7 @@ std::optional<X11FrameExtents> extentsOfWindow(
         xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
     if (!geometry)
         return std::nullopt;
-    return visibleFrameExtents(frameExtentsOfProperty(decorations.numbers()), frameExtentsOfProperty(shadow.numbers()));
+    return WindowExtents{frameExtentsOfProperty(decorations.numbers()), frameExtentsOfProperty(shadow.numbers())};
 }
 
 using MessageData = std::array<std::uint32_t, 5>;
@@ -245,9 +250,10 @@ bool sendToWindowManager(X11Connection& connection, xcb_window_t window, xcb_ato
     return !error && connection.isAlive();
 }
 
-// Flags of _NET_MOVERESIZE_WINDOW. Static gravity makes the window manager take the position as that of the client
-// window itself, so that only our own arithmetic on the extents is between it and the frame.
-constexpr std::uint32_t StaticGravity = XCB_GRAVITY_STATIC;
+// Flags of _NET_MOVERESIZE_WINDOW. With north-west gravity the position is that of the window manager's frame. Static
+// gravity would name the client window's position, but some window managers then add the border that the client once
+// asked for and never got.
+constexpr std::uint32_t Gravity = XCB_GRAVITY_NORTH_WEST;
 constexpr std::uint32_t HasPosition = 0x300;
 constexpr std::uint32_t HasSize = 0xC00;
 // We act for the user, like a pager, and not for the application that owns the window.
@@ -321,21 +327,21 @@ std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) 
 }
 
 bool X11Windows::setPosition(std::uint32_t window, const Point& topLeftCG) {
-    const std::optional<X11FrameExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
+    const std::optional<WindowExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
     if (!extents)
         return false;
-    const Point origin = clientOriginOfFrame(topLeftCG, *extents);
+    const Point origin = outerOriginOfFrame(topLeftCG, extents->shadow);
     return sendToWindowManager(_connection, window, _atoms->moveResizeWindow,
-        {StaticGravity | HasPosition | MoveResizeSource, pixels(origin.x), pixels(origin.y), 0, 0});
+        {Gravity | HasPosition | MoveResizeSource, pixels(origin.x), pixels(origin.y), 0, 0});
 }
 
 bool X11Windows::setSize(std::uint32_t window, const Size& frameSize) {
-    const std::optional<X11FrameExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
+    const std::optional<WindowExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
     if (!extents)
         return false;
-    const Size size = clientSizeOfFrame(frameSize, *extents);
+    const Size size = clientSizeOfFrame(frameSize, visibleFrameExtents(extents->decorations, extents->shadow));
     return sendToWindowManager(_connection, window, _atoms->moveResizeWindow,
-        {StaticGravity | HasSize | MoveResizeSource, 0, 0, pixels(size.width), pixels(size.height)});
+        {Gravity | HasSize | MoveResizeSource, 0, 0, pixels(size.width), pixels(size.height)});
 }
 
 bool X11Windows::raise(std::uint32_t window) {
