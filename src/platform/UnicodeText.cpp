@@ -132,4 +132,13 @@ std::string uppercaseText(std::string_view utf8) {
     return text;
 }
 
+std::string lowercaseText(std::string_view utf8) {
+    std::string text;
+    text.reserve(utf8.size());
+    const auto& type = std::use_facet<std::ctype<wchar_t>>(neutralLocale());
+    for (const char32_t character : charactersOf(utf8))
+        appendUtf8(text, static_cast<char32_t>(type.tolower(static_cast<wchar_t>(character))));
+    return text;
+}
+
 } // namespace tarragon

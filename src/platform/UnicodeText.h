@@ -17,4 +17,7 @@ std::string wellFormedText(std::string_view utf8);
 // The UTF-8 text in upper case, whatever the user's language.
 std::string uppercaseText(std::string_view utf8);
 
+// The UTF-8 text in lower case, whatever the user's language.
+std::string lowercaseText(std::string_view utf8);
+
 } // namespace tarragon
