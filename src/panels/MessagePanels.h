@@ -1,0 +1,38 @@
+#pragma once
+
+#include "panels/UserPanels.h"
+
+#include <QPointer>
+
+#include <string>
+
+class QMessageBox;
+class QWidget;
+
+namespace tarragon {
+
+// The program's small windows as message boxes. None of them blocks; each is shown at most once at a time. Main thread
+// only, after the application object was made.
+class MessagePanels : public UserPanels {
+public:
+    explicit MessagePanels(std::string version);
+    ~MessagePanels() override;
+    MessagePanels(const MessagePanels&) = delete;
+    MessagePanels& operator=(const MessagePanels&) = delete;
+
+    void showAboutPanel() override;
+    void showHelp() override;
+    void showUpdateInformation() override;
+    void showFailure(const std::string& message) override;
+    void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override;
+
+private:
+    std::string _version;
+    QPointer<QMessageBox> _aboutPanel;
+    QPointer<QMessageBox> _helpPanel;
+    QPointer<QMessageBox> _updatePanel;
+    QPointer<QMessageBox> _failurePanel;
+    QPointer<QMessageBox> _accessibilityAlert;
+};
+
+} // namespace tarragon
