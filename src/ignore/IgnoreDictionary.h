@@ -1,0 +1,54 @@
+#pragma once
+
+#include "ignore/TarragonBlacklist.h"
+#include "platform/Defaults.h"
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tarragon {
+
+// The name of the setting that holds the stored list.
+inline constexpr const char* IgnoreWindowListKey = "IgnoreWindowList";
+
+// The ignore list in its stored form: bundle identifiers, each with the archive of that application's entry. Copies
+// share the archives.
+class IgnoreDictionary {
+public:
+    // Nothing when the bytes, which nobody vouches for, are no archive of a dictionary. What the dictionary holds
+    // beside strings with data is left out.
+    static std::optional<IgnoreDictionary> unarchive(std::span<const std::uint8_t> archive);
+    // What the setting holds.
+    static std::optional<IgnoreDictionary> unarchive(const std::optional<DefaultsValue>& setting);
+    // One entry of an archived dictionary, without unpacking the others; nothing when there is none.
+    static std::optional<TarragonBlacklist> unarchiveEntry(
+        std::span<const std::uint8_t> archive, std::string_view bundleIdentifier);
+
+    Data archivedData() const;
+    // Stores the dictionary in the setting. One that could not be read again is not stored, and false answered.
+    bool store(Defaults& defaults) const;
+
+    // The bundle identifiers, in stored order.
+    std::vector<std::string> allKeys() const;
+    std::size_t count() const { return _entries.size(); }
+    // Nothing when there is no entry, or none that can be read.
+    std::optional<TarragonBlacklist> entry(std::string_view bundleIdentifier) const;
+    // Replaces the application's entry or adds it at the end. An entry that could not be read again changes nothing,
+    // and false is answered.
+    bool setEntry(std::string_view bundleIdentifier, const TarragonBlacklist& entry);
+    void removeEntry(std::string_view bundleIdentifier);
+
+private:
+    using Entries = std::vector<std::pair<std::string, std::shared_ptr<const Data>>>;
+
+    Entries::const_iterator find(const std::string& key) const;
+
+    Entries _entries;
+};
+
+} // namespace tarragon
