@@ -12,10 +12,7 @@
 
 namespace tarragon {
 
-class FillingThreads;
-class MenuCache;
 class MenuConverter;
-class ProxyMenuItem;
 
 // The one object that knows the front application's menu bar. It mirrors the menu bar as a Menu whose submenus are
 // filled when they open and whose items press the real ones, and answers questions about the front window.
@@ -27,10 +24,9 @@ public:
     // nullptr when the accessibility interface or the focused application cannot be had. The services outlive the
     // reader.
     static std::shared_ptr<AppAccessibility> initWithFocusedApp(const Platform& platform);
-    // The same with threads of the caller's choosing for the filling of the menu cache.
-    static std::shared_ptr<AppAccessibility> initWithFocusedApp(
-        const Platform& platform, std::unique_ptr<FillingThreads> threads);
     ~AppAccessibility() override;
+    // A menu with this very title object, not just an equal text, is left alone when it opens: its items are its own.
+    static const Menu::SharedTitle& cocoaMenuTitle();
     AppAccessibility(const AppAccessibility&) = delete;
     AppAccessibility& operator=(const AppAccessibility&) = delete;
 
@@ -79,12 +75,6 @@ public:
     // Tells the owner that the menu has closed.
     void menuHasClosed();
 
-    // The menu cache.
-    bool menuShouldBeCached(const MenuItem& item);
-    void cacheMenuForMenuItem(const std::shared_ptr<MenuItem>& item);
-    bool cacheExistsForMenu(const Menu& menu);
-    void clearCacheForAppKey(const std::string& appName);
-
     // Recent selections: an option that nothing uses yet. The list holds item keys and stays empty.
     const std::vector<std::string>& recentSelectionsList() const { return _recentSelectionsList; }
     void setRecentSelectionsList(std::vector<std::string> keys) { _recentSelectionsList = std::move(keys); }
@@ -116,11 +106,11 @@ public:
     void setSizeOfFocusedWindow(float w, float h);
 
 private:
-    AppAccessibility(const Platform& platform, std::unique_ptr<FillingThreads> threads, Element systemElement,
-        Element applicationElement);
+    AppAccessibility(const Platform& platform, Element systemElement, Element application);
     void registerForNotifications();
     MenuConverter converter();
-    bool fillFromCache(Menu& menu, const MenuItem& owner, const Element& element);
+    void completeRootMenu();
+    void fillSubmenu(Menu& menu);
     Element focusedWindow();
 
     Platform _platform;
@@ -138,8 +128,6 @@ private:
     bool _showApplicationMenu = true;
     bool _foldAlternateItems = false;
     bool _keyEquivalents = false;
-    // Declared last: the fillings end before anything that they use goes away.
-    std::unique_ptr<MenuCache> _cache;
 };
 
 } // namespace tarragon

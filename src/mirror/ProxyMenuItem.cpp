@@ -1,0 +1,38 @@
+#include "mirror/ProxyMenuItem.h"
+
+#include "mirror/AppAccessibility.h"
+#include "platform/AccessibilityNames.h"
+
+namespace tarragon {
+
+ProxyMenuItem::ProxyMenuItem(Accessibility& accessibility)
+    : _accessibility(accessibility) { }
+
+void ProxyMenuItem::clickMenuItem() {
+    _accessibility.performAction(_itemAXUIElementRef, action::Press);
+    if (const auto reader = appAccessbility())
+        reader->menuHasClosed();
+}
+
+void ProxyMenuItem::performAction(const std::string& action, MenuItem& /*sender*/) {
+    if (action == ClickMenuItem)
+        clickMenuItem();
+}
+
+std::string ProxyMenuItem::createKeyForFennickItem(const MenuItem& item) const {
+    std::string path = item.title() + (item.hasSubmenu() ? "|" : "") + _itemKey;
+    // The path of the parent starts from the stored key as well: on a proxy whose key was asked for before, every
+    // level of the path brings it in again.
+    if (const MenuItem* parent = item.parentItem())
+        path.insert(0, createKeyForFennickItem(*parent));
+    return path;
+}
+
+std::string ProxyMenuItem::itemKey() {
+    const std::shared_ptr<MenuItem> item = menuItem();
+    const std::string path = item ? createKeyForFennickItem(*item) : _itemKey;
+    _itemKey = _appName.value_or("") + "|" + path;
+    return _itemKey;
+}
+
+} // namespace tarragon
