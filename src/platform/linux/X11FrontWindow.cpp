@@ -1,0 +1,14 @@
+#include "platform/linux/X11FrontWindow.h"
+
+#include <utility>
+
+namespace tarragon {
+
+X11FrontWindowChange X11FrontWindow::update(std::optional<std::uint32_t> activeWindow, bool fullScreen) {
+    if (!activeWindow)
+        return {};
+    return {.frontSwitched = std::exchange(_window, activeWindow) != activeWindow,
+        .systemUIModeChanged = std::exchange(_fullScreen, fullScreen) != fullScreen};
+}
+
+} // namespace tarragon

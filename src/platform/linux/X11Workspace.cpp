@@ -1,0 +1,161 @@
+#include "platform/linux/X11Workspace.h"
+
+#include "platform/RunLoop.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/DesktopLauncher.h"
+#include "platform/linux/X11Connection.h"
+#include "platform/linux/X11Reply.h"
+#include "platform/linux/X11Windows.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+#include <xcb/xcb.h>
+
+namespace tarragon {
+
+X11Workspace::X11Workspace(X11Connection& connection, X11Windows& windows, DesktopEntries& entries, RunLoop& runLoop)
+    : _connection(connection)
+    , _windows(windows)
+    , _entries(entries)
+    , _runLoop(runLoop) { }
+
+X11Workspace::~X11Workspace() = default;
+
+std::optional<RunningApplication> X11Workspace::activeApplication() {
+    const std::optional<std::uint32_t> window = _windows.activeWindow();
+    const auto description = window ? _windows.describe(*window) : std::nullopt;
+    return description ? std::optional(application(*description)) : std::nullopt;
+}
+
+std::vector<RunningApplication> X11Workspace::runningApplications() {
+    std::vector<RunningApplication> applications;
+    for (const X11WindowDescription& window : _windows.describe(_windows.managedWindows())) {
+        RunningApplication next = application(window);
+        // One process can be several applications to the user, as the programs of an office suite are.
+        const auto isSame = [&](const RunningApplication& known) {
+            return known.processIdentifier == next.processIdentifier && known.name == next.name
+                && known.bundleIdentifier == next.bundleIdentifier;
+        };
+        if (std::none_of(applications.begin(), applications.end(), isSame))
+            applications.push_back(std::move(next));
+    }
+    return applications;
+}
+
+RunningApplication X11Workspace::application(const X11WindowDescription& window) {
+    RunningApplication application;
+    application.processIdentifier = window.processIdentifier;
+    application.name = _entries.applicationName(window);
+    if (const auto entry = _entries.entryForWindow(window)) {
+        application.bundleIdentifier = entry->identifier;
+        application.bundlePath = entry->path;
+    }
+    return application;
+}
+
+bool X11Workspace::openURL(const std::string& url) {
+    // A text that begins with a dash would be taken for an option.
+    if (url.empty() || url.starts_with('-'))
+        return false;
+    return startDetached({"xdg-open", url});
+}
+
+bool X11Workspace::installFrontSwitchedHandler(std::function<void()> handler) {
+    if (!watch())
+        return false;
+    _frontSwitchedHandlers.push_back(std::move(handler));
+    return true;
+}
+
+bool X11Workspace::installSystemUIModeChangedHandler(std::function<void()> handler) {
+    if (!watch())
+        return false;
+    _systemUIModeChangedHandlers.push_back(std::move(handler));
+    return true;
+}
+
+// Begins to listen, once. When the server goes away the descriptor stays readable for ever; the user-interface toolkit
+// ends the process then.
+bool X11Workspace::watch() {
+    if (_events)
+        return _events->isAlive();
+    std::unique_ptr<X11Connection> events = _connection.connectAnother();
+    if (!events)
+        return false;
+    _events = std::move(events);
+    selectEvents(_events->rootWindow(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    look();
+    _runLoop.watchDescriptor(_events->descriptor(), [this] { handleEvents(); });
+    // What came while the requests above waited for their answers would not wake the run loop.
+    _runLoop.post([this] { handleEvents(); });
+    return true;
+}
+
+// Returns after the server has done it, so that whatever is asked on the other connection afterwards is followed by an
+// event when it changes.
+void X11Workspace::selectEvents(std::uint32_t window, std::uint32_t mask) {
+    const xcb_void_cookie_t cookie =
+        xcb_change_window_attributes_checked(_events->get(), window, XCB_CW_EVENT_MASK, &mask);
+    // The window may be gone already; that is no failure.
+    const X11Reply<xcb_generic_error_t> error(xcb_request_check(_events->get(), cookie));
+}
+
+// Empties the queue. True when there was an event that may concern the window in front.
+bool X11Workspace::takeEvents() {
+    const std::uint32_t activeWindow = _events->atom("_NET_ACTIVE_WINDOW");
+    const std::uint32_t state = _events->atom("_NET_WM_STATE");
+    bool concernsFrontWindow = false;
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_events->get())}) {
+        constexpr std::uint8_t SentEvent = 0x80;
+        if ((event->response_type & ~SentEvent) != XCB_PROPERTY_NOTIFY)
+            continue;
+        const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
+        concernsFrontWindow |=
+            property.window == _events->rootWindow() ? property.atom == activeWindow : property.atom == state;
+    }
+    return concernsFrontWindow;
+}
+
+// Everything that has come is one occasion to look, so that a change that took several events is reported once. A look
+// waits for the server and may leave new events in the queue: the queue is found empty before the run loop is relied on
+// again.
+void X11Workspace::handleEvents() {
+    X11FrontWindowChange change;
+    while (takeEvents()) {
+        const X11FrontWindowChange next = look();
+        change.frontSwitched |= next.frontSwitched;
+        change.systemUIModeChanged |= next.systemUIModeChanged;
+    }
+    if (change.systemUIModeChanged)
+        call(_systemUIModeChangedHandlers);
+    if (change.frontSwitched)
+        call(_frontSwitchedHandlers);
+}
+
+X11FrontWindowChange X11Workspace::look() {
+    const std::optional<std::uint32_t> window = _windows.activeWindow();
+    if (window && window != _watchedWindow) {
+        if (_watchedWindow)
+            selectEvents(*_watchedWindow, XCB_EVENT_MASK_NO_EVENT);
+        selectEvents(*window, XCB_EVENT_MASK_PROPERTY_CHANGE);
+        _watchedWindow = window;
+    }
+    const auto description = window ? _windows.describe(*window) : std::nullopt;
+    // A window that is gone again was not in front: the next one is on its way.
+    if (!description)
+        return {};
+    return _frontWindow.update(window, description->fullScreen);
+}
+
+void X11Workspace::call(const Handlers& handlers) {
+    // By number and by copy: a handler may install another one.
+    for (std::size_t index = 0; index < handlers.size(); ++index) {
+        const std::function<void()> handler = handlers[index];
+        handler();
+    }
+}
+
+} // namespace tarragon
