@@ -50,9 +50,10 @@ std::optional<IgnoreDictionary> IgnoreDictionary::unarchive(std::span<const std:
     return dictionary;
 }
 
-std::optional<IgnoreDictionary> IgnoreDictionary::unarchive(const std::optional<DefaultsValue>& setting) {
+std::optional<IgnoreDictionary> IgnoreDictionary::load(Defaults& defaults) {
+    const std::optional<DefaultsValue> setting = defaults.value(IgnoreWindowListKey);
     const Data* archive = setting ? std::get_if<Data>(&*setting) : nullptr;
-    return archive ? unarchive(std::span(*archive)) : std::nullopt;
+    return archive ? unarchive(*archive) : std::nullopt;
 }
 
 std::optional<TarragonBlacklist> IgnoreDictionary::unarchiveEntry(
@@ -74,7 +75,7 @@ Data IgnoreDictionary::archivedData() const {
 
 bool IgnoreDictionary::store(Defaults& defaults) const {
     Data archive = archivedData();
-    return unarchive(std::span(archive)) && defaults.setValue(IgnoreWindowListKey, std::move(archive));
+    return unarchive(archive) && defaults.setValue(IgnoreWindowListKey, std::move(archive));
 }
 
 std::vector<std::string> IgnoreDictionary::allKeys() const {

@@ -23,8 +23,8 @@ public:
     // Nothing when the bytes, which nobody vouches for, are no archive of a dictionary. What the dictionary holds
     // beside strings with data is left out.
     static std::optional<IgnoreDictionary> unarchive(std::span<const std::uint8_t> archive);
-    // What the setting holds.
-    static std::optional<IgnoreDictionary> unarchive(const std::optional<DefaultsValue>& setting);
+    // What the setting holds; nothing when it does not unarchive.
+    static std::optional<IgnoreDictionary> load(Defaults& defaults);
     // One entry of an archived dictionary, without unpacking the others; nothing when there is none.
     static std::optional<TarragonBlacklist> unarchiveEntry(
         std::span<const std::uint8_t> archive, std::string_view bundleIdentifier);

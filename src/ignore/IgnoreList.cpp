@@ -31,7 +31,7 @@ void IgnoreList::ignoreCurrentWindow(IgnoreCode code) {
     const std::optional<RunningApplication> application = _workspace.activeApplication();
     const std::optional<std::string> title = _window.focusedWindowTitle();
 
-    const std::optional<IgnoreDictionary> stored = IgnoreDictionary::unarchive(_defaults.value(IgnoreWindowListKey));
+    const std::optional<IgnoreDictionary> stored = IgnoreDictionary::load(_defaults);
     _ignoreList = stored.value_or(IgnoreDictionary());
     if (!stored)
         _ignoreList.store(_defaults);
@@ -48,7 +48,7 @@ void IgnoreList::addToList(
     const RunningApplication& application, const std::optional<std::string>& title, IgnoreCode code) {
     const std::string& identifier = application.bundleIdentifier;
     // Read again rather than taken from the working copy, which is equal to it unless the list could not be stored.
-    const std::optional<IgnoreDictionary> stored = IgnoreDictionary::unarchive(_defaults.value(IgnoreWindowListKey));
+    const std::optional<IgnoreDictionary> stored = IgnoreDictionary::load(_defaults);
     std::optional<TarragonBlacklist> entry = stored ? stored->entry(identifier) : std::nullopt;
     if (!entry) {
         entry.emplace();
