@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <Qt>
+
+class QScreen;
+class QStyle;
+
+namespace tarragon {
+
+class Menu;
+class MenuItem;
+class MenuWindow;
+
+// What the windows of one pop-up share, the menu and its submenus, from opening to closing.
+class MenuTracking {
+public:
+    // menu is the one that holds the item.
+    using ChosenHandler = std::function<void(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item)>;
+
+    // The style is not owned and outlives the tracking.
+    MenuTracking(QStyle& style, const QScreen* screen, ChosenHandler handler);
+
+    QStyle& style() const { return _style; }
+
+    // No title is shown wider, and no shortcut, in device-independent pixels.
+    int titleWidthLimit() const { return _titleWidthLimit; }
+    int shortcutWidthLimit() const { return _titleWidthLimit / 2; }
+
+    // Bits of modifier::.
+    std::uint32_t heldModifiers() const { return _heldModifiers; }
+    void setHeldModifiers(Qt::KeyboardModifiers modifiers);
+
+    void windowOpened(MenuWindow& window);
+    void windowClosed(MenuWindow& window);
+
+    // Nothing opens any more, and the delegates are not asked.
+    void end() { _ended = true; }
+    bool hasEnded() const { return _ended; }
+
+    void choose(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item);
+
+private:
+    QStyle& _style;
+    ChosenHandler _chosenHandler;
+    std::vector<MenuWindow*> _openWindows;
+    int _titleWidthLimit;
+    std::uint32_t _heldModifiers = 0;
+    bool _ended = false;
+};
+
+// Bits of modifier:: for the keys that Qt names. Ctrl is Command, Alt is Option, Super is Control.
+std::uint32_t modifierMask(Qt::KeyboardModifiers modifiers);
+
+} // namespace tarragon

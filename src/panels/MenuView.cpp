@@ -1,0 +1,109 @@
+#include "panels/MenuView.h"
+
+#include "panels/MenuTracking.h"
+#include "panels/MenuWindow.h"
+#include "panels/QtCoordinates.h"
+
+#include <utility>
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+
+namespace tarragon {
+
+namespace {
+
+QPoint primaryOrigin() {
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    return primary ? primary->geometry().topLeft() : QPoint();
+}
+
+// The screen that holds the point, else the primary one; nullptr without any.
+const QScreen* screenFor(const QPoint& point) {
+    const QScreen* screen = QGuiApplication::screenAt(point);
+    return screen ? screen : QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
+MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter)
+    : _displays(displays)
+    , _notificationCenter(notificationCenter) {
+    _actionTimer.setSingleShot(true);
+    QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
+    warmUp();
+}
+
+MenuView::~MenuView() {
+    if (_tracking)
+        _tracking->end();
+    _grab.release();
+    delete _window;
+}
+
+// Draws a menu that nobody sees, so that style and fonts are loaded before the first one opens. Fonts stay loaded as
+// long as something uses them.
+void MenuView::warmUp() {
+    _warmMenu.setStyle(&_style);
+    _warmMenu.addAction("Menu\tCtrl+M")->setCheckable(true);
+    _warmMenu.addMenu(QString("Submenu"));
+    _warmMenu.grab();
+}
+
+void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) {
+    closeMenus();
+    if (!menu)
+        return;
+    const QPoint location = qtPointFromNS(locationNS, _displays.screens(), primaryOrigin());
+    const auto tracking = std::make_shared<MenuTracking>(
+        _style, screenFor(location), [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
+            _choice = {chosenMenu, item};
+            // The window that tells is still at work.
+            _actionTimer.start(0);
+        });
+    tracking->setHeldModifiers(QGuiApplication::queryKeyboardModifiers());
+
+    const QPointer<MenuWindow> window(new MenuWindow(menu, tracking));
+    _tracking = tracking;
+    _window = window;
+    QObject::connect(window, &QMenu::aboutToHide, window, [this, window] {
+        _grab.release();
+        if (_window == window)
+            _window = nullptr;
+        window->deleteLater();
+    });
+    if (!window->prepare()) {
+        delete window;
+        return;
+    }
+    window->popup(location);
+    if (_window == window && window)
+        _grab.acquire(*window);
+}
+
+void MenuView::closeMenus() {
+    if (!_window)
+        return;
+    _window->hide();
+    _tracking->end();
+}
+
+void MenuView::sendAction() {
+    const Choice choice = std::exchange(_choice, {});
+    if (!choice.item)
+        return;
+    // The window system answers only after it has done all that it was told before, so that the menus are off the
+    // screen and the keyboard is free when another program gets to work.
+    QCursor::pos();
+
+    const std::shared_ptr<MenuTarget> target = choice.item->target();
+    const std::string action = choice.item->action();
+    if (!target || action.empty())
+        return;
+    target->performAction(action, *choice.item);
+    _notificationCenter.postNotification({"NSMenuDidSendActionNotification", choice.menu.get(), {}});
+}
+
+} // namespace tarragon

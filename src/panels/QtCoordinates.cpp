@@ -1,0 +1,26 @@
+#include "panels/QtCoordinates.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarragon {
+
+namespace {
+
+// Window systems count in 16 bits.
+int coordinate(double value) {
+    constexpr double Most = 32000;
+    return std::isnan(value) ? 0 : static_cast<int>(std::lround(std::clamp(value, -Most, Most)));
+}
+
+} // namespace
+
+QPoint qtPointFromNS(const Point& pointNS, const std::vector<Screen>& screens, const QPoint& primaryOrigin) {
+    if (screens.empty())
+        return primaryOrigin;
+    const Rect& primary = screens.front().frameNS;
+    const double top = primary.origin.y + primary.size.height;
+    return primaryOrigin + QPoint(coordinate(pointNS.x - primary.origin.x), coordinate(top - pointNS.y));
+}
+
+} // namespace tarragon

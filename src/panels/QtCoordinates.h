@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Displays.h"
+
+#include <vector>
+
+#include <QPoint>
+
+namespace tarragon {
+
+// A point in Qt's global coordinates, where y grows downwards. primaryOrigin is the primary screen's top-left corner
+// there. screens are those of Displays, the primary one first; without any the point is the origin.
+QPoint qtPointFromNS(const Point& pointNS, const std::vector<Screen>& screens, const QPoint& primaryOrigin);
+
+} // namespace tarragon
