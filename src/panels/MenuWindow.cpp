@@ -116,7 +116,9 @@ void MenuWindow::fill() {
         auto* action = new QAction(this);
         action->setData(QVariant::fromValue(static_cast<qulonglong>(_places.size())));
         actions.push_back(action);
-        Place place{.slot = std::move(slot), .action = action};
+        Place place;
+        place.slot = std::move(slot);
+        place.action = action;
         place.shown = shownInSlot(place.slot, _tracking->heldModifiers());
         dress(place);
         _places.push_back(std::move(place));
