@@ -1,0 +1,64 @@
+// The desktop and the applications by themselves, without the program under test: when these fail, nothing else counts.
+#include "EndToEndTest.h"
+#include "ProcessTree.h"
+
+#include <csignal>
+
+#include <unistd.h>
+
+namespace tarragon::e2e {
+
+class DesktopAlone : public testing::TestWithParam<WindowManager> { };
+
+TEST_P(DesktopAlone, LeavesNothingBehind) {
+    std::filesystem::path home;
+    std::string session;
+    {
+        Desktop desktop(GetParam());
+        home = desktop.home();
+        session = "TARRAGON_TEST_SESSION=" + home.string();
+        TestApplication mousepad(desktop, ApplicationKind::Mousepad);
+        // Not even one that is stopped and asked to stay.
+        desktop.start({"sh", "-c", "trap '' TERM HUP; (trap '' TERM HUP; sleep 1000) & wait"}).release();
+        EXPECT_GT(descendantsOf(getpid()).size(), 5U);
+        mousepad.process().sendSignal(SIGSTOP);
+    }
+    EXPECT_FALSE(std::filesystem::exists(home));
+    for (pid_t process : descendantsOf(getpid()))
+        EXPECT_FALSE(hasEnvironmentVariable(process, session)) << process;
+}
+
+TEST_P(DesktopAlone, LetsApplicationsBeReadAndUsed) {
+    Desktop desktop(GetParam());
+    for (ApplicationKind kind : {ApplicationKind::Mousepad, ApplicationKind::Geany, ApplicationKind::FeatherPad}) {
+        TestApplication application(desktop, kind);
+        Menu mirror = application.expectedMirror();
+        EXPECT_GT(countItems(mirror), 80U) << nameOf(kind);
+        EXPECT_EQ(mirror.at(0).title, "File");
+        EXPECT_EQ(application.text(), TestApplication::Text) << nameOf(kind);
+        bool before = application.switchState();
+        const MenuRecord* menu = nullptr;
+        std::optional<Menu> now = application.menus();
+        menu = now ? itemAtPath(*now, application.switchPath()) : nullptr;
+        ASSERT_NE(menu, nullptr) << nameOf(kind);
+        ASSERT_TRUE(desktop.reader().press(application.identifier(), application.switchPath()[0] + "|" + menu->title));
+        EXPECT_TRUE(waitUntil([&] { return application.switchState() != before; })) << nameOf(kind);
+    }
+}
+
+TEST_P(DesktopAlone, LetsHostileMenusBeRead) {
+    Desktop desktop(GetParam());
+    for (ApplicationKind kind : {ApplicationKind::HostileGtk, ApplicationKind::HostileQt}) {
+        TestApplication application(desktop, kind);
+        Menu mirror = application.expectedMirror();
+        const MenuRecord* crowd = itemAtPath(mirror, {"Crowd"});
+        ASSERT_NE(crowd, nullptr);
+        EXPECT_EQ(crowd->items.size(), kind == ApplicationKind::HostileGtk ? 5000U : 500U);
+        EXPECT_NE(itemAtPath(mirror, {"Depth", "Level 1", "Level 2", "Level 3", "Level 4", "Level 5"}), nullptr);
+        EXPECT_NE(itemAtPath(mirror, {"Strange", "Plain"}), nullptr);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, DesktopAlone, EveryWindowManager, nameOfWindowManager);
+
+} // namespace tarragon::e2e

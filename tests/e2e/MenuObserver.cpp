@@ -1,0 +1,32 @@
+#include "MenuObserver.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include <nlohmann/json.hpp>
+
+namespace tarragon::e2e {
+
+MenuObserver::MenuObserver(const Desktop& desktop, pid_t process)
+    : _reader(desktop.start({E2E_READER, "watch", std::to_string(process)})) {
+    if (!waitUntil([this] { return _reader->standardOutput().find('\n') != std::string::npos; }))
+        throw std::runtime_error("menus cannot be observed: " + _reader->standardError());
+}
+
+std::size_t MenuObserver::count() const {
+    // The first line only says that the observation has begun.
+    std::string output = _reader->standardOutput();
+    return static_cast<std::size_t>(std::count(output.begin(), output.end(), '\n')) - 1;
+}
+
+std::optional<MenuObserver::Notice> MenuObserver::waitForNoticeAfter(std::size_t seen, Duration deadline) const {
+    if (!waitUntil([&] { return count() > seen; }, deadline))
+        return std::nullopt;
+    std::string output = _reader->standardOutput();
+    output.erase(output.rfind('\n'));
+    std::size_t start = output.rfind('\n') + 1;
+    nlohmann::json notice = nlohmann::json::parse(output.substr(start));
+    return Notice{notice.at("focused").get<std::string>(), menuFromJson(notice.at("menu"))};
+}
+
+} // namespace tarragon::e2e

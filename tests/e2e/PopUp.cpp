@@ -1,0 +1,140 @@
+#include "PopUp.h"
+
+#include <algorithm>
+
+#include <X11/keysym.h>
+
+namespace tarragon::e2e {
+
+PopUp::PopUp(Desktop& desktop, Agent& agent, const MenuObserver& observer)
+    : _desktop(desktop)
+    , _agent(agent)
+    , _observer(observer) { }
+
+bool PopUp::isOpen() {
+    return !_agent.openMenus().empty();
+}
+
+bool PopUp::open(Duration deadline) {
+    auto start = Clock::now();
+    _notice = {};
+    _agent.pressHotKey();
+    bool opened = waitUntil([this] { return isOpen(); }, deadline);
+    _openingTime = std::chrono::duration_cast<Duration>(Clock::now() - start);
+    // Until the menu has the keyboard, keys would go to the application behind it.
+    return opened && waitUntil([this] { return _desktop.display().keyboardIsGrabbed(); }, deadline);
+}
+
+bool PopUp::close() {
+    for (int level = 0; level < 16 && isOpen(); ++level) {
+        std::size_t before = _agent.openMenus().size();
+        _desktop.input().tap(XK_Escape);
+        waitUntil([&] { return _agent.openMenus().size() < before; }, Duration(3000));
+    }
+    return !isOpen();
+}
+
+bool PopUp::tapAndNotice(xcb_keysym_t symbol, Duration deadline) {
+    std::size_t seen = _observer.count();
+    _desktop.input().tap(symbol);
+    auto notice = _observer.waitForNoticeAfter(seen, deadline);
+    if (notice)
+        _notice = *notice;
+    return notice.has_value();
+}
+
+Menu PopUp::items() {
+    if (_notice.menu.empty() && !tapAndNotice(XK_Down))
+        return {};
+    return _notice.menu;
+}
+
+bool PopUp::openWith(const std::vector<std::string>& titles, Duration deadline) {
+    auto begins = [&](const Menu& menu) {
+        auto shown = titlesOf(menu);
+        return shown.size() >= titles.size() && std::equal(titles.begin(), titles.end(), shown.begin());
+    };
+    return waitUntil(
+        [&] {
+            if (!open(Duration(3000)))
+                return false;
+            if (begins(items()))
+                return true;
+            close();
+            return false;
+        },
+        deadline);
+}
+
+bool PopUp::highlight(const std::string& title) {
+    std::size_t steps = items().size() + 1;
+    for (std::size_t step = 0; step < steps && _notice.item != title; ++step) {
+        if (!tapAndNotice(XK_Down, Duration(3000)))
+            return false;
+    }
+    return _notice.item == title;
+}
+
+bool PopUp::openSubmenuByKeyboard() {
+    std::size_t before = _agent.openMenus().size();
+    // The first item of the submenu gets the highlight.
+    return tapAndNotice(XK_Right) && waitUntil([&] { return _agent.openMenus().size() > before; });
+}
+
+Menu PopUp::openByKeyboard(const std::vector<std::string>& path) {
+    for (const std::string& title : path) {
+        if (!highlight(title) || !openSubmenuByKeyboard())
+            return {};
+    }
+    return _notice.menu;
+}
+
+bool PopUp::chooseByKeyboard(const std::vector<std::string>& path) {
+    std::vector<std::string> menus(path.begin(), path.end() - 1);
+    if (!menus.empty() && openByKeyboard(menus).empty())
+        return false;
+    if (!highlight(path.back()))
+        return false;
+    _desktop.input().tap(XK_Return);
+    return waitUntil([this] { return !isOpen(); });
+}
+
+bool PopUp::pointAt(const std::string& title) {
+    const MenuRecord* item = itemAtPath(_notice.menu, {title});
+    if (!item || item->frame.width <= 0)
+        return false;
+    std::size_t seen = _observer.count();
+    bool highlighted = _notice.item == title;
+    _desktop.input().moveTo(item->frame.x + item->frame.width / 2, item->frame.y + item->frame.height / 2);
+    if (highlighted)
+        return true;
+    auto notice = _observer.waitForNoticeAfter(seen);
+    if (notice)
+        _notice = *notice;
+    return _notice.item == title;
+}
+
+bool PopUp::chooseByMouse(const std::vector<std::string>& path) {
+    for (std::size_t level = 0; level < path.size(); ++level) {
+        // The first movement in a menu tells what is in it.
+        std::vector<XWindow> menus = _agent.openMenus();
+        if (menus.size() <= level)
+            return false;
+        const PixelRect& frame = menus.back().frame;
+        std::size_t seen = _observer.count();
+        _desktop.input().moveTo(frame.x + frame.width / 2, frame.y + 16);
+        auto notice = _observer.waitForNoticeAfter(seen);
+        if (!notice)
+            return false;
+        _notice = *notice;
+        if (!pointAt(path[level]))
+            return false;
+        bool last = level + 1 == path.size();
+        _desktop.input().click();
+        if (!waitUntil([&] { return last ? !isOpen() : _agent.openMenus().size() > menus.size(); }))
+            return false;
+    }
+    return true;
+}
+
+} // namespace tarragon::e2e

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace tarragon::e2e {
+
+// The program's stored settings, written by another process as a user's own tools would: the whole property list is
+// replaced at once.
+class Preferences {
+public:
+    explicit Preferences(std::filesystem::path file);
+
+    void set(const std::string& key, bool value);
+    void set(const std::string& key, std::uint64_t value);
+    void set(const std::string& key, const std::string& value);
+    void set(const std::string& key, const char* value) { set(key, std::string(value)); }
+    // Several keys that make one change: key code, Cocoa modifier flags and, last, the text that announces the change.
+    void setHotKey(std::uint32_t keyCode, std::uint64_t modifierFlags, const std::string& text);
+
+    bool boolean(const std::string& key) const;
+
+private:
+    template <typename Change>
+    void change(Change change);
+
+    std::filesystem::path _file;
+};
+
+} // namespace tarragon::e2e

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace tarragon::e2e {
+
+// Makes the calling process the one to which processes are handed whose own parent has ended, so that none escapes.
+void adoptOrphans();
+
+// Every living descendant of the process, parents before their children.
+std::vector<pid_t> descendantsOf(pid_t process);
+
+// True when the process was started with this variable ("NAME=value") in its environment.
+bool hasEnvironmentVariable(pid_t process, const std::string& assignment);
+
+// Ends the descendants of the calling process that were started with the variable, or all of them when it is empty:
+// politely at first, then not. All are reaped when it returns.
+void endDescendants(const std::string& assignment);
+
+// The resident size in bytes, 0 when the process is gone.
+long residentSizeOf(pid_t process);
+
+} // namespace tarragon::e2e

@@ -1,0 +1,45 @@
+#include "Session.h"
+
+#include <map>
+
+namespace tarragon::e2e {
+
+namespace {
+
+std::map<WindowManager, std::unique_ptr<Session>>& sharedSessions() {
+    static std::map<WindowManager, std::unique_ptr<Session>> sessions;
+    return sessions;
+}
+
+} // namespace
+
+Session::Session(WindowManager windowManager)
+    : _desktop(windowManager) {
+    restartAgent();
+}
+
+bool Session::isAlive() {
+    return _desktop.isAlive() && _agent && _agent->isRunning();
+}
+
+void Session::restartAgent(const HotKey& hotKey) {
+    _observer.reset();
+    _agent.reset();
+    _agent = std::make_unique<Agent>(_desktop, hotKey);
+    _observer = std::make_unique<MenuObserver>(_desktop, _agent->identifier());
+}
+
+Session& Session::shared(WindowManager windowManager) {
+    std::unique_ptr<Session>& session = sharedSessions()[windowManager];
+    if (session && !session->isAlive())
+        session.reset();
+    if (!session)
+        session = std::make_unique<Session>(windowManager);
+    return *session;
+}
+
+void Session::discard(WindowManager windowManager) {
+    sharedSessions().erase(windowManager);
+}
+
+} // namespace tarragon::e2e

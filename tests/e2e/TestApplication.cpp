@@ -1,0 +1,128 @@
+#include "TestApplication.h"
+
+#include <csignal>
+#include <stdexcept>
+
+namespace tarragon::e2e {
+
+const std::string TestApplication::Text = "rosemary and thyme\n";
+
+std::string nameOf(ApplicationKind kind) {
+    switch (kind) {
+    case ApplicationKind::Mousepad:
+        return "mousepad";
+    case ApplicationKind::Geany:
+        return "geany";
+    case ApplicationKind::FeatherPad:
+        return "featherpad";
+    case ApplicationKind::TwoWindows:
+        return "two_windows";
+    case ApplicationKind::HostileGtk:
+        return "hostile_gtk";
+    case ApplicationKind::HostileQt:
+        return "hostile_qt";
+    case ApplicationKind::Terminal:
+        return "xterm";
+    }
+    return {};
+}
+
+TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind)
+    : _desktop(desktop)
+    , _kind(kind)
+    , _process(desktop.start(command())) {
+    XDisplay& display = desktop.display();
+    auto inFront = [&] { return display.processOf(display.activeWindow()) == identifier(); };
+    if (!waitUntil(inFront, Duration(30000)))
+        throw std::runtime_error(nameOf(kind) + " does not come to the front: " + _process->standardError());
+    _window = display.activeWindow();
+    if (kind == ApplicationKind::Terminal)
+        return;
+    // An application that has just started still fills its menus in: it is ready when two looks give the same. The
+    // hostile ones never do.
+    bool restless = kind == ApplicationKind::HostileGtk || kind == ApplicationKind::HostileQt;
+    std::optional<Menu> before;
+    bool settled = waitUntil(
+        [&] {
+            std::optional<Menu> now = menus();
+            bool same = now && !now->empty() && (restless || (before && countItems(*before) == countItems(*now)));
+            before = std::move(now);
+            return same;
+        },
+        Duration(30000));
+    if (!settled)
+        throw std::runtime_error(nameOf(kind) + " shows no menu bar: " + _process->standardError());
+}
+
+TestApplication::~TestApplication() {
+    // Without asking for unsaved texts.
+    _process->sendSignal(SIGKILL);
+    _process->waitForExit();
+    waitUntil([this] { return _desktop.display().managedWindowsOf(identifier()).empty(); });
+}
+
+std::vector<std::string> TestApplication::command() const {
+    std::string document = _desktop.writeFile("herbs.txt", Text);
+    switch (_kind) {
+    case ApplicationKind::Mousepad:
+        return {"mousepad", "--disable-server", document};
+    case ApplicationKind::Geany:
+        return {"geany", "--new-instance", "--no-session", "--no-terminal", document};
+    case ApplicationKind::FeatherPad:
+        return {"featherpad", "--standalone", document};
+    case ApplicationKind::TwoWindows:
+        return {E2E_TWO_WINDOWS};
+    case ApplicationKind::HostileGtk:
+        return {E2E_HOSTILE_GTK};
+    case ApplicationKind::HostileQt:
+        return {E2E_HOSTILE_QT};
+    case ApplicationKind::Terminal:
+        return {"xterm", "-e", "sleep", "1000"};
+    }
+    return {};
+}
+
+bool TestApplication::bringToFront() {
+    return bringToFront(_window);
+}
+
+bool TestApplication::bringToFront(xcb_window_t window) {
+    _desktop.display().activate(window);
+    return waitUntil([&] { return _desktop.display().activeWindow() == window; });
+}
+
+std::optional<Menu> TestApplication::menus() const {
+    return _desktop.reader().menus(identifier());
+}
+
+Menu TestApplication::expectedMirror() const {
+    return mirrorOf(menus().value_or(Menu{}));
+}
+
+std::string TestApplication::text() const {
+    return _desktop.reader().text(identifier()).value_or("(no text)");
+}
+
+std::vector<std::string> TestApplication::switchPath() const {
+    switch (_kind) {
+    case ApplicationKind::Mousepad:
+        return {"View", "Statusbar"};
+    case ApplicationKind::Geany:
+        return {"View", "Show Toolbar"};
+    case ApplicationKind::FeatherPad:
+        return {"Options", "Line Numbers"};
+    default:
+        return {};
+    }
+}
+
+bool TestApplication::switchState() const {
+    // The items of Mousepad do not report their marks; its status bar is there to see.
+    if (_kind == ApplicationKind::Mousepad)
+        return _desktop.reader().shownElements(identifier(), "status bar") > 0;
+    std::optional<Menu> now = menus();
+    const MenuRecord* item = now ? itemAtPath(*now, switchPath()) : nullptr;
+    return item && item->checked;
+}
+
+} // namespace tarragon::e2e

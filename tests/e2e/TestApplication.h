@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "Desktop.h"
+#include "MenuRecord.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarragon::e2e {
+
+enum class ApplicationKind { Mousepad, Geany, FeatherPad, TwoWindows, HostileGtk, HostileQt, Terminal };
+
+std::string nameOf(ApplicationKind kind);
+
+// A real application of a desktop, started with a text of ours in it and in front when its constructor returns.
+class TestApplication {
+public:
+    // Throws std::runtime_error when it does not come up.
+    TestApplication(Desktop& desktop, ApplicationKind kind);
+    // Ends it, stopped or not.
+    ~TestApplication();
+    TestApplication(const TestApplication&) = delete;
+    TestApplication& operator=(const TestApplication&) = delete;
+
+    ApplicationKind kind() const { return _kind; }
+    pid_t identifier() const { return _process->identifier(); }
+    ChildProcess& process() { return *_process; }
+    // Its first window.
+    xcb_window_t window() const { return _window; }
+    // Brings a window to the front, as a task bar does, and waits until it is active.
+    bool bringToFront();
+    bool bringToFront(xcb_window_t window);
+
+    // Its own menus as it reports them now, and the mirror that they ought to give.
+    std::optional<Menu> menus() const;
+    Menu expectedMirror() const;
+    std::string text() const;
+
+    // A path of an item that switches something on and off, and what the application shows for it.
+    std::vector<std::string> switchPath() const;
+    bool switchState() const;
+
+    // The text that it was started with.
+    static const std::string Text;
+
+private:
+    std::vector<std::string> command() const;
+
+    Desktop& _desktop;
+    ApplicationKind _kind;
+    std::unique_ptr<ChildProcess> _process;
+    xcb_window_t _window = XCB_NONE;
+};
+
+} // namespace tarragon::e2e

@@ -1,0 +1,259 @@
+#include "XDisplay.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+
+#include <xcb/randr.h>
+#include <xcb/res.h>
+
+namespace tarragon::e2e {
+
+namespace {
+
+struct Freed {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <typename T>
+using Reply = std::unique_ptr<T, Freed>;
+
+} // namespace
+
+XDisplay::XDisplay(const std::string& name)
+    : _connection(xcb_connect(name.c_str(), nullptr)) {
+    if (xcb_connection_has_error(_connection)) {
+        xcb_disconnect(_connection);
+        throw std::runtime_error("no X server on " + name);
+    }
+    _screen = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data;
+    xcb_res_query_version_unchecked(_connection, 1, 2);
+    xcb_randr_query_version_unchecked(_connection, 1, 5);
+}
+
+XDisplay::~XDisplay() {
+    xcb_disconnect(_connection);
+}
+
+xcb_atom_t XDisplay::atom(const std::string& name) {
+    auto [position, isNew] = _atoms.emplace(name, XCB_ATOM_NONE);
+    if (isNew) {
+        auto cookie = xcb_intern_atom(_connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
+        Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(_connection, cookie, nullptr));
+        position->second = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+    }
+    return position->second;
+}
+
+std::vector<std::uint32_t> XDisplay::cardinals(xcb_window_t window, const std::string& property, xcb_atom_t type) {
+    auto cookie = xcb_get_property(_connection, 0, window, atom(property), type, 0, 1024);
+    Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(_connection, cookie, nullptr));
+    if (!reply || reply->format != 32)
+        return {};
+    const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {values, values + xcb_get_property_value_length(reply.get()) / 4};
+}
+
+bool XDisplay::hasWindowManager() {
+    auto check = cardinals(root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW);
+    return !check.empty() && cardinals(check[0], "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW) == check;
+}
+
+xcb_window_t XDisplay::activeWindow() {
+    auto window = cardinals(root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW);
+    return window.empty() ? static_cast<xcb_window_t>(XCB_NONE) : window[0];
+}
+
+std::vector<xcb_window_t> XDisplay::managedWindows() {
+    return cardinals(root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW);
+}
+
+std::vector<xcb_window_t> XDisplay::managedWindowsOf(pid_t process) {
+    auto windows = managedWindows();
+    std::erase_if(windows, [&](xcb_window_t window) { return processOf(window) != process; });
+    return windows;
+}
+
+pid_t XDisplay::processOf(xcb_window_t window) {
+    auto property = cardinals(window, "_NET_WM_PID", XCB_ATOM_CARDINAL);
+    if (!property.empty())
+        return static_cast<pid_t>(property[0]);
+    xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    auto cookie = xcb_res_query_client_ids(_connection, 1, &wanted);
+    Reply<xcb_res_query_client_ids_reply_t> reply(xcb_res_query_client_ids_reply(_connection, cookie, nullptr));
+    if (!reply)
+        return 0;
+    auto iterator = xcb_res_query_client_ids_ids_iterator(reply.get());
+    for (; iterator.rem > 0; xcb_res_client_id_value_next(&iterator)) {
+        if (xcb_res_client_id_value_value_length(iterator.data) > 0)
+            return static_cast<pid_t>(*xcb_res_client_id_value_value(iterator.data));
+    }
+    return 0;
+}
+
+std::string XDisplay::titleOf(xcb_window_t window) {
+    auto cookie = xcb_get_property(_connection, 0, window, atom("_NET_WM_NAME"), atom("UTF8_STRING"), 0, 65536);
+    Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(_connection, cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+        static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
+PixelRect XDisplay::frameOf(xcb_window_t window) {
+    auto sizeCookie = xcb_get_geometry(_connection, window);
+    auto positionCookie = xcb_translate_coordinates(_connection, window, root(), 0, 0);
+    Reply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(_connection, sizeCookie, nullptr));
+    Reply<xcb_translate_coordinates_reply_t> position(
+        xcb_translate_coordinates_reply(_connection, positionCookie, nullptr));
+    if (!size || !position)
+        return {};
+    return {position->dst_x, position->dst_y, size->width, size->height};
+}
+
+void XDisplay::sendToWindowManager(
+    xcb_window_t window, const std::string& message, const std::vector<std::uint32_t>& data) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    std::copy(data.begin(), data.end(), event.data.data32);
+    xcb_send_event(_connection, 0, root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+        reinterpret_cast<const char*>(&event));
+    xcb_flush(_connection);
+}
+
+void XDisplay::activate(xcb_window_t window) {
+    sendToWindowManager(window, "_NET_ACTIVE_WINDOW", {2, 0, 0});
+}
+
+void XDisplay::close(xcb_window_t window) {
+    sendToWindowManager(window, "_NET_CLOSE_WINDOW", {0, 2});
+}
+
+void XDisplay::moveWindow(xcb_window_t window, int x, int y) {
+    constexpr std::uint32_t xAndY = (1U << 8U) | (1U << 9U);
+    constexpr std::uint32_t fromPager = 2U << 12U;
+    sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
+        {xAndY | fromPager, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)});
+}
+
+std::vector<XWindow> XDisplay::mappedChildrenOfRoot(bool menus) {
+    std::vector<XWindow> found;
+    Reply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(_connection, xcb_query_tree(_connection, root()), nullptr));
+    if (!tree)
+        return found;
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
+        xcb_window_t window = children[index];
+        Reply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr));
+        if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE || !attributes->override_redirect
+            || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY)
+            continue;
+        auto types = cardinals(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
+        bool isMenu = std::any_of(types.begin(), types.end(), [this](xcb_atom_t type) {
+            return type == atom("_NET_WM_WINDOW_TYPE_POPUP_MENU") || type == atom("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
+        });
+        if (isMenu == menus)
+            found.push_back({window, processOf(window), frameOf(window)});
+    }
+    return found;
+}
+
+std::vector<XWindow> XDisplay::openMenus() {
+    return mappedChildrenOfRoot(true);
+}
+
+std::vector<XWindow> XDisplay::unmanagedWindowsOf(pid_t process) {
+    auto windows = mappedChildrenOfRoot(false);
+    std::erase_if(windows, [&](const XWindow& window) { return window.process != process; });
+    return windows;
+}
+
+bool XDisplay::keyboardIsGrabbed() {
+    // Nobody else may come between the trial and taking it back.
+    xcb_grab_server(_connection);
+    auto cookie = xcb_grab_keyboard(_connection, 1, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    xcb_ungrab_keyboard(_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(_connection);
+    Reply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(_connection, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
+bool XDisplay::keyIsGrabbed(xcb_keycode_t keyCode, std::uint16_t modifiers) {
+    xcb_grab_server(_connection);
+    auto cookie =
+        xcb_grab_key_checked(_connection, 0, root(), modifiers, keyCode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    Reply<xcb_generic_error_t> refusal(xcb_request_check(_connection, cookie));
+    if (!refusal)
+        xcb_ungrab_key(_connection, keyCode, root(), modifiers);
+    xcb_ungrab_server(_connection);
+    xcb_flush(_connection);
+    return refusal && refusal->error_code == XCB_ACCESS;
+}
+
+void XDisplay::setMonitor(const std::string& name, const PixelRect& frame, bool primary, bool claimOutput) {
+    Reply<xcb_randr_get_screen_resources_current_reply_t> resources(xcb_randr_get_screen_resources_current_reply(
+        _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
+    bool hasOutput =
+        claimOutput && resources && xcb_randr_get_screen_resources_current_outputs_length(resources.get()) > 0;
+    struct {
+        xcb_randr_monitor_info_t information;
+        xcb_randr_output_t output;
+    } monitor{};
+    monitor.information.name = atom(name);
+    monitor.information.primary = primary;
+    monitor.information.nOutput = hasOutput ? 1 : 0;
+    monitor.information.x = static_cast<std::int16_t>(frame.x);
+    monitor.information.y = static_cast<std::int16_t>(frame.y);
+    monitor.information.width = static_cast<std::uint16_t>(frame.width);
+    monitor.information.height = static_cast<std::uint16_t>(frame.height);
+    monitor.information.width_in_millimeters = static_cast<std::uint32_t>(frame.width * 254 / 960);
+    monitor.information.height_in_millimeters = static_cast<std::uint32_t>(frame.height * 254 / 960);
+    if (hasOutput)
+        monitor.output = xcb_randr_get_screen_resources_current_outputs(resources.get())[0];
+    xcb_randr_set_monitor(_connection, root(), &monitor.information);
+}
+
+void XDisplay::deleteMonitor(const std::string& name) {
+    xcb_randr_delete_monitor(_connection, root(), atom(name));
+}
+
+void XDisplay::setTwoMonitors() {
+    PixelRect whole = bounds();
+    int half = whole.width / 2;
+    setMonitor("LEFT", {0, 0, half, whole.height}, true, true);
+    setMonitor("RIGHT", {half, 0, whole.width - half, whole.height}, false, false);
+    xcb_flush(_connection);
+}
+
+void XDisplay::setOneMonitor() {
+    deleteMonitor("RIGHT");
+    deleteMonitor("LEFT");
+    xcb_flush(_connection);
+}
+
+bool XDisplay::screenshot(const std::filesystem::path& file) {
+    PixelRect whole = bounds();
+    auto cookie = xcb_get_image(_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, root(), 0, 0,
+        static_cast<std::uint16_t>(whole.width), static_cast<std::uint16_t>(whole.height), ~0U);
+    Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(_connection, cookie, nullptr));
+    if (!image)
+        return false;
+    const std::uint8_t* pixels = xcb_get_image_data(image.get());
+    std::string data;
+    data.reserve(static_cast<std::size_t>(whole.width) * static_cast<std::size_t>(whole.height) * 3);
+    for (int index = 0; index < whole.width * whole.height; ++index) {
+        for (int channel : {2, 1, 0})
+            data.push_back(static_cast<char>(pixels[index * 4 + channel]));
+    }
+    std::ofstream output(file, std::ios::binary);
+    output << "P6\n" << whole.width << ' ' << whole.height << "\n255\n" << data;
+    return static_cast<bool>(output);
+}
+
+} // namespace tarragon::e2e

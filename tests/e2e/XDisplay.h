@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+#include <xcb/xcb.h>
+
+namespace tarragon::e2e {
+
+// X pixels, y down from the top-left corner of the root window.
+struct PixelRect {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    bool contains(int pointX, int pointY) const {
+        return pointX >= x && pointX < x + width && pointY >= y && pointY < y + height;
+    }
+    bool contains(const PixelRect& other) const {
+        return other.x >= x && other.y >= y && other.x + other.width <= x + width
+            && other.y + other.height <= y + height;
+    }
+    bool operator==(const PixelRect&) const = default;
+};
+
+struct XWindow {
+    xcb_window_t identifier = XCB_NONE;
+    pid_t process = 0; // 0 when unknown
+    PixelRect frame; // without decorations
+};
+
+// What a user sees of an X display, asked of the server itself.
+class XDisplay {
+public:
+    // Throws std::runtime_error when the server does not answer.
+    explicit XDisplay(const std::string& name);
+    ~XDisplay();
+    XDisplay(const XDisplay&) = delete;
+    XDisplay& operator=(const XDisplay&) = delete;
+
+    xcb_connection_t* connection() const { return _connection; }
+    xcb_window_t root() const { return _screen->root; }
+    PixelRect bounds() const { return {0, 0, _screen->width_in_pixels, _screen->height_in_pixels}; }
+
+    // True when a window manager that keeps the standard hints runs.
+    bool hasWindowManager();
+    // XCB_NONE when no window is active.
+    xcb_window_t activeWindow();
+    std::vector<xcb_window_t> managedWindows();
+    std::vector<xcb_window_t> managedWindowsOf(pid_t process);
+    pid_t processOf(xcb_window_t window);
+    std::string titleOf(xcb_window_t window);
+    PixelRect frameOf(xcb_window_t window);
+    // Both ask the window manager, as a task bar does.
+    void activate(xcb_window_t window);
+    void close(xcb_window_t window);
+    void moveWindow(xcb_window_t window, int x, int y);
+
+    // The menus that are open, in the order in which they were opened: mapped windows of a menu's type.
+    std::vector<XWindow> openMenus();
+    // The other mapped windows of a process that no window manager manages.
+    std::vector<XWindow> unmanagedWindowsOf(pid_t process);
+    bool keyboardIsGrabbed();
+    // True when somebody has taken this combination for the whole desktop.
+    bool keyIsGrabbed(xcb_keycode_t keyCode, std::uint16_t modifiers);
+
+    // Gives the desktop two monitors side by side instead of one, or one again.
+    void setTwoMonitors();
+    void setOneMonitor();
+
+    // A picture of the whole display as a portable pixmap. False when the file cannot be written.
+    bool screenshot(const std::filesystem::path& file);
+
+private:
+    xcb_atom_t atom(const std::string& name);
+    std::vector<std::uint32_t> cardinals(xcb_window_t window, const std::string& property, xcb_atom_t type);
+    void sendToWindowManager(xcb_window_t window, const std::string& message, const std::vector<std::uint32_t>& data);
+    std::vector<XWindow> mappedChildrenOfRoot(bool menus);
+    void setMonitor(const std::string& name, const PixelRect& frame, bool primary, bool claimOutput);
+    void deleteMonitor(const std::string& name);
+
+    xcb_connection_t* _connection;
+    const xcb_screen_t* _screen = nullptr;
+    std::map<std::string, xcb_atom_t> _atoms;
+};
+
+} // namespace tarragon::e2e
