@@ -1,0 +1,45 @@
+// Start-up and shutdown of the controller.
+
+#include "app/AppController.h"
+
+#include "app/AppDelegate.h"
+#include "mirror/MenuPresenter.h"
+
+namespace tarragon {
+
+AppController::AppController(const Platform& platform, MenuPresenter& presenter, AppDelegate& appDelegate)
+    : _platform(platform)
+    , _presenter(presenter)
+    , _appDelegate(appDelegate) { }
+
+void AppController::init() {
+    _appChangeNotifier = std::make_unique<ZDAppChangeNotifier>(_platform.workspace, _platform.notificationCenter);
+    if (!_appChangeNotifier->setupAppFrontSwitchedHandler())
+        return;
+    setupNotificationsToReceive();
+    _appDelegate.accessibilityCheck();
+    accessibilityCreation();
+}
+
+void AppController::accessibilityCreation() {
+    _appUIElementInfo = AppAccessibility::initWithFocusedApp(_platform);
+    if (!_appUIElementInfo)
+        return;
+    _appUIElementInfo->setAppController(this);
+    loadDefaults();
+    updateAtInit();
+    constexpr double SettlingTime = 1.0;
+    _platform.runLoop.pause(SettlingTime);
+}
+
+void AppController::updateAtInit() {
+    _appUIElementInfo->update();
+    setMenuFont();
+}
+
+void AppController::clearAll() {
+    _presenter.closeMenus();
+    _appUIElementInfo = nullptr;
+}
+
+} // namespace tarragon

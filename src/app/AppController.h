@@ -1,0 +1,93 @@
+#pragma once
+
+#include "app/ControllerPreferences.h"
+#include "mirror/AppAccessibility.h"
+#include "mirror/MenuReaderOwner.h"
+#include "platform/Platform.h"
+#include "triggers/ZDAppChangeNotifier.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace tarragon {
+
+class AppDelegate;
+class MenuPresenter;
+
+// The central controller: owns the menu reader, follows the front application and the settings, and puts the mirrored
+// menu on the screen. Implemented in one file per area. Main thread only; lives as long as the process, for its
+// observers are never removed.
+class AppController : public MenuReaderOwner {
+public:
+    // The services, the presenter and the delegate outlive the controller.
+    AppController(const Platform& platform, MenuPresenter& presenter, AppDelegate& appDelegate);
+    AppController(const AppController&) = delete;
+    AppController& operator=(const AppController&) = delete;
+
+    // Start-up and shutdown.
+
+    // The start-up sequence. Without word of front-application changes the controller stays idle on purpose: it then
+    // observes nothing and builds nothing.
+    void init();
+    // Builds the reader and what depends on it. Without a reader (no access, or no application in front) nothing is
+    // built, until a later call succeeds. Blocks for a second, so that the front application's menu bar has settled.
+    void accessibilityCreation();
+    void updateAtInit();
+    // Closes open menus and drops the reader.
+    void clearAll();
+
+    // The update cycle.
+
+    void setupNotificationsToReceive();
+    // Another application came to the front: rebuilds the mirror, with pauses for applications that publish their menu
+    // bar late.
+    void handleAppChange(const Notification& notification);
+    // True when the reader's menu holds an item.
+    bool menuPopulated() const;
+
+    // Putting menus on the screen.
+
+    // Opens the mirrored menu at the pointer. Nothing is shown when the front application has no menus: the system's
+    // own menu alone is no mirror.
+    void popUpMenuAtMouseLocation();
+    // The system's own menu, built afresh.
+    std::shared_ptr<Menu> addTarragonMenuToMenu();
+    // Shows the menu of the application itself in bold.
+    void boldenAppTitleMenu();
+
+    // The hot key: registers it anew from the settings, or unregisters it.
+    void installCarbonHotKeyHandler();
+
+    // The settings.
+
+    void loadDefaults();
+    void observeValueForKeyPath(const std::string& keyPath);
+    const ControllerPreferences& preferences() const { return _preferences; }
+
+    // nullptr while there is none.
+    AppAccessibility* reader() const { return _appUIElementInfo.get(); }
+
+private:
+    bool mirrorIsEmpty() const;
+    void setMenuFont();
+    bool readBool(std::string_view key);
+    std::int8_t readFontSize(std::string_view key);
+    void readFoldAlternate();
+    void readShowKeyEquivalents();
+    void readShowAppleMenu();
+    void readShowTarragonMenu();
+    void readShowApplicationMenu();
+    void readButtonStyle();
+
+    Platform _platform;
+    MenuPresenter& _presenter;
+    AppDelegate& _appDelegate;
+    std::unique_ptr<ZDAppChangeNotifier> _appChangeNotifier;
+    std::shared_ptr<AppAccessibility> _appUIElementInfo;
+    ControllerPreferences _preferences;
+    HotKeyReference _myHotKeyRef = 0; // 0 until the first registration, then never again
+    std::int64_t _appPID = 0; // kept for reference only
+};
+
+} // namespace tarragon

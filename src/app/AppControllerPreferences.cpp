@@ -1,0 +1,124 @@
+// How the controller takes over the settings, at start-up and when one changes.
+
+#include "app/AppController.h"
+#include "app/PreferenceKeys.h"
+
+namespace tarragon {
+
+bool AppController::readBool(std::string_view key) {
+    return boolValue(_platform.defaults.value(key));
+}
+
+std::int8_t AppController::readFontSize(std::string_view key) {
+    return fontSizeForStoredValue(integerValue(_platform.defaults.value(key)));
+}
+
+void AppController::readFoldAlternate() {
+    _preferences._foldAlternate = readBool(preference::FoldAlternate);
+    if (_appUIElementInfo)
+        _appUIElementInfo->setFoldAlternateItems(_preferences._foldAlternate);
+}
+
+void AppController::readShowKeyEquivalents() {
+    _preferences._keyEquivalents = readBool(preference::ShowKeyEquivalents);
+    if (_appUIElementInfo)
+        _appUIElementInfo->setKeyEquivalents(_preferences._keyEquivalents);
+}
+
+void AppController::readShowAppleMenu() {
+    _preferences._showAppleMenu = readBool(preference::ShowAppleMenu);
+    if (_appUIElementInfo)
+        _appUIElementInfo->setShowAppleMenu(_preferences._showAppleMenu);
+}
+
+void AppController::readShowTarragonMenu() {
+    _preferences._showTarragonMenu = readBool(preference::ShowTarragonMenu);
+    if (_appUIElementInfo)
+        _appUIElementInfo->setAuxiliaryMenu(_preferences._showTarragonMenu ? addTarragonMenuToMenu() : nullptr);
+}
+
+void AppController::readShowApplicationMenu() {
+    _preferences._showApplicationMenu = readBool(preference::ShowApplicationMenu);
+    if (_appUIElementInfo)
+        _appUIElementInfo->setShowApplicationMenu(_preferences._showApplicationMenu);
+}
+
+void AppController::readButtonStyle() {
+    _preferences._buttonStyle =
+        buttonStyleForStoredValue(integerValue(_platform.defaults.value(preference::ButtonStyle)));
+}
+
+void AppController::loadDefaults() {
+    _preferences._enableHotkey = readBool(preference::EnableHotkey);
+    if (_preferences._enableHotkey)
+        installCarbonHotKeyHandler();
+    readFoldAlternate();
+    readShowKeyEquivalents();
+    readShowAppleMenu();
+    readShowTarragonMenu();
+    _preferences._tarragonAlwaysVisible = readBool(preference::TarragonAlwaysVisible);
+    _preferences._tarragonAlwaysRight = readBool(preference::TarragonAlwaysRight);
+    _preferences._showOnPrimaryScreen = readBool(preference::ShowOnPrimaryScreen);
+    _preferences._enableButton = readBool(preference::EnableButton);
+    _preferences._horizontal = readBool(preference::Horizontal);
+    // Smart ignoring is always on: its setting is registered but never consulted.
+    _preferences._smartIgnore = true;
+    _preferences._fontSizeSmall = readFontSize(preference::FontSizeSmall);
+    _preferences._titleFontSizeSmall = readFontSize(preference::TitleFontSizeSmall);
+    readButtonStyle();
+    readShowApplicationMenu();
+    _preferences._screenTopEnabled = readBool(preference::EnableScreenTop);
+    _preferences._screenTopAutoHide = readBool(preference::ScreenTopAutoHide);
+    _preferences._screenTopTransparency = readBool(preference::ScreenTopTransparency);
+    _preferences._mouseButtonEnabled = readBool(preference::EnableMouseButton);
+    _preferences._screenTopHalfHotZone = readBool(preference::ScreenTopHalfHotZone);
+    _preferences._hideOnPrimaryTopEdge = readBool(preference::HideOnPrimaryTopEdge);
+}
+
+// Settings without a row here keep the value they had at start-up, or are read where they are used.
+void AppController::observeValueForKeyPath(const std::string& keyPath) {
+    struct BoolRow {
+        std::string_view key;
+        bool ControllerPreferences::*field;
+    };
+    static constexpr BoolRow boolRows[] = {
+        {preference::TarragonAlwaysVisible, &ControllerPreferences::_tarragonAlwaysVisible},
+        {preference::TarragonAlwaysRight, &ControllerPreferences::_tarragonAlwaysRight},
+        {preference::HideOnPrimaryTopEdge, &ControllerPreferences::_hideOnPrimaryTopEdge},
+        {preference::ShowOnPrimaryScreen, &ControllerPreferences::_showOnPrimaryScreen},
+        {preference::EnableButton, &ControllerPreferences::_enableButton},
+        {preference::Horizontal, &ControllerPreferences::_horizontal},
+        {preference::EnableScreenTop, &ControllerPreferences::_screenTopEnabled},
+        {preference::EnableMouseButton, &ControllerPreferences::_mouseButtonEnabled},
+    };
+    const auto is = [&](std::string_view key) { return keyPath == keyPathOfPreference(key); };
+
+    if (is(preference::EnableHotkey) || is(preference::NewTrigger))
+        installCarbonHotKeyHandler();
+    if (is(preference::FoldAlternate))
+        readFoldAlternate();
+    if (is(preference::ShowKeyEquivalents))
+        readShowKeyEquivalents();
+    if (is(preference::ShowAppleMenu)) {
+        readShowAppleMenu();
+        // The only reader option that shows at once; the others do with the next update.
+        if (_appUIElementInfo)
+            _appUIElementInfo->update();
+    }
+    if (is(preference::ShowTarragonMenu))
+        readShowTarragonMenu();
+    for (const BoolRow& row : boolRows) {
+        if (is(row.key))
+            _preferences.*row.field = readBool(row.key);
+    }
+    if (is(preference::FontSizeSmall))
+        _preferences._fontSizeSmall = readFontSize(preference::FontSizeSmall);
+    if (is(preference::TitleFontSizeSmall))
+        _preferences._titleFontSizeSmall = readFontSize(preference::TitleFontSizeSmall);
+    if (is(preference::ButtonStyle))
+        readButtonStyle();
+    if (is(preference::ShowApplicationMenu))
+        readShowApplicationMenu();
+}
+
+} // namespace tarragon

@@ -1,0 +1,52 @@
+// How the controller keeps the mirror in step with the application in front.
+
+#include "app/AppController.h"
+#include "app/PreferenceKeys.h"
+
+namespace tarragon {
+
+void AppController::setupNotificationsToReceive() {
+    _platform.notificationCenter.addObserver(ZDAppChangeNotifier::ZDAppChanged, _appChangeNotifier.get(),
+        [this](const Notification& notification) { handleAppChange(notification); });
+    for (const std::string_view key : observedPreferences()) {
+        _platform.defaults.addObserver(
+            keyPathOfPreference(key), [this](const std::string& keyPath) { observeValueForKeyPath(keyPath); });
+    }
+}
+
+void AppController::handleAppChange(const Notification& notification) {
+    if (!_appUIElementInfo)
+        accessibilityCreation();
+    // There is nothing to rebuild, and nothing to wait for, without a reader.
+    if (!_appUIElementInfo)
+        return;
+    // Our own windows leave the mirror of the application behind them in place.
+    if (_appUIElementInfo->focusedAppName() == "Tarragon")
+        return;
+    // The row of menu titles is built from the new menu bar, which some applications publish a little late.
+    if (_preferences._horizontal)
+        _platform.runLoop.pause(0.5);
+    _appUIElementInfo->update();
+    if (const auto entry = notification.userInformation.find(ZDAppChangeNotifier::PID);
+        entry != notification.userInformation.end())
+        _appPID = entry->second;
+    if (!menuPopulated()) {
+        _platform.runLoop.pause(2.0);
+        _appUIElementInfo->update();
+        // This one publishes its menu bar in pieces.
+        if (_appUIElementInfo->focusedAppName() == "Firefox") {
+            _appUIElementInfo->update();
+            _appUIElementInfo->update();
+        }
+    }
+    if (_preferences._showTarragonMenu)
+        _appUIElementInfo->appendAuxiliaryMenuTo(*_appUIElementInfo->menu());
+    boldenAppTitleMenu();
+    setMenuFont();
+}
+
+bool AppController::menuPopulated() const {
+    return _appUIElementInfo && _appUIElementInfo->menu()->numberOfItems() > 0;
+}
+
+} // namespace tarragon

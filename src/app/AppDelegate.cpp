@@ -1,0 +1,93 @@
+#include "app/AppDelegate.h"
+
+#include "app/AppController.h"
+#include "app/PreferenceKeys.h"
+
+#include <utility>
+
+namespace tarragon {
+
+AppDelegate::AppDelegate(
+    const Platform& platform, MenuPresenter& presenter, UserPanels& panels, std::string settingsURL)
+    : _platform(platform)
+    , _presenter(presenter)
+    , _panels(panels)
+    , _settingsURL(std::move(settingsURL)) {
+    setupPreferenceDefaults(_platform.defaults);
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::setupPreferenceDefaults(Defaults& defaults) {
+    defaults.registerDefaults(registeredPreferences());
+    defaults.setInitialValues(registeredPreferences());
+}
+
+void AppDelegate::applicationWillFinishLaunching() {
+    if (_appController)
+        return;
+    _appController = std::make_unique<AppController>(_platform, _presenter, *this);
+    _appController->init();
+}
+
+bool AppDelegate::applicationShouldHandleReopen() {
+    showPreferencePanel();
+    return false;
+}
+
+bool AppDelegate::applicationShouldTerminate() {
+    if (_appController)
+        _appController->clearAll();
+    return true;
+}
+
+bool AppDelegate::accessibilityIsMissing() {
+    return !_platform.accessibility.isEnabled() && !_platform.accessibility.isTrusted();
+}
+
+void AppDelegate::accessibilityCheck() {
+    if (accessibilityIsMissing())
+        showPreferencePanel();
+}
+
+void AppDelegate::displayAboutPanel() {
+    _panels.showAboutPanel();
+}
+
+void AppDelegate::showPreferencePanel() {
+    // Without access the alert takes the place of the settings: nothing that they change would have an effect.
+    if (accessibilityIsMissing()) {
+        showAccessibilityAlert();
+        return;
+    }
+    // A store that was never written has no file to open yet.
+    _platform.defaults.synchronize();
+    if (!_platform.workspace.openURL(_settingsURL))
+        _panels.showFailure("No program could be found to open the settings: " + _settingsURL);
+}
+
+void AppDelegate::showAccessibilityAlert() {
+    _panels.showAccessibilityAlert([this](AccessibilityAlertAnswer answer) {
+        if (answer == AccessibilityAlertAnswer::Quit)
+            terminate();
+        // The program has to be started again after access was granted, so it ends here; where the desktop has no such
+        // place nothing happens and the program keeps running.
+        if (answer == AccessibilityAlertAnswer::OpenSystemPreferences && _platform.accessibility.openSettings())
+            terminate();
+    });
+}
+
+void AppDelegate::showPreferencePanelWithHelpAsInitial() {
+    _panels.showHelp();
+}
+
+void AppDelegate::checkForUpdates() {
+    _panels.showUpdateInformation();
+}
+
+void AppDelegate::terminate() {
+    if (applicationShouldTerminate())
+        _platform.runLoop.stop(0);
+}
+
+} // namespace tarragon

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "panels/UserPanels.h"
+#include "platform/Platform.h"
+
+#include <memory>
+#include <string>
+
+namespace tarragon {
+
+class AppController;
+class MenuPresenter;
+
+// The application object's delegate: owns the controller and carries out the small actions of the system's own menu.
+// Main thread only.
+class AppDelegate {
+public:
+    // Registers the default settings first, before anything reads one. The presenter and the panels outlive the
+    // delegate. settingsURL is where the user finds the stored settings.
+    AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels, std::string settingsURL);
+    ~AppDelegate();
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+
+    // Registers the 33 settings with their defaults, and the same values as those that a reset restores.
+    static void setupPreferenceDefaults(Defaults& defaults);
+
+    // Creates the controller, and with it everything else, unless there is one.
+    void applicationWillFinishLaunching();
+    // The program was started again while it runs. False: there is nothing more to do.
+    bool applicationShouldHandleReopen();
+    // Drops what the controller holds. True: the program may end at once.
+    bool applicationShouldTerminate();
+
+    // Asks for the permission when the accessibility interface is neither switched on nor open to this process.
+    void accessibilityCheck();
+
+    void displayAboutPanel();
+    void showPreferencePanel();
+    void showPreferencePanelWithHelpAsInitial();
+    void checkForUpdates();
+    // Ends the program, unless applicationShouldTerminate objects.
+    void terminate();
+
+    AppController* appController() const { return _appController.get(); }
+
+private:
+    bool accessibilityIsMissing();
+    void showAccessibilityAlert();
+
+    const Platform& _platform;
+    MenuPresenter& _presenter;
+    UserPanels& _panels;
+    std::string _settingsURL;
+    std::unique_ptr<AppController> _appController;
+};
+
+} // namespace tarragon

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace tarragon {
+
+// Which application a command is about: the one in front unless a name or a process is given.
+struct ApplicationChoice {
+    std::optional<std::string> name = std::nullopt;
+    std::optional<std::int64_t> processIdentifier = std::nullopt;
+};
+
+struct RunAgent { };
+struct ShowHelp { };
+struct ShowVersion { };
+
+struct ListMenus {
+    ApplicationChoice application = {};
+    std::size_t depth = 2; // 0 for all levels
+    bool json = false;
+};
+
+struct PressItem {
+    ApplicationChoice application = {};
+    std::string itemKey;
+};
+
+struct InspectElement { };
+
+// A command line that makes no sense, with the sentence that says why.
+struct UsageError {
+    std::string message;
+};
+
+using Command = std::variant<RunAgent, ShowHelp, ShowVersion, ListMenus, PressItem, InspectElement, UsageError>;
+
+// What the arguments (without the program's name) ask for.
+Command parseCommandLine(const std::vector<std::string>& arguments);
+
+// The text that --help prints.
+std::string helpText();
+
+} // namespace tarragon

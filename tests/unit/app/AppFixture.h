@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/AppController.h"
+#include "app/AppDelegate.h"
+#include "app/PreferenceKeys.h"
+#include "fake/FakePlatform.h"
+#include "panels/UserPanels.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tarragon {
+
+class RecordingPanels : public UserPanels {
+public:
+    void showAboutPanel() override { shown.emplace_back("about"); }
+    void showHelp() override { shown.emplace_back("help"); }
+    void showUpdateInformation() override { shown.emplace_back("updates"); }
+    void showFailure(const std::string& message) override { shown.push_back("failure: " + message); }
+    void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override {
+        shown.emplace_back("alert");
+        answerAlert = std::move(handler);
+    }
+
+    std::vector<std::string> shown;
+    std::function<void(AccessibilityAlertAnswer)> answerAlert;
+};
+
+// A desktop with Mail in front, and the agent not started yet.
+class AppTest : public testing::Test {
+protected:
+    AppTest()
+        : mail(fake.addApplication("Mail"))
+        , delegate(platform, fake.menuPresenter, panels, "file:///settings.plist") {
+        mail.menu("File").item("New").item("Close");
+        mail.menu("Edit").item("Copy").item("Paste");
+        fake.activate(mail);
+    }
+
+    void launch() { delegate.applicationWillFinishLaunching(); }
+    AppController& controller() { return *delegate.appController(); }
+    AppAccessibility& reader() { return *controller().reader(); }
+
+    // The titles of the root menu's items; a separator is a dash.
+    std::vector<std::string> rootTitles() {
+        std::vector<std::string> titles;
+        for (const auto& item : reader().menu()->items())
+            titles.push_back(item->isSeparatorItem() ? "-" : item->title());
+        return titles;
+    }
+
+    static std::string keyPath(std::string_view key) { return keyPathOfPreference(key); }
+    void set(std::string_view key, const DefaultsValue& value) { fake.defaults.setValue(key, value); }
+
+    FakePlatform fake;
+    RecordingPanels panels;
+    Platform platform = fake.platform();
+    FakeApplication mail;
+    AppDelegate delegate;
+};
+
+} // namespace tarragon
