@@ -126,7 +126,7 @@ TEST(IgnoreDictionary, IsStoredInItsSetting) {
 TEST(IgnoreDictionary, KeepsTheOldEntryWhenTheNewOneCouldNotBeReadAgain) {
     IgnoreDictionary dictionary;
     dictionary.setEntry("a", entryNamed("A"));
-    EXPECT_FALSE(dictionary.setEntry("a", entryNamed(std::string(20'000'000, 'x'))));
+    EXPECT_FALSE(dictionary.setEntry("a", entryNamed(std::string(9'000'000, 'x'))));
     ASSERT_TRUE(dictionary.entry("a"));
     EXPECT_THAT(dictionary.entry("a")->appName(), Optional(std::string("A")));
 }
@@ -134,7 +134,7 @@ TEST(IgnoreDictionary, KeepsTheOldEntryWhenTheNewOneCouldNotBeReadAgain) {
 TEST(IgnoreDictionary, IsNotStoredWhenItCouldNotBeReadAgain) {
     FakeDefaults defaults;
     IgnoreDictionary dictionary;
-    dictionary.setEntry(std::string(20'000'000, 'x'), entryNamed("A"));
+    dictionary.setEntry(std::string(9'000'000, 'x'), entryNamed("A"));
     EXPECT_FALSE(dictionary.store(defaults));
     EXPECT_FALSE(defaults.storedValue("IgnoreWindowList"));
 }
