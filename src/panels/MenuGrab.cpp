@@ -10,8 +10,10 @@ namespace tarragon {
 
 namespace {
 
-constexpr std::chrono::milliseconds RetryInterval{20};
-constexpr int MostTries = 100;
+// Under X Qt is told that the pointer is not to be had and answers that all is well, so there is no knowing when to
+// stop. To take what one has already changes nothing.
+constexpr std::chrono::milliseconds Interval{50};
+constexpr int MostRefusals = 40;
 
 // Elsewhere the window system itself tells a pop-up when to close.
 bool grabsMayBeRefused() {
@@ -21,24 +23,25 @@ bool grabsMayBeRefused() {
 } // namespace
 
 MenuGrab::MenuGrab() {
-    _timer.setInterval(RetryInterval);
-    QObject::connect(&_timer, &QTimer::timeout, &_timer, [this] { tryAgain(); });
+    _timer.setInterval(Interval);
+    QObject::connect(&_timer, &QTimer::timeout, &_timer, [this] { takeAgain(); });
 }
 
 void MenuGrab::acquire(QWidget& popup) {
     release();
-    _popup = &popup;
-    if (!grabsMayBeRefused() || tryOnce())
+    if (!grabsMayBeRefused())
         return;
-    _triesLeft = MostTries;
+    _popup = &popup;
+    _refusals = 0;
+    takeBoth();
     _timer.start();
 }
 
 void MenuGrab::release() {
     _timer.stop();
-    if (!_popup || !grabsMayBeRefused())
+    if (!_popup)
         return;
-    // Qt releases only what it got by itself.
+    // Qt releases only what it took by itself.
     if (QWindow* window = _popup->windowHandle()) {
         window->setMouseGrabEnabled(false);
         window->setKeyboardGrabEnabled(false);
@@ -46,18 +49,23 @@ void MenuGrab::release() {
     _popup = nullptr;
 }
 
-bool MenuGrab::tryOnce() {
+// False when the keyboard was refused.
+bool MenuGrab::takeBoth() {
     QWindow* window = _popup->windowHandle();
-    return window && window->setKeyboardGrabEnabled(true) && window->setMouseGrabEnabled(true);
+    if (!window || !window->setKeyboardGrabEnabled(true))
+        return false;
+    window->setMouseGrabEnabled(true);
+    return true;
 }
 
-void MenuGrab::tryAgain() {
-    if (!_popup || tryOnce()) {
+void MenuGrab::takeAgain() {
+    if (!_popup) {
         _timer.stop();
-    } else if (--_triesLeft == 0) {
-        _timer.stop();
-        _popup->close();
+        return;
     }
+    _refusals = takeBoth() ? 0 : _refusals + 1;
+    if (_refusals == MostRefusals)
+        _popup->close();
 }
 
 } // namespace tarragon

@@ -1,11 +1,14 @@
 #include "panels/MenuView.h"
 
+#include "panels/MenuFonts.h"
 #include "panels/MenuTracking.h"
 #include "panels/MenuWindow.h"
 #include "panels/QtCoordinates.h"
 
 #include <utility>
 
+#include <QAccessible>
+#include <QAction>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QPixmap>
@@ -43,13 +46,21 @@ MenuView::~MenuView() {
     delete _window;
 }
 
-// Draws a menu that nobody sees, so that style and fonts are loaded before the first one opens. Fonts stay loaded as
-// long as something uses them.
+// Goes through everything that is loaded the first time a menu opens, with one that nobody sees: style, fonts, pointer
+// shape, and the desktop's accessibility. Fonts stay loaded as long as something uses them.
 void MenuView::warmUp() {
     _warmMenu.setStyle(&_style);
     _warmMenu.addAction("Menu\tCtrl+M")->setCheckable(true);
+    QAction* boldAction = _warmMenu.addAction("Menu");
+    boldAction->setFont(menuFont({.bold = true}, _warmMenu.font()));
     _warmMenu.addMenu(QString("Submenu"));
     _warmMenu.grab();
+    _warmMenu.winId();
+    _warmMenu.setCursor(Qt::ArrowCursor);
+#if QT_CONFIG(accessibility)
+    QAccessibleEvent event(&_warmMenu, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+#endif
 }
 
 void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) {
