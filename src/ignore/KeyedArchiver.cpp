@@ -50,6 +50,26 @@ void KeyedArchiver::encodeObject(const ArchiveValue& value, std::string_view key
     fields.emplace_back(_writer.addString(std::string(key)), _writer.addUid(uid));
 }
 
+template <typename Number>
+KeyedArchiver::Uid KeyedArchiver::archiveNumber(Number number) {
+    NumberIdentity identity{typeid(Number), 0};
+    if constexpr (std::is_same_v<Number, double>)
+        identity.second = std::bit_cast<std::uint64_t>(number);
+    else
+        identity.second = static_cast<std::uint64_t>(number);
+    const auto known = _uidsByNumber.find(identity);
+    if (known != _uidsByNumber.end())
+        return known->second;
+    Index value = 0;
+    if constexpr (std::is_same_v<Number, bool>)
+        value = _writer.addBoolean(number);
+    else if constexpr (std::is_same_v<Number, double>)
+        value = _writer.addReal(number);
+    else
+        value = _writer.addInteger(number);
+    return _uidsByNumber.emplace(identity, appendObject(value)).first->second;
+}
+
 KeyedArchiver::Uid KeyedArchiver::archive(const ArchiveValue& value) {
     return std::visit(
         [this](const auto& held) -> Uid {
@@ -74,26 +94,6 @@ KeyedArchiver::Uid KeyedArchiver::archive(const ArchiveValue& value) {
             }
         },
         value);
-}
-
-template <typename Number>
-KeyedArchiver::Uid KeyedArchiver::archiveNumber(Number number) {
-    NumberIdentity identity{typeid(Number), 0};
-    if constexpr (std::is_same_v<Number, double>)
-        identity.second = std::bit_cast<std::uint64_t>(number);
-    else
-        identity.second = static_cast<std::uint64_t>(number);
-    const auto known = _uidsByNumber.find(identity);
-    if (known != _uidsByNumber.end())
-        return known->second;
-    Index value = 0;
-    if constexpr (std::is_same_v<Number, bool>)
-        value = _writer.addBoolean(number);
-    else if constexpr (std::is_same_v<Number, double>)
-        value = _writer.addReal(number);
-    else
-        value = _writer.addInteger(number);
-    return _uidsByNumber.emplace(identity, appendObject(value)).first->second;
 }
 
 KeyedArchiver::Uid KeyedArchiver::archiveString(const std::string& text) {

@@ -1,0 +1,87 @@
+#include "recorder/SRValidator.h"
+
+#include "mirror/Menu.h"
+#include "mirror/MenuItem.h"
+#include "platform/HotKeys.h"
+#include "platform/UnicodeText.h"
+#include "recorder/SRKeyCodeTransformer.h"
+#include "recorder/SRModifierFlags.h"
+
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+constexpr std::uint32_t ComparedFlags = hotkey::CommandKey | hotkey::OptionKey | hotkey::ShiftKey | hotkey::ControlKey;
+
+// The flags agree in each of the four modifiers; other bits do not matter.
+bool modifiersAgree(std::uint32_t first, std::uint32_t second) {
+    return (first & ComparedFlags) == (second & ComparedFlags);
+}
+
+} // namespace
+
+SRValidator::SRValidator(
+    SRValidatorDelegate* delegate, Keyboard& keyboard, const SRKeyCodeTransformer& transformer, MainMenu mainMenu)
+    : _delegate(delegate)
+    , _keyboard(keyboard)
+    , _transformer(transformer)
+    , _mainMenu(std::move(mainMenu)) { }
+
+bool SRValidator::isKeyCodeAndFlagsTaken(std::int16_t keyCode, std::uint32_t flags, SRValidationError* error) {
+    std::string reason;
+    if (_delegate && _delegate->shortcutValidatorIsKeyCodeAndFlagsTaken(*this, keyCode, flags, reason)) {
+        fillError(error, keyCode, flags, (reason.empty() ? "it's already used" : reason) + ".");
+        return true;
+    }
+
+    // A combination that may be the desktop's own is refused rather than allowed.
+    const std::optional<std::vector<SymbolicHotKey>> symbolicHotKeys = _keyboard.copySymbolicHotKeys();
+    if (!symbolicHotKeys)
+        return true;
+    for (const SymbolicHotKey& hotKey : *symbolicHotKeys) {
+        if (!hotKey.isEnabled)
+            continue;
+        if (_transformer.transformedValue(keyCode).value_or("").empty())
+            return true;
+        if (hotKey.keyCode == keyCode && modifiersAgree(hotKey.modifiers, flags)) {
+            fillError(error, keyCode, flags,
+                "it's already used by a system-wide keyboard shortcut. (If you really want to use this key "
+                "combination, most shortcuts can be changed in the Keyboard & Mouse panel in System Preferences.)");
+            return true;
+        }
+    }
+
+    const std::shared_ptr<const Menu> menu = _mainMenu ? _mainMenu() : nullptr;
+    return menu && isKeyCodeAndFlagsTakenInMenu(keyCode, flags, *menu, error);
+}
+
+bool SRValidator::isKeyCodeAndFlagsTakenInMenu(
+    std::int16_t keyCode, std::uint32_t flags, const Menu& menu, SRValidationError* error) const {
+    const std::optional<std::string> name = _transformer.transformedValue(keyCode);
+    for (const std::shared_ptr<MenuItem>& item : menu.items()) {
+        if (item->hasSubmenu() && isKeyCodeAndFlagsTakenInMenu(keyCode, flags, *item->submenu(), error))
+            return true;
+        if (item->keyEquivalent().empty() || uppercaseText(item->keyEquivalent()) != name)
+            continue;
+        if (modifiersAgree(cocoaToCarbonFlags(item->keyEquivalentModifierMask()), flags)) {
+            fillError(error, keyCode, flags, "it's already used by the menu item \"" + item->title() + "\".");
+            return true;
+        }
+    }
+    return false;
+}
+
+void SRValidator::fillError(
+    SRValidationError* error, std::int16_t keyCode, std::uint32_t flags, const std::string& reason) const {
+    if (!error)
+        return;
+    const std::string combination =
+        readableStringForCarbonModifierFlags(flags, _transformer.transformedValue(keyCode).value_or(""));
+    error->description = "The key combination " + combination + " can't be used!";
+    error->recoverySuggestion = "The key combination \"" + combination + "\" can't be used because " + reason;
+    error->recoveryOptions = {"OK"};
+}
+
+} // namespace tarragon
