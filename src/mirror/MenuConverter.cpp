@@ -74,11 +74,12 @@ void MenuConverter::processSubAXMenuAsNSMenu(const Element& element, Menu& paren
     }
 }
 
-void MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& element) {
+Element MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& element) {
     for (const Element& child : childrenOf(element)) {
         if (isMenu(child))
-            return;
+            return child;
     }
+    return {};
 }
 
 std::vector<Element> MenuConverter::childrenOf(const Element& element) {
