@@ -6,6 +6,7 @@
 #include "panels/QtCoordinates.h"
 
 #include <utility>
+#include <vector>
 
 #include <QAccessible>
 #include <QAction>
@@ -23,10 +24,13 @@ QPoint primaryOrigin() {
     return primary ? primary->geometry().topLeft() : QPoint();
 }
 
-// The screen that holds the point, else the primary one; nullptr without any.
-const QScreen* screenFor(const QPoint& point) {
-    const QScreen* screen = QGuiApplication::screenAt(point);
-    return screen ? screen : QGuiApplication::primaryScreen();
+std::vector<QRect> screenRectangles() {
+    std::vector<QRect> rectangles;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (!screen->geometry().isEmpty())
+            rectangles.push_back(screen->geometry());
+    }
+    return rectangles;
 }
 
 } // namespace
@@ -67,9 +71,11 @@ void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locatio
     closeMenus();
     if (!menu)
         return;
-    const QPoint location = qtPointFromNS(locationNS, _displays.screens(), primaryOrigin());
+    // Outside of every screen Qt would not know on which one to keep the menu.
+    const QPoint location =
+        nearestPointInside(qtPointFromNS(locationNS, _displays.screens(), primaryOrigin()), screenRectangles());
     const auto tracking = std::make_shared<MenuTracking>(
-        _style, screenFor(location), [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
+        _style, QGuiApplication::screenAt(location), [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
             _choice = {chosenMenu, item};
             // The window that tells is still at work.
             _actionTimer.start(0);

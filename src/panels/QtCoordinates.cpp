@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace tarragon {
 
@@ -21,6 +22,17 @@ QPoint qtPointFromNS(const Point& pointNS, const std::vector<Screen>& screens, c
     const Rect& primary = screens.front().frameNS;
     const double top = primary.origin.y + primary.size.height;
     return primaryOrigin + QPoint(coordinate(pointNS.x - primary.origin.x), coordinate(top - pointNS.y));
+}
+
+QPoint nearestPointInside(const QPoint& point, const std::vector<QRect>& rectangles) {
+    std::optional<QPoint> nearest;
+    for (const QRect& rectangle : rectangles) {
+        const QPoint candidate(std::clamp(point.x(), rectangle.left(), rectangle.right()),
+            std::clamp(point.y(), rectangle.top(), rectangle.bottom()));
+        if (!nearest || (candidate - point).manhattanLength() < (*nearest - point).manhattanLength())
+            nearest = candidate;
+    }
+    return nearest.value_or(point);
 }
 
 } // namespace tarragon
