@@ -25,6 +25,16 @@ std::string contentsOf(const std::filesystem::path& path) {
     return contents.str();
 }
 
+// As programs are given their arguments, with a null pointer at the end.
+std::vector<char*> pointersTo(std::vector<std::string>& strings) {
+    std::vector<char*> pointers;
+    pointers.reserve(strings.size() + 1);
+    for (std::string& string : strings)
+        pointers.push_back(string.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
 [[noreturn]] void becomeProgram(const std::vector<char*>& arguments, const std::vector<char*>& variables,
     const char* outputFile, const char* errorFile, pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -51,16 +61,12 @@ ChildProcess::ChildProcess(
     _errorFile = logFolder / (name + ".err");
 
     std::vector<std::string> assignments;
+    assignments.reserve(environment.size());
     for (const auto& [variable, value] : environment)
-        assignments.push_back(variable + "=" + value);
-    std::vector<char*> variables;
-    for (std::string& assignment : assignments)
-        variables.push_back(assignment.data());
-    variables.push_back(nullptr);
-    std::vector<char*> arguments;
-    for (const std::string& argument : command)
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    arguments.push_back(nullptr);
+        assignments.emplace_back(variable).append("=").append(value);
+    std::vector<std::string> words = command;
+    std::vector<char*> variables = pointersTo(assignments);
+    std::vector<char*> arguments = pointersTo(words);
 
     pid_t parent = getpid();
     _process = fork();

@@ -18,8 +18,8 @@ TEST_P(DesktopAlone, LeavesNothingBehind) {
         home = desktop.home();
         session = "TARRAGON_TEST_SESSION=" + home.string();
         TestApplication mousepad(desktop, ApplicationKind::Mousepad);
-        // Not even one that is stopped and asked to stay.
-        desktop.start({"sh", "-c", "trap '' TERM HUP; (trap '' TERM HUP; sleep 1000) & wait"}).release();
+        // Not even one that has left its parents and does not listen.
+        desktop.run({"sh", "-c", "setsid sh -c \"trap '' TERM HUP; sleep 1000\" &"});
         EXPECT_GT(descendantsOf(getpid()).size(), 5U);
         mousepad.process().sendSignal(SIGSTOP);
     }

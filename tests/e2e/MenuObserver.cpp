@@ -7,6 +7,23 @@
 
 namespace tarragon::e2e {
 
+namespace {
+
+// A menu shows an item's shortcut behind its title; here they are told apart again.
+Menu withShortcutsApart(Menu menu) {
+    for (MenuRecord& item : menu) {
+        std::size_t tab = item.title.find('\t');
+        if (tab != std::string::npos) {
+            item.shortcut = item.title.substr(tab + 1);
+            item.title.erase(tab);
+        }
+        item.items = withShortcutsApart(std::move(item.items));
+    }
+    return menu;
+}
+
+} // namespace
+
 MenuObserver::MenuObserver(const Desktop& desktop, pid_t process)
     : _reader(desktop.start({E2E_READER, "watch", std::to_string(process)})) {
     if (!waitUntil([this] { return _reader->standardOutput().find('\n') != std::string::npos; }))
@@ -26,7 +43,8 @@ std::optional<MenuObserver::Notice> MenuObserver::waitForNoticeAfter(std::size_t
     output.erase(output.rfind('\n'));
     std::size_t start = output.rfind('\n') + 1;
     nlohmann::json notice = nlohmann::json::parse(output.substr(start));
-    return Notice{notice.at("focused").get<std::string>(), menuFromJson(notice.at("menu"))};
+    std::string title = notice.at("focused").get<std::string>();
+    return Notice{title.substr(0, title.find('	')), withShortcutsApart(menuFromJson(notice.at("menu")))};
 }
 
 } // namespace tarragon::e2e

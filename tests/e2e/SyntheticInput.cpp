@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ranges>
 #include <stdexcept>
 
 #include <xcb/xtest.h>
@@ -48,8 +49,8 @@ void SyntheticInput::tap(xcb_keysym_t symbol, const std::vector<xcb_keysym_t>& m
         send(XCB_KEY_PRESS, keyCodeOf(modifier));
     send(XCB_KEY_PRESS, keyCodeOf(symbol));
     send(XCB_KEY_RELEASE, keyCodeOf(symbol));
-    for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier)
-        send(XCB_KEY_RELEASE, keyCodeOf(*modifier));
+    for (xcb_keysym_t modifier : std::views::reverse(modifiers))
+        send(XCB_KEY_RELEASE, keyCodeOf(modifier));
     synchronize();
 }
 

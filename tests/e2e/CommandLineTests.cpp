@@ -1,0 +1,97 @@
+// The commands that print or press something and end, beside a running agent.
+#include "EndToEndTest.h"
+
+#include <nlohmann/json.hpp>
+
+namespace tarragon::e2e {
+
+class CommandLineTest : public WindowManagerTest {
+protected:
+    void expectFailure(const std::vector<std::string>& arguments, int status) {
+        CommandResult result = tarragon(arguments);
+        std::string line = testing::PrintToString(arguments);
+        EXPECT_EQ(result.status, status) << line << result.error;
+        EXPECT_FALSE(result.error.empty()) << line;
+        EXPECT_TRUE(result.output.empty()) << line << result.output;
+    }
+};
+
+TEST_P(CommandLineTest, RefusesWhatMakesNoSense) {
+    expectFailure({"--nonsense"}, 2);
+    expectFailure({"nonsense"}, 2);
+    expectFailure({"menus", "--depth"}, 2);
+    expectFailure({"menus", "--depth", "-1"}, 2);
+    expectFailure({"menus", "--depth", "many"}, 2);
+    expectFailure({"menus", "--pid", "0"}, 2);
+    expectFailure({"menus", "--pid", "1", "--application", "x"}, 2);
+    expectFailure({"press"}, 2);
+    expectFailure({"press", ""}, 2);
+    expectFailure({"inspect", "more"}, 2);
+}
+
+TEST_P(CommandLineTest, TellsItsVersionAndHelp) {
+    EXPECT_NE(tarragon({"--version"}).output.find("tarragon"), std::string::npos);
+    CommandResult help = tarragon({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.output.find("menus"), std::string::npos);
+}
+
+TEST_P(CommandLineTest, SaysThatNothingIsInFront) {
+    ASSERT_TRUE(waitUntil([&] { return display().processOf(display().activeWindow()) == 0; }));
+    expectFailure({"menus"}, 1);
+    expectFailure({"press", "Mousepad|File|New"}, 1);
+}
+
+TEST_P(CommandLineTest, SaysThatAnApplicationIsUnknown) {
+    launch(ApplicationKind::Mousepad);
+    expectFailure({"menus", "--application", "No Such Application"}, 1);
+    expectFailure({"menus", "--pid", "999999"}, 1);
+    expectFailure({"press", "Mousepad|File|No such item"}, 1);
+    expectFailure({"press", "Mousepad|File"}, 1);
+    expectFailure({"press", "Mousepad|File|Reload"}, 1);
+}
+
+TEST_P(CommandLineTest, SaysThatAnApplicationHasNoMenuBar) {
+    launch(ApplicationKind::Terminal);
+    expectFailure({"menus"}, 1);
+}
+
+TEST_P(CommandLineTest, PressesAnItemByTheKeyThatItPrints) {
+    TestApplication& application = launch(ApplicationKind::Geany);
+    bool before = application.switchState();
+    CommandResult listed = tarragon({"menus", "--json"});
+    ASSERT_EQ(listed.status, 0) << listed.error;
+    std::string key;
+    for (const auto& menu : nlohmann::json::parse(listed.output)) {
+        for (const auto& item : menu.at("items")) {
+            if (menu.at("title") == "View" && item.at("title") == "Show Toolbar")
+                key = item.at("key");
+        }
+    }
+    EXPECT_EQ(key, "Geany|View|Show Toolbar");
+    CommandResult pressed = tarragon({"press", key});
+    EXPECT_EQ(pressed.status, 0) << pressed.error;
+    EXPECT_TRUE(waitUntil([&] { return application.switchState() != before; }));
+}
+
+TEST_P(CommandLineTest, WorksForAnApplicationThatIsNotInFront) {
+    TestApplication& application = launch(ApplicationKind::Geany);
+    bool before = application.switchState();
+    launch(ApplicationKind::Terminal);
+    CommandResult pressed = tarragon({"press", "--application", "Geany", "Geany|View|Show Toolbar"});
+    EXPECT_EQ(pressed.status, 0) << pressed.error;
+    EXPECT_TRUE(waitUntil([&] { return application.switchState() != before; }));
+}
+
+TEST_P(CommandLineTest, DescribesWhatIsUnderThePointer) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    PixelRect frame = display().frameOf(application.window());
+    input().moveTo(frame.x + frame.width / 2, frame.y + frame.height / 2);
+    CommandResult result = tarragon({"inspect"});
+    EXPECT_EQ(result.status, 0) << result.error;
+    EXPECT_NE(result.output.find("AXRole"), std::string::npos) << result.output;
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, CommandLineTest, EveryWindowManager, nameOfWindowManager);
+
+} // namespace tarragon::e2e

@@ -1,0 +1,76 @@
+// The combination of keys: refused by the desktop, changed while the program runs, switched off.
+#include "EndToEndTest.h"
+
+namespace tarragon::e2e {
+
+class HotKeyTest : public WindowManagerTest {
+protected:
+    void TearDown() override {
+        // The others find the usual combination again.
+        if (agent().hotKey().text != usualHotKey().text || !agent().isRunning())
+            session().restartAgent();
+        WindowManagerTest::TearDown();
+    }
+
+    static std::size_t linesWith(const std::string& text, const std::string& part) {
+        std::size_t count = 0;
+        for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+            ++count;
+        return count;
+    }
+};
+
+TEST_P(HotKeyTest, ARefusedCombinationIsReportedOnceAndAnotherOneWorksAtOnce) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    std::vector<std::string> titles = titlesOf(application.expectedMirror());
+    session().restartAgent(takenHotKey());
+    EXPECT_TRUE(waitUntil([&] { return !agent().process().standardError().empty(); }));
+    // Everything else works.
+    EXPECT_EQ(tarragon({"menus"}).status, 0);
+    ASSERT_TRUE(agent().changeHotKey(otherHotKey()));
+    EXPECT_TRUE(popUp().openWith(titles));
+    EXPECT_TRUE(popUp().close());
+    std::string written = agent().process().standardError();
+    EXPECT_EQ(linesWith(written, "hot key"), 1U) << written;
+}
+
+TEST_P(HotKeyTest, AChangedCombinationReplacesTheOldOne) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().close());
+    ASSERT_TRUE(agent().changeHotKey(otherHotKey()));
+    EXPECT_TRUE(waitUntil([&] { return !agent().hotKeyIsRegistered(usualHotKey()); }));
+    EXPECT_TRUE(popUp().open());
+    EXPECT_TRUE(popUp().close());
+}
+
+TEST_P(HotKeyTest, CanBeSwitchedOffAndOnAgain) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().close());
+    for (int round = 0; round < 2; ++round) {
+        agent().preferences().set("EnableHotkey", false);
+        EXPECT_TRUE(waitUntil([&] { return !agent().hotKeyIsRegistered(usualHotKey()); }));
+        agent().preferences().set("EnableHotkey", true);
+        EXPECT_TRUE(waitUntil([&] { return agent().hotKeyIsRegistered(usualHotKey()); }));
+    }
+    EXPECT_TRUE(popUp().open());
+}
+
+TEST_P(HotKeyTest, AnExtraMouseButtonOpensThePopUpToo) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().close());
+    agent().preferences().set("EnableMouseButton", true);
+    // X button 2 is the middle button, number 2 here, too.
+    EXPECT_TRUE(waitUntil([&] {
+        input().click(2);
+        return waitUntil([&] { return popUp().isOpen(); }, Duration(500));
+    }));
+    EXPECT_TRUE(popUp().close());
+    agent().preferences().set("EnableMouseButton", false);
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, HotKeyTest, EveryWindowManager, nameOfWindowManager);
+
+} // namespace tarragon::e2e

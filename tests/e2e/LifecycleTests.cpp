@@ -1,0 +1,69 @@
+// How the program ends, and what is left then.
+#include "EndToEndTest.h"
+#include "ProcessTree.h"
+
+#include <csignal>
+
+namespace tarragon::e2e {
+
+class LifecycleTest : public WindowManagerTest {
+protected:
+    void TearDown() override {
+        if (!agent().isRunning())
+            session().restartAgent();
+        WindowManagerTest::TearDown();
+    }
+
+    void expectNothingLeft(const std::vector<pid_t>& children) {
+        EXPECT_TRUE(waitUntil([&] { return !agent().hotKeyIsRegistered(usualHotKey()); }));
+        EXPECT_TRUE(display().unmanagedWindowsOf(agent().identifier()).empty());
+        EXPECT_TRUE(agent().openMenus().empty());
+        for (pid_t child : children)
+            EXPECT_NE(kill(child, 0), 0) << "process " << child << " is still there";
+        // Nothing half-written beside the settings.
+        for (const auto& entry : std::filesystem::directory_iterator(Agent::preferencesFile(desktop()).parent_path()))
+            EXPECT_EQ(entry.path().extension(), ".plist") << entry.path();
+        EXPECT_EQ(agent().process().standardError(), "");
+    }
+};
+
+TEST_P(LifecycleTest, EndsFromItsOwnMenu) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    std::vector<pid_t> children = descendantsOf(agent().identifier());
+    Menu own = popUp().openByKeyboard({"Tarragon"});
+    EXPECT_EQ(titlesOf(own),
+        (std::vector<std::string>{"About Tarragon...", "Preferences...", "Check for Updates", "Help...", "Quit"}));
+    popUp().chooseByKeyboard({"Quit"});
+    EXPECT_EQ(agent().process().waitForExit(), 0);
+    expectNothingLeft(children);
+    EXPECT_TRUE(application.process().isRunning());
+}
+
+TEST_P(LifecycleTest, EndsOnRequestOfTheSystem) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    for (bool withOpenMenu : {false, true}) {
+        ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+        ASSERT_TRUE(withOpenMenu || popUp().close());
+        std::vector<pid_t> children = descendantsOf(agent().identifier());
+        agent().process().sendSignal(SIGTERM);
+        EXPECT_EQ(agent().process().waitForExit(), 0) << "with " << (withOpenMenu ? "an" : "no") << " open menu";
+        expectNothingLeft(children);
+        session().restartAgent();
+    }
+}
+
+TEST_P(LifecycleTest, OutlivesAllApplications) {
+    for (int round = 0; round < 3; ++round) {
+        TestApplication& application = launch(ApplicationKind::Mousepad);
+        ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+        ASSERT_TRUE(popUp().close());
+        quit(application);
+    }
+    EXPECT_TRUE(agent().isRunning());
+    EXPECT_LT(residentSizeOf(agent().identifier()), 180'000'000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, LifecycleTest, EveryWindowManager, nameOfWindowManager);
+
+} // namespace tarragon::e2e

@@ -1,0 +1,72 @@
+// Several applications, one after the other and side by side.
+#include "EndToEndTest.h"
+
+namespace tarragon::e2e {
+
+class SwitchingTest : public WindowManagerTest { };
+
+TEST_P(SwitchingTest, FollowsTheApplicationInFront) {
+    std::vector<TestApplication*> applications;
+    for (ApplicationKind kind : {ApplicationKind::Mousepad, ApplicationKind::Geany, ApplicationKind::FeatherPad})
+        applications.push_back(&launch(kind));
+    for (int round = 0; round < 2; ++round) {
+        for (TestApplication* application : applications) {
+            ASSERT_TRUE(application->bringToFront());
+            std::vector<std::string> titles = titlesOf(application->expectedMirror());
+            EXPECT_TRUE(popUp().openWith(titles)) << nameOf(application->kind());
+            titles.insert(titles.end(), {"-", "Tarragon"});
+            EXPECT_EQ(titlesOf(popUp().items()), titles) << nameOf(application->kind());
+            EXPECT_EQ(display().activeWindow(), application->window());
+            EXPECT_TRUE(popUp().close());
+        }
+    }
+}
+
+TEST_P(SwitchingTest, ComesBackWhenAnApplicationEnds) {
+    TestApplication& mousepad = launch(ApplicationKind::Mousepad);
+    TestApplication& geany = launch(ApplicationKind::Geany);
+    ASSERT_TRUE(popUp().openWith(titlesOf(geany.expectedMirror())));
+    ASSERT_TRUE(popUp().close());
+    quit(geany);
+    ASSERT_TRUE(mousepad.bringToFront());
+    EXPECT_TRUE(popUp().openWith(titlesOf(mousepad.expectedMirror())));
+}
+
+TEST_P(SwitchingTest, GivesEachWindowOfOneApplicationItsOwnMenus) {
+    TestApplication& application = launch(ApplicationKind::TwoWindows);
+    ASSERT_TRUE(waitUntil([&] { return display().managedWindowsOf(application.identifier()).size() == 2; }));
+    std::vector<xcb_window_t> windows = display().managedWindowsOf(application.identifier());
+    for (int round = 0; round < 2; ++round) {
+        for (xcb_window_t window : windows) {
+            ASSERT_TRUE(application.bringToFront(window));
+            bool isKitchen = display().titleOf(window) == "Kitchen" || display().titleOf(window) == "Boil";
+            std::vector<std::string> titles =
+                isKitchen ? std::vector<std::string>{"Cook", "Serve"} : std::vector<std::string>{"Plant", "Harvest"};
+            ASSERT_TRUE(popUp().openWith(titles)) << display().titleOf(window);
+            ASSERT_TRUE(popUp().chooseByKeyboard({titles[0], isKitchen ? "Boil" : "Sow"}));
+            EXPECT_TRUE(waitUntil([&] { return display().titleOf(window) == (isKitchen ? "Boil" : "Sow"); }))
+                << display().titleOf(window);
+        }
+    }
+}
+
+TEST_P(SwitchingTest, ShowsNothingForAnApplicationWithoutMenus) {
+    TestApplication& mousepad = launch(ApplicationKind::Mousepad);
+    std::vector<std::string> titles = titlesOf(mousepad.expectedMirror());
+    ASSERT_TRUE(popUp().openWith(titles));
+    ASSERT_TRUE(popUp().close());
+    launch(ApplicationKind::Terminal);
+    // Until the program has seen the switch it may still show what was in front before; after that, nothing.
+    EXPECT_TRUE(waitUntil([&] {
+        agent().pressHotKey();
+        bool nothing = holdsFor(Duration(1000), [&] { return !popUp().isOpen(); });
+        popUp().close();
+        return nothing;
+    }));
+    ASSERT_TRUE(mousepad.bringToFront());
+    EXPECT_TRUE(popUp().openWith(titles));
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, SwitchingTest, EveryWindowManager, nameOfWindowManager);
+
+} // namespace tarragon::e2e
