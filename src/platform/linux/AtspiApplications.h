@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/linux/AtspiElement.h"
+#include "platform/linux/AtspiReference.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace tarragon {
+
+class AtspiConnection;
+
+struct AtspiApplication {
+    AtspiReference root;
+    AtspiToolkit toolkit = AtspiToolkit::Other;
+};
+
+// Which application of the accessibility bus belongs to which process. What the bus says of a connection is remembered
+// for as long as the connection lives; applications that started since are found when they are asked for. Our own
+// process is never found: it could not answer while it waits.
+class AtspiApplications {
+public:
+    explicit AtspiApplications(AtspiConnection& connection)
+        : _connection(connection) { }
+
+    std::optional<AtspiApplication> find(std::int64_t processIdentifier);
+    // Another accessibility bus means other applications.
+    void forget();
+
+private:
+    struct Entry {
+        AtspiReference root;
+        std::int64_t processIdentifier = 0;
+        std::optional<AtspiToolkit> toolkit;
+    };
+
+    Entry* known(std::int64_t processIdentifier);
+    void refresh();
+    AtspiToolkit askToolkit(const AtspiReference& root);
+
+    AtspiConnection& _connection;
+    std::unordered_map<std::string, Entry> _entries; // by unique bus name
+    std::vector<std::string> _order; // bus names, in order of appearance
+};
+
+} // namespace tarragon

@@ -1,0 +1,355 @@
+#include "platform/linux/AtspiConnection.h"
+
+#include "platform/linux/AtspiSessionBus.h"
+
+#include <cstring>
+#include <systemd/sd-bus.h>
+
+namespace tarragon {
+
+namespace {
+
+// As many requests are on their way at most: enough to keep application and bus busy, few enough for every bus.
+constexpr std::size_t InFlightLimit = 400;
+constexpr std::chrono::seconds ReconnectInterval{1};
+
+struct MessageUnref {
+    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+};
+using Message = std::unique_ptr<sd_bus_message, MessageUnref>;
+
+int appendArgument(sd_bus_message* message, const AtspiRequest::Argument& argument) {
+    struct Appender {
+        sd_bus_message* message;
+        int operator()(std::monostate) const { return 0; }
+        int operator()(const AtspiRequest::Property& property) const {
+            return sd_bus_message_append(message, "ss", property.interface, property.name);
+        }
+        int operator()(std::int32_t number) const { return sd_bus_message_append(message, "i", number); }
+        int operator()(AtspiRequest::CoordinatesOfScreen) const { return sd_bus_message_append(message, "u", 0U); }
+        int operator()(const AtspiScreenPoint& point) const {
+            return sd_bus_message_append(message, "iiu", point.x, point.y, 0U);
+        }
+        int operator()(const AtspiRequest::TextRange& range) const {
+            return sd_bus_message_append(message, "ii", range.start, range.end);
+        }
+        int operator()(const std::string& text) const { return sd_bus_message_append(message, "s", text.c_str()); }
+    };
+    return std::visit(Appender{message}, argument);
+}
+
+Message newMessage(sd_bus* bus, const AtspiRequest& request) {
+    sd_bus_message* message = nullptr;
+    if (sd_bus_message_new_method_call(bus, &message, request.target.busName.c_str(), request.target.path.c_str(),
+            request.interface, request.member)
+        < 0)
+        return {};
+    Message result(message);
+    if (appendArgument(message, request.argument) < 0)
+        return {};
+    return result;
+}
+
+std::uint64_t microsecondsUntil(AtspiConnection::Clock::time_point time) {
+    const auto remaining =
+        std::chrono::duration_cast<std::chrono::microseconds>(time - AtspiConnection::Clock::now()).count();
+    return remaining > 0 ? static_cast<std::uint64_t>(remaining) + 1 : 0;
+}
+
+std::uint64_t identityOfBus(sd_bus* bus) {
+    sd_id128_t identifier = {};
+    if (sd_bus_get_bus_id(bus, &identifier) < 0)
+        return 1;
+    std::uint64_t identity = 0;
+    std::memcpy(&identity, identifier.bytes, sizeof identity);
+    return identity != 0 ? identity : 1;
+}
+
+} // namespace
+
+struct AtspiConnection::Application {
+    AtspiSuspension suspension;
+    AtspiPatience patience{Clock::time_point{}};
+    std::uint64_t operation = 0; // the one that the patience belongs to
+    std::size_t pending = 0;
+    sd_bus_slot* probe = nullptr;
+
+    static int onProbeReply(sd_bus_message* message, void* userdata, sd_bus_error*);
+};
+
+int AtspiConnection::Application::onProbeReply(sd_bus_message*, void* userdata, sd_bus_error*) {
+    // An error is an answer too: somebody at home said it.
+    auto* application = static_cast<Application*>(userdata);
+    application->suspension.noteReply();
+    application->probe = sd_bus_slot_unref(application->probe);
+    return 0;
+}
+
+// The requests of one run and who still owes a reply.
+class AtspiConnection::Exchange {
+public:
+    Exchange(AtspiConnection& connection, const std::vector<AtspiRequest>& requests)
+        : _connection(connection)
+        , _requests(requests) {
+        _pending.resize(requests.size());
+    }
+    ~Exchange() {
+        for (Pending& pending : _pending)
+            sd_bus_slot_unref(pending.slot);
+        for (Application* application : _applications)
+            application->pending = 0;
+    }
+    Exchange(const Exchange&) = delete;
+    Exchange& operator=(const Exchange&) = delete;
+
+    // False when the connection broke.
+    bool run() {
+        while (true) {
+            while (_next < _requests.size() && _inFlight < InFlightLimit)
+                send(_next++);
+            if (_inFlight == 0)
+                return true;
+            const int processed = sd_bus_process(_connection._bus, nullptr);
+            if (processed < 0)
+                return false;
+            if (_inFlight == 0)
+                continue;
+            const Clock::time_point deadline = nextDeadline();
+            if (Clock::now() >= deadline)
+                giveUpTheSilent();
+            else if (processed == 0 && sd_bus_wait(_connection._bus, microsecondsUntil(deadline)) < 0)
+                return false;
+        }
+    }
+
+private:
+    struct Pending {
+        Exchange* exchange = nullptr;
+        const AtspiRequest* request = nullptr;
+        Application* application = nullptr;
+        sd_bus_slot* slot = nullptr;
+    };
+
+    void send(std::size_t index) {
+        const AtspiRequest& request = _requests[index];
+        const std::string& busName = request.target.busName;
+        if (_lastName == nullptr || *_lastName != busName) {
+            _lastName = &busName;
+            _lastApplication = &_connection.application(busName);
+            _lastMayBeAsked = !_connection.isGone(busName) && _connection.mayAsk(busName);
+        }
+        if (!_lastMayBeAsked || _lastApplication->suspension.isSuspended())
+            return;
+        const Message message = newMessage(_connection._bus, request);
+        if (!message)
+            return;
+        Pending& pending = _pending[index];
+        pending = {this, &request, _lastApplication, nullptr};
+        // The time-out is ours to keep: it depends on what else the application answers.
+        if (sd_bus_call_async(_connection._bus, &pending.slot, message.get(), onReply, &pending, UINT64_MAX) < 0)
+            return;
+        ++_connection._statistics.messagesSent;
+        if (pending.application->pending++ == 0) {
+            pending.application->patience.noteReply(Clock::now());
+            _applications.push_back(pending.application);
+        }
+        ++_inFlight;
+    }
+
+    static int onReply(sd_bus_message* message, void* userdata, sd_bus_error*) {
+        auto* pending = static_cast<Pending*>(userdata);
+        pending->exchange->receive(*pending, message);
+        return 0;
+    }
+
+    void receive(Pending& pending, sd_bus_message* message) {
+        pending.slot = sd_bus_slot_unref(pending.slot);
+        pending.application->patience.noteReply(Clock::now());
+        --pending.application->pending;
+        --_inFlight;
+        if (const sd_bus_error* error = sd_bus_message_get_error(message)) {
+            if (sd_bus_error_has_name(error, SD_BUS_ERROR_SERVICE_UNKNOWN) > 0
+                || sd_bus_error_has_name(error, SD_BUS_ERROR_NAME_HAS_NO_OWNER) > 0)
+                _connection._gone.insert(pending.request->target.busName);
+            return;
+        }
+        if (!pending.request->handleReply)
+            return;
+        AtspiReply reply(message);
+        pending.request->handleReply(reply);
+    }
+
+    Clock::time_point nextDeadline() const {
+        Clock::time_point deadline = Clock::time_point::max();
+        for (const Application* application : _applications) {
+            if (application->pending > 0)
+                deadline = std::min(deadline, application->patience.deadline());
+        }
+        return deadline;
+    }
+
+    void giveUpTheSilent() {
+        const Clock::time_point now = Clock::now();
+        for (Pending& pending : _pending) {
+            if (pending.slot == nullptr || !pending.application->patience.isExhausted(now))
+                continue;
+            pending.slot = sd_bus_slot_unref(pending.slot);
+            --pending.application->pending;
+            --_inFlight;
+            pending.application->suspension.noteTimeout();
+            _connection.probe(pending.request->target.busName, *pending.application);
+        }
+    }
+
+    AtspiConnection& _connection;
+    const std::vector<AtspiRequest>& _requests;
+    std::vector<Pending> _pending;
+    std::vector<Application*> _applications; // those that were asked something
+    std::size_t _next = 0;
+    std::size_t _inFlight = 0;
+    const std::string* _lastName = nullptr;
+    Application* _lastApplication = nullptr;
+    bool _lastMayBeAsked = false;
+};
+
+AtspiConnection::AtspiConnection(AtspiSessionBus& sessionBus)
+    : _sessionBus(sessionBus) { }
+
+AtspiConnection::~AtspiConnection() {
+    close();
+}
+
+bool AtspiConnection::ensureOpen() {
+    if (_bus != nullptr && sd_bus_is_open(_bus) > 0)
+        return true;
+    close();
+    const Clock::time_point now = Clock::now();
+    if (now < _nextAttempt)
+        return false;
+    _nextAttempt = now + ReconnectInterval;
+    if (open())
+        return true;
+    close();
+    return false;
+}
+
+bool AtspiConnection::open() {
+    const std::string address = _sessionBus.accessibilityBusAddress();
+    if (address.empty() || sd_bus_new(&_bus) < 0)
+        return false;
+    if (sd_bus_set_description(_bus, "accessibility") < 0 || sd_bus_set_address(_bus, address.c_str()) < 0
+        || sd_bus_set_bus_client(_bus, 1) < 0 || sd_bus_start(_bus) < 0 || !waitUntilReady())
+        return false;
+    _busIdentity = identityOfBus(_bus);
+    return true;
+}
+
+bool AtspiConnection::waitUntilReady() {
+    const Clock::time_point deadline = Clock::now() + AtspiPatience::Silence;
+    while (sd_bus_is_ready(_bus) == 0) {
+        const int processed = sd_bus_process(_bus, nullptr);
+        if (processed < 0 || Clock::now() >= deadline)
+            return false;
+        if (processed == 0 && sd_bus_wait(_bus, microsecondsUntil(deadline)) < 0)
+            return false;
+    }
+    return sd_bus_is_ready(_bus) > 0;
+}
+
+void AtspiConnection::close() {
+    for (auto& [name, application] : _applications)
+        application->probe = sd_bus_slot_unref(application->probe);
+    _applications.clear();
+    _gone.clear();
+    _busIdentity = 0;
+    _bus = sd_bus_close_unref(_bus);
+}
+
+void AtspiConnection::beginOperation() {
+    ++_operation;
+}
+
+void AtspiConnection::run(const std::vector<AtspiRequest>& requests) {
+    if (requests.empty() || !ensureOpen())
+        return;
+    ++_statistics.roundTrips;
+    bool connected = false;
+    {
+        Exchange exchange(*this, requests);
+        connected = exchange.run();
+    }
+    if (!connected)
+        close();
+}
+
+bool AtspiConnection::post(const AtspiRequest& request) {
+    if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
+        return false;
+    const Message message = newMessage(_bus, request);
+    if (!message || sd_bus_message_set_expect_reply(message.get(), 0) < 0
+        || sd_bus_send(_bus, message.get(), nullptr) < 0)
+        return false;
+    ++_statistics.messagesSent;
+    return flush();
+}
+
+bool AtspiConnection::flush() {
+    const Clock::time_point deadline = Clock::now() + AtspiPatience::Silence;
+    while (true) {
+        std::uint64_t queued = 0;
+        if (sd_bus_get_n_queued_write(_bus, &queued) < 0)
+            return false;
+        if (queued == 0)
+            return true;
+        const int processed = sd_bus_process(_bus, nullptr);
+        if (processed < 0 || Clock::now() >= deadline)
+            return false;
+        if (processed == 0 && sd_bus_wait(_bus, microsecondsUntil(deadline)) < 0)
+            return false;
+    }
+}
+
+bool AtspiConnection::mayAsk(const std::string& busName) {
+    Application& asked = application(busName);
+    if (!asked.suspension.isSuspended())
+        return true;
+    drain();
+    if (!asked.suspension.isSuspended())
+        return true;
+    if (asked.suspension.needsProbe(Clock::now()))
+        probe(busName, asked);
+    return false;
+}
+
+void AtspiConnection::drain() {
+    while (_bus != nullptr && sd_bus_process(_bus, nullptr) > 0) { }
+}
+
+void AtspiConnection::probe(const std::string& busName, Application& application) {
+    const Clock::time_point now = Clock::now();
+    if (!application.suspension.needsProbe(now))
+        return;
+    application.suspension.noteProbe(now);
+    application.probe = sd_bus_slot_unref(application.probe);
+    // A question to the user interface itself. A ping would be answered by a library's own thread, hung or not.
+    const Message message = newMessage(
+        _bus, {{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}});
+    if (message
+        && sd_bus_call_async(
+               _bus, &application.probe, message.get(), Application::onProbeReply, &application, UINT64_MAX)
+            >= 0)
+        ++_statistics.messagesSent;
+}
+
+AtspiConnection::Application& AtspiConnection::application(const std::string& busName) {
+    std::unique_ptr<Application>& entry = _applications[busName];
+    if (!entry)
+        entry = std::make_unique<Application>();
+    if (entry->operation != _operation) {
+        entry->operation = _operation;
+        entry->patience = AtspiPatience(Clock::now());
+    }
+    return *entry;
+}
+
+} // namespace tarragon

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/linux/AtspiPatience.h"
+#include "platform/linux/AtspiRequest.h"
+#include "platform/linux/AtspiSuspension.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+struct sd_bus;
+struct sd_bus_slot;
+
+namespace tarragon {
+
+class AtspiSessionBus;
+
+struct AtspiStatistics {
+    std::uint64_t messagesSent = 0;
+    // How often we waited for replies: requests that are in flight together count once.
+    std::uint64_t roundTrips = 0;
+};
+
+// Our connection to the accessibility bus, and the manners towards applications on it: all requests of a step in
+// flight at once, no waiting for an application that is silent, none at all for one that has timed out. One thread at
+// a time.
+class AtspiConnection {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    explicit AtspiConnection(AtspiSessionBus& sessionBus);
+    ~AtspiConnection();
+    AtspiConnection(const AtspiConnection&) = delete;
+    AtspiConnection& operator=(const AtspiConnection&) = delete;
+
+    // Connects when there is no connection, at most once a second. False when the bus cannot be reached.
+    bool ensureOpen();
+    // Which accessibility bus this is, 0 when there is none. References to objects hold on this bus only.
+    std::uint64_t busIdentity() const { return _busIdentity; }
+
+    // Patience is measured from here; call it at the start of every operation of the seam.
+    void beginOperation();
+    // Sends all requests and waits for their replies. Returns when every request was answered or given up.
+    void run(const std::vector<AtspiRequest>& requests);
+    // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.
+    bool post(const AtspiRequest& request);
+
+    // False while the application is given up, until it answers a probe.
+    bool mayAsk(const std::string& busName);
+    // The bus said that nobody has this name any more. Unique names are never given out again.
+    bool isGone(const std::string& busName) const { return _gone.contains(busName); }
+
+    const AtspiStatistics& statistics() const { return _statistics; }
+
+private:
+    struct Application;
+    class Exchange;
+
+    bool open();
+    void close();
+    bool waitUntilReady();
+    // Handles what has arrived, without waiting.
+    void drain();
+    void probe(const std::string& busName, Application& application);
+    Application& application(const std::string& busName);
+    bool flush();
+
+    AtspiSessionBus& _sessionBus;
+    sd_bus* _bus = nullptr;
+    std::uint64_t _busIdentity = 0;
+    Clock::time_point _nextAttempt;
+    // By bus name. Entries stay where they are in memory: replies on their way point to them.
+    std::unordered_map<std::string, std::unique_ptr<Application>> _applications;
+    std::unordered_set<std::string> _gone;
+    std::uint64_t _operation = 1;
+    AtspiStatistics _statistics;
+};
+
+} // namespace tarragon

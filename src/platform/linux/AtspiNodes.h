@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/linux/AtspiNode.h"
+
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace tarragon {
+
+class AtspiConnection;
+
+// What has been read of accessible objects. Lives as long as one read batch, or one single read. References to nodes
+// stay valid when others are added.
+class AtspiNodes {
+public:
+    using Wanted = std::vector<std::pair<AtspiReference, AtspiFields>>;
+
+    // The node of a reference; an empty one when nothing was asked yet.
+    AtspiNode& at(const AtspiReference& reference) { return _nodes[reference]; }
+    const AtspiNode& fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields);
+    // Asks for what is not known yet, everything in flight at once.
+    void fetch(AtspiConnection& connection, const Wanted& wanted);
+
+private:
+    std::unordered_map<AtspiReference, AtspiNode, AtspiReferenceHash> _nodes;
+};
+
+} // namespace tarragon

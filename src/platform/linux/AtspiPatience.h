@@ -1,0 +1,31 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+
+namespace tarragon {
+
+// How long one application may keep a caller waiting: one second without any reply, or three seconds in all, whichever
+// comes first. So a slow application whose replies keep coming is heard out, and a hung one is left early.
+class AtspiPatience {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    static constexpr std::chrono::milliseconds Silence{1000};
+    static constexpr std::chrono::milliseconds Total{3000};
+
+    explicit AtspiPatience(Clock::time_point start)
+        : _start(start)
+        , _lastReply(start) { }
+
+    void noteReply(Clock::time_point now) { _lastReply = now; }
+    // The moment at which waiting ends unless a reply comes before.
+    Clock::time_point deadline() const { return std::min(_lastReply + Silence, _start + Total); }
+    bool isExhausted(Clock::time_point now) const { return now >= deadline(); }
+
+private:
+    Clock::time_point _start;
+    Clock::time_point _lastReply;
+};
+
+} // namespace tarragon

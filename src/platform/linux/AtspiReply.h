@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/linux/AtspiReference.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct sd_bus_message;
+
+namespace tarragon {
+
+// Reads one reply of an application, leniently: whatever is not as expected gives nothing, and what can be had of it
+// is kept. Values are read in the order in which they stand. Does not own the message.
+class AtspiReply {
+public:
+    // More children, or longer texts, than any menu for people has are cut off here.
+    static constexpr std::size_t ChildrenLimit = 20'000;
+    static constexpr std::size_t TextLimit = 16'384;
+
+    explicit AtspiReply(sd_bus_message* message)
+        : _message(message) { }
+
+    std::optional<std::string> readString(); // strings and object paths
+    std::optional<std::int64_t> readInteger(); // of any width
+    std::optional<double> readNumber(); // integers too
+    std::optional<bool> readBoolean();
+    std::optional<AtspiReference> readReference(); // (so)
+    std::optional<std::vector<AtspiReference>> readReferences(); // a(so), null references left out
+    std::optional<std::uint64_t> readStates(); // au
+    std::optional<Rect> readRect(); // (iiii), or four integers in a row
+
+    // Steps into a variant, whatever it holds; false when the next value is none.
+    bool enterVariant();
+
+private:
+    // The type of the next basic value; 0 at the end.
+    char nextType();
+
+    sd_bus_message* _message;
+};
+
+} // namespace tarragon

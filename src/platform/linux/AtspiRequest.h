@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/linux/AtspiReference.h"
+#include "platform/linux/AtspiReply.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <variant>
+
+namespace tarragon {
+
+struct AtspiScreenPoint {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+// One method call on one object. The strings of interface and member must outlive the request.
+struct AtspiRequest {
+    // Nothing, a property's interface and name, a number, a coordinate system, a point on the screen, a text.
+    struct Property {
+        const char* interface;
+        const char* name;
+    };
+    struct CoordinatesOfScreen { };
+    struct TextRange {
+        std::int32_t start;
+        std::int32_t end;
+    };
+    using Argument = std::variant<std::monostate, Property, std::int32_t, CoordinatesOfScreen, AtspiScreenPoint,
+        TextRange, std::string>;
+
+    AtspiReference target;
+    const char* interface;
+    const char* member;
+    Argument argument;
+    // Called with the reply, and not at all when there is none or it is an error.
+    std::function<void(AtspiReply&)> handleReply;
+
+    static AtspiRequest property(
+        AtspiReference target, const char* interface, const char* name, std::function<void(AtspiReply&)> handleReply) {
+        return {std::move(target), "org.freedesktop.DBus.Properties", "Get", Property{interface, name},
+            [handle = std::move(handleReply)](AtspiReply& reply) {
+                if (reply.enterVariant())
+                    handle(reply);
+            }};
+    }
+};
+
+} // namespace tarragon

@@ -1,0 +1,230 @@
+#include "platform/linux/AtspiTree.h"
+
+#include "platform/AccessibilityNames.h"
+#include "platform/linux/AtspiAttributes.h"
+#include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiRole.h"
+
+#include <algorithm>
+
+namespace tarragon {
+
+namespace {
+
+using Kind = AtspiElement::Kind;
+using Place = AtspiElement::Place;
+
+constexpr AtspiFields FieldsToRecogniseItems = AtspiFieldRole | AtspiFieldStates | AtspiFieldName;
+constexpr std::string_view RootPath = "/org/a11y/atspi/accessible/root";
+
+std::shared_ptr<AtspiElement> relative(const AtspiElement& element, Kind kind) {
+    auto result = std::make_shared<AtspiElement>();
+    result->kind = kind;
+    result->toolkit = element.toolkit;
+    result->window = element.window;
+    result->processIdentifier = element.processIdentifier;
+    result->busIdentity = element.busIdentity;
+    result->steps = element.steps + 1;
+    return result;
+}
+
+// The object is the element itself or one of its parents: a tree that bites its own tail.
+bool isAmongParents(const AtspiReference& reference, const AtspiElement* element) {
+    for (; element != nullptr; element = AtspiElement::of(element->parent)) {
+        if (element->reference == reference)
+            return true;
+    }
+    return false;
+}
+
+// In these toolkits an item whose role is not "menu" has no children.
+bool isLeaf(const AtspiNode& node, AtspiToolkit toolkit) {
+    return toolkit == AtspiToolkit::Gtk && node.role && isMenuItemRole(*node.role) && *node.role != AtspiRoleMenu;
+}
+
+} // namespace
+
+std::optional<std::vector<std::string>> AtspiTree::attributeNames(const Element& element) {
+    const AtspiElement& handle = *AtspiElement::of(element);
+    if (handle.kind == Kind::ItemMenu)
+        return attributeNamesOfRole(role::Menu);
+    const std::string_view role = roleOf(handle);
+    if (role.empty())
+        return {};
+    return attributeNamesOfRole(role);
+}
+
+Value AtspiTree::attributeValue(const Element& element, std::string_view attribute) {
+    const AtspiElement& handle = *AtspiElement::of(element);
+    if (attribute == attribute::Children) {
+        auto result = children(element);
+        return result ? Value{std::move(*result)} : Value{};
+    }
+    if (attribute == attribute::Parent) {
+        const Element parent = parentOf(handle);
+        return parent ? Value{parent} : Value{};
+    }
+    if (attribute == "AXWindow") {
+        if (handle.window == 0)
+            return {};
+        return Element(relative(handle, Kind::Window));
+    }
+    if (handle.kind == Kind::ItemMenu) {
+        if (attribute == attribute::Role)
+            return std::string(role::Menu);
+        if (attribute == attribute::RoleDescription)
+            return std::string(accessibilityRoleDescription(role::Menu));
+        return {};
+    }
+    if (attribute == attribute::Role || attribute == attribute::RoleDescription) {
+        const std::string_view role = roleOf(handle);
+        if (role.empty())
+            return {};
+        return std::string(attribute == attribute::Role ? role : accessibilityRoleDescription(role));
+    }
+    const AtspiFields fields = fieldsForAttribute(attribute);
+    if (fields == AtspiFieldNone)
+        return {};
+    return attributeOfNode(_nodes.fetch(_connection, handle.reference, fields), handle.place, attribute);
+}
+
+std::optional<std::vector<std::string>> AtspiTree::actionNames(const AtspiElement& element) {
+    constexpr const char* interface = "org.a11y.atspi.Action";
+    constexpr std::int64_t limit = 50;
+    std::optional<std::int64_t> count;
+    _connection.run({AtspiRequest::property(
+        element.reference, interface, "NActions", [&count](AtspiReply& reply) { count = reply.readInteger(); })});
+    if (!count)
+        return {};
+    // The call that tells all actions at once tells translated names.
+    std::vector<std::string> names(static_cast<std::size_t>(std::clamp<std::int64_t>(*count, 0, limit)));
+    std::vector<AtspiRequest> requests;
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        std::string* const name = &names[index];
+        requests.push_back({element.reference, interface, "GetName", static_cast<std::int32_t>(index),
+            [name](AtspiReply& reply) { *name = reply.readString().value_or(std::string{}); }});
+    }
+    _connection.run(requests);
+    return names;
+}
+
+std::string_view AtspiTree::roleOf(const AtspiElement& element) {
+    const AtspiNode& node = _nodes.fetch(_connection, element.reference, AtspiFieldRole);
+    const std::string_view role = roleOfNode(node, placeOf(element));
+    if (role == role::Window) {
+        // Some toolkits call a mere border "frame" as well.
+        const auto& parent = _nodes.fetch(_connection, element.reference, AtspiFieldParent).parent;
+        if (parent && !parent->isNull() && parent->path != RootPath)
+            return "AXGroup";
+    }
+    return role;
+}
+
+Place AtspiTree::placeOf(const AtspiElement& element) {
+    if (element.place != Place::Elsewhere)
+        return element.place;
+    const AtspiNode& node = _nodes.fetch(_connection, element.reference, AtspiFieldRole);
+    if (!node.role || !isMenuItemRole(*node.role))
+        return Place::Elsewhere;
+    // Not reached from above, so it has to be asked what it stands in.
+    const auto& parent = _nodes.fetch(_connection, element.reference, AtspiFieldParent).parent;
+    if (!parent || parent->isNull())
+        return Place::Elsewhere;
+    const AtspiNode& parentNode = _nodes.fetch(_connection, *parent, AtspiFieldRole);
+    if (parentNode.role == AtspiRoleMenuBar)
+        return Place::InMenuBar;
+    if (parentNode.role == AtspiRolePopupMenu || parentNode.role == AtspiRoleMenu)
+        return Place::InMenu;
+    return Place::Elsewhere;
+}
+
+Element AtspiTree::parentOf(const AtspiElement& element) {
+    if (element.parent)
+        return element.parent;
+    const auto& parent = _nodes.fetch(_connection, element.reference, AtspiFieldParent).parent;
+    const bool isTop = !parent || parent->isNull() || parent->path == RootPath || *parent == element.reference;
+    if (isTop || element.steps >= AtspiElement::StepLimit)
+        return Element(relative(element, Kind::Application));
+    auto result = relative(element, Kind::Node);
+    result->reference = *parent;
+    return Element(std::move(result));
+}
+
+std::optional<std::vector<Element>> AtspiTree::children(const Element& element) {
+    const AtspiElement& handle = *AtspiElement::of(element);
+    if (handle.kind == Kind::ItemMenu)
+        return childrenInPlace(element, handle.reference, Place::InMenu);
+    const AtspiNode& node = _nodes.at(handle.reference);
+    const bool isKnown = node.role.has_value();
+    if (isKnown && isLeaf(node, handle.toolkit))
+        return std::vector<Element>{};
+    if (!isKnown || !hasImpliedMenu(node, handle.place))
+        _nodes.fetch(_connection, handle.reference, AtspiFieldRole | AtspiFieldChildren);
+    if (!node.role)
+        return {};
+    if (hasImpliedMenu(node, handle.place)) {
+        auto menu = relative(handle, Kind::ItemMenu);
+        menu->reference = handle.reference;
+        menu->parent = element;
+        menu->place = Place::UnderItem;
+        return std::vector<Element>{Element(std::move(menu))};
+    }
+    return childrenInPlace(element, handle.reference, placeOfChildren(*node.role, handle.place));
+}
+
+std::optional<std::vector<Element>> AtspiTree::children(const Element& parent, const AtspiReference& container) {
+    return childrenInPlace(parent, container, Place::Elsewhere);
+}
+
+std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
+    const Element& parent, const AtspiReference& container, Place place) {
+    const AtspiElement& handle = *AtspiElement::of(parent);
+    const auto& references = _nodes.fetch(_connection, container, AtspiFieldChildren).children;
+    if (!references)
+        return {};
+    std::vector<Element> result;
+    if (handle.steps >= AtspiElement::StepLimit)
+        return result;
+    if (place != Place::Elsewhere) {
+        AtspiFields fields = FieldsToRecogniseItems;
+        if (_reading == Reading::Ahead && place != Place::UnderItem) {
+            fields |= AtspiFieldKeyBinding;
+            if (handle.toolkit != AtspiToolkit::Gtk)
+                fields |= AtspiFieldChildren;
+        }
+        AtspiNodes::Wanted wanted;
+        wanted.reserve(references->size());
+        for (const AtspiReference& reference : *references)
+            wanted.emplace_back(reference, fields);
+        _nodes.fetch(_connection, wanted);
+        if (_reading == Reading::Ahead && place != Place::UnderItem)
+            readAhead(*references, handle.toolkit);
+    }
+    result.reserve(references->size());
+    for (const AtspiReference& reference : *references) {
+        if (isAmongParents(reference, &handle))
+            continue;
+        if (place != Place::Elsewhere && !isShownInMenu(_nodes.at(reference), handle.toolkit))
+            continue;
+        auto child = relative(handle, Kind::Node);
+        child->reference = reference;
+        child->place = place;
+        child->parent = parent;
+        result.emplace_back(std::move(child));
+    }
+    return result;
+}
+
+void AtspiTree::readAhead(const std::vector<AtspiReference>& items, AtspiToolkit toolkit) {
+    AtspiNodes::Wanted wanted;
+    for (const AtspiReference& item : items) {
+        const AtspiNode& node = _nodes.at(item);
+        if (!node.children || hasImpliedMenu(node, Place::InMenu) || !isShownInMenu(node, toolkit))
+            continue;
+        for (const AtspiReference& menu : *node.children)
+            wanted.emplace_back(menu, FieldsToRecogniseItems);
+    }
+    _nodes.fetch(_connection, wanted);
+}
+
+} // namespace tarragon

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/Value.h"
+#include "platform/linux/AtspiElement.h"
+#include "platform/linux/AtspiNodes.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarragon {
+
+class AtspiConnection;
+
+// Accessible objects as elements: their attributes, their parents and children in the shape that the system expects.
+// What is read is kept in the given nodes; when they outlive one read, children are read ahead, so that whoever walks
+// a menu finds all that its items can tell.
+class AtspiTree {
+public:
+    enum class Reading : std::uint8_t { OneAttribute, Ahead };
+
+    AtspiTree(AtspiConnection& connection, AtspiNodes& nodes, Reading reading)
+        : _connection(connection)
+        , _nodes(nodes)
+        , _reading(reading) { }
+
+    // The element must be a node or the menu of an item.
+    std::optional<std::vector<std::string>> attributeNames(const Element& element);
+    Value attributeValue(const Element& element, std::string_view attribute);
+    std::optional<std::vector<Element>> children(const Element& element);
+    // Children of an object that has no element of its own: those of a window's frame.
+    std::optional<std::vector<Element>> children(const Element& parent, const AtspiReference& container);
+    // The names of its actions, not translated.
+    std::optional<std::vector<std::string>> actionNames(const AtspiElement& element);
+
+private:
+    AtspiElement::Place placeOf(const AtspiElement& element);
+    std::string_view roleOf(const AtspiElement& element);
+    Element parentOf(const AtspiElement& element);
+    std::optional<std::vector<Element>> childrenInPlace(
+        const Element& parent, const AtspiReference& container, AtspiElement::Place place);
+    void readAhead(const std::vector<AtspiReference>& items, AtspiToolkit toolkit);
+
+    AtspiConnection& _connection;
+    AtspiNodes& _nodes;
+    Reading _reading;
+};
+
+} // namespace tarragon

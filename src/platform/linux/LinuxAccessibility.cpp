@@ -1,0 +1,426 @@
+#include "platform/linux/LinuxAccessibility.h"
+
+#include "platform/AccessibilityNames.h"
+#include "platform/linux/AtspiApplications.h"
+#include "platform/linux/AtspiAttributes.h"
+#include "platform/linux/AtspiRole.h"
+#include "platform/linux/AtspiSessionBus.h"
+#include "platform/linux/AtspiTree.h"
+#include "platform/linux/AtspiWindows.h"
+
+#include <algorithm>
+#include <unistd.h>
+
+namespace tarragon {
+
+namespace {
+
+using Kind = AtspiElement::Kind;
+
+constexpr std::string_view MenuBarAction = action::ShowMenu;
+// Objects within objects under one point.
+constexpr int HitTestLimit = 40;
+
+Element applicationFor(std::int64_t processIdentifier, std::uint32_t window) {
+    auto element = std::make_shared<AtspiElement>();
+    element->kind = Kind::Application;
+    element->processIdentifier = processIdentifier;
+    element->window = window;
+    return Element(std::move(element));
+}
+
+Element windowFor(const X11WindowDescription& window) {
+    auto element = std::make_shared<AtspiElement>();
+    element->kind = Kind::Window;
+    element->window = window.identifier;
+    element->processIdentifier = window.processIdentifier;
+    return Element(std::move(element));
+}
+
+bool isPress(std::string_view action) {
+    return action == action::Press || action == MenuBarAction;
+}
+
+} // namespace
+
+// Everything that one connection to the accessibility bus needs and has learnt. Used under its mutex.
+struct LinuxAccessibility::Client {
+    std::mutex mutex;
+    AtspiSessionBus sessionBus;
+    AtspiConnection connection{sessionBus};
+    AtspiApplications applications{connection};
+    AtspiWindows windows{connection};
+    std::uint64_t busIdentity = 0; // of what has been learnt
+
+    void begin() {
+        connection.beginOperation();
+        connection.ensureOpen();
+        if (connection.busIdentity() == busIdentity)
+            return;
+        applications.forget();
+        windows.forget();
+        busIdentity = connection.busIdentity();
+    }
+};
+
+struct LinuxAccessibility::Batch {
+    int depth = 0;
+    AtspiNodes nodes;
+};
+
+// One call of the seam: the thread's connection for its own, and the nodes that it reads into.
+class LinuxAccessibility::Operation {
+public:
+    explicit Operation(LinuxAccessibility& accessibility)
+        : _client(accessibility.clientOfThread())
+        , _lock(_client.mutex)
+        , _batch(accessibility.batchOfThread()) {
+        _client.begin();
+    }
+
+    Client& client() { return _client; }
+    AtspiNodes& nodes() { return _batch != nullptr ? _batch->nodes : _ownNodes; }
+    AtspiTree tree() {
+        return {_client.connection, nodes(),
+            _batch != nullptr ? AtspiTree::Reading::Ahead : AtspiTree::Reading::OneAttribute};
+    }
+    // False for objects of an accessibility bus that is no more.
+    bool reaches(const AtspiElement& element) const {
+        return element.busIdentity != 0 && element.busIdentity == _client.busIdentity;
+    }
+
+private:
+    Client& _client;
+    std::unique_lock<std::mutex> _lock;
+    Batch* _batch;
+    AtspiNodes _ownNodes;
+};
+
+LinuxAccessibility::LinuxAccessibility(X11Windows& windows, DesktopEntries& desktopEntries)
+    : _windows(windows, desktopEntries)
+    , _mainThread(std::this_thread::get_id())
+    , _mainClient(std::make_unique<Client>())
+    , _otherClient(std::make_unique<Client>()) { }
+
+LinuxAccessibility::~LinuxAccessibility() = default;
+
+LinuxAccessibility::Client& LinuxAccessibility::clientOfThread() {
+    return std::this_thread::get_id() == _mainThread ? *_mainClient : *_otherClient;
+}
+
+LinuxAccessibility::Batch* LinuxAccessibility::batchOfThread() {
+    const std::lock_guard lock(_batchMutex);
+    const auto found = _batches.find(std::this_thread::get_id());
+    return found != _batches.end() ? found->second.get() : nullptr;
+}
+
+void LinuxAccessibility::beginReadBatch() {
+    const std::lock_guard lock(_batchMutex);
+    std::unique_ptr<Batch>& batch = _batches[std::this_thread::get_id()];
+    if (!batch)
+        batch = std::make_unique<Batch>();
+    ++batch->depth;
+}
+
+void LinuxAccessibility::endReadBatch() {
+    const std::lock_guard lock(_batchMutex);
+    const auto found = _batches.find(std::this_thread::get_id());
+    if (found != _batches.end() && --found->second->depth == 0)
+        _batches.erase(found);
+}
+
+AtspiStatistics LinuxAccessibility::statistics() {
+    Client& client = clientOfThread();
+    const std::lock_guard lock(client.mutex);
+    return client.connection.statistics();
+}
+
+bool LinuxAccessibility::isEnabled() {
+    return Operation(*this).client().sessionBus.isEnabled();
+}
+
+bool LinuxAccessibility::isTrusted() {
+    return Operation(*this).client().connection.ensureOpen();
+}
+
+bool LinuxAccessibility::openSettings() {
+    return Operation(*this).client().sessionBus.enable();
+}
+
+Element LinuxAccessibility::systemWideElement() {
+    return Element(std::make_shared<AtspiElement>());
+}
+
+Element LinuxAccessibility::applicationElement(std::int64_t processIdentifier) {
+    if (processIdentifier <= 0)
+        return {};
+    const bool hasWindow = !_windows.windowsOfApplication(processIdentifier, 0).empty();
+    if (hasWindow || processIdentifier == ::getpid() || Operation(*this).client().applications.find(processIdentifier))
+        return applicationFor(processIdentifier, 0);
+    return {};
+}
+
+Element LinuxAccessibility::elementAtPosition(const Point& pointCG) {
+    const auto window = _windows.windowAtPosition(pointCG);
+    if (!window)
+        return {};
+    Operation operation(*this);
+    const Element found = elementInWindow(operation, *window, pointCG);
+    return found ? found : windowFor(*window);
+}
+
+std::optional<std::int64_t> LinuxAccessibility::processIdentifier(const Element& element) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    if (handle == nullptr || handle->processIdentifier == 0)
+        return {};
+    return handle->processIdentifier;
+}
+
+std::optional<std::vector<std::string>> LinuxAccessibility::attributeNames(const Element& element) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    if (handle == nullptr)
+        return {};
+    const auto strings = [](std::initializer_list<std::string_view> names) {
+        return std::vector<std::string>(names.begin(), names.end());
+    };
+    switch (handle->kind) {
+    case Kind::SystemWide:
+        return strings({attribute::Role, attribute::RoleDescription, attribute::FocusedApplication});
+    case Kind::Application:
+        return strings({attribute::Role, attribute::RoleDescription, attribute::Title, attribute::FocusedWindow,
+            attribute::Windows, attribute::Hidden, attribute::MenuBar, attribute::Children});
+    case Kind::Window:
+        return AccessibleWindows::attributeNamesOfWindow();
+    case Kind::Node:
+    case Kind::ItemMenu:
+        break;
+    }
+    Operation operation(*this);
+    return operation.reaches(*handle) ? operation.tree().attributeNames(element) : std::nullopt;
+}
+
+Value LinuxAccessibility::copyAttributeValue(const Element& element, std::string_view attribute) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    if (handle == nullptr)
+        return {};
+    Operation operation(*this);
+    switch (handle->kind) {
+    case Kind::SystemWide: {
+        if (attribute == attribute::Role)
+            return std::string(role::SystemWide);
+        if (attribute == attribute::RoleDescription)
+            return std::string(accessibilityRoleDescription(role::SystemWide));
+        const auto active = attribute == attribute::FocusedApplication ? _windows.activeWindow() : std::nullopt;
+        return active ? Value{applicationFor(active->processIdentifier, active->identifier)} : Value{};
+    }
+    case Kind::Application:
+        return attributeOfApplication(operation, *handle, attribute);
+    case Kind::Window:
+        return attributeOfWindow(operation, element, attribute);
+    case Kind::Node:
+    case Kind::ItemMenu:
+        break;
+    }
+    return operation.reaches(*handle) ? operation.tree().attributeValue(element, attribute) : Value{};
+}
+
+Value LinuxAccessibility::attributeOfApplication(
+    Operation& operation, const AtspiElement& application, std::string_view attribute) {
+    const auto windows = [&] {
+        return _windows.windowsOfApplication(application.processIdentifier, application.window);
+    };
+    if (attribute == attribute::Role)
+        return std::string(role::Application);
+    if (attribute == attribute::RoleDescription)
+        return std::string(accessibilityRoleDescription(role::Application));
+    if (attribute == attribute::FocusedWindow) {
+        const auto window = _windows.focusedWindow(application.processIdentifier, application.window);
+        return window ? Value{windowFor(*window)} : Value{};
+    }
+    if (attribute == attribute::Title) {
+        auto window = _windows.focusedWindow(application.processIdentifier, application.window);
+        if (!window) {
+            auto all = windows();
+            if (!all.empty())
+                window = all.front();
+        }
+        if (window)
+            return _windows.applicationName(*window);
+        const auto found = operation.client().applications.find(application.processIdentifier);
+        if (!found)
+            return {};
+        const auto& name = operation.nodes().fetch(operation.client().connection, found->root, AtspiFieldName).name;
+        return name && !name->empty() ? Value{*name} : Value{};
+    }
+    if (attribute == attribute::Hidden) {
+        const auto all = windows();
+        return !all.empty()
+            && std::ranges::all_of(all, [](const X11WindowDescription& window) { return window.hidden; });
+    }
+    if (attribute == attribute::MenuBar) {
+        const Element menuBar = menuBarOfApplication(operation, application);
+        return menuBar ? Value{menuBar} : Value{};
+    }
+    if (attribute == attribute::Windows || attribute == attribute::Children) {
+        std::vector<Element> elements;
+        for (const X11WindowDescription& window : windows())
+            elements.push_back(windowFor(window));
+        if (attribute == attribute::Children) {
+            if (const Element menuBar = menuBarOfApplication(operation, application))
+                elements.push_back(menuBar);
+        }
+        return elements;
+    }
+    return {};
+}
+
+namespace {
+
+std::shared_ptr<AtspiElement> nodeInWindow(const X11WindowDescription& window, const AtspiApplication& application,
+    std::uint64_t busIdentity, const AtspiReference& reference) {
+    auto element = std::make_shared<AtspiElement>();
+    element->kind = Kind::Node;
+    element->toolkit = application.toolkit;
+    element->window = window.identifier;
+    element->processIdentifier = window.processIdentifier;
+    element->busIdentity = busIdentity;
+    element->reference = reference;
+    return element;
+}
+
+} // namespace
+
+Element LinuxAccessibility::menuBarOfApplication(Operation& operation, const AtspiElement& application) {
+    Client& client = operation.client();
+    const auto found = client.applications.find(application.processIdentifier);
+    if (!found)
+        return {};
+    const auto window = _windows.focusedWindow(application.processIdentifier, application.window);
+    if (!window)
+        return {};
+    const auto frame = client.windows.frame(
+        window->identifier, {window->title, _windows.isActive(window->identifier), window->frameCG}, *found);
+    const auto menuBar = frame ? client.windows.menuBar(*frame) : std::nullopt;
+    if (!menuBar)
+        return {};
+    auto element = nodeInWindow(*window, *found, client.busIdentity, *menuBar);
+    element->parent = applicationFor(application.processIdentifier, application.window);
+    return Element(std::move(element));
+}
+
+Value LinuxAccessibility::attributeOfWindow(Operation& operation, const Element& element, std::string_view attribute) {
+    const AtspiElement& handle = *AtspiElement::of(element);
+    const auto window = _windows.describe(handle.window);
+    if (!window)
+        return {};
+    if (attribute == attribute::Parent)
+        return applicationFor(window->processIdentifier, window->identifier);
+    if (attribute != attribute::Children)
+        return _windows.attributeOfWindow(*window, attribute);
+
+    Client& client = operation.client();
+    const auto application = client.applications.find(window->processIdentifier);
+    const auto frame = application ? client.windows.frame(window->identifier,
+                           {window->title, _windows.isActive(window->identifier), window->frameCG}, *application)
+                                   : std::nullopt;
+    if (!frame)
+        return std::vector<Element>{};
+    auto parent = nodeInWindow(*window, *application, client.busIdentity, *frame);
+    parent->kind = Kind::Window;
+    auto children = operation.tree().children(Element(std::move(parent)), *frame);
+    return children ? Value{std::move(*children)} : Value{};
+}
+
+Element LinuxAccessibility::elementInWindow(
+    Operation& operation, const X11WindowDescription& window, const Point& pointCG) {
+    Client& client = operation.client();
+    const auto application = client.applications.find(window.processIdentifier);
+    if (!application)
+        return {};
+    const auto frame = client.windows.frame(
+        window.identifier, {window.title, _windows.isActive(window.identifier), window.frameCG}, *application);
+    if (!frame)
+        return {};
+    const AtspiScreenPoint point{static_cast<std::int32_t>(pointCG.x), static_cast<std::int32_t>(pointCG.y)};
+    AtspiReference innermost = *frame;
+    for (int step = 0; step < HitTestLimit; ++step) {
+        std::optional<AtspiReference> inner;
+        client.connection.run({{innermost, "org.a11y.atspi.Component", "GetAccessibleAtPoint", point,
+            [&inner](AtspiReply& reply) { inner = reply.readReference(); }}});
+        if (!inner || inner->isNull() || *inner == innermost)
+            break;
+        innermost = *inner;
+    }
+    if (innermost == *frame)
+        return {};
+    return Element(nodeInWindow(window, *application, client.busIdentity, innermost));
+}
+
+std::optional<std::int64_t> LinuxAccessibility::attributeValueCount(
+    const Element& element, std::string_view attribute) {
+    const Value value = copyAttributeValue(element, attribute);
+    const auto* elements = valueAs<std::vector<Element>>(value);
+    return elements != nullptr ? std::optional(static_cast<std::int64_t>(elements->size())) : std::nullopt;
+}
+
+bool LinuxAccessibility::isAttributeSettable(const Element& element, std::string_view attribute) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    return handle != nullptr && handle->kind == Kind::Window && AccessibleWindows::isSettable(attribute);
+}
+
+bool LinuxAccessibility::setAttributeValue(const Element& element, std::string_view attribute, const Value& value) {
+    return isAttributeSettable(element, attribute)
+        && _windows.setAttributeOfWindow(AtspiElement::of(element)->window, attribute, value);
+}
+
+std::optional<std::vector<std::string>> LinuxAccessibility::actionNames(const Element& element) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    if (handle == nullptr)
+        return {};
+    if (handle->kind == Kind::Window)
+        return std::vector<std::string>{std::string(action::Raise)};
+    std::vector<std::string> names;
+    if (handle->kind != Kind::Node)
+        return names;
+    Operation operation(*this);
+    if (!operation.reaches(*handle))
+        return {};
+    const auto actions = operation.tree().actionNames(*handle);
+    if (actions && pressAction(*actions))
+        names.emplace_back(action::Press);
+    return names;
+}
+
+std::optional<std::string> LinuxAccessibility::actionDescription(const Element& element, std::string_view action) {
+    if (!AtspiElement::of(element))
+        return {};
+    if (action == action::Press)
+        return "press";
+    if (action == action::ShowMenu)
+        return "show menu";
+    if (action == action::Raise)
+        return "raise";
+    return {};
+}
+
+bool LinuxAccessibility::performAction(const Element& element, std::string_view action) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    if (handle == nullptr)
+        return false;
+    if (action == action::Raise)
+        return handle->kind == Kind::Window && _windows.raise(handle->window);
+    if (handle->kind != Kind::Node || !isPress(action))
+        return false;
+    Operation operation(*this);
+    return operation.reaches(*handle) && performPress(operation, *handle);
+}
+
+bool LinuxAccessibility::performPress(Operation& operation, const AtspiElement& element) {
+    const auto actions = operation.tree().actionNames(element);
+    const auto press = actions ? pressAction(*actions) : std::nullopt;
+    if (!press)
+        return false;
+    return operation.client().connection.post({element.reference, "org.a11y.atspi.Action", "DoAction", *press, {}});
+}
+
+} // namespace tarragon

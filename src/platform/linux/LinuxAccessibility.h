@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/linux/AccessibleWindows.h"
+#include "platform/linux/AtspiConnection.h"
+
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+
+namespace tarragon {
+
+class AtspiElement;
+class AtspiNodes;
+struct AtspiApplication;
+
+// The accessibility interface over AT-SPI and the X server. Applications and windows are the X server's; menu bars,
+// menus and everything within a window are AT-SPI's. One connection to the accessibility bus serves the thread that
+// made this object, another, guarded, all other threads.
+class LinuxAccessibility final : public Accessibility {
+public:
+    LinuxAccessibility(X11Windows& windows, DesktopEntries& desktopEntries);
+    ~LinuxAccessibility() override;
+
+    bool isEnabled() override;
+    bool isTrusted() override;
+    bool openSettings() override;
+
+    Element systemWideElement() override;
+    Element applicationElement(std::int64_t processIdentifier) override;
+    Element elementAtPosition(const Point& pointCG) override;
+
+    std::optional<std::int64_t> processIdentifier(const Element& element) override;
+    std::optional<std::vector<std::string>> attributeNames(const Element& element) override;
+    Value copyAttributeValue(const Element& element, std::string_view attribute) override;
+    std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) override;
+    bool isAttributeSettable(const Element& element, std::string_view attribute) override;
+    bool setAttributeValue(const Element& element, std::string_view attribute, const Value& value) override;
+
+    std::optional<std::vector<std::string>> actionNames(const Element& element) override;
+    std::optional<std::string> actionDescription(const Element& element, std::string_view action) override;
+    bool performAction(const Element& element, std::string_view action) override;
+
+    void beginReadBatch() override;
+    void endReadBatch() override;
+
+    // What the calling thread's connection has sent so far.
+    AtspiStatistics statistics();
+
+private:
+    struct Client;
+    struct Batch;
+    class Operation;
+
+    Client& clientOfThread();
+    Batch* batchOfThread();
+
+    Value attributeOfApplication(Operation& operation, const AtspiElement& application, std::string_view attribute);
+    Value attributeOfWindow(Operation& operation, const Element& element, std::string_view attribute);
+    Element menuBarOfApplication(Operation& operation, const AtspiElement& application);
+    Element elementInWindow(Operation& operation, const X11WindowDescription& window, const Point& pointCG);
+    bool performPress(Operation& operation, const AtspiElement& element);
+
+    AccessibleWindows _windows;
+    std::thread::id _mainThread;
+    std::unique_ptr<Client> _mainClient;
+    std::unique_ptr<Client> _otherClient;
+    std::mutex _batchMutex;
+    std::unordered_map<std::thread::id, std::unique_ptr<Batch>> _batches;
+};
+
+} // namespace tarragon
