@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarragon {
+
+// The core protocol's account of the keyboard.
+struct X11KeyboardMapping {
+    // The key codes of Shift, Lock, Control and Mod1 to Mod5, in this order; 0 stands for none.
+    std::vector<std::uint8_t> modifierKeyCodes;
+    std::uint8_t keyCodesPerModifier = 0;
+    // The key symbols of every key code from the first one on.
+    std::uint8_t firstKeyCode = 0;
+    std::uint8_t symbolsPerKeyCode = 0;
+    std::vector<std::uint32_t> symbols;
+};
+
+// The bits of a key event's state that stand for the modifiers. Shift and Control have theirs for good; which bits the
+// others have is up to the keyboard mapping.
+struct X11Modifiers {
+    std::uint16_t alt = 0;
+    std::uint16_t super = 0;
+    // Every combination of the locks that may be on while a key is pressed, none of them included.
+    std::vector<std::uint16_t> lockCombinations;
+    bool operator==(const X11Modifiers&) const = default;
+
+    // The bits for the modifiers of a hot key.
+    std::uint16_t bitsOfHotKey(std::uint32_t hotKeyModifiers) const;
+    // The state of a key event without locks, pointer buttons and keyboard layout.
+    std::uint16_t withoutLocks(std::uint16_t state) const;
+};
+
+// Alt is Mod1 and Super Mod4 where the mapping names neither.
+X11Modifiers modifiersOfMapping(const X11KeyboardMapping& mapping);
+
+// "Ctrl+Alt+Super+Shift+Space", for messages.
+std::string nameOfHotKey(std::uint32_t virtualKeyCode, std::uint32_t hotKeyModifiers);
+
+} // namespace tarragon
