@@ -1,3 +1,142 @@
-int main() {
-    return 0;
+// Chooses the back end and hands it to the agent or to a command.
+
+#include "app/AppDelegate.h"
+#include "cli/CommandLine.h"
+#include "cli/Commands.h"
+#include "panels/MenuView.h"
+#include "panels/MessagePanels.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/LinuxAccessibility.h"
+#include "platform/linux/PropertyListDefaults.h"
+#include "platform/linux/RunningInstance.h"
+#include "platform/linux/TerminationSignals.h"
+#include "platform/linux/X11Connection.h"
+#include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11Windows.h"
+#include "platform/linux/X11Workspace.h"
+#include "platform/qt/QtDisplays.h"
+#include "platform/qt/QtNativeEvents.h"
+#include "platform/qt/QtRunLoop.h"
+
+#include <QApplication>
+#include <QUrl>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace tarragon;
+
+namespace {
+
+// The desktop as the program sees it: every service of the back end, made once.
+class Desktop {
+public:
+    explicit Desktop(std::unique_ptr<X11Connection> connection)
+        : _connection(std::move(connection))
+        , _windows(*_connection)
+        , _accessibility(_windows, _desktopEntries)
+        , _workspace(*_connection, _windows, _desktopEntries, _runLoop)
+        , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
+        , _settingsFile(PropertyListDefaults::fileOfUser())
+        , _defaults(_runLoop, _settingsFile)
+        , _nativeEvents(_runLoop, [this](const void* event) {
+            return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event));
+        }) { }
+
+    Platform platform() {
+        return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter};
+    }
+    QtRunLoop& runLoop() { return _runLoop; }
+    LinuxAccessibility& accessibility() { return _accessibility; }
+    // Empty when the settings are kept in memory only.
+    std::string settingsURL() const {
+        return QUrl::fromLocalFile(QString::fromStdString(_settingsFile.string()))
+            .toString(QUrl::FullyEncoded)
+            .toStdString();
+    }
+
+private:
+    std::unique_ptr<X11Connection> _connection;
+    QtRunLoop _runLoop;
+    QtDisplays _displays;
+    NotificationCenter _notificationCenter;
+    X11Windows _windows;
+    DesktopEntries _desktopEntries;
+    LinuxAccessibility _accessibility;
+    X11Workspace _workspace;
+    X11HotKeys _hotKeys;
+    std::filesystem::path _settingsFile;
+    PropertyListDefaults _defaults;
+    QtNativeEvents _nativeEvents;
+};
+
+int fail(const std::string& message) {
+    std::cerr << "tarragon: " << message << "\n";
+    return 1;
+}
+
+int runAgent(Desktop& desktop) {
+    const auto instance = RunningInstance::connect();
+    if (!instance)
+        return fail("the X server does not answer");
+    if (!instance->claimOrReopen()) {
+        std::cerr << "tarragon: already running on this display\n";
+        return 0;
+    }
+    const Platform platform = desktop.platform();
+    MenuView menuView(platform.displays, platform.notificationCenter);
+    MessagePanels panels(TARRAGON_VERSION);
+    AppDelegate delegate(platform, menuView, panels, desktop.settingsURL());
+    instance->watchReopen(platform.runLoop, [&] { delegate.applicationShouldHandleReopen(); });
+    TerminationSignals terminationSignals(platform.runLoop, [&] { delegate.terminate(); });
+    platform.runLoop.post([&] { delegate.applicationWillFinishLaunching(); });
+    return desktop.runLoop().run();
+}
+
+int runCommand(const Command& command, Desktop& desktop) {
+    Commands commands(desktop.platform(), std::cout, std::cerr);
+    if (const auto* list = std::get_if<ListMenus>(&command))
+        return commands.listMenus(*list);
+    if (const auto* press = std::get_if<PressItem>(&command))
+        return commands.pressItem(*press);
+    return commands.inspect();
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    const Command command = parseCommandLine(std::vector<std::string>(arguments + 1, arguments + argumentCount));
+    if (const auto* error = std::get_if<UsageError>(&command)) {
+        std::cerr << "tarragon: " << error->message << "\nTry 'tarragon --help'.\n";
+        return 2;
+    }
+    if (std::holds_alternative<ShowHelp>(command)) {
+        std::cout << helpText();
+        return 0;
+    }
+    if (std::holds_alternative<ShowVersion>(command)) {
+        std::cout << "tarragon " << TARRAGON_VERSION << "\n";
+        return 0;
+    }
+    auto connection = X11Connection::connect();
+    if (!connection)
+        return fail("no X server can be reached; is DISPLAY set?");
+
+    // The toolkit is given none of our arguments, and must not use another display than the rest of the program.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    int toolkitArgumentCount = 1;
+    QApplication::setApplicationName("Tarragon");
+    QApplication::setApplicationVersion(TARRAGON_VERSION);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication application(toolkitArgumentCount, arguments);
+
+    Desktop desktop(std::move(connection));
+    // Applications of some toolkits show themselves only while the interface is switched on, as assistive programs
+    // are expected to do when they start.
+    if (desktop.accessibility().isTrusted() && !desktop.accessibility().isEnabled())
+        desktop.accessibility().openSettings();
+    return std::holds_alternative<RunAgent>(command) ? runAgent(desktop) : runCommand(command, desktop);
 }

@@ -1,0 +1,96 @@
+// Measures the program on a desktop of its own: reading menus beside a plain walk, the hot key, and the idle agent's
+// memory beside a bare program of the same toolkit.
+
+#include "HotKeyLatency.h"
+#include "Statistics.h"
+
+#include "Agent.h"
+#include "Desktop.h"
+#include "TestApplication.h"
+#include "Wait.h"
+
+#include <cstdio>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+using namespace tarragon;
+using namespace tarragon::e2e;
+
+namespace {
+
+constexpr ApplicationKind applications[] = {
+    ApplicationKind::Mousepad, ApplicationKind::Geany, ApplicationKind::FeatherPad};
+
+void measureReading(Desktop& desktop) {
+    std::puts("Reading menus, beside a plain synchronous walk of the same attributes (medians, in turns):");
+    for (const ApplicationKind kind : applications) {
+        TestApplication application(desktop, kind);
+        if (!waitUntil([&] { return application.menus().has_value(); }))
+            throw std::runtime_error(nameOf(kind) + " shows no menus");
+        const CommandResult result =
+            desktop.run({BENCH_READ_MENUS, nameOf(kind), std::to_string(application.identifier()), "15"});
+        if (result.status != 0)
+            throw std::runtime_error(result.error);
+        std::fputs(result.output.c_str(), stdout);
+    }
+}
+
+// Kilobytes; 0 when the process is gone.
+long residentMemoryOf(pid_t process) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmRSS:"))
+            return std::stol(line.substr(6));
+    }
+    return 0;
+}
+
+void measureHotKey(Desktop& desktop, Agent& agent) {
+    TestApplication application(desktop, ApplicationKind::Mousepad);
+    const Samples latencies = measureHotKeyLatency(desktop, agent, 100);
+    std::printf(
+        "\nHot key to mapped pop-up, %zu presses: median %.2f ms, 95th percentile %.2f ms (a frame is 16.7 ms)\n",
+        latencies.count(), latencies.median(), latencies.quantile(0.95));
+}
+
+void measureMemory(Desktop& desktop) {
+    Agent agent(desktop, usualHotKey());
+    const auto bare = desktop.start({BENCH_BARE_MENU});
+    // Idle means that neither grows any more.
+    long ours = 0;
+    long peer = 0;
+    waitUntil(
+        [&] {
+            const long oursBefore = ours;
+            const long peerBefore = peer;
+            ours = residentMemoryOf(agent.identifier());
+            peer = residentMemoryOf(bare->identifier());
+            return !holdsFor(Duration(1000), [&] { return residentMemoryOf(agent.identifier()) == ours; })
+                ? false
+                : ours == oursBefore && peer == peerBefore && peer > 0;
+        },
+        Duration(20000));
+    std::printf("\nResident memory: idle agent %.1f MiB, bare program with one menu %.1f MiB, ratio %.2f\n",
+        static_cast<double>(ours) / 1024, static_cast<double>(peer) / 1024,
+        static_cast<double>(ours) / static_cast<double>(peer));
+}
+
+} // namespace
+
+int main() {
+    try {
+        Desktop desktop(WindowManager::Openbox);
+        measureReading(desktop);
+        {
+            Agent agent(desktop, usualHotKey());
+            measureHotKey(desktop, agent);
+        }
+        measureMemory(desktop);
+    } catch (const std::exception& error) {
+        std::cerr << "bench: " << error.what() << "\n";
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,104 @@
+// Reads the menus of a running application, with ours and with the plain walk in turns, and prints both with their
+// ratio. Usage: read_menus NAME PROCESS ROUNDS. Runs within the session of that application.
+
+#include "PlainWalk.h"
+#include "Statistics.h"
+
+#include "cli/ChosenApplication.h"
+#include "cli/MirrorTree.h"
+#include "fake/FakePlatform.h"
+#include "mirror/AppAccessibility.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/LinuxAccessibility.h"
+#include "platform/linux/X11Connection.h"
+#include "platform/linux/X11Windows.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+namespace tarragon {
+namespace {
+
+std::size_t countItems(const std::vector<MirrorNode>& nodes) {
+    std::size_t count = nodes.size();
+    for (const MirrorNode& node : nodes)
+        count += countItems(node.items);
+    return count;
+}
+
+// Prints how long both took, and how many times faster ours was.
+void report(const char* application, const char* what, const Samples& ours, const Samples& peer, std::size_t ourItems,
+    std::size_t peerItems, const std::string& cost) {
+    std::printf("%-11s %-14s ours %8.2f ms (%zu items)   plain walk %8.2f ms (%zu items)   ratio %5.1f   %s\n",
+        application, what, ours.median(), ourItems, peer.median(), peerItems, peer.median() / ours.median(),
+        cost.c_str());
+}
+
+int measure(const std::string& name, int process, int rounds) {
+    const auto connection = X11Connection::connect();
+    if (!connection) {
+        std::cerr << "read_menus: no X server\n";
+        return 1;
+    }
+    X11Windows windows(*connection);
+    DesktopEntries desktopEntries;
+    LinuxAccessibility linuxAccessibility(windows, desktopEntries);
+    const Element application = linuxAccessibility.applicationElement(process);
+    ChosenApplicationAccessibility accessibility(linuxAccessibility, application);
+    // Everything but the accessibility interface is beside the point here.
+    FakePlatform fake;
+    fake.workspace.setActiveApplication(RunningApplication{name, process, {}, {}});
+    const Platform platform{accessibility, fake.workspace, fake.displays, fake.hotKeys, fake.defaults, fake.runLoop,
+        fake.notificationCenter};
+    const auto reader = AppAccessibility::initWithFocusedApp(platform);
+    if (!reader) {
+        std::cerr << "read_menus: " << name << " cannot be reached\n";
+        return 1;
+    }
+    // No filling in the background may help the readings.
+    reader->setShowAppleMenu(true);
+    reader->setKeyEquivalents(true);
+    reader->update();
+    if (reader->menu()->numberOfItems() < 2 || walkWholeMenuBar(process) == 0) {
+        std::cerr << "read_menus: " << name << " shows no menus\n";
+        return 1;
+    }
+
+    constexpr int EditMenu = 1;
+    Samples ourTree, peerTree, ourMenu, peerMenu;
+    std::size_t ourTreeItems = 0, peerTreeItems = 0, ourMenuItems = 0, peerMenuItems = 0;
+    for (int round = 0; round < rounds; ++round) {
+        ourTree.time([&] {
+            reader->update();
+            ourTreeItems = countItems(readMirrorTree(*reader, 0));
+        });
+        peerTree.time([&] { peerTreeItems = walkWholeMenuBar(process); });
+        const auto menu = reader->menu()->itemAtIndex(EditMenu)->submenu();
+        ourMenu.time([&] {
+            reader->menuNeedsUpdate(*menu);
+            ourMenuItems = menu->numberOfItems();
+        });
+        peerMenu.time([&] { peerMenuItems = walkOneMenu(process, EditMenu); });
+    }
+    const AtspiStatistics before = linuxAccessibility.statistics();
+    reader->menuNeedsUpdate(*reader->menu()->itemAtIndex(EditMenu)->submenu());
+    const AtspiStatistics after = linuxAccessibility.statistics();
+    const std::string cost = std::to_string(after.messages - before.messages) + " messages in "
+        + std::to_string(after.roundTrips - before.roundTrips) + " round trips";
+    report(name.c_str(), "one menu", ourMenu, peerMenu, ourMenuItems, peerMenuItems, cost);
+    report(name.c_str(), "whole tree", ourTree, peerTree, ourTreeItems, peerTreeItems, "");
+    return 0;
+}
+
+} // namespace
+} // namespace tarragon
+
+int main(int argumentCount, char** arguments) {
+    if (argumentCount != 4) {
+        std::cerr << "Usage: read_menus NAME PROCESS ROUNDS\n";
+        return 2;
+    }
+    return tarragon::measure(arguments[1], std::atoi(arguments[2]), std::atoi(arguments[3]));
+}
