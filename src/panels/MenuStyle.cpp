@@ -6,6 +6,7 @@ int MenuStyle::styleHint(
     StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const {
     switch (hint) {
     case SH_Menu_Scrollable:
+    case SH_Menu_SpaceActivatesItem:
         return 1;
     case SH_Menu_FlashTriggeredItem:
     case SH_Menu_FadeOutOnHide:

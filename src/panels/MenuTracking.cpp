@@ -46,8 +46,15 @@ void MenuTracking::windowClosed(MenuWindow& window) {
     _openWindows.erase(std::remove(_openWindows.begin(), _openWindows.end(), &window), _openWindows.end());
 }
 
+void MenuTracking::closeAll() {
+    while (!_openWindows.empty())
+        _openWindows.back()->tellClosed();
+    end();
+}
+
 void MenuTracking::choose(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item) {
-    _chosenHandler(menu, item);
+    if (!_ended)
+        _chosenHandler(menu, item);
 }
 
 } // namespace tarragon

@@ -38,9 +38,15 @@ public:
     void windowOpened(MenuWindow& window);
     void windowClosed(MenuWindow& window);
 
+    // Tells the delegates that everything has closed, the innermost menu first, and ends.
+    void closeAll();
     // Nothing opens any more, and the delegates are not asked.
     void end() { _ended = true; }
     bool hasEnded() const { return _ended; }
+
+    // While a menu opens QMenu relies on the ones above it, so that they must not be hidden.
+    bool isOpening() const { return _opening; }
+    void setOpening(bool opening) { _opening = opening; }
 
     void choose(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item);
 
@@ -50,6 +56,7 @@ private:
     std::vector<MenuWindow*> _openWindows;
     int _titleWidthLimit;
     std::uint32_t _heldModifiers = 0;
+    bool _opening = false;
     bool _ended = false;
 };
 

@@ -82,29 +82,38 @@ void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locatio
         });
     tracking->setHeldModifiers(QGuiApplication::queryKeyboardModifiers());
 
-    const QPointer<MenuWindow> window(new MenuWindow(menu, tracking));
+    auto* window = new MenuWindow(menu, tracking); // deletes itself when it closes
     _tracking = tracking;
     _window = window;
-    QObject::connect(window, &QMenu::aboutToHide, window, [this, window] {
+    QObject::connect(window, &QMenu::aboutToHide, window, &QObject::deleteLater);
+    QObject::connect(window, &QMenu::aboutToHide, &_actionTimer, [this, window] {
+        if (_window != window)
+            return;
         _grab.release();
+        _window = nullptr;
+    });
+    if (!window->prepare()) {
         if (_window == window)
             _window = nullptr;
         window->deleteLater();
-    });
-    if (!window->prepare()) {
-        delete window;
         return;
     }
     window->popup(location);
-    if (_window == window && window)
+    if (_window == window)
         _grab.acquire(*window);
 }
 
 void MenuView::closeMenus() {
     if (!_window)
         return;
-    _window->hide();
-    _tracking->end();
+    MenuWindow* window = _window;
+    _window = nullptr;
+    _grab.release();
+    _tracking->closeAll();
+    if (_tracking->isOpening())
+        QTimer::singleShot(0, window, [window] { window->hide(); });
+    else
+        window->hide();
 }
 
 void MenuView::sendAction() {

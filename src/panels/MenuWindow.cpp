@@ -76,23 +76,17 @@ MenuDelegate* MenuWindow::delegate() const {
 }
 
 bool MenuWindow::prepare() {
-    const QPointer<MenuWindow> self(this);
+    _tracking->setOpening(true);
     if (MenuDelegate* asked = delegate())
         asked->menuNeedsUpdate(*_menu);
     // The delegate may have closed everything.
-    if (!self || _tracking->hasEnded())
-        return false;
-    fill();
-    const bool hasItems = std::any_of(
-        _places.begin(), _places.end(), [](const Place& place) { return !place.slot.front()->isSeparatorItem(); });
-    if (!hasItems) {
-        if (!parent())
-            return false;
-        addPlaceholder();
+    const bool opens = !_tracking->hasEnded() && fill();
+    if (opens) {
+        if (MenuDelegate* told = delegate())
+            told->menuWillOpen(*_menu);
     }
-    if (MenuDelegate* told = delegate())
-        told->menuWillOpen(*_menu);
-    return self && !_tracking->hasEnded();
+    _tracking->setOpening(false);
+    return opens && !_tracking->hasEnded();
 }
 
 void MenuWindow::removeEverything() {
@@ -104,7 +98,8 @@ void MenuWindow::removeEverything() {
     }
 }
 
-void MenuWindow::fill() {
+// False for a menu that is not to be shown.
+bool MenuWindow::fill() {
     removeEverything();
     if (const auto font = fontOfMenu(*_menu))
         setFont(menuFont(*font, QMenu().font()));
@@ -123,13 +118,16 @@ void MenuWindow::fill() {
         dress(place);
         _places.push_back(std::move(place));
     }
-    addActions(actions);
-}
-
-void MenuWindow::addPlaceholder() {
-    clear();
-    _places.clear();
+    const bool hasItems = std::any_of(
+        _places.begin(), _places.end(), [](const Place& place) { return !place.slot.front()->isSeparatorItem(); });
+    if (hasItems) {
+        addActions(actions);
+        return true;
+    }
+    // A submenu opens in any case, for its title is highlighted.
+    removeEverything();
     addAction("(Empty)")->setEnabled(false);
+    return parent() != nullptr;
 }
 
 void MenuWindow::dress(Place& place) {
@@ -158,14 +156,14 @@ void MenuWindow::dress(Place& place) {
     action.setEnabled(looksEnabled(*_menu, item));
     action.setCheckable(item.state());
     action.setChecked(item.state());
-    if (item.hasSubmenu() || action.menu())
-        action.setMenu(submenuWindow(item.submenu()));
-}
-
-MenuWindow* MenuWindow::submenuWindow(const std::shared_ptr<Menu>& submenu) {
-    if (!submenu)
-        return nullptr;
-    return new MenuWindow(submenu, _tracking, this);
+    // An alternate item leads to another submenu, or to none.
+    if (QMenu* former = action.menu()) {
+        former->hide();
+        former->deleteLater();
+        action.setMenu(static_cast<QMenu*>(nullptr));
+    }
+    if (item.hasSubmenu())
+        action.setMenu(new MenuWindow(item.submenu(), _tracking, this));
 }
 
 void MenuWindow::showAlternates() {
@@ -200,6 +198,10 @@ void MenuWindow::setVisible(bool visible) {
 
 void MenuWindow::hideEvent(QHideEvent* event) {
     QMenu::hideEvent(event);
+    tellClosed();
+}
+
+void MenuWindow::tellClosed() {
     if (!std::exchange(_open, false))
         return;
     _tracking->windowClosed(*this);
@@ -209,10 +211,20 @@ void MenuWindow::hideEvent(QHideEvent* event) {
 }
 
 bool MenuWindow::event(QEvent* event) {
-    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        // Those after the event, with the key itself.
         _tracking->setHeldModifiers(static_cast<QKeyEvent*>(event)->modifiers());
-    else if (event->isInputEvent())
-        _tracking->setHeldModifiers(static_cast<QInputEvent*>(event)->modifiers());
+        break;
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+        _tracking->setHeldModifiers(static_cast<QMouseEvent*>(event)->modifiers());
+        break;
+    default:
+        break;
+    }
 
     const QPointer<MenuWindow> self(this);
     const bool handled = QMenu::event(event);

@@ -27,6 +27,9 @@ public:
     // Shows the items that belong to the modifiers held.
     void showAlternates();
 
+    // Tells the delegate that the menu has closed, once.
+    void tellClosed();
+
     void setVisible(bool visible) override;
 
 protected:
@@ -43,11 +46,9 @@ private:
         QString title; // as it is shown
     };
 
-    void fill();
+    bool fill();
     void removeEverything();
-    void addPlaceholder();
     void dress(Place& place);
-    MenuWindow* submenuWindow(const std::shared_ptr<Menu>& submenu);
     MenuDelegate* delegate() const;
     std::shared_ptr<MenuItem> itemOf(const QAction* action) const;
     void tellHighlight();
