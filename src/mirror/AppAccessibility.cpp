@@ -1,13 +1,16 @@
 #include "mirror/AppAccessibility.h"
 
 #include "mirror/AuxiliaryMenu.h"
+#include "mirror/MenuCache.h"
 #include "mirror/MenuCleanUp.h"
 #include "mirror/MenuConverter.h"
 #include "mirror/RecentSelections.h"
+#include "mirror/SystemFillingThreads.h"
 #include "mirror/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unistd.h>
 
 namespace tarragon {
@@ -30,6 +33,11 @@ Element focusedApplicationOf(Accessibility& accessibility, const Element& system
 } // namespace
 
 std::shared_ptr<AppAccessibility> AppAccessibility::initWithFocusedApp(const Platform& platform) {
+    return initWithFocusedApp(platform, std::make_unique<SystemFillingThreads>());
+}
+
+std::shared_ptr<AppAccessibility> AppAccessibility::initWithFocusedApp(
+    const Platform& platform, std::unique_ptr<FillingThreads> threads) {
     Element systemElement = platform.accessibility.systemWideElement();
     if (!systemElement)
         return nullptr;
@@ -37,20 +45,23 @@ std::shared_ptr<AppAccessibility> AppAccessibility::initWithFocusedApp(const Pla
     if (!application)
         return nullptr;
     return std::shared_ptr<AppAccessibility>(
-        new AppAccessibility(platform, std::move(systemElement), std::move(application)));
+        new AppAccessibility(platform, std::move(threads), std::move(systemElement), std::move(application)));
 }
 
-AppAccessibility::AppAccessibility(const Platform& platform, Element systemElement, Element application)
+AppAccessibility::AppAccessibility(
+    const Platform& platform, std::unique_ptr<FillingThreads> threads, Element systemElement, Element application)
     : _platform(platform)
     , _systemAXUIElementRef(std::move(systemElement))
     , _appAXUIElementRef(std::move(application))
     , _menu(std::make_shared<Menu>("Fennick"))
-    , _menuCache(std::make_shared<Menu>("MenuCache")) {
+    , _menuCache(std::make_shared<Menu>("MenuCache"))
+    , _cache(std::make_unique<MenuCache>(std::move(threads))) {
     _menu->setDelegate(this);
     registerForNotifications();
 }
 
 AppAccessibility::~AppAccessibility() {
+    _cache.reset();
     _menu->removeAllItems();
     _menu->setDelegate(nullptr);
 }
@@ -92,13 +103,31 @@ void AppAccessibility::updateRootMenu() {
                 _menu->removeItem(*item);
         }
     }
+    const auto cacheable = cacheableItems();
     removeBrokenMenuItems(*_menu);
-    if (const auto apple = _menu->itemWithTitle(AppleTitle)) {
-        if (_showAppleMenu)
-            apple->setTitle(AppleMark);
-        else
-            _menu->removeItem(*apple);
-    }
+    showAppleMenuOrRemoveIt();
+    // The fillings start when the items have their final titles, under which a menu that opens is looked for.
+    for (const auto& item : cacheable)
+        cacheMenuForMenuItem(*item);
+}
+
+std::vector<std::shared_ptr<MenuItem>> AppAccessibility::cacheableItems() {
+    std::vector<std::shared_ptr<MenuItem>> items;
+    if (!_showApplicationMenu)
+        return items;
+    std::ranges::copy_if(
+        _menu->items(), std::back_inserter(items), [this](const auto& item) { return menuShouldBeCached(*item); });
+    return items;
+}
+
+void AppAccessibility::showAppleMenuOrRemoveIt() {
+    const auto apple = _menu->itemWithTitle(AppleTitle);
+    if (!apple)
+        return;
+    if (_showAppleMenu)
+        apple->setTitle(AppleMark);
+    else
+        _menu->removeItem(*apple);
 }
 
 Element AppAccessibility::getAXMenuBarFor(const Element& element) {

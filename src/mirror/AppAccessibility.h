@@ -12,6 +12,8 @@
 
 namespace tarragon {
 
+class FillingThreads;
+class MenuCache;
 class MenuConverter;
 
 // The one object that knows the front application's menu bar. It mirrors the menu bar as a Menu whose submenus are
@@ -24,6 +26,9 @@ public:
     // nullptr when the accessibility interface or the focused application cannot be had. The services outlive the
     // reader.
     static std::shared_ptr<AppAccessibility> initWithFocusedApp(const Platform& platform);
+    // The same with threads of the caller's choosing for the fillings of the menu cache.
+    static std::shared_ptr<AppAccessibility> initWithFocusedApp(
+        const Platform& platform, std::unique_ptr<FillingThreads> threads);
     ~AppAccessibility() override;
     // A menu with this very title object, not just an equal text, is left alone when it opens: its items are its own.
     static const Menu::SharedTitle& cocoaMenuTitle();
@@ -75,6 +80,14 @@ public:
     // Tells the owner that the menu has closed.
     void menuHasClosed();
 
+    // The menu cache. The top-level menus that may be cached are converted in the background after each rebuild; a menu
+    // that is found there when it opens is copied, and only what its items say of their state is read.
+    bool menuShouldBeCached(const MenuItem& item);
+    // Starts the conversion of a top-level item's submenu on a thread of its own.
+    void cacheMenuForMenuItem(const MenuItem& item);
+    bool cacheExistsForMenu(const Menu& menu);
+    void clearCacheForAppKey(const std::string& appName);
+
     // Recent selections: an option that nothing uses yet. The list holds item keys and stays empty.
     const std::vector<std::string>& recentSelectionsList() const { return _recentSelectionsList; }
     void setRecentSelectionsList(std::vector<std::string> keys) { _recentSelectionsList = std::move(keys); }
@@ -106,11 +119,16 @@ public:
     void setSizeOfFocusedWindow(float w, float h);
 
 private:
-    AppAccessibility(const Platform& platform, Element systemElement, Element application);
+    AppAccessibility(
+        const Platform& platform, std::unique_ptr<FillingThreads> threads, Element systemElement, Element application);
     void registerForNotifications();
     MenuConverter converter();
     void completeRootMenu();
     void fillSubmenu(Menu& menu);
+    void fillFromCache(Menu& menu);
+    void refreshState(MenuItem& item);
+    std::vector<std::shared_ptr<MenuItem>> cacheableItems();
+    void showAppleMenuOrRemoveIt();
     Element focusedWindow();
 
     Platform _platform;
@@ -128,6 +146,8 @@ private:
     bool _showApplicationMenu = true;
     bool _foldAlternateItems = false;
     bool _keyEquivalents = false;
+    // Last: the fillings end before anything that they use goes away.
+    std::unique_ptr<MenuCache> _cache;
 };
 
 } // namespace tarragon

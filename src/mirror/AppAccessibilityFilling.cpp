@@ -1,19 +1,29 @@
-// The part of AppAccessibility that fills a menu when it opens.
+// The part of AppAccessibility that fills a menu when it opens, from the real menu or from the cache.
 #include "mirror/AppAccessibility.h"
+#include "mirror/CacheEligibility.h"
+#include "mirror/MenuCache.h"
 #include "mirror/MenuCleanUp.h"
 #include "mirror/MenuConverter.h"
 #include "mirror/ProxyMenuItem.h"
+#include "mirror/UIElementUtilities.h"
+#include "platform/AccessibilityNames.h"
 
 namespace tarragon {
 
 namespace {
 
+// Copies of longer cached menus are shown as they are, to keep the opening fast.
+constexpr std::size_t MostRefreshedItems = 75;
+
+// The real item that the mirrored one stands for; nil for a separator.
+Element elementOf(const MenuItem& item) {
+    const auto proxy = std::dynamic_pointer_cast<ProxyMenuItem>(item.target());
+    return proxy ? proxy->itemAXUIElementRef() : Element();
+}
+
 // The real item that the menu hangs in; nil for a menu that hangs nowhere.
 Element elementOfOwner(const Menu& menu) {
-    if (!menu.supermenu())
-        return {};
-    const auto proxy = std::dynamic_pointer_cast<ProxyMenuItem>(menu.parentItem()->target());
-    return proxy ? proxy->itemAXUIElementRef() : Element();
+    return menu.supermenu() ? elementOf(*menu.parentItem()) : Element();
 }
 
 } // namespace
@@ -21,10 +31,14 @@ Element elementOfOwner(const Menu& menu) {
 void AppAccessibility::menuNeedsUpdate(Menu& menu) {
     const ReadBatch batch(_platform.accessibility);
     if (menu.sharedTitle() != cocoaMenuTitle()) {
-        if (&menu == _menu.get())
+        if (&menu == _menu.get()) {
             completeRootMenu();
-        else
+        } else if (cacheExistsForMenu(menu)) {
+            fillFromCache(menu);
+            return;
+        } else {
             fillSubmenu(menu);
+        }
     }
     if (focusedAppName() == "Finder")
         removeDuplicateMenuItems(menu);
@@ -43,6 +57,66 @@ void AppAccessibility::fillSubmenu(Menu& menu) {
     menu.removeAllItems();
     converter().processSubAXMenuAsNSMenu(elementOfOwner(menu), menu);
     removeDuplicateMenuItems(menu);
+}
+
+void AppAccessibility::fillFromCache(Menu& menu) {
+    menu.removeAllItems();
+    const Element realMenu = converter().processSingleIterationSubAXMenuAsNSMenu(elementOfOwner(menu));
+    const auto appName = focusedAppName();
+    if (!appName || !menu.supermenu())
+        return;
+    // A filling may have replaced what the probe has found; the menu then opens empty this once.
+    const auto filled = _cache->filledMenu(*appName, menu.parentItem()->title());
+    if (!filled)
+        return;
+    const bool refresh = filled->numberOfItems() <= MostRefreshedItems;
+    // One read for the whole menu brings what the items are asked for one by one below.
+    if (refresh)
+        menuItemsIn(realMenu);
+    for (const auto& item : filled->items()) {
+        menu.addItem(item->copy());
+        if (refresh)
+            refreshState(*menu.items().back());
+    }
+    removeDuplicateMenuItems(menu);
+}
+
+void AppAccessibility::refreshState(MenuItem& item) {
+    if (item.isSeparatorItem())
+        return;
+    const Element element = elementOf(item);
+    const Value enabled = UIElementUtilities::valueOfAttribute(_platform.accessibility, attribute::Enabled, element);
+    if (const auto* value = valueAs<bool>(enabled))
+        item.setEnabled(*value);
+    item.setState(
+        !isNil(UIElementUtilities::valueOfAttribute(_platform.accessibility, attribute::MenuItemMarkChar, element)));
+}
+
+bool AppAccessibility::menuShouldBeCached(const MenuItem& item) {
+    return menuMayBeCached(focusedAppName(), item.title());
+}
+
+void AppAccessibility::cacheMenuForMenuItem(const MenuItem& item) {
+    auto appName = focusedAppName();
+    if (!appName)
+        return;
+    // The thread works on copies of its own, and so never meets a menu that the main thread changes meanwhile.
+    auto fillMenu = [&accessibility = _platform.accessibility, converter = converter(), element = elementOf(item)](
+                        Menu& menu) mutable {
+        const ReadBatch batch(accessibility);
+        converter.processSubAXMenuAsNSMenu(element, menu);
+    };
+    _cache->cacheMenuForMenuItem(
+        std::make_shared<const std::string>(*std::move(appName)), item.copy(), std::move(fillMenu));
+}
+
+bool AppAccessibility::cacheExistsForMenu(const Menu& menu) {
+    const auto appName = focusedAppName();
+    return appName && _cache->cacheExistsForMenu(*appName, menu);
+}
+
+void AppAccessibility::clearCacheForAppKey(const std::string& appName) {
+    _cache->clearCacheForAppKey(appName);
 }
 
 } // namespace tarragon

@@ -96,6 +96,8 @@ public:
     Menu* menu() const;
     // Puts a menu of the caller's choosing into the slot, and keeps it alive.
     void setMenu(std::shared_ptr<Menu> menu) { _assignedMenu = std::move(menu); }
+    // The menu that was put here, or nullptr.
+    const std::shared_ptr<Menu>& assignedMenu() const { return _assignedMenu; }
     // The item whose submenu holds this item; nullptr in a root menu.
     MenuItem* parentItem() const;
 

@@ -1,0 +1,89 @@
+#include "mirror/MenuCache.h"
+
+#include <utility>
+
+namespace tarragon {
+
+MenuCache::MenuCache(std::unique_ptr<FillingThreads> threads)
+    : _threads(std::move(threads)) { }
+
+MenuCache::~MenuCache() {
+    _closing = true;
+    _threads.reset();
+}
+
+void MenuCache::cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<MenuItem> item, FillMenu fillMenu) {
+    _threads->detachNewThread([this, appName = std::move(appName), item = std::move(item),
+                                  fillMenu = std::move(fillMenu)] { fill(appName, item, fillMenu); });
+}
+
+void MenuCache::fill(const Menu::SharedTitle& appName, std::shared_ptr<MenuItem> item, const FillMenu& fillMenu) {
+    createCache();
+    const std::lock_guard lock(_cacheLock);
+    if (_closing)
+        return;
+    const std::shared_ptr<Menu> root = rootForFilling(appName);
+    {
+        const std::lock_guard guard(_guard);
+        if (root->itemWithTitle(item->title()))
+            return;
+    }
+    // The item is added when its menu is complete: whoever finds it may read the menu at once.
+    auto filled = std::make_shared<Menu>(item->title());
+    fillMenu(*filled);
+    item->setMenu(std::move(filled));
+    const std::lock_guard guard(_guard);
+    root->addItem(std::move(item));
+}
+
+void MenuCache::createCache() {
+    const std::lock_guard guard(_guard);
+    if (!_cache)
+        _cache.emplace();
+}
+
+std::shared_ptr<Menu> MenuCache::rootForFilling(const Menu::SharedTitle& appName) {
+    Entry replaced; // destroyed after the guard is released
+    const std::lock_guard guard(_guard);
+    Entry& entry = (*_cache)[*appName];
+    if (entry.name != appName)
+        replaced = std::exchange(entry, {appName, std::make_shared<Menu>(appName)});
+    return entry.root;
+}
+
+std::shared_ptr<Menu> MenuCache::rootOf(const std::string& appName) const {
+    if (!_cache)
+        return nullptr;
+    const auto found = _cache->find(appName);
+    return found == _cache->end() ? nullptr : found->second.root;
+}
+
+bool MenuCache::cacheExistsForMenu(const std::string& appName, const Menu& menu) {
+    {
+        const std::lock_guard guard(_guard);
+        if (!_cache)
+            return false;
+    }
+    // A rebuild gives the item of this one menu another title than the menu has.
+    const std::string title = menu.title() == "Apple" ? "\uF8FF" : menu.title();
+    const std::lock_guard lock(_cacheLock);
+    const std::lock_guard guard(_guard);
+    const auto root = rootOf(appName);
+    return root && root->itemWithTitle(title);
+}
+
+std::shared_ptr<const Menu> MenuCache::filledMenu(const std::string& appName, const std::string& itemTitle) const {
+    const std::lock_guard guard(_guard);
+    const auto root = rootOf(appName);
+    const auto item = root ? root->itemWithTitle(itemTitle) : nullptr;
+    return item ? item->assignedMenu() : nullptr;
+}
+
+void MenuCache::clearCacheForAppKey(const std::string& appName) {
+    Cache::node_type removed; // destroyed after the guard is released
+    const std::lock_guard guard(_guard);
+    if (_cache)
+        removed = _cache->extract(appName);
+}
+
+} // namespace tarragon

@@ -1,0 +1,272 @@
+#include "MenuTitles.h"
+#include "fake/FakeFillingThreads.h"
+#include "fake/FakePlatform.h"
+#include "mirror/AppAccessibility.h"
+#include "mirror/ProxyMenuItem.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tarragon {
+namespace {
+
+using Operation = FakeCall::Operation;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Caching : public testing::Test {
+protected:
+    Caching() {
+        fake.activate(editor);
+        reader = AppAccessibility::initWithFocusedApp(fake.platform(), std::make_unique<FakeFillingThreads>(work));
+    }
+    Menu& root() { return *reader->menu(); }
+    Menu& opened(const std::string& title) {
+        Menu* submenu = fake.menuPresenter.openSubmenu(root(), title);
+        fake.menuPresenter.closeMenus();
+        return *submenu;
+    }
+    // Rebuilds, and fills the cache; the menu that is filled last is the one that stays in it.
+    void rebuildAndFill() {
+        reader->update();
+        work->runAll();
+        fake.accessibility.clearCalls();
+    }
+    bool wasRead(const Element& element) const {
+        const auto calls = fake.accessibility.calls();
+        return std::ranges::any_of(calls, [&](const FakeCall& call) { return call.element == element; });
+    }
+
+    FakePlatform fake;
+    FakeApplication editor = fake.addApplication("Editor");
+    FakeMenu file = editor.menu("File").item("New").separator().item("Wrap", {.mark = "x"});
+    std::shared_ptr<FakeFillingThreads::Work> work = std::make_shared<FakeFillingThreads::Work>();
+    std::shared_ptr<AppAccessibility> reader;
+};
+
+TEST_F(Caching, StartsAFillingForEveryMenuThatMayBeCached) {
+    for (const char* title : {"Window", "History", "Edit"})
+        editor.menu(title);
+    reader->update();
+    EXPECT_EQ(work->waiting(), 2U);
+    fake.activate(fake.addApplication("Firefox"));
+    reader->update();
+    EXPECT_EQ(work->waiting(), 2U);
+}
+
+TEST_F(Caching, StartsNoneWhileTheApplicationsMenusAreHidden) {
+    editor.menu("Apple");
+    reader->setShowAppleMenu(true);
+    reader->setShowApplicationMenu(false);
+    reader->update();
+    EXPECT_EQ(work->waiting(), 0U);
+}
+
+TEST_F(Caching, ShowsCopiesOfTheCachedItemsWithoutReadingThemAgain) {
+    rebuildAndFill();
+    file.item("Late");
+    EXPECT_TRUE(reader->cacheExistsForMenu(*root().itemAtIndex(0)->submenu()));
+    Menu& menu = opened("File");
+    EXPECT_THAT(titlesOf(menu), ElementsAre("New", "", "Wrap"));
+    EXPECT_EQ(menu.supermenu(), &root());
+    for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue))
+        EXPECT_FALSE(call.element == file.itemElement("New") && call.name == "AXTitle");
+    opened("File");
+    EXPECT_THAT(titlesOf(menu), ElementsAre("New", "", "Wrap"));
+}
+
+TEST_F(Caching, PressesTheRealItemThroughACopy) {
+    rebuildAndFill();
+    EXPECT_TRUE(fake.menuPresenter.choose(*opened("File").itemWithTitle("New")));
+    ASSERT_EQ(fake.accessibility.performedActions().size(), 1U);
+    EXPECT_EQ(fake.accessibility.performedActions()[0].first, file.itemElement("New"));
+}
+
+TEST_F(Caching, TouchesTheRealMenuBeforeItShowsTheCopies) {
+    rebuildAndFill();
+    opened("File");
+    const auto calls = fake.accessibility.callsOf(Operation::CopyAttributeValue);
+    ASSERT_GE(calls.size(), 2U);
+    EXPECT_EQ(calls[0].element, file.item());
+    EXPECT_EQ(calls[0].name, "AXChildren");
+    EXPECT_EQ(calls[1].element, file.element());
+    EXPECT_EQ(calls[1].name, "AXRole");
+}
+
+TEST_F(Caching, RefreshesStateAndMarkFromTheRealItems) {
+    rebuildAndFill();
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXEnabled", false);
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXMenuItemMarkChar", std::string("x"));
+    fake.accessibility.removeAttribute(file.itemElement("Wrap"), "AXMenuItemMarkChar");
+    const Menu& menu = opened("File");
+    EXPECT_FALSE(menu.itemWithTitle("New")->isEnabled());
+    EXPECT_TRUE(menu.itemWithTitle("New")->state());
+    EXPECT_FALSE(menu.itemWithTitle("Wrap")->state());
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXEnabled", true);
+    EXPECT_TRUE(opened("File").itemWithTitle("New")->isEnabled());
+}
+
+TEST_F(Caching, LeavesTheEnabledStateOfAnItemThatDoesNotSay) {
+    file.item("Off", {.enabled = false});
+    rebuildAndFill();
+    fake.accessibility.removeAttribute(file.itemElement("New"), "AXEnabled");
+    fake.accessibility.setAttribute(file.itemElement("Off"), "AXEnabled", std::string("yes"));
+    const Menu& menu = opened("File");
+    EXPECT_TRUE(menu.itemWithTitle("New")->isEnabled());
+    EXPECT_FALSE(menu.itemWithTitle("Off")->isEnabled());
+}
+
+TEST_F(Caching, RefreshesMenusOf75ItemsAndShowsLongerOnesAsTheyAre) {
+    for (int index = 3; index < 75; ++index)
+        file.item("Item " + std::to_string(index));
+    rebuildAndFill();
+    opened("File");
+    EXPECT_TRUE(wasRead(file.itemElement("New")));
+
+    file.item("One more");
+    rebuildAndFill();
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXEnabled", false);
+    EXPECT_TRUE(opened("File").itemWithTitle("New")->isEnabled());
+    EXPECT_FALSE(wasRead(file.itemElement("New")));
+    EXPECT_EQ(opened("File").numberOfItems(), 76U);
+}
+
+TEST_F(Caching, RemovesRepeatsFromTheCopies) {
+    file.item("Wrap");
+    rebuildAndFill();
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
+TEST_F(Caching, FillsTheSubmenusOfCopiesWhenTheyOpen) {
+    file.submenu("Export").item("As Text");
+    rebuildAndFill();
+    Menu& menu = opened("File");
+    const auto item = menu.itemWithTitle("Export");
+    ASSERT_TRUE(item->hasSubmenu());
+    fake.menuPresenter.open(*item->submenu());
+    EXPECT_THAT(titlesOf(*item->submenu()), ElementsAre("As Text"));
+}
+
+TEST_F(Caching, KeepsTheMenuThatWasFilledLastAsEveryFillingHasAFreshName) {
+    const FakeMenu edit = editor.menu("Edit").item("Copy");
+    rebuildAndFill();
+    EXPECT_FALSE(reader->cacheExistsForMenu(*root().itemWithTitle("File")->submenu()));
+    EXPECT_TRUE(reader->cacheExistsForMenu(*root().itemWithTitle("Edit")->submenu()));
+}
+
+TEST_F(Caching, OutlivesRebuildsAndSwitchesUntilTheNextFilling) {
+    const FakeApplication mail = fake.addApplication("Mail");
+    mail.menu("Message").item("Reply");
+    rebuildAndFill();
+    fake.activate(mail);
+    reader->update();
+    EXPECT_EQ(work->waiting(), 0U);
+    EXPECT_THAT(titlesOf(opened("Message")), ElementsAre("Reply"));
+    fake.activate(editor);
+    file.item("Late");
+    reader->update();
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+    work->runAll();
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap", "Late"));
+}
+
+TEST_F(Caching, ReadsTheRealMenuAgainOnceTheApplicationIsForgotten) {
+    rebuildAndFill();
+    file.item("Late");
+    reader->clearCacheForAppKey("Mail");
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+    reader->clearCacheForAppKey("Editor");
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap", "Late"));
+}
+
+TEST_F(Caching, FindsTheAppleMenuUnderItsMark) {
+    const FakeMenu apple = editor.menu("Apple").item("About");
+    reader->setShowAppleMenu(true);
+    rebuildAndFill();
+    Menu& menu = opened("\uF8FF");
+    EXPECT_EQ(menu.title(), "Apple");
+    EXPECT_THAT(titlesOf(menu), ElementsAre("About"));
+    apple.item("Late");
+    EXPECT_THAT(titlesOf(opened("\uF8FF")), ElementsAre("About"));
+}
+
+TEST_F(Caching, UsesTheOptionsOfTheMomentTheFillingWasStarted) {
+    file.item("Save", {.commandCharacter = "S"});
+    reader->setKeyEquivalents(true);
+    reader->update();
+    reader->setKeyEquivalents(false);
+    work->runAll();
+    EXPECT_EQ(opened("File").itemWithTitle("Save")->keyEquivalent(), "s");
+}
+
+TEST_F(Caching, OpensAMenuEmptyWhenTheItemOfItsTitleIsGoneFromTheMirror) {
+    rebuildAndFill();
+    // The probe goes by the menu's title, the look-up by the title of the item that it hangs in.
+    root().itemWithTitle("File")->setTitle("Renamed");
+    EXPECT_THAT(titlesOf(opened("Renamed")), IsEmpty());
+}
+
+TEST_F(Caching, DoesNotRunThePassesOfTheFinderTwiceNorTheServicesPass) {
+    const FakeMenu services = editor.menu("Services").item("Hidden");
+    rebuildAndFill();
+    EXPECT_THAT(titlesOf(opened("Services")), ElementsAre("Hidden"));
+}
+
+TEST_F(Caching, ReadsInBatches) {
+    fake.accessibility.clearCalls();
+    reader->update();
+    EXPECT_EQ(fake.accessibility.batchCount(), 1U);
+    work->runAll();
+    EXPECT_EQ(fake.accessibility.batchCount(), 2U);
+    opened("File");
+    EXPECT_EQ(fake.accessibility.batchCount(), 3U);
+    EXPECT_EQ(fake.accessibility.callsOutsideBatches(), 0U);
+    EXPECT_EQ(fake.accessibility.openBatches(), 0);
+}
+
+TEST_F(Caching, StartsNothingWithoutAnApplicationInFront) {
+    fake.workspace.setActiveApplication(std::nullopt);
+    reader->update();
+    EXPECT_THAT(titlesOf(root()), ElementsAre("File"));
+    EXPECT_EQ(work->waiting(), 0U);
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
+TEST(CachingThreads, FillWhileMenusOpenAndApplicationsSwitchAndEnd) {
+    FakePlatform fake;
+    const FakeApplication editor = fake.addApplication("Editor");
+    const FakeApplication viewer = fake.addApplication("Viewer");
+    for (const FakeApplication& application : {editor, viewer}) {
+        for (const char* title : {"Apple", "File", "Edit", "Format"}) {
+            const FakeMenu menu = application.menu(title).item("One").separator().item("Two", {.mark = "x"});
+            menu.submenu("More").item("Three");
+        }
+    }
+    fake.activate(editor);
+    auto reader = AppAccessibility::initWithFocusedApp(fake.platform());
+    reader->setShowAppleMenu(true);
+    for (int round = 0; round < 40; ++round) {
+        fake.activate(round % 2 ? editor : viewer);
+        reader->setKeyEquivalents(round % 3 == 0);
+        reader->update();
+        for (const auto& item : reader->menu()->items()) {
+            fake.menuPresenter.open(*item->submenu());
+            for (const auto& child : item->submenu()->items()) {
+                if (child->hasSubmenu())
+                    fake.menuPresenter.open(*child->submenu());
+            }
+            fake.menuPresenter.closeMenus();
+        }
+        if (round % 10 == 9)
+            reader->clearCacheForAppKey("Editor");
+        if (round == 30)
+            fake.quit(viewer);
+    }
+    // Fillings may still be going on.
+    reader.reset();
+}
+
+} // namespace
+} // namespace tarragon

@@ -1,0 +1,56 @@
+#include "mirror/CacheEligibility.h"
+
+#include <gtest/gtest.h>
+
+namespace tarragon {
+namespace {
+
+TEST(CacheEligibility, HoldsForAnyMenuThatNoRuleNames) {
+    for (const char* title : {"Edit", "File", "Format", "Apple", "\uF8FF", "window", "Windows"})
+        EXPECT_TRUE(menuMayBeCached("Editor", title)) << title;
+}
+
+TEST(CacheEligibility, ExcludesUntitledMenusAndTheWindowMenu) {
+    for (const char* title : {"", "AXMenuBarItem", "Window"})
+        EXPECT_FALSE(menuMayBeCached("Editor", title)) << title;
+}
+
+TEST(CacheEligibility, ExcludesTheFindersEditMenuAlone) {
+    EXPECT_FALSE(menuMayBeCached("Finder", "Edit"));
+    EXPECT_TRUE(menuMayBeCached("Finder", "File"));
+}
+
+TEST(CacheEligibility, ExcludesMenusOfPastItems) {
+    for (const char* title : {"Recent Items", "Open Recent", "History", "Bookmarks"})
+        EXPECT_FALSE(menuMayBeCached("Editor", title)) << title;
+}
+
+TEST(CacheEligibility, ExcludesApplicationsByName) {
+    for (const char* name : {"Mail", "IBM Lotus Symphony", "Photoshop", "Audacity", "OfficeTime", "Avid Media Composer",
+             "Microsoft Word", "Microsoft Excel", "Safari", "Xcode", "Firefox", "Camino", "Thunderbird", "iPhoto",
+             "Bookends", "Parallels Desktop"})
+        EXPECT_FALSE(menuMayBeCached(name, "File")) << name;
+    for (const char* name : {"mail", "Mail ", "Microsoft", "Parallels", "Firefox Developer"})
+        EXPECT_TRUE(menuMayBeCached(name, "File")) << name;
+}
+
+TEST(CacheEligibility, ExcludesTwoMenusOfWord) {
+    EXPECT_FALSE(menuMayBeCached("Word", "Edit"));
+    EXPECT_FALSE(menuMayBeCached("Word", "Insert"));
+    EXPECT_TRUE(menuMayBeCached("Word", "File"));
+}
+
+TEST(CacheEligibility, ExcludesEveryApplicationWhoseNameBeginsWithFileMaker) {
+    EXPECT_FALSE(menuMayBeCached("FileMaker", "File"));
+    EXPECT_FALSE(menuMayBeCached("FileMaker Pro", "File"));
+    EXPECT_TRUE(menuMayBeCached("My FileMaker", "File"));
+    EXPECT_TRUE(menuMayBeCached("Filemaker", "File"));
+}
+
+TEST(CacheEligibility, KnowsNoApplicationWithoutAName) {
+    EXPECT_TRUE(menuMayBeCached(std::nullopt, "Edit"));
+    EXPECT_FALSE(menuMayBeCached(std::nullopt, "History"));
+}
+
+} // namespace
+} // namespace tarragon

@@ -1,0 +1,211 @@
+#include "mirror/MenuCache.h"
+
+#include "MenuTitles.h"
+#include "fake/FakeFillingThreads.h"
+#include "mirror/SystemFillingThreads.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <future>
+#include <thread>
+
+namespace tarragon {
+namespace {
+
+using testing::ElementsAre;
+
+std::shared_ptr<MenuItem> item(const std::string& title) {
+    return std::make_shared<MenuItem>(title, "", "");
+}
+
+Menu::SharedTitle name(const std::string& text) {
+    return std::make_shared<const std::string>(text);
+}
+
+class MenuCacheTest : public testing::Test {
+protected:
+    void fill(const Menu::SharedTitle& appName, const std::string& title, const std::string& content) {
+        cache.cacheMenuForMenuItem(appName, item(title), [this, content](Menu& menu) {
+            ++fillings;
+            menu.addItem(item(content));
+        });
+    }
+    bool exists(const std::string& appName, const std::string& title) {
+        return cache.cacheExistsForMenu(appName, Menu(title));
+    }
+
+    std::shared_ptr<FakeFillingThreads::Work> work = std::make_shared<FakeFillingThreads::Work>();
+    MenuCache cache{std::make_unique<FakeFillingThreads>(work)};
+    int fillings = 0;
+};
+
+TEST_F(MenuCacheTest, HoldsNothingBeforeTheFirstFilling) {
+    EXPECT_FALSE(exists("Editor", "File"));
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+    cache.clearCacheForAppKey("Editor");
+}
+
+TEST_F(MenuCacheTest, FillsOnAnotherThread) {
+    fill(name("Editor"), "File", "New");
+    EXPECT_EQ(fillings, 0);
+    EXPECT_EQ(work->waiting(), 1U);
+    EXPECT_FALSE(exists("Editor", "File"));
+    work->runAll();
+    EXPECT_EQ(fillings, 1);
+    EXPECT_TRUE(exists("Editor", "File"));
+}
+
+TEST_F(MenuCacheTest, KeepsTheFilledMenuUnderTheItemsTitle) {
+    fill(name("Editor"), "File", "New");
+    work->runAll();
+    const auto filled = cache.filledMenu("Editor", "File");
+    ASSERT_NE(filled, nullptr);
+    EXPECT_EQ(filled->title(), "File");
+    EXPECT_THAT(titlesOf(*filled), ElementsAre("New"));
+    EXPECT_EQ(cache.filledMenu("Editor", "Edit"), nullptr);
+    EXPECT_EQ(cache.filledMenu("Other", "File"), nullptr);
+    EXPECT_FALSE(exists("Editor", "Edit"));
+    EXPECT_FALSE(exists("Other", "File"));
+}
+
+TEST_F(MenuCacheTest, KeepsTheMenusOfAnApplicationWhoseNameIsTheVerySameObject) {
+    const auto editor = name("Editor");
+    fill(editor, "File", "New");
+    fill(editor, "Edit", "Copy");
+    work->runAll();
+    EXPECT_TRUE(exists("Editor", "File"));
+    EXPECT_TRUE(exists("Editor", "Edit"));
+}
+
+TEST_F(MenuCacheTest, StartsAnApplicationAfreshWhenItsNameIsOnlyEqual) {
+    fill(name("Editor"), "File", "New");
+    fill(name("Editor"), "Edit", "Copy");
+    work->runAll();
+    EXPECT_FALSE(exists("Editor", "File"));
+    EXPECT_TRUE(exists("Editor", "Edit"));
+}
+
+TEST_F(MenuCacheTest, FillsATitleOnceForTheVerySameName) {
+    const auto editor = name("Editor");
+    fill(editor, "File", "first");
+    fill(editor, "File", "second");
+    work->runAll();
+    EXPECT_EQ(fillings, 1);
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("first"));
+}
+
+TEST_F(MenuCacheTest, KeepsApplicationsApart) {
+    fill(name("Editor"), "File", "of the editor");
+    fill(name("Viewer"), "File", "of the viewer");
+    work->runAll();
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("of the editor"));
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Viewer", "File")), ElementsAre("of the viewer"));
+}
+
+TEST_F(MenuCacheTest, ForgetsOneApplication) {
+    fill(name("Editor"), "File", "New");
+    fill(name("Viewer"), "File", "New");
+    work->runAll();
+    cache.clearCacheForAppKey("Editor");
+    EXPECT_FALSE(exists("Editor", "File"));
+    EXPECT_TRUE(exists("Viewer", "File"));
+}
+
+TEST_F(MenuCacheTest, LooksForTheMenuTitledAppleUnderItsMark) {
+    fill(name("Editor"), "Apple", "About");
+    work->runAll();
+    EXPECT_FALSE(exists("Editor", "Apple"));
+    fill(name("Editor"), "\uF8FF", "About");
+    work->runAll();
+    EXPECT_TRUE(exists("Editor", "Apple"));
+}
+
+TEST_F(MenuCacheTest, LetsALookUpGoOnWithAMenuThatIsReplacedMeanwhile) {
+    fill(name("Editor"), "File", "New");
+    work->runAll();
+    const auto filled = cache.filledMenu("Editor", "File");
+    fill(name("Editor"), "Edit", "Copy");
+    work->runAll();
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+    EXPECT_THAT(titlesOf(*filled), ElementsAre("New"));
+}
+
+TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    std::promise<void> begun;
+    std::promise<void> goOn;
+    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu) {
+        begun.set_value();
+        goOn.get_future().wait();
+        menu.addItem(item("New"));
+    });
+    begun.get_future().wait();
+    // A half-filled menu is not to be found.
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+    cache.clearCacheForAppKey("Viewer");
+    auto probe = std::async(std::launch::async, [&] { return cache.cacheExistsForMenu("Editor", Menu("File")); });
+    EXPECT_EQ(probe.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
+    goOn.set_value();
+    EXPECT_TRUE(probe.get());
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
+}
+
+TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {
+    std::atomic<int> begun = 0;
+    std::atomic<int> ended = 0;
+    std::promise<void> first;
+    {
+        MenuCache cache(std::make_unique<SystemFillingThreads>());
+        const auto slow = [&](Menu&) {
+            if (begun++ == 0)
+                first.set_value();
+            std::this_thread::yield();
+            ++ended;
+        };
+        for (int index = 0; index < 20; ++index)
+            cache.cacheMenuForMenuItem(name("Editor"), item("File " + std::to_string(index)), slow);
+        first.get_future().wait();
+    }
+    EXPECT_EQ(begun, ended);
+}
+
+TEST(MenuCacheThreads, LeaveFillingsUndoneThatHaveNotBegunWhenTheCacheGoes) {
+    const auto work = std::make_shared<FakeFillingThreads::Work>();
+    bool filled = false;
+    {
+        MenuCache cache(std::make_unique<FakeFillingThreads>(work));
+        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&) { filled = true; });
+    }
+    EXPECT_EQ(work->waiting(), 0U);
+    EXPECT_FALSE(filled);
+}
+
+TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    const auto shared = name("Shared");
+    std::size_t seen = 0;
+    for (int round = 0; round < 300; ++round) {
+        const std::string title = "Menu " + std::to_string(round % 7);
+        const auto fillMenu = [](Menu& menu) {
+            for (int index = 0; index < 10; ++index)
+                menu.addItem(item(std::to_string(index)));
+        };
+        cache.cacheMenuForMenuItem(round % 2 ? shared : name("Shared"), item(title), fillMenu);
+        if (cache.cacheExistsForMenu("Shared", Menu(title)))
+            ++seen;
+        if (const auto filled = cache.filledMenu("Shared", title)) {
+            Menu copies("Copies");
+            for (const auto& each : filled->items())
+                copies.addItem(each->copy());
+            ASSERT_EQ(copies.numberOfItems(), 10U);
+        }
+        if (round % 50 == 49)
+            cache.clearCacheForAppKey("Shared");
+    }
+    EXPECT_LE(seen, 300U);
+}
+
+} // namespace
+} // namespace tarragon
