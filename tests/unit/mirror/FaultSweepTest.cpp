@@ -2,6 +2,7 @@
 // knows, and expects a mirror that can be used each time.
 #include "ReaderTest.h"
 
+#include "fake/FakeFillingThreads.h"
 #include "mirror/ProxyMenuItem.h"
 
 #include <iostream>
@@ -16,14 +17,15 @@ using Damage = std::function<void(FakePlatform&, const FakeApplication&, const F
 // One desktop for one case: everything that a menu can hold, and the things that can happen to it.
 class Case {
 public:
-    Case() {
+    explicit Case(const std::string& name = "Mail")
+        : application(fake.addApplication(name)) {
         file.item("New").separator().item("Close", {.mark = "x", .commandCharacter = "W", .commandModifiers = 1});
         const Element close = file.itemElement("Close");
         file.item("Close All", {.commandGlyph = 111, .primary = close, .shortcutText = "F1"});
         file.submenu("Open Recent").item("Letter");
         services.item("Hidden").item("Shown", {.size = Size{1, 1}});
         fake.activate(application);
-        reader = AppAccessibility::initWithFocusedApp(fake.platform());
+        reader = AppAccessibility::initWithFocusedApp(fake.platform(), std::make_unique<FakeFillingThreads>(work));
         reader->setFoldAlternateItems(true);
         reader->setKeyEquivalents(true);
     }
@@ -58,9 +60,10 @@ public:
     }
 
     FakePlatform fake;
-    FakeApplication application = fake.addApplication("Mail");
+    FakeApplication application;
     FakeMenu file = application.menu("File");
     FakeMenu services = application.menu("Services");
+    std::shared_ptr<FakeFillingThreads::Work> work = std::make_shared<FakeFillingThreads::Work>();
     std::shared_ptr<AppAccessibility> reader;
 
 private:
@@ -203,6 +206,36 @@ TEST_F(FaultSweep, LeavesAUsableMirrorWheneverTheMenusChange) {
         }
     }
     report("menus changed between two calls", cases);
+}
+
+// An application whose menus may be cached; the menu that is filled last is shown from the cache.
+void runBrokenCached(const std::function<void(Case&)>& breakCall) {
+    Case each("Editor");
+    each.fake.accessibility.clearCalls();
+    breakCall(each);
+    each.reader->update();
+    each.work->runAll();
+    each.openEverything();
+    each.expectUsable();
+    each.work->runAll();
+    each.expectRecovery();
+}
+
+TEST_F(FaultSweep, LeavesAUsableMirrorWhicheverCallOfAFillingOrACopyFails) {
+    Case healthy("Editor");
+    healthy.fake.accessibility.clearCalls();
+    healthy.reader->update();
+    EXPECT_GT(healthy.work->waiting(), 0U);
+    healthy.work->runAll();
+    healthy.openEverything();
+    std::size_t cases = 0;
+    for (const FakeFault fault : {FakeFault::Dead, FakeFault::Slow, FakeFault::WrongType, FakeFault::Disappearing}) {
+        for (std::size_t call = 0; call < healthy.callsSoFar(); ++call, ++cases) {
+            SCOPED_TRACE(testing::Message() << "fault " << static_cast<int>(fault) << " at call " << call);
+            runBrokenCached([&](Case& each) { each.fake.accessibility.failCall(call, fault); });
+        }
+    }
+    report("one call of a cached application failed", cases);
 }
 
 TEST_F(FaultSweep, FindsNoFaultInAHealthyApplication) {

@@ -1,0 +1,240 @@
+#include "ReaderTest.h"
+
+namespace tarragon {
+namespace {
+
+using Operation = FakeCall::Operation;
+
+class FocusedWindow : public ReaderTest {
+protected:
+    FocusedWindow() { reader->update(); }
+    void useApplication(const std::string& name, const FakeWindowOptions& options) {
+        const FakeApplication application = fake.addApplication(name);
+        application.window(options);
+        fake.activate(application);
+        reader->update();
+    }
+};
+
+TEST_F(FocusedWindow, TellsTheNameOfTheApplicationInFront) {
+    EXPECT_EQ(reader->focusedAppName(), "Mail");
+    fake.deactivate();
+    EXPECT_EQ(reader->focusedAppName(), std::nullopt);
+}
+
+TEST_F(FocusedWindow, TellsRoleTextAndTitle) {
+    mail.window({.title = "Inbox", .roleDescription = "sheet"});
+    EXPECT_EQ(reader->focusedWindowRole(), "sheet");
+    EXPECT_EQ(reader->focusedWindowTitle(), "Inbox");
+}
+
+TEST_F(FocusedWindow, HasNeitherRoleTextNorTitleNorPlaceWhenThereIsNone) {
+    EXPECT_EQ(reader->focusedWindowRole(), std::nullopt);
+    EXPECT_EQ(reader->focusedWindowTitle(), std::nullopt);
+    EXPECT_EQ(reader->focusedWindowFrameNS(), Rect());
+    EXPECT_EQ(reader->focusedWindowPosition(), Point());
+    EXPECT_EQ(reader->focusedWindowTitlePosition(), Point());
+    EXPECT_EQ(reader->focusedWindowTitleFrame(), Rect());
+    EXPECT_FALSE(reader->isFocusedWindowFullScreen());
+    mail.window({.roleDescription = std::nullopt});
+    EXPECT_EQ(reader->focusedWindowRole(), std::nullopt);
+    EXPECT_EQ(reader->focusedWindowTitle(), std::nullopt);
+}
+
+TEST_F(FocusedWindow, IsAskedAfreshEveryTime) {
+    mail.window({.title = "First"});
+    EXPECT_EQ(reader->focusedWindowTitle(), "First");
+    mail.window({.title = "Second"});
+    EXPECT_EQ(reader->focusedWindowTitle(), "Second");
+}
+
+TEST_F(FocusedWindow, BelongsToTheApplicationOfTheLastRebuild) {
+    mail.window({.title = "Inbox"});
+    const FakeApplication editor = fake.addApplication("Editor");
+    editor.window({.title = "Letter"});
+    fake.activate(editor);
+    EXPECT_EQ(reader->focusedWindowTitle(), "Inbox");
+    reader->update();
+    EXPECT_EQ(reader->focusedWindowTitle(), "Letter");
+    fake.deactivate();
+    reader->update();
+    EXPECT_TRUE(reader->isFocusedWindowMinimized());
+}
+
+TEST_F(FocusedWindow, HasItsFrameInBothSpaces) {
+    mail.window({.positionCG = Point{10, 100}, .size = Size{200, 50}});
+    EXPECT_EQ(reader->focusedWindowFrameNS(), (Rect{{10, 750}, {200, 50}}));
+    EXPECT_EQ(reader->focusedWindowFrameCG(), (Rect{{10, 100}, {200, 50}}));
+    EXPECT_EQ(reader->focusedWindowPosition(), (Point{10, 750}));
+    EXPECT_EQ(reader->focusedWindowPositionCG(), (Point{10, 100}));
+}
+
+TEST_F(FocusedWindow, FlipsAtTheMainDisplayInDoublePrecision) {
+    fake.displays.setMainDisplayBoundsCG({{0, 50.1}, {1000, 600}});
+    EXPECT_EQ(reader->convertNSToCGRectCoords({{1, 2}, {3, 4}}), (Rect{{1, 650.1 - 6}, {3, 4}}));
+}
+
+TEST_F(FocusedWindow, HasTheFrameOfItsTitle) {
+    const Element window = mail.window();
+    const Element title = fake.accessibility.addElement(mail.processIdentifier(), "AXStaticText");
+    fake.accessibility.setAttribute(title, "AXPosition", Point{10, 100});
+    fake.accessibility.setAttribute(window, "AXTitleUIElement", title);
+    EXPECT_EQ(reader->focusedWindowTitlePosition(), (Point{10, 100}));
+    EXPECT_EQ(reader->focusedWindowTitleFrame(), Rect());
+    fake.accessibility.setAttribute(title, "AXSize", Size{20, 30});
+    EXPECT_EQ(reader->focusedWindowTitleFrame(), (Rect{{10, 770}, {20, 30}}));
+}
+
+TEST_F(FocusedWindow, IsDesktopLikeOnTheFindersDesktop) {
+    useApplication("Finder", {.roleDescription = "scroll area"});
+    EXPECT_TRUE(reader->isFinderDesktopWindowActive());
+}
+
+TEST_F(FocusedWindow, IsDesktopLikeInPhotoshopFrom31ChildrenOn) {
+    useApplication("Photoshop", {.children = 30});
+    EXPECT_FALSE(reader->isFinderDesktopWindowActive());
+    useApplication("Photoshop", {.children = 31});
+    EXPECT_TRUE(reader->isFinderDesktopWindowActive());
+    useApplication("Editor", {.children = 31});
+    EXPECT_FALSE(reader->isFinderDesktopWindowActive());
+}
+
+TEST_F(FocusedWindow, IsNotDesktopLikeWhenItsChildrenCannotBeRead) {
+    const FakeApplication application = fake.addApplication("Photoshop");
+    const Element window = application.window({.children = 40});
+    fake.accessibility.removeAttribute(window, "AXChildren");
+    fake.activate(application);
+    reader->update();
+    EXPECT_FALSE(reader->isFinderDesktopWindowActive());
+    application.removeFocusedWindow();
+    EXPECT_FALSE(reader->isFinderDesktopWindowActive());
+}
+
+TEST_F(FocusedWindow, IsNotAskedForItsChildrenByOtherApplications) {
+    const Element window = mail.window({.children = 40});
+    fake.accessibility.clearCalls();
+    EXPECT_FALSE(reader->isFinderDesktopWindowActive());
+    for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue))
+        EXPECT_FALSE(call.element == window && call.name == "AXChildren");
+}
+
+TEST_F(FocusedWindow, IsPassingByItsRoleTextAndTitle) {
+    mail.window({.title = "Inbox"});
+    EXPECT_FALSE(reader->isAuxiliaryWindowActive());
+    mail.window({.title = "Copying 3 items"});
+    EXPECT_TRUE(reader->isAuxiliaryWindowActive());
+    mail.window({.title = "Inbox", .roleDescription = "dialog"});
+    EXPECT_TRUE(reader->isAuxiliaryWindowActive());
+    mail.window({});
+    EXPECT_TRUE(reader->isAuxiliaryWindowActive());
+}
+
+TEST_F(FocusedWindow, IsFullScreenExactlyWhenItSaysTrue) {
+    mail.window({.fullScreen = true});
+    EXPECT_TRUE(reader->isFocusedWindowFullScreen());
+    const Element window = mail.window({.fullScreen = false});
+    EXPECT_FALSE(reader->isFocusedWindowFullScreen());
+    fake.accessibility.setAttribute(window, "AXFullScreen", std::int64_t{1});
+    EXPECT_FALSE(reader->isFocusedWindowFullScreen());
+}
+
+TEST_F(FocusedWindow, CountsAsMinimizedWhenThereIsNone) {
+    EXPECT_TRUE(reader->isFocusedWindowMinimized());
+    mail.window();
+    EXPECT_FALSE(reader->isFocusedWindowMinimized());
+    mail.removeFocusedWindow();
+    EXPECT_TRUE(reader->isFocusedWindowMinimized());
+}
+
+TEST_F(FocusedWindow, IsHiddenWhenItsApplicationIs) {
+    mail.window();
+    EXPECT_FALSE(reader->isFocusedWindowHidden());
+    fake.accessibility.setAttribute(mail.element(), "AXHidden", true);
+    EXPECT_TRUE(reader->isFocusedWindowHidden());
+}
+
+TEST_F(FocusedWindow, IsMovedAndResizedInScreenSpace) {
+    const Element window = mail.window({.positionCG = Point{1, 2}, .size = Size{3, 4}});
+    reader->setPositionOfFocusedWindow(10.5F, 20);
+    reader->setSizeOfFocusedWindow(300, 400);
+    EXPECT_EQ(fake.accessibility.attribute(window, "AXPosition"), Value(Point{10.5, 20}));
+    EXPECT_EQ(fake.accessibility.attribute(window, "AXSize"), Value(Size{300, 400}));
+}
+
+TEST_F(FocusedWindow, StaysWhenItCannotBeMoved) {
+    const Element window = mail.window({.positionCG = Point{1, 2}});
+    fake.accessibility.setFault(window, FakeFault::Refusing);
+    reader->setPositionOfFocusedWindow(10, 20);
+    EXPECT_EQ(fake.accessibility.attribute(window, "AXPosition"), Value(Point{1, 2}));
+    mail.removeFocusedWindow();
+    reader->setPositionOfFocusedWindow(10, 20);
+    reader->setSizeOfFocusedWindow(10, 20);
+}
+
+class FocusedWindowScreen : public FocusedWindow {
+protected:
+    // The window's frame is given in Cocoa space, where the rules are told.
+    void place(const Rect& frameNS) {
+        const Rect frameCG = reader->convertNSToCGRectCoords(frameNS);
+        mail.window({.positionCG = frameCG.origin, .size = frameCG.size});
+        ASSERT_EQ(reader->focusedWindowFrameNS(), frameNS);
+    }
+    void setFrames(const std::vector<Rect>& frames) {
+        std::vector<Screen> screens;
+        for (const Rect& frame : frames)
+            screens.push_back({frame, {frame.origin, {frame.size.width, frame.size.height - 5}}});
+        fake.displays.setScreens(screens);
+        const Rect primary = frames.front();
+        fake.displays.setMainDisplayBoundsCG({{0, 0}, primary.size});
+    }
+    std::optional<Rect> screenFrame() {
+        const auto screen = reader->focusedWindowScreen();
+        return screen ? std::optional(screen->frameNS) : std::nullopt;
+    }
+
+    // A window of 100 by 100 at (0, 0), and a screen around each point of it that is tried.
+    static Rect around(double x, double y) { return {{x - 5, y - 5}, {10, 10}}; }
+    const Rect far{{5000, 0}, {1000, 1000}};
+};
+
+TEST_F(FocusedWindowScreen, IsTheOneOfTheFirstPointThatLiesOnAScreen) {
+    // In the order in which the points are tried.
+    const std::vector<Rect> screens{
+        around(50, 50), around(0, 0), around(100, 100), around(100, 50), around(50, 100), around(0, 100)};
+    for (std::size_t first = 0; first < screens.size(); ++first) {
+        std::vector<Rect> frames{far};
+        // The later ones stand first in the list, so that only the order of the points decides.
+        for (std::size_t index = screens.size(); index-- > first;)
+            frames.push_back(screens[index]);
+        setFrames(frames);
+        place({{0, 0}, {100, 100}});
+        EXPECT_EQ(screenFrame(), screens[first]) << first;
+    }
+}
+
+TEST_F(FocusedWindowScreen, IsNoneWhenOnlyTheBottomRightCornerLiesOnOne) {
+    setFrames({far, around(100, 0)});
+    place({{0, 0}, {100, 100}});
+    EXPECT_EQ(screenFrame(), std::nullopt);
+    EXPECT_EQ(reader->focusedWindowScreenRectNS(), Rect());
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+}
+
+TEST_F(FocusedWindowScreen, HoldsTheCentreOfAWindowThatStraddlesTwo) {
+    setFrames({{{0, 0}, {1000, 1000}}, {{1000, 0}, {1000, 1000}}});
+    place({{800, 100}, {500, 100}});
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 1);
+    EXPECT_EQ(screenFrame(), (Rect{{1000, 0}, {1000, 1000}}));
+    place({{600, 100}, {500, 100}});
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+}
+
+TEST_F(FocusedWindowScreen, HasItsVisibleFrameInBothSpaces) {
+    setFrames({{{0, 0}, {1000, 1000}}, {{1000, 0}, {800, 700}}});
+    place({{1100, 100}, {100, 100}});
+    EXPECT_EQ(reader->focusedWindowScreenRectNS(), (Rect{{1000, 0}, {800, 695}}));
+    EXPECT_EQ(reader->focusedWindowScreenRectCG(), (Rect{{1000, 305}, {800, 695}}));
+}
+
+} // namespace
+} // namespace tarragon
