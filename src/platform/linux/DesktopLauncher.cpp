@@ -20,7 +20,7 @@ std::string findProgram(const std::string& name) {
     const char* path = std::getenv("PATH");
     std::istringstream folders(path ? path : "/usr/local/bin:/usr/bin:/bin");
     for (std::string folder; std::getline(folders, folder, ':');) {
-        const std::string candidate = (folder.empty() ? "." : folder) + "/" + name;
+        std::string candidate = (folder.empty() ? "." : folder) + "/" + name;
         if (access(candidate.c_str(), X_OK) == 0)
             return candidate;
     }
@@ -58,6 +58,7 @@ bool startDetached(const std::vector<std::string>& command) {
     if (program.empty())
         return false;
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
@@ -163,12 +162,10 @@ void PropertyListDefaults::takeOver(PropertyListValues values, std::vector<std::
 
 void PropertyListDefaults::tellObservers(const std::string& key) {
     const std::string keyPath = "values." + key;
-    // By number and by copy: an observer may add another one.
-    for (std::size_t index = 0; index < _observers.size(); ++index) {
-        if (_observers[index].first != keyPath)
-            continue;
-        const Observer observer = _observers[index].second;
-        observer(keyPath);
+    // A copy, because an observer may add another one.
+    for (const auto current = _observers; const auto& [observed, observer] : current) {
+        if (observed == keyPath)
+            observer(keyPath);
     }
 }
 

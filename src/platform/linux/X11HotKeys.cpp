@@ -5,7 +5,6 @@
 #include "platform/linux/X11Reply.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iostream>
 #include <string_view>
 #include <utility>
@@ -193,12 +192,9 @@ void X11HotKeys::refuse(const Combination& combination) {
 }
 
 void X11HotKeys::callHandlers() {
-    // By number and by copy: a handler may install another one.
-    for (std::size_t index = _handlers.size(); index-- > 0;) {
-        const std::function<bool()> handler = _handlers[index];
-        if (handler())
-            return;
-    }
+    // A copy, because a handler may install another one.
+    const std::vector<std::function<bool()>> current = _handlers;
+    std::any_of(current.rbegin(), current.rend(), [](const std::function<bool()>& handler) { return handler(); });
 }
 
 } // namespace tarragon

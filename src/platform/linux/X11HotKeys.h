@@ -8,7 +8,7 @@
 #include <functional>
 #include <map>
 #include <set>
-#include <string>
+#include <utility>
 #include <vector>
 
 #include <xcb/xcb.h>
@@ -42,7 +42,10 @@ private:
     struct Combination {
         std::uint32_t keyCode = 0;
         std::uint32_t modifiers = 0;
-        auto operator<=>(const Combination&) const = default;
+        bool operator==(const Combination&) const = default;
+        bool operator<(const Combination& other) const {
+            return std::pair(keyCode, modifiers) < std::pair(other.keyCode, other.modifiers);
+        }
     };
 
     X11KeyboardMapping requestMapping() const;

@@ -100,7 +100,7 @@ X11WindowType windowType(const std::vector<xcb_atom_t>& types, const X11WindowAt
 }
 
 // The two strings of WM_CLASS.
-std::pair<std::string, std::string> classStrings(std::string bytes) {
+std::pair<std::string, std::string> classStrings(const std::string& bytes) {
     const std::size_t end = std::min(bytes.find('\0'), bytes.size());
     const std::string instance = bytes.substr(0, end);
     const std::string rest = end < bytes.size() ? bytes.substr(end + 1) : std::string();

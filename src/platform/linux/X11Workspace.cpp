@@ -8,7 +8,6 @@
 #include "platform/linux/X11Windows.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -129,10 +128,11 @@ void X11Workspace::handleEvents() {
         change.frontSwitched |= next.frontSwitched;
         change.systemUIModeChanged |= next.systemUIModeChanged;
     }
+    // Copies, because a handler may install another one.
     if (change.systemUIModeChanged)
-        call(_systemUIModeChangedHandlers);
+        call(Handlers(_systemUIModeChangedHandlers));
     if (change.frontSwitched)
-        call(_frontSwitchedHandlers);
+        call(Handlers(_frontSwitchedHandlers));
 }
 
 X11FrontWindowChange X11Workspace::look() {
@@ -151,11 +151,8 @@ X11FrontWindowChange X11Workspace::look() {
 }
 
 void X11Workspace::call(const Handlers& handlers) {
-    // By number and by copy: a handler may install another one.
-    for (std::size_t index = 0; index < handlers.size(); ++index) {
-        const std::function<void()> handler = handlers[index];
+    for (const std::function<void()>& handler : handlers)
         handler();
-    }
 }
 
 } // namespace tarragon

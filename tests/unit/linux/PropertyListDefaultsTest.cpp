@@ -247,10 +247,9 @@ TEST_F(PropertyListDefaultsTest, LoseNothingWhenTwoProcessesWriteAtOnce) {
     constexpr int Count = 200;
     const auto writeAll = [this](const std::string& prefix) {
         PropertyListDefaults defaults(_runLoop, _file);
-        bool ok = true;
         for (int number = 0; number < Count; ++number)
-            ok &= defaults.setValue(prefix + std::to_string(number), std::int64_t(number));
-        return ok;
+            defaults.setValue(prefix + std::to_string(number), std::int64_t(number));
+        return defaults.synchronize();
     };
     std::vector<pid_t> children;
     for (const char* prefix : {"first", "second"}) {
