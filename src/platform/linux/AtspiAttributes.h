@@ -25,7 +25,8 @@ Value attributeOfNode(const AtspiNode& node, AtspiElement::Place place, std::str
 bool hasImpliedMenu(const AtspiNode& node, AtspiElement::Place place);
 // Within what the children of an object stand.
 AtspiElement::Place placeOfChildren(std::uint32_t role, AtspiElement::Place place);
-// False for what belongs to a menu's tree but is not to be seen in the menu.
+// False for what belongs to a menu's tree but is not to be seen in the menu. For Qt the extents must have been asked
+// for.
 bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit);
 
 // The position of the action that chooses, presses or opens, by the names that are not translated.

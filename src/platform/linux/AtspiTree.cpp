@@ -187,6 +187,9 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
         return result;
     if (place != Place::Elsewhere) {
         AtspiFields fields = FieldsToRecogniseItems;
+        // Not in a menu bar: titles that find no room there are still offered, behind its end.
+        if (place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt)
+            fields |= AtspiFieldExtents;
         if (_reading == Reading::Ahead && place != Place::UnderItem) {
             fields |= AtspiFieldKeyBinding;
             if (handle.toolkit != AtspiToolkit::Gtk)
