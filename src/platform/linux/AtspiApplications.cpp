@@ -3,7 +3,6 @@
 #include "platform/linux/AtspiConnection.h"
 
 #include <ranges>
-#include <unistd.h>
 
 namespace tarragon {
 
@@ -14,7 +13,7 @@ constexpr const char* RootPath = "/org/a11y/atspi/accessible/root";
 } // namespace
 
 std::optional<AtspiApplication> AtspiApplications::find(std::int64_t processIdentifier) {
-    if (processIdentifier <= 0 || processIdentifier == ::getpid())
+    if (processIdentifier <= 0 || processIdentifier == _ownProcessIdentifier)
         return {};
     Entry* entry = known(processIdentifier);
     if (entry == nullptr) {

@@ -23,8 +23,9 @@ struct AtspiApplication {
 // process is never found: it could not answer while it waits.
 class AtspiApplications {
 public:
-    explicit AtspiApplications(AtspiConnection& connection)
-        : _connection(connection) { }
+    AtspiApplications(AtspiConnection& connection, std::int64_t ownProcessIdentifier)
+        : _connection(connection)
+        , _ownProcessIdentifier(ownProcessIdentifier) { }
 
     std::optional<AtspiApplication> find(std::int64_t processIdentifier);
     // Another accessibility bus means other applications.
@@ -42,6 +43,7 @@ private:
     AtspiToolkit askToolkit(const AtspiReference& root);
 
     AtspiConnection& _connection;
+    std::int64_t _ownProcessIdentifier;
     std::unordered_map<std::string, Entry> _entries; // by unique bus name
     std::vector<std::string> _order; // bus names, in order of appearance
 };
