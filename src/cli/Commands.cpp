@@ -3,13 +3,25 @@
 #include "cli/ChosenApplication.h"
 #include "cli/MirrorPrinter.h"
 #include "cli/MirrorTree.h"
-#include "mirror/ProxyMenuItem.h"
+#include "mirror/FillingThreads.h"
 #include "mirror/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
+#include <functional>
+#include <memory>
 #include <ostream>
 
 namespace tarragon {
+
+namespace {
+
+// A command reads every menu once and live: filling a cache for later would only slow it down.
+class NoFillings : public FillingThreads {
+public:
+    void detachNewThread(std::function<void()>) override { }
+};
+
+} // namespace
 
 Commands::Commands(const Platform& platform, std::ostream& output, std::ostream& errors)
     : _platform(platform)
@@ -52,7 +64,8 @@ int Commands::withReader(const ApplicationChoice& choice, Work work) {
     ChosenApplicationWorkspace workspace(_platform.workspace, *application);
     const Platform chosen{accessibility, workspace, _platform.displays, _platform.hotKeys, _platform.defaults,
         _platform.runLoop, _platform.notificationCenter};
-    const auto reader = AppAccessibility::initWithFocusedApp(isFrontApplication ? _platform : chosen);
+    const auto reader =
+        AppAccessibility::initWithFocusedApp(isFrontApplication ? _platform : chosen, std::make_unique<NoFillings>());
     if (!reader)
         return fail("'" + application->name + "' cannot be reached through the accessibility interface");
     reader->setShowAppleMenu(true);
