@@ -150,9 +150,9 @@ private:
             map->clear();
         _folderTimes.clear();
         std::set<std::string> seen;
-        // Time stamps of folders advance in steps of some milliseconds, so that a second change right after this scan
-        // may leave no trace in them. A folder that has only just changed is therefore scanned once more.
-        const fs::file_time_type recent = fs::file_time_type::clock::now() - std::chrono::milliseconds(50);
+        // Time stamps advance in steps, of up to two seconds on some file systems, so that a second change right after
+        // this scan may leave no trace in them. A folder that has only just changed is therefore scanned again.
+        const fs::file_time_type recent = fs::file_time_type::clock::now() - std::chrono::seconds(2);
         for (const fs::path& folder : _folders)
             scan(folder, seen);
         _isSettled = std::all_of(

@@ -35,6 +35,10 @@ public:
     // False once the server has gone away.
     bool isAlive() const;
 
+    // Throws away the events that came with replies. Nobody waits for any here, but the server tells every client of
+    // new keyboard layouts, and what nobody takes piles up.
+    void discardEvents();
+
     // The atom of a name; names are asked for once. 0 when the server does not answer.
     std::uint32_t atom(std::string_view name);
 

@@ -275,6 +275,7 @@ X11Windows::~X11Windows() = default;
 std::optional<std::uint32_t> X11Windows::activeWindow() {
     X11Property active(_connection.get(), _connection.rootWindow(), _atoms->activeWindow);
     const std::uint32_t window = active.number().value_or(XCB_NONE);
+    _connection.discardEvents();
     return window == XCB_NONE ? std::nullopt : std::optional(window);
 }
 

@@ -159,6 +159,16 @@ TEST_F(DesktopEntriesTest, NoticeEntriesThatComeAndGo) {
     EXPECT_EQ(found(all, windowOfClass("", "app")), "nothing");
 }
 
+TEST_F(DesktopEntriesTest, NoticeAChangeThatLeavesNoTraceInTheTimeOfTheFolder) {
+    write(system() / "app.desktop", "Name=App\n");
+    auto all = entries();
+    EXPECT_EQ(found(all, windowOfClass("", "app")), "app");
+    const fs::file_time_type time = fs::last_write_time(system());
+    write(system() / "other.desktop", "Name=Other\n");
+    fs::last_write_time(system(), time);
+    EXPECT_EQ(found(all, windowOfClass("", "other")), "other");
+}
+
 TEST_F(DesktopEntriesTest, PassOverFilesThatAreNoEntries) {
     write(system() / "good.desktop", "Name=Good\n");
     std::ofstream(system() / "bad.desktop") << std::string(1000, '\0') << "[Desktop";
