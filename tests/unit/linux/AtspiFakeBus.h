@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <sys/types.h>
+#include <thread>
+#include <vector>
+
+struct sd_bus;
+struct sd_bus_message;
+
+namespace tarragon {
+
+// A bus daemon of the test's own.
+class AtspiFakeBus {
+public:
+    AtspiFakeBus();
+    ~AtspiFakeBus();
+    AtspiFakeBus(const AtspiFakeBus&) = delete;
+    AtspiFakeBus& operator=(const AtspiFakeBus&) = delete;
+
+    const std::string& address() const { return _address; }
+    // The daemon is gone afterwards.
+    void stop();
+
+private:
+    pid_t _process = 0;
+    std::string _address;
+};
+
+struct FakeAccessible {
+    std::uint32_t role = 0;
+    std::string name;
+    std::uint64_t states = 0;
+    std::vector<std::string> children; // object paths
+    std::string keyBinding;
+    std::string parent; // object path, empty for none
+    bool hasExtents = true; // has a place on the screen
+};
+
+// An application on the bus: accessible objects as plain records, served by a thread of their own, with the faults
+// that real applications have.
+class AtspiFakeApplication {
+public:
+    explicit AtspiFakeApplication(const AtspiFakeBus& bus, const std::string& wellKnownName = {});
+    ~AtspiFakeApplication();
+    AtspiFakeApplication(const AtspiFakeApplication&) = delete;
+    AtspiFakeApplication& operator=(const AtspiFakeApplication&) = delete;
+
+    const std::string& busName() const { return _busName; }
+    // Changes the records or the faults while the application is not looking.
+    template <typename Change>
+    void change(Change change) {
+        const std::lock_guard lock(_mutex);
+        change();
+    }
+    // How often a method was called.
+    std::size_t calls(const std::string& member);
+
+    // Guarded: change() only.
+    std::map<std::string, FakeAccessible> objects;
+    std::vector<std::pair<std::string, std::string>> foreignChildren; // of the root: bus name and path
+    std::string toolkit = "gtk";
+    bool isSilent = false; // reads, and answers nothing
+    bool answersNonsense = false; // replies of other types than announced
+    std::function<void()> beforeReply;
+
+private:
+    void serve();
+    bool answer(sd_bus_message* message);
+
+    sd_bus* _bus = nullptr;
+    std::string _busName;
+    std::mutex _mutex;
+    std::map<std::string, std::size_t> _calls;
+    int _stopPipe[2] = {-1, -1};
+    std::vector<sd_bus_message*> _unanswered;
+    std::thread _thread;
+};
+
+} // namespace tarragon

@@ -1,0 +1,501 @@
+#include "AtspiFakeBus.h"
+
+#include "platform/AccessibilityNames.h"
+#include "platform/linux/AtspiApplications.h"
+#include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiRole.h"
+#include "platform/linux/AtspiSessionBus.h"
+#include "platform/linux/AtspiTree.h"
+#include "platform/linux/AtspiWindows.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace tarragon {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+using Place = AtspiElement::Place;
+
+constexpr std::uint64_t Visible = (1ULL << 8U) | (1ULL << 24U) | (1ULL << 30U);
+
+class AtspiTreeTest : public ::testing::Test {
+protected:
+    AtspiTreeTest() { ::setenv("AT_SPI_BUS_ADDRESS", bus.address().c_str(), 1); }
+    ~AtspiTreeTest() override { ::unsetenv("AT_SPI_BUS_ADDRESS"); }
+
+    // Registers objects below a menu bar: "/bar" with one item "/bar/file" and as many entries as wanted.
+    void makeGtkMenu(int entries) {
+        application.change([&] {
+            application.objects["/bar"] = {AtspiRoleMenuBar, "", Visible, {"/bar/file"}, "", ""};
+            FakeAccessible file{AtspiRoleMenu, "File  ", Visible, {}, "<Alt>f;<Alt>f;", "/bar"};
+            for (int index = 0; index < entries; ++index) {
+                const std::string path = "/bar/file/" + std::to_string(index);
+                file.children.push_back(path);
+                application.objects[path] = {index % 5 == 4 ? std::uint32_t{AtspiRoleMenu} : AtspiRoleMenuItem,
+                    "Item " + std::to_string(index), Visible, {}, ";;<Primary>n", "/bar/file"};
+            }
+            application.objects["/bar/file"] = file;
+        });
+    }
+
+    void makeQtMenu(int entries) {
+        application.change([&] {
+            application.objects["/bar"] = {AtspiRoleMenuBar, "", Visible, {"/bar/file"}, "", ""};
+            application.objects["/bar/file"] = {AtspiRoleMenuItem, "File", Visible, {"/popup"}, "Alt+F", "/bar"};
+            FakeAccessible popup{AtspiRolePopupMenu, "", 0, {}, "", "/bar/file"};
+            for (int index = 0; index < entries; ++index) {
+                const std::string path = "/popup/" + std::to_string(index);
+                popup.children.push_back(path);
+                application.objects[path] = {
+                    AtspiRoleMenuItem, "Item " + std::to_string(index), 0, {}, "Ctrl+N", "/popup"};
+                if (index % 5 == 4) {
+                    application.objects[path].children = {path + "/popup"};
+                    application.objects[path + "/popup"] = {AtspiRolePopupMenu, "", 0, {}, "", path};
+                }
+            }
+            application.objects["/popup"] = popup;
+        });
+    }
+
+    Element element(const std::string& path, AtspiToolkit toolkit, Place place = Place::Elsewhere) {
+        auto handle = std::make_shared<AtspiElement>();
+        handle->kind = AtspiElement::Kind::Node;
+        handle->toolkit = toolkit;
+        handle->place = place;
+        handle->processIdentifier = 42;
+        handle->reference = {application.busName(), path};
+        return Element(std::move(handle));
+    }
+
+    static std::vector<Element> elements(const Value& value) {
+        const auto* list = valueAs<std::vector<Element>>(value);
+        return list != nullptr ? *list : std::vector<Element>{};
+    }
+
+    static std::string string(const Value& value) {
+        const auto* text = valueAs<std::string>(value);
+        return text != nullptr ? *text : "nil";
+    }
+
+    // What the menu reader asks when the menu of an item opens. Gives the titles.
+    static std::vector<std::string> readLevel(AtspiTree tree, const Element& item) {
+        std::vector<std::string> titles;
+        for (const Element& menu : elements(tree.attributeValue(item, attribute::Children))) {
+            if (string(tree.attributeValue(menu, attribute::Role)) != role::Menu)
+                continue;
+            for (const Element& entry : elements(tree.attributeValue(menu, attribute::Children))) {
+                tree.attributeNames(entry);
+                titles.push_back(string(tree.attributeValue(entry, attribute::Title)));
+                for (const std::string_view name : {attribute::Role, attribute::Enabled, attribute::MenuItemMarkChar,
+                         attribute::MenuItemCmdChar, attribute::MenuItemCmdModifiers, attribute::MenuItemCmdGlyph,
+                         attribute::MenuItemPrimaryUIElement, attribute::MenuItemShortcutText})
+                    tree.attributeValue(entry, name);
+                for (const Element& submenu : elements(tree.attributeValue(entry, attribute::Children))) {
+                    tree.attributeNames(submenu);
+                    tree.attributeValue(submenu, attribute::Role);
+                    tree.attributeValue(submenu, attribute::Title);
+                }
+            }
+        }
+        return titles;
+    }
+
+    // Reads the menu of "/bar/file" in a batch of its own and tells how often that waited.
+    std::uint64_t roundTripsOfLevel(AtspiToolkit toolkit, std::size_t expectedItems) {
+        AtspiNodes nodes;
+        const std::uint64_t before = connection.statistics().roundTrips;
+        const auto titles = readLevel(
+            AtspiTree(connection, nodes, AtspiTree::Reading::Ahead), element("/bar/file", toolkit, Place::InMenuBar));
+        EXPECT_EQ(titles.size(), expectedItems);
+        return connection.statistics().roundTrips - before;
+    }
+
+    AtspiFakeBus bus;
+    AtspiFakeApplication application{bus};
+    AtspiSessionBus sessionBus;
+    AtspiConnection connection{sessionBus};
+    AtspiNodes batch;
+    AtspiTree tree{connection, batch, AtspiTree::Reading::Ahead};
+};
+
+TEST_F(AtspiTreeTest, PutsAMenuBetweenAnItemAndItsChildrenWhereTheToolkitHasNone) {
+    makeGtkMenu(3);
+    const auto items = elements(tree.attributeValue(element("/bar", AtspiToolkit::Gtk), attribute::Children));
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(string(tree.attributeValue(items[0], attribute::Role)), role::MenuBarItem);
+    EXPECT_EQ(string(tree.attributeValue(items[0], attribute::Title)), "File");
+    const auto menus = elements(tree.attributeValue(items[0], attribute::Children));
+    ASSERT_EQ(menus.size(), 1U);
+    EXPECT_EQ(string(tree.attributeValue(menus[0], attribute::Role)), role::Menu);
+    EXPECT_EQ(string(tree.attributeValue(menus[0], attribute::Title)), "nil");
+    EXPECT_FALSE(menus[0] == items[0]);
+    const auto entries = elements(tree.attributeValue(menus[0], attribute::Children));
+    ASSERT_EQ(entries.size(), 3U);
+    EXPECT_EQ(string(tree.attributeValue(entries[1], attribute::Role)), role::MenuItem);
+    EXPECT_EQ(string(tree.attributeValue(entries[1], attribute::Title)), "Item 1");
+    EXPECT_TRUE(elements(tree.attributeValue(entries[1], attribute::Children)).empty());
+    EXPECT_EQ(tree.attributeValue(entries[1], attribute::Parent), Value{menus[0]});
+    EXPECT_EQ(tree.attributeValue(menus[0], attribute::Parent), Value{items[0]});
+}
+
+TEST_F(AtspiTreeTest, TakesTheMenuBetweenWhereTheToolkitHasOne) {
+    makeQtMenu(3);
+    const auto items = elements(tree.attributeValue(element("/bar", AtspiToolkit::Qt), attribute::Children));
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(string(tree.attributeValue(items[0], attribute::Role)), role::MenuBarItem);
+    const auto menus = elements(tree.attributeValue(items[0], attribute::Children));
+    ASSERT_EQ(menus.size(), 1U);
+    EXPECT_EQ(string(tree.attributeValue(menus[0], attribute::Role)), role::Menu);
+    EXPECT_EQ(elements(tree.attributeValue(menus[0], attribute::Children)).size(), 3U);
+}
+
+TEST_F(AtspiTreeTest, LeavesOutWhatGtkHidesButNotWhatIsClosed) {
+    makeGtkMenu(2);
+    application.change([&] { application.objects["/bar/file/0"].states = 0; });
+    EXPECT_EQ(
+        readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)), std::vector<std::string>{"Item 1"});
+    makeQtMenu(2);
+    AtspiNodes nodes;
+    EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::Ahead),
+                  element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar))
+                  .size(),
+        2U);
+}
+
+TEST_F(AtspiTreeTest, LeavesOutWhatQtHides) {
+    makeQtMenu(3);
+    application.change([&] { application.objects["/popup/1"].hasExtents = false; });
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
+        (std::vector<std::string>{"Item 0", "Item 2"}));
+}
+
+TEST_F(AtspiTreeTest, TellsWhereAnObjectIs) {
+    makeGtkMenu(1);
+    const Element bar = element("/bar", AtspiToolkit::Gtk);
+    EXPECT_EQ(tree.attributeValue(bar, attribute::Position), (Value{Point{10, 20}}));
+    EXPECT_EQ(tree.attributeValue(bar, attribute::Size), (Value{Size{300, 40}}));
+}
+
+TEST_F(AtspiTreeTest, WaitsEquallyOftenForSmallAndLargeMenus) {
+    makeGtkMenu(5);
+    const auto small = roundTripsOfLevel(AtspiToolkit::Gtk, 5);
+    makeGtkMenu(1500);
+    const auto large = roundTripsOfLevel(AtspiToolkit::Gtk, 1500);
+    EXPECT_EQ(small, large);
+    EXPECT_LE(large, 2U);
+}
+
+TEST_F(AtspiTreeTest, WaitsEquallyOftenForSmallAndLargeMenusWithPopups) {
+    makeQtMenu(5);
+    const auto small = roundTripsOfLevel(AtspiToolkit::Qt, 5);
+    makeQtMenu(1500);
+    const auto large = roundTripsOfLevel(AtspiToolkit::Qt, 1500);
+    EXPECT_EQ(small, large);
+    EXPECT_LE(large, 5U);
+}
+
+TEST_F(AtspiTreeTest, AnswersWithinABatchFromWhatWasRead) {
+    makeGtkMenu(10);
+    const Element file = element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar);
+    readLevel(tree, file);
+    const auto sent = connection.statistics().messagesSent;
+    application.change([&] { application.objects["/bar/file/3"].name = "Changed"; });
+    EXPECT_EQ(readLevel(tree, file)[3], "Item 3");
+    EXPECT_EQ(connection.statistics().messagesSent, sent);
+}
+
+TEST_F(AtspiTreeTest, AnswersLiveOutsideABatch) {
+    makeGtkMenu(10);
+    const Element entry = element("/bar/file/3", AtspiToolkit::Gtk, Place::InMenu);
+    const auto title = [&] {
+        AtspiNodes nodes;
+        return string(
+            AtspiTree(connection, nodes, AtspiTree::Reading::OneAttribute).attributeValue(entry, attribute::Title));
+    };
+    EXPECT_EQ(title(), "Item 3");
+    application.change([&] { application.objects["/bar/file/3"].name = "Changed"; });
+    EXPECT_EQ(title(), "Changed");
+}
+
+TEST_F(AtspiTreeTest, AsksAnItemWithoutKnownPlaceWhatItStandsIn) {
+    makeGtkMenu(2);
+    EXPECT_EQ(string(tree.attributeValue(element("/bar/file", AtspiToolkit::Gtk), attribute::Role)), role::MenuBarItem);
+    EXPECT_EQ(string(tree.attributeValue(element("/bar/file/0", AtspiToolkit::Gtk), attribute::Role)), role::MenuItem);
+}
+
+TEST_F(AtspiTreeTest, EndsEveryLineageAtTheApplication) {
+    application.change([&] {
+        application.objects["/self"] = {AtspiRolePanel, "", Visible, {}, "", "/self"};
+        application.objects["/a"] = {AtspiRolePanel, "", Visible, {}, "", "/b"};
+        application.objects["/b"] = {AtspiRolePanel, "", Visible, {}, "", "/a"};
+        application.objects["/orphan"] = {AtspiRolePanel, "", Visible, {}, "", ""};
+    });
+    for (const char* path : {"/self", "/a", "/orphan", "/missing"}) {
+        Element current = element(path, AtspiToolkit::Gtk);
+        int steps = 0;
+        while (AtspiElement::of(current)->kind == AtspiElement::Kind::Node && steps < 1000) {
+            const Value parent = tree.attributeValue(current, attribute::Parent);
+            ASSERT_NE(valueAs<Element>(parent), nullptr);
+            current = *valueAs<Element>(parent);
+            ++steps;
+        }
+        EXPECT_EQ(AtspiElement::of(current)->kind, AtspiElement::Kind::Application) << path;
+        EXPECT_EQ(AtspiElement::of(current)->processIdentifier, 42);
+    }
+}
+
+// Walks down all children; gives up beyond any reasonable number.
+std::size_t sizeOfTree(AtspiTree& tree, const Element& element, std::size_t limit) {
+    std::size_t size = 1;
+    const Value children = tree.attributeValue(element, attribute::Children);
+    if (const auto* list = valueAs<std::vector<Element>>(children)) {
+        for (const Element& child : *list) {
+            if (size < limit)
+                size += sizeOfTree(tree, child, limit - size);
+        }
+    }
+    return size;
+}
+
+TEST_F(AtspiTreeTest, CutsOffTreesThatBiteTheirTail) {
+    application.change([&] {
+        application.objects["/bar"] = {AtspiRoleMenuBar, "", Visible, {"/bar", "/menu"}, "", ""};
+        application.objects["/menu"] = {AtspiRoleMenu, "M", Visible, {"/menu", "/inner", "/bar"}, "", "/bar"};
+        application.objects["/inner"] = {AtspiRoleMenu, "I", Visible, {"/menu"}, "", "/menu"};
+    });
+    EXPECT_LT(sizeOfTree(tree, element("/bar", AtspiToolkit::Gtk), 1000), 20U);
+}
+
+TEST_F(AtspiTreeTest, CutsOffTreesThatNeverEnd) {
+    application.change([&] {
+        std::string path = "/endless";
+        for (int depth = 0; depth < 300; ++depth) {
+            const std::string next = path + "/x";
+            application.objects[path] = {AtspiRoleMenu, "M", Visible, {next}, "", ""};
+            path = next;
+        }
+    });
+    EXPECT_LT(sizeOfTree(tree, element("/endless", AtspiToolkit::Gtk, Place::InMenu), 1000), 150U);
+}
+
+TEST_F(AtspiTreeTest, TakesNonsenseForNothing) {
+    makeGtkMenu(3);
+    application.change([&] { application.answersNonsense = true; });
+    const Element entry = element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar);
+    EXPECT_FALSE(tree.attributeNames(entry));
+    for (const std::string_view name :
+        {attribute::Role, attribute::Title, attribute::Enabled, attribute::Children, attribute::Position,
+            attribute::Size, attribute::Value, attribute::Description, attribute::MenuItemCmdChar})
+        EXPECT_TRUE(isNil(tree.attributeValue(entry, name))) << name;
+}
+
+TEST_F(AtspiTreeTest, CutsOffHugeTextsBetweenCharacters) {
+    application.change([&] {
+        FakeAccessible item{AtspiRoleMenuItem, "x", Visible, {}, "", ""};
+        for (int count = 0; count < 50'000; ++count)
+            item.name += "\u00e4";
+        application.objects["/item"] = item;
+    });
+    const std::string title =
+        string(tree.attributeValue(element("/item", AtspiToolkit::Gtk, Place::InMenu), attribute::Title));
+    EXPECT_LE(title.size(), AtspiReply::TextLimit);
+    EXPECT_EQ(title.size() % 2, 1U); // "x" and whole characters of two bytes
+}
+
+TEST_F(AtspiTreeTest, GivesNothingForObjectsAndApplicationsThatAreGone) {
+    EXPECT_TRUE(isNil(tree.attributeValue(element("/none", AtspiToolkit::Gtk), attribute::Title)));
+    auto handle = std::make_shared<AtspiElement>();
+    handle->kind = AtspiElement::Kind::Node;
+    handle->reference = {":1.9999", "/bar"};
+    const Element gone{handle};
+    EXPECT_TRUE(isNil(tree.attributeValue(gone, attribute::Title)));
+    EXPECT_TRUE(connection.isGone(":1.9999"));
+    handle = std::make_shared<AtspiElement>();
+    handle->kind = AtspiElement::Kind::Node;
+    handle->reference = {"no bus name", "no path"};
+    EXPECT_TRUE(isNil(tree.attributeValue(Element{handle}, attribute::Title)));
+}
+
+TEST_F(AtspiTreeTest, LeavesASilentApplicationAfterASecondAndThenAtOnce) {
+    makeGtkMenu(50);
+    application.change([&] { application.isSilent = true; });
+    const Element file = element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar);
+    auto start = Clock::now();
+    connection.beginOperation();
+    EXPECT_TRUE(isNil(tree.attributeValue(file, attribute::Children)));
+    EXPECT_GE(Clock::now() - start, 950ms);
+    EXPECT_LT(Clock::now() - start, 1900ms);
+
+    start = Clock::now();
+    for (int count = 0; count < 100; ++count) {
+        AtspiNodes nodes;
+        connection.beginOperation();
+        EXPECT_TRUE(
+            isNil(AtspiTree(connection, nodes, AtspiTree::Reading::Ahead).attributeValue(file, attribute::Children)));
+    }
+    EXPECT_LT(Clock::now() - start, 300ms);
+
+    // Others are not affected.
+    AtspiFakeApplication other(bus);
+    other.change([&] { other.objects["/x"] = {AtspiRoleMenuItem, "X", Visible, {}, "", ""}; });
+    auto handle = std::make_shared<AtspiElement>();
+    handle->kind = AtspiElement::Kind::Node;
+    handle->reference = {other.busName(), "/x"};
+    EXPECT_EQ(string(tree.attributeValue(Element{handle}, attribute::Title)), "X");
+}
+
+TEST_F(AtspiTreeTest, AsksAnApplicationAgainOnceItAnsweredTheProbe) {
+    application.change([&] {
+        application.objects["/org/a11y/atspi/accessible/root"] = {AtspiRoleApplication, "App", Visible, {}, "", ""};
+        application.objects["/x"] = {AtspiRoleMenuItem, "X", Visible, {}, "", ""};
+        // Gives no answer in time, then goes on with its work as if nothing had been.
+        application.beforeReply = [&, first = true]() mutable {
+            if (first)
+                std::this_thread::sleep_for(1200ms);
+            first = false;
+        };
+    });
+    connection.beginOperation();
+    EXPECT_TRUE(isNil(tree.attributeValue(element("/x", AtspiToolkit::Gtk), attribute::Title)));
+    EXPECT_FALSE(connection.mayAsk(application.busName()));
+    const auto deadline = Clock::now() + 5s;
+    while (!connection.mayAsk(application.busName()) && Clock::now() < deadline)
+        std::this_thread::yield();
+    AtspiNodes nodes;
+    connection.beginOperation();
+    EXPECT_EQ(string(AtspiTree(connection, nodes, AtspiTree::Reading::OneAttribute)
+                         .attributeValue(element("/x", AtspiToolkit::Gtk), attribute::Title)),
+        "X");
+}
+
+TEST_F(AtspiTreeTest, HearsASlowApplicationOut) {
+    makeGtkMenu(300);
+    application.change([&] { application.beforeReply = [] { std::this_thread::sleep_for(1ms); }; });
+    const auto start = Clock::now();
+    connection.beginOperation();
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)).size(), 300U);
+    EXPECT_GT(Clock::now() - start, 1200ms);
+}
+
+TEST_F(AtspiTreeTest, HandsAPressOverWithoutWaitingForItsEnd) {
+    makeGtkMenu(3);
+    ASSERT_TRUE(connection.ensureOpen());
+    const auto start = Clock::now();
+    EXPECT_TRUE(connection.post(
+        {{application.busName(), "/bar/file/1"}, "org.a11y.atspi.Action", "DoAction", std::int32_t{0}, {}}));
+    EXPECT_LT(Clock::now() - start, 500ms);
+    const auto deadline = Clock::now() + 5s;
+    while (application.calls("DoAction") == 0 && Clock::now() < deadline)
+        std::this_thread::yield();
+    EXPECT_EQ(application.calls("DoAction"), 1U);
+}
+
+TEST_F(AtspiTreeTest, ConnectsAgainWhenTheBusCameBack) {
+    ASSERT_TRUE(connection.ensureOpen());
+    const auto identity = connection.busIdentity();
+    bus.stop();
+    const auto deadline = Clock::now() + 10s;
+    makeGtkMenu(1);
+    while (connection.busIdentity() != 0 && Clock::now() < deadline) {
+        AtspiNodes nodes;
+        nodes.fetch(connection, {application.busName(), "/bar"}, AtspiFieldRole);
+        connection.ensureOpen();
+    }
+    EXPECT_EQ(connection.busIdentity(), 0U);
+    const AtspiFakeBus another;
+    ::setenv("AT_SPI_BUS_ADDRESS", another.address().c_str(), 1);
+    while (!connection.ensureOpen() && Clock::now() < deadline)
+        std::this_thread::yield();
+    EXPECT_NE(connection.busIdentity(), 0U);
+    EXPECT_NE(connection.busIdentity(), identity);
+}
+
+class AtspiApplicationsTest : public AtspiTreeTest {
+protected:
+    AtspiApplicationsTest() {
+        registry.change([&] { registry.objects[Root] = {}; });
+        application.change([&] { application.objects[Root] = {AtspiRoleApplication, "App", 0, {}, "", ""}; });
+    }
+    void join(const AtspiFakeApplication& joining) {
+        registry.change([&] { registry.foreignChildren.emplace_back(joining.busName(), Root); });
+    }
+
+    static constexpr const char* Root = "/org/a11y/atspi/accessible/root";
+    AtspiFakeApplication registry{bus, "org.a11y.atspi.Registry"};
+    AtspiApplications applications{connection, 0};
+};
+
+TEST_F(AtspiApplicationsTest, AreFoundByProcessAlsoWhenTheyStartLater) {
+    EXPECT_FALSE(applications.find(::getpid()));
+    join(application);
+    const auto found = applications.find(::getpid());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->root.busName, application.busName());
+    EXPECT_EQ(found->toolkit, AtspiToolkit::Gtk);
+    EXPECT_FALSE(applications.find(1));
+}
+
+TEST_F(AtspiApplicationsTest, AreRememberedWithoutAskingAgain) {
+    join(application);
+    applications.find(::getpid());
+    const auto sent = connection.statistics().messagesSent;
+    applications.find(::getpid());
+    EXPECT_EQ(connection.statistics().messagesSent, sent);
+}
+
+TEST_F(AtspiApplicationsTest, NeverIncludeOurOwn) {
+    join(application);
+    AtspiApplications others(connection, ::getpid());
+    EXPECT_FALSE(others.find(::getpid()));
+}
+
+TEST_F(AtspiApplicationsTest, HaveTheirMenuBarFoundInTheFrameOfTheWindow) {
+    application.change([&] {
+        auto& objects = application.objects;
+        objects[Root].children = {"/one", "/two"};
+        objects["/one"] = {AtspiRoleFrame, "One", Visible, {"/one/box"}, "", Root};
+        objects["/one/box"] = {AtspiRoleFiller, "", Visible, {"/one/text", "/one/bar"}, "", "/one"};
+        objects["/one/text"] = {AtspiRoleText, "", Visible, {"/one/text/bar"}, "", "/one/box"};
+        objects["/one/text/bar"] = {AtspiRoleMenuBar, "", Visible, {}, "", "/one/text"};
+        objects["/one/bar"] = {AtspiRoleMenuBar, "", Visible, {}, "", "/one/box"};
+        objects["/two"] = {AtspiRoleFrame, "Two", Visible, {"/two/bar"}, "", Root};
+        objects["/two/bar"] = {AtspiRoleMenuBar, "", Visible, {}, "", "/two"};
+    });
+    join(application);
+    const auto found = applications.find(::getpid());
+    ASSERT_TRUE(found);
+    AtspiWindows windows(connection);
+    const auto menuBarOf = [&](std::uint32_t window, const char* title) {
+        const auto frame = windows.frame(window, {title, true, {}}, *found);
+        const auto bar = frame ? windows.menuBar(*frame) : std::nullopt;
+        return bar ? bar->path : "none";
+    };
+    EXPECT_EQ(menuBarOf(1, "One"), "/one/bar");
+    EXPECT_EQ(menuBarOf(2, "Two"), "/two/bar");
+    // Found once: the second time asks only whether both are still there.
+    const auto sent = connection.statistics().messagesSent;
+    EXPECT_EQ(menuBarOf(1, "One"), "/one/bar");
+    EXPECT_LE(connection.statistics().messagesSent - sent, 2U);
+    application.change([&] { application.objects.erase("/two/bar"); });
+    EXPECT_EQ(menuBarOf(2, "Two"), "none");
+}
+
+TEST_F(AtspiApplicationsTest, HaveNoMenuBarInEndlessWindows) {
+    application.change([&] {
+        auto& objects = application.objects;
+        objects[Root].children = {"/f"};
+        objects["/f"] = {AtspiRoleFrame, "F", Visible, {"/f", "/f/x", "/f/y"}, "", Root};
+        objects["/f/x"] = {AtspiRoleFiller, "", Visible, {"/f", "/f/y"}, "", "/f"};
+        objects["/f/y"] = {AtspiRoleFiller, "", Visible, {"/f/x"}, "", "/f"};
+    });
+    AtspiWindows windows(connection);
+    EXPECT_FALSE(windows.menuBar({application.busName(), "/f"}));
+}
+
+} // namespace
+} // namespace tarragon
