@@ -48,7 +48,7 @@ struct LinuxAccessibility::Client {
     std::mutex mutex;
     AtspiSessionBus sessionBus;
     AtspiConnection connection{sessionBus};
-    AtspiApplications applications{connection};
+    AtspiApplications applications{connection, getpid()};
     AtspiWindows windows{connection};
     std::uint64_t busIdentity = 0; // of what has been learnt
 
