@@ -4,6 +4,7 @@
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace tarragon {
 
@@ -110,9 +111,9 @@ Element FakeAccessibility::elementAtPosition(const Point& pointCG) {
     const Lock lock(_mutex);
     if (failsReads(enter({Operation::ElementAtPosition, {}, {}, pointCG})))
         return {};
-    for (auto area = _hitAreas.rbegin(); area != _hitAreas.rend(); ++area) {
-        if (contains(area->first, pointCG) && find(area->second))
-            return area->second;
+    for (const auto& [areaCG, element] : std::views::reverse(_hitAreas)) {
+        if (contains(areaCG, pointCG) && find(element))
+            return element;
     }
     return {};
 }
