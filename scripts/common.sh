@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev libgl-dev libsystemd-dev libplist-dev nlohmann-json3-dev
-    libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev
+    libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
 )
 desktop_packages=(
     xvfb xauth openbox dbus at-spi2-core xdg-utils
@@ -15,7 +15,8 @@ desktop_packages=(
 )
 test_packages=(
     libgtest-dev libgmock-dev libxcb-xtest0-dev libatspi2.0-dev libgtk-3-dev
-    xfwm4 geany featherpad xterm xkb-data libplist-utils python3-minimal
+    xfwm4 geany featherpad xterm xkb-data x11-xkb-utils libplist-utils python3-minimal
+    gobjc libgnustep-base-dev dex desktop-file-utils libglib2.0-bin
 )
 benchmark_packages=(libbenchmark-dev)
 lint_packages=(clang-format clang-tidy)

@@ -13,7 +13,7 @@ constexpr std::string_view Header = "bplist00";
 constexpr std::size_t TrailerSize = 32;
 
 // In bytes of text. The other steps are priced by the time and memory that they take compared with one byte.
-constexpr std::size_t WorkLimit = std::size_t{8} << 20U;
+constexpr std::size_t WorkLimit = std::size_t{4} << 20U;
 constexpr std::size_t WorkPerObject = 32;
 
 } // namespace

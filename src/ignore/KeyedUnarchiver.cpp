@@ -77,6 +77,14 @@ std::optional<bool> ArchivedObject::boolValue() const {
     }
 }
 
+std::optional<std::int64_t> ArchivedObject::integerValue() const {
+    return _object.kind == Kind::Integer ? std::optional(static_cast<std::int64_t>(_object.integer)) : std::nullopt;
+}
+
+std::optional<double> ArchivedObject::realValue() const {
+    return _object.kind == Kind::Real ? std::optional(_object.real) : std::nullopt;
+}
+
 std::optional<std::string> ArchivedObject::string() const {
     if (isNil())
         return std::nullopt;

@@ -24,6 +24,8 @@ public:
 
     // Numbers other than zero are true.
     std::optional<bool> boolValue() const;
+    std::optional<std::int64_t> integerValue() const;
+    std::optional<double> realValue() const;
     std::optional<std::string> string() const;
     // Lies within the archived bytes.
     std::optional<std::span<const std::uint8_t>> data() const;

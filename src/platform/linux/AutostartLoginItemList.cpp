@@ -1,6 +1,6 @@
 #include "platform/linux/AutostartLoginItemList.h"
 
-#include "platform/linux/DesktopEntryFile.h"
+#include "platform/linux/SessionEnvironment.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -17,82 +17,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* Extension = ".desktop";
-
-std::string environmentVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
-
-std::vector<std::string> splitAtColons(std::string_view text) {
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(':'), text.size());
-        if (end > 0)
-            parts.emplace_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return parts;
-}
-
-std::vector<fs::path> absolutePaths(std::string_view text) {
-    std::vector<fs::path> paths;
-    for (const fs::path path : splitAtColons(text)) {
-        if (path.is_absolute())
-            paths.push_back(path);
-    }
-    return paths;
-}
-
-// The user's languages, most wanted first. LANGUAGE counts only beside a locale that is not the plain one.
-std::vector<std::string> sessionLanguages() {
-    std::string locale;
-    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (locale.empty())
-            locale = environmentVariable(name);
-    }
-    if (desktopLanguages({locale}).empty())
-        return {};
-    std::vector<std::string> locales = splitAtColons(environmentVariable("LANGUAGE"));
-    locales.push_back(locale);
-    return desktopLanguages(locales);
-}
-
-class Descriptor {
-public:
-    explicit Descriptor(int descriptor)
-        : _descriptor(descriptor) { }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (_descriptor >= 0)
-            close(_descriptor);
-    }
-    int get() const { return _descriptor; }
-
-private:
-    int _descriptor;
-};
-
-// The text of a regular file of sensible size. Anything else in the folder, which anybody may have put there, is not
-// waited for.
-std::optional<std::string> contentsOf(const fs::path& file) {
-    constexpr std::size_t LargestSize = std::size_t{1} << 20U;
-    const Descriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat status { };
-    if (descriptor.get() < 0 || fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode))
-        return std::nullopt;
-    std::string text;
-    char buffer[4096];
-    while (text.size() <= LargestSize) {
-        const ssize_t count = ::read(descriptor.get(), buffer, sizeof buffer);
-        if (count < 0)
-            return std::nullopt;
-        if (count == 0)
-            return text;
-        text.append(buffer, static_cast<std::size_t>(count));
-    }
-    return std::nullopt;
-}
 
 bool writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
@@ -141,20 +65,14 @@ std::string plainFileName(const std::string& path) {
 
 AutostartFolders AutostartFolders::ofSession() {
     AutostartFolders folders;
-    const fs::path configuration = environmentVariable("XDG_CONFIG_HOME");
-    const fs::path home = environmentVariable("HOME");
-    if (configuration.is_absolute())
+    const fs::path configuration = userConfigurationFolder();
+    if (!configuration.empty())
         folders.user = configuration / "autostart";
-    else if (home.is_absolute())
-        folders.user = home / ".config" / "autostart";
-    std::vector<fs::path> systemFolders = absolutePaths(environmentVariable("XDG_CONFIG_DIRS"));
-    if (systemFolders.empty())
-        systemFolders.emplace_back("/etc/xdg");
-    for (const fs::path& folder : systemFolders)
+    for (const fs::path& folder : systemConfigurationFolders())
         folders.system.push_back(folder / "autostart");
-    folders.desktops = splitAtColons(environmentVariable("XDG_CURRENT_DESKTOP"));
+    folders.desktops = sessionDesktops();
     folders.languages = sessionLanguages();
-    folders.searchPath = absolutePaths(environmentVariable("PATH"));
+    folders.searchPath = programFolders();
     return folders;
 }
 
@@ -203,7 +121,7 @@ fs::path AutostartLoginItemList::effectiveFile(const std::string& fileName) cons
 }
 
 std::optional<AutostartEntry> AutostartLoginItemList::read(const fs::path& file) const {
-    const std::optional<std::string> text = contentsOf(file);
+    const std::optional<std::string> text = contentsOfSmallFile(file);
     return text ? AutostartEntry::parse(*text, _folders.languages) : std::nullopt;
 }
 
@@ -292,15 +210,16 @@ bool AutostartLoginItemList::write(const std::string& fileName, std::string_view
     fs::create_directories(_folders.user, error);
 
     std::string temporary = _folders.user / ".tarragon.XXXXXX";
-    const Descriptor descriptor(mkostemp(temporary.data(), O_CLOEXEC));
-    if (descriptor.get() < 0)
+    const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);
+    if (descriptor < 0)
         return false;
     constexpr mode_t ReadableByAll = 0644;
-    const bool isWritten = writeAll(descriptor.get(), text) && fchmod(descriptor.get(), ReadableByAll) == 0
-        && rename(temporary.c_str(), (_folders.user / fileName).c_str()) == 0;
-    if (!isWritten)
-        unlink(temporary.c_str());
-    return isWritten;
+    const bool isComplete = writeAll(descriptor, text) && fchmod(descriptor, ReadableByAll) == 0;
+    close(descriptor);
+    if (isComplete && rename(temporary.c_str(), (_folders.user / fileName).c_str()) == 0)
+        return true;
+    unlink(temporary.c_str());
+    return false;
 }
 
 } // namespace tarragon
