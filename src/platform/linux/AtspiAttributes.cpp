@@ -175,13 +175,13 @@ bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit) {
         return false;
     if (toolkit == AtspiToolkit::Gtk && !node.has(AtspiState::Visible))
         return false;
-    // Qt keeps hidden items in the tree, and the states of a closed menu's items do not tell. Only those that take
-    // room in the menu have a place.
-    if (toolkit == AtspiToolkit::Qt && (node.asked & AtspiFieldExtents) != 0 && !node.extents)
-        return false;
     if (isMenuItemRole(*node.role) || *node.role == AtspiRolePopupMenu)
         return true;
     return node.name && !node.name->empty();
+}
+
+bool takesRoom(const AtspiNode& node) {
+    return node.extents && node.extents->size.width > 0 && node.extents->size.height > 0;
 }
 
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames) {

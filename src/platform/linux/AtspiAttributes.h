@@ -25,9 +25,10 @@ Value attributeOfNode(const AtspiNode& node, AtspiElement::Place place, std::str
 bool hasImpliedMenu(const AtspiNode& node, AtspiElement::Place place);
 // Within what the children of an object stand.
 AtspiElement::Place placeOfChildren(std::uint32_t role, AtspiElement::Place place);
-// False for what belongs to a menu's tree but is not to be seen in the menu. For Qt the extents must have been asked
-// for.
+// False for what belongs to a menu's tree but is not to be seen in the menu.
 bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit);
+// It has a place on the screen, or would have if its menu were open.
+bool takesRoom(const AtspiNode& node);
 
 // The position of the action that chooses, presses or opens, by the names that are not translated.
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames);

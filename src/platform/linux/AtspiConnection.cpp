@@ -322,7 +322,9 @@ bool AtspiConnection::mayAsk(const std::string& busName) {
 }
 
 void AtspiConnection::drain() {
-    while (_bus != nullptr && sd_bus_process(_bus, nullptr) > 0) { }
+    // Bounded, so that nobody who floods the bus keeps us here.
+    constexpr int limit = 10'000;
+    for (int count = 0; count < limit && sd_bus_process(_bus, nullptr) > 0; ++count) { }
 }
 
 void AtspiConnection::probe(const std::string& busName, Application& application) {

@@ -203,11 +203,18 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
         if (_reading == Reading::Ahead && place != Place::UnderItem)
             readAhead(*references, handle.toolkit);
     }
+    // Qt keeps hidden items in the tree, and the states of a closed menu's items do not tell. Only those that are to be
+    // seen take room, once the menu has been laid out.
+    const bool roomTells = place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt
+        && std::ranges::any_of(
+            *references, [this](const AtspiReference& reference) { return takesRoom(_nodes.at(reference)); });
     result.reserve(references->size());
     for (const AtspiReference& reference : *references) {
         if (isAmongParents(reference, &handle))
             continue;
         if (place != Place::Elsewhere && !isShownInMenu(_nodes.at(reference), handle.toolkit))
+            continue;
+        if (roomTells && !takesRoom(_nodes.at(reference)))
             continue;
         auto child = relative(handle, Kind::Node);
         child->reference = reference;

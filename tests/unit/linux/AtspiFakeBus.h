@@ -39,7 +39,8 @@ struct FakeAccessible {
     std::vector<std::string> children; // object paths
     std::string keyBinding;
     std::string parent; // object path, empty for none
-    bool hasExtents = true; // has a place on the screen
+    bool hasExtents = true; // answers where it is
+    int height = 40;
 };
 
 // An application on the bus: accessible objects as plain records, served by a thread of their own, with the faults

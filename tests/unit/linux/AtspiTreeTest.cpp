@@ -168,10 +168,22 @@ TEST_F(AtspiTreeTest, LeavesOutWhatGtkHidesButNotWhatIsClosed) {
 }
 
 TEST_F(AtspiTreeTest, LeavesOutWhatQtHides) {
-    makeQtMenu(3);
-    application.change([&] { application.objects["/popup/1"].hasExtents = false; });
+    makeQtMenu(4);
+    application.change([&] {
+        application.objects["/popup/1"].hasExtents = false;
+        application.objects["/popup/2"].height = 0;
+    });
     EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
-        (std::vector<std::string>{"Item 0", "Item 2"}));
+        (std::vector<std::string>{"Item 0", "Item 3"}));
+}
+
+TEST_F(AtspiTreeTest, ShowsAllItemsOfAMenuThatHasNotBeenLaidOut) {
+    makeQtMenu(2);
+    application.change([&] {
+        for (const char* path : {"/popup/0", "/popup/1"})
+            application.objects[path].height = 0;
+    });
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)).size(), 2U);
 }
 
 TEST_F(AtspiTreeTest, TellsWhereAnObjectIs) {
