@@ -1,0 +1,246 @@
+#include "OtherClient.h"
+
+#include "panels/MenuView.h"
+#include "platform/qt/QtDisplays.h"
+#include "platform/qt/QtRunLoop.h"
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include <QApplication>
+#include <QMenu>
+#include <QPointer>
+
+#include <gtest/gtest.h>
+
+namespace tarragon {
+
+namespace {
+
+constexpr std::uint32_t KeyDown = 0xFF54;
+constexpr std::uint32_t KeyRight = 0xFF53;
+constexpr std::uint32_t KeyReturn = 0xFF0D;
+constexpr std::uint32_t KeyEscape = 0xFF1B;
+
+class Target : public MenuTarget {
+public:
+    void performAction(const std::string&, MenuItem& sender) override {
+        chosen = sender.title();
+        if (onAction)
+            onAction();
+    }
+    std::string chosen;
+    std::function<void()> onAction;
+};
+
+// A menu at the pointer, while another program has the focus.
+class MenuViewOnX11 : public testing::Test {
+protected:
+    MenuViewOnX11() {
+        const auto file = std::make_shared<MenuItem>("File", "", "");
+        const auto submenu = std::make_shared<Menu>("File");
+        file->setSubmenu(submenu);
+        _root->addItem(file);
+        addItem(*submenu, "Save");
+        addItem(*_root, "Quit");
+        _user.movePointer(100, 100);
+    }
+
+    ~MenuViewOnX11() override {
+        _view.closeMenus();
+        waitUntil([] { return !QApplication::activePopupWidget(); });
+        _user.releaseGrabs();
+    }
+
+    void addItem(Menu& menu, const std::string& title) {
+        const auto item = std::make_shared<MenuItem>(title, "act", "");
+        item->setTarget(_target);
+        menu.addItem(item);
+    }
+
+    void popUp() { _view.popUpMenu(_root, _displays.mouseLocationNS()); }
+
+    static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+    static bool isOpen() { return openMenu() != nullptr; }
+    static bool isHighlighted(const QString& title) {
+        return isOpen() && openMenu()->activeAction() && openMenu()->activeAction()->text() == title;
+    }
+
+    static bool waitUntil(const std::function<bool()>& condition, int milliseconds = 5000) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+        while (!condition()) {
+            if (std::chrono::steady_clock::now() > end)
+                return false;
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        return true;
+    }
+
+    void moveOver(const QString& title) {
+        for (QAction* action : openMenu()->actions()) {
+            if (action->text() != title)
+                continue;
+            const QPoint position = openMenu()->mapToGlobal(openMenu()->actionGeometry(action).center());
+            _user.movePointer(position.x() - 2, position.y());
+            _user.movePointer(position.x(), position.y());
+        }
+    }
+
+    OtherClient _user;
+    QtRunLoop _runLoop;
+    QtDisplays _displays;
+    NotificationCenter _notificationCenter;
+    std::shared_ptr<Target> _target = std::make_shared<Target>();
+    std::shared_ptr<Menu> _root = std::make_shared<Menu>("root");
+    MenuView _view{_displays, _notificationCenter};
+};
+
+TEST_F(MenuViewOnX11, OpensAtThePointer) {
+    popUp();
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(openMenu()->pos(), QPoint(100, 100));
+    EXPECT_TRUE(_user.isMapped(static_cast<xcb_window_t>(openMenu()->winId())));
+}
+
+TEST_F(MenuViewOnX11, IsUsedByKeyboardWhileTheOtherProgramKeepsTheFocus) {
+    popUp();
+    _user.type(KeyDown);
+    ASSERT_TRUE(waitUntil([] { return isHighlighted("File"); }));
+    _user.type(KeyRight);
+    ASSERT_TRUE(waitUntil([] { return isHighlighted("Save"); }));
+    EXPECT_TRUE(_user.hasFocus());
+    _user.type(KeyReturn);
+    ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
+    EXPECT_EQ(_target->chosen, "Save");
+    EXPECT_TRUE(_user.hasFocus());
+}
+
+TEST_F(MenuViewOnX11, IsUsedByMouseWhileTheOtherProgramKeepsTheFocus) {
+    popUp();
+    moveOver("File");
+    ASSERT_TRUE(waitUntil([] { return isOpen() && openMenu()->parentWidget(); }));
+    moveOver("Save");
+    ASSERT_TRUE(waitUntil([] { return isHighlighted("Save"); }));
+    EXPECT_TRUE(_user.hasFocus());
+    _user.click();
+    ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
+    EXPECT_EQ(_target->chosen, "Save");
+    EXPECT_TRUE(_user.hasFocus());
+}
+
+TEST_F(MenuViewOnX11, ClosesOnEscape) {
+    popUp();
+    _user.type(KeyEscape);
+    EXPECT_TRUE(waitUntil([] { return !isOpen(); }));
+    EXPECT_TRUE(waitUntil([this] { return _user.grabsAreFree(); }));
+}
+
+TEST_F(MenuViewOnX11, ClosesOnAClickBesideIt) {
+    popUp();
+    _user.movePointer(900, 700);
+    _user.click();
+    EXPECT_TRUE(waitUntil([] { return !isOpen(); }));
+    EXPECT_TRUE(waitUntil([this] { return _user.grabsAreFree(); }));
+}
+
+TEST_F(MenuViewOnX11, HasLeftTheScreenAndFreedTheInputBeforeTheActionIsSent) {
+    popUp();
+    const auto window = static_cast<xcb_window_t>(openMenu()->winId());
+    bool gone = false;
+    bool free = false;
+    _target->onAction = [&] {
+        gone = !_user.isMapped(window);
+        free = _user.grabsAreFree();
+    };
+    moveOver("Quit");
+    _user.click();
+    ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
+    EXPECT_TRUE(gone);
+    EXPECT_TRUE(free);
+}
+
+TEST_F(MenuViewOnX11, TakesThePointerAsSoonAsTheOtherProgramLetsGo) {
+    ASSERT_TRUE(_user.grabPointer());
+    popUp();
+    EXPECT_TRUE(isOpen());
+    _user.releaseGrabs();
+    ASSERT_TRUE(waitUntil([this] {
+        const bool taken = !_user.grabPointer();
+        if (!taken)
+            _user.releaseGrabs();
+        return taken;
+    }));
+    _user.movePointer(900, 700);
+    _user.click();
+    EXPECT_TRUE(waitUntil([] { return !isOpen(); }));
+}
+
+TEST_F(MenuViewOnX11, OpensWhileAMouseButtonIsHeldOverTheOtherProgram) {
+    _user.press(2);
+    popUp();
+    EXPECT_TRUE(isOpen());
+    _user.release(2);
+    ASSERT_TRUE(waitUntil([this] {
+        const bool taken = !_user.grabPointer();
+        if (!taken)
+            _user.releaseGrabs();
+        return taken;
+    }));
+    EXPECT_TRUE(isOpen());
+    moveOver("Quit");
+    _user.click();
+    ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
+}
+
+TEST_F(MenuViewOnX11, TakesTheKeyboardAsSoonAsTheOtherProgramLetsGo) {
+    ASSERT_TRUE(_user.grabKeyboard());
+    popUp();
+    _user.releaseGrabs();
+    ASSERT_TRUE(waitUntil([this] {
+        _user.type(KeyEscape);
+        return !isOpen();
+    }));
+}
+
+TEST_F(MenuViewOnX11, ClosesWhenItDoesNotGetTheKeyboard) {
+    ASSERT_TRUE(_user.grabKeyboard());
+    popUp();
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(waitUntil([] { return !isOpen(); }, 10000));
+}
+
+TEST_F(MenuViewOnX11, IsChosenFromEvenWithoutTheKeyboard) {
+    ASSERT_TRUE(_user.grabKeyboard());
+    popUp();
+    moveOver("Quit");
+    _user.click();
+    ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
+    EXPECT_EQ(_target->chosen, "Quit");
+}
+
+TEST_F(MenuViewOnX11, IsOnTheScreenWithinAFrame) {
+    std::vector<double> milliseconds;
+    for (int count = 0; count < 41; ++count) {
+        const auto start = std::chrono::steady_clock::now();
+        popUp();
+        ASSERT_TRUE(_user.isMapped(static_cast<xcb_window_t>(openMenu()->winId())));
+        milliseconds.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+        const QPointer<QMenu> menu = openMenu();
+        _view.closeMenus();
+        ASSERT_TRUE(waitUntil([&] { return !menu; }));
+    }
+    const double first = milliseconds.front();
+    std::nth_element(milliseconds.begin(), milliseconds.begin() + 20, milliseconds.end());
+    std::cout << "from the call to the mapped window: median " << milliseconds[20] << " ms, first " << first << " ms\n";
+    EXPECT_LT(milliseconds[20], 16.7);
+}
+
+} // namespace
+
+} // namespace tarragon
