@@ -41,8 +41,8 @@ public:
     // the entry afresh. Does nothing when the entry has an item of the title already.
     void cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<MenuItem> item, FillMenu fillMenu);
 
-    // Whether the application has an item for the submenu. Waits for the filling that is under way; answers at once when
-    // nothing was ever cached.
+    // Whether the application has an item for the submenu. Waits for the filling that is under way; answers at once
+    // when nothing was ever cached.
     bool cacheExistsForMenu(const std::string& appName, const Menu& menu);
 
     // The filled menu of the item with that title, or nullptr.

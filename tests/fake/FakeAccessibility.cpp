@@ -4,7 +4,6 @@
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace tarragon {
 
@@ -111,11 +110,9 @@ Element FakeAccessibility::elementAtPosition(const Point& pointCG) {
     const Lock lock(_mutex);
     if (failsReads(enter({Operation::ElementAtPosition, {}, {}, pointCG})))
         return {};
-    for (const auto& [areaCG, element] : std::views::reverse(_hitAreas)) {
-        if (contains(areaCG, pointCG) && find(element))
-            return element;
-    }
-    return {};
+    const auto top = std::find_if(_hitAreas.rbegin(), _hitAreas.rend(),
+        [&](const auto& area) { return contains(area.first, pointCG) && find(area.second); });
+    return top == _hitAreas.rend() ? Element() : top->second;
 }
 
 std::optional<std::int64_t> FakeAccessibility::processIdentifier(const Element& element) {

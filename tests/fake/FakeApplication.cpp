@@ -36,7 +36,7 @@ FakeMenu FakeApplication::menu(const std::string& title) const {
 }
 
 Element FakeApplication::window(const FakeWindowOptions& options) const {
-    const Element element = _accessibility->addElement(processIdentifier(), role::Window);
+    Element element = _accessibility->addElement(processIdentifier(), role::Window);
     const auto set = [&](std::string_view name, const auto& value) {
         if (value)
             _accessibility->setAttribute(element, name, Value(*value));

@@ -13,7 +13,7 @@ FakeMenu::FakeMenu(FakeAccessibility& accessibility, std::int64_t processIdentif
     , _menu(std::move(menu)) { }
 
 Element FakeMenu::addItemElement(const std::string& title, const FakeMenuItemOptions& options) const {
-    const Element element = _accessibility->addElement(_processIdentifier, role::MenuItem);
+    Element element = _accessibility->addElement(_processIdentifier, role::MenuItem);
     const auto set = [&](std::string_view name, const auto& value) {
         if (value)
             _accessibility->setAttribute(element, name, Value(*value));

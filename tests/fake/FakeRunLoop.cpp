@@ -32,7 +32,7 @@ void FakeRunLoop::advance(double seconds) {
     _now = std::max(_now, end);
 }
 
-void FakeRunLoop::fire(const std::shared_ptr<State>& timer) {
+void FakeRunLoop::fire(const std::shared_ptr<State>& timer) const {
     if (!timer->repeats) {
         timer->valid = false;
     } else {

@@ -47,7 +47,7 @@ private:
 
     void runPosted();
     std::shared_ptr<State> nextDueTimer(double latest);
-    void fire(const std::shared_ptr<State>& timer);
+    void fire(const std::shared_ptr<State>& timer) const;
 
     double _now = 0;
     std::vector<std::shared_ptr<State>> _timers;

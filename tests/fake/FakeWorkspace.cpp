@@ -7,10 +7,12 @@ namespace tarragon {
 namespace {
 
 void callEach(const std::vector<std::function<void()>>& handlers) {
-    // A handler may install another one.
-    const auto copies = handlers;
-    for (const auto& handler : copies)
+    // A handler may install another one, which waits for the next event.
+    const std::size_t count = handlers.size();
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto handler = handlers[index];
         handler();
+    }
 }
 
 } // namespace
