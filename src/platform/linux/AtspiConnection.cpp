@@ -1,5 +1,6 @@
 #include "platform/linux/AtspiConnection.h"
 
+#include "platform/linux/AtspiLibrary.h"
 #include "platform/linux/AtspiSessionBus.h"
 
 #include <cstring>
@@ -109,7 +110,7 @@ public:
                 send(_next++);
             if (_inFlight == 0)
                 return true;
-            const int processed = sd_bus_process(_connection._bus, nullptr);
+            const int processed = AtspiLibrary::process(_connection._bus);
             if (processed < 0)
                 return false;
             if (_inFlight == 0)
@@ -146,7 +147,7 @@ private:
         Pending& pending = _pending[index];
         pending = {this, &request, _lastApplication, nullptr};
         // The time-out is ours to keep: it depends on what else the application answers.
-        if (sd_bus_call_async(_connection._bus, &pending.slot, message.get(), onReply, &pending, UINT64_MAX) < 0)
+        if (AtspiLibrary::callAsync(_connection._bus, &pending.slot, message.get(), onReply, &pending) < 0)
             return;
         ++_connection._statistics.messagesSent;
         if (pending.application->pending++ == 0) {
@@ -238,7 +239,7 @@ bool AtspiConnection::open() {
     if (address.empty() || sd_bus_new(&_bus) < 0)
         return false;
     if (sd_bus_set_description(_bus, "accessibility") < 0 || sd_bus_set_address(_bus, address.c_str()) < 0
-        || sd_bus_set_bus_client(_bus, 1) < 0 || sd_bus_start(_bus) < 0 || !waitUntilReady())
+        || sd_bus_set_bus_client(_bus, 1) < 0 || AtspiLibrary::start(_bus) < 0 || !waitUntilReady())
         return false;
     _busIdentity = identityOfBus(_bus);
     return true;
@@ -247,7 +248,7 @@ bool AtspiConnection::open() {
 bool AtspiConnection::waitUntilReady() {
     const Clock::time_point deadline = Clock::now() + AtspiPatience::Silence;
     while (sd_bus_is_ready(_bus) == 0) {
-        const int processed = sd_bus_process(_bus, nullptr);
+        const int processed = AtspiLibrary::process(_bus);
         if (processed < 0 || Clock::now() >= deadline)
             return false;
         if (processed == 0 && sd_bus_wait(_bus, microsecondsUntil(deadline)) < 0)
@@ -301,7 +302,7 @@ bool AtspiConnection::flush() {
             return false;
         if (queued == 0)
             return true;
-        const int processed = sd_bus_process(_bus, nullptr);
+        const int processed = AtspiLibrary::process(_bus);
         if (processed < 0 || Clock::now() >= deadline)
             return false;
         if (processed == 0 && sd_bus_wait(_bus, microsecondsUntil(deadline)) < 0)
@@ -324,7 +325,7 @@ bool AtspiConnection::mayAsk(const std::string& busName) {
 void AtspiConnection::drain() {
     // Bounded, so that nobody who floods the bus keeps us here.
     constexpr int limit = 10'000;
-    for (int count = 0; count < limit && sd_bus_process(_bus, nullptr) > 0; ++count) { }
+    for (int count = 0; count < limit && AtspiLibrary::process(_bus) > 0; ++count) { }
 }
 
 void AtspiConnection::probe(const std::string& busName, Application& application) {
@@ -337,8 +338,7 @@ void AtspiConnection::probe(const std::string& busName, Application& application
     const Message message = newMessage(
         _bus, {{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}});
     if (message
-        && sd_bus_call_async(
-               _bus, &application.probe, message.get(), Application::onProbeReply, &application, UINT64_MAX)
+        && AtspiLibrary::callAsync(_bus, &application.probe, message.get(), Application::onProbeReply, &application)
             >= 0)
         ++_statistics.messagesSent;
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/AtspiSessionBus.h"
 
+#include "platform/linux/AtspiLibrary.h"
+
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
@@ -38,7 +40,7 @@ bool AtspiSessionBus::ensureOpen() {
     if (_bus != nullptr && sd_bus_is_open(_bus) > 0)
         return true;
     _bus = sd_bus_close_unref(_bus);
-    return sd_bus_open_user(&_bus) >= 0;
+    return AtspiLibrary::openSessionBus(&_bus) >= 0;
 }
 
 void AtspiSessionBus::closeIfLost(int error) {

@@ -427,6 +427,22 @@ TEST_F(AtspiTreeTest, ConnectsAgainWhenTheBusCameBack) {
     EXPECT_NE(connection.busIdentity(), identity);
 }
 
+TEST_F(AtspiTreeTest, ReadsOverTwoConnectionsFromTwoThreads) {
+    makeGtkMenu(700);
+    const Element file = element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar);
+    std::vector<std::string> titles;
+    std::thread other([&] {
+        AtspiSessionBus otherSessionBus;
+        AtspiConnection otherConnection(otherSessionBus);
+        AtspiNodes nodes;
+        titles = readLevel(AtspiTree(otherConnection, nodes, AtspiTree::Reading::Ahead), file);
+    });
+    const auto ownTitles = readLevel(tree, file);
+    other.join();
+    EXPECT_EQ(ownTitles.size(), 700U);
+    EXPECT_EQ(titles, ownTitles);
+}
+
 class AtspiApplicationsTest : public AtspiTreeTest {
 protected:
     AtspiApplicationsTest() {
