@@ -2,7 +2,7 @@
 
 #include "platform/linux/AtspiConnection.h"
 
-#include <ranges>
+#include <algorithm>
 
 namespace tarragon {
 
@@ -34,12 +34,10 @@ void AtspiApplications::forget() {
 
 AtspiApplications::Entry* AtspiApplications::known(std::int64_t processIdentifier) {
     // The latest first: a process may have left the bus and joined it again.
-    for (const std::string& busName : std::views::reverse(_order)) {
-        Entry& entry = _entries[busName];
-        if (entry.processIdentifier == processIdentifier && !_connection.isGone(busName))
-            return &entry;
-    }
-    return nullptr;
+    const auto found = std::find_if(_order.rbegin(), _order.rend(), [&](const std::string& busName) {
+        return _entries[busName].processIdentifier == processIdentifier && !_connection.isGone(busName);
+    });
+    return found != _order.rend() ? &_entries[*found] : nullptr;
 }
 
 void AtspiApplications::refresh() {
