@@ -12,6 +12,7 @@
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11MenuKeyboard.h"
 #include "platform/linux/X11Windows.h"
 #include "platform/linux/X11Workspace.h"
 #include "platform/qt/QtDisplays.h"
@@ -42,15 +43,19 @@ public:
         , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
         , _settingsFile(PropertyListDefaults::fileOfUser())
         , _defaults(_runLoop, _settingsFile)
-        , _nativeEvents(_runLoop, [this](const void* event) {
-            return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event));
-        }) { }
+        , _menuKeyboard(static_cast<xcb_connection_t*>(qtX11Connection()))
+        , _nativeEvents(
+              _runLoop,
+              [this](
+                  const void* event) { return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
+              [this](void* event) { return _menuKeyboard.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
 
     Platform platform() {
         return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter};
     }
     QtRunLoop& runLoop() { return _runLoop; }
     LinuxAccessibility& accessibility() { return _accessibility; }
+    MenuKeyboard& menuKeyboard() { return _menuKeyboard; }
     // Empty when the settings are kept in memory only.
     std::string settingsURL() const {
         return QUrl::fromLocalFile(QString::fromStdString(_settingsFile.string()))
@@ -70,6 +75,7 @@ private:
     X11HotKeys _hotKeys;
     std::filesystem::path _settingsFile;
     PropertyListDefaults _defaults;
+    X11MenuKeyboard _menuKeyboard;
     QtNativeEvents _nativeEvents;
 };
 
@@ -87,7 +93,7 @@ int runAgent(Desktop& desktop) {
         return 0;
     }
     const Platform platform = desktop.platform();
-    MenuView menuView(platform.displays, platform.notificationCenter);
+    MenuView menuView(platform.displays, platform.notificationCenter, &desktop.menuKeyboard());
     MessagePanels panels(TARRAGON_VERSION);
     AppDelegate delegate(platform, menuView, panels, desktop.settingsURL());
     instance->watchReopen(platform.runLoop, [&] { delegate.applicationShouldHandleReopen(); });

@@ -1,5 +1,7 @@
 #include "panels/MenuGrab.h"
 
+#include "platform/MenuKeyboard.h"
+
 #include <chrono>
 
 #include <QGuiApplication>
@@ -22,7 +24,8 @@ bool grabsMayBeRefused() {
 
 } // namespace
 
-MenuGrab::MenuGrab() {
+MenuGrab::MenuGrab(MenuKeyboard* menuKeyboard)
+    : _menuKeyboard(menuKeyboard) {
     _timer.setInterval(Interval);
     QObject::connect(&_timer, &QTimer::timeout, &_timer, [this] { takeAgain(); });
 }
@@ -41,6 +44,8 @@ void MenuGrab::release() {
     _timer.stop();
     if (!_popup)
         return;
+    if (_menuKeyboard)
+        _menuKeyboard->release();
     // Qt releases only what it took by itself.
     if (QWindow* window = _popup->windowHandle()) {
         window->setMouseGrabEnabled(false);
@@ -52,10 +57,15 @@ void MenuGrab::release() {
 // False when the keyboard was refused.
 bool MenuGrab::takeBoth() {
     QWindow* window = _popup->windowHandle();
-    if (!window || !window->setKeyboardGrabEnabled(true))
+    if (!window || !takeKeyboard())
         return false;
     window->setMouseGrabEnabled(true);
     return true;
+}
+
+bool MenuGrab::takeKeyboard() {
+    QWindow* window = _popup->windowHandle();
+    return (_menuKeyboard && _menuKeyboard->take(window->winId())) || window->setKeyboardGrabEnabled(true);
 }
 
 void MenuGrab::takeAgain() {

@@ -35,9 +35,10 @@ std::vector<QRect> screenRectangles() {
 
 } // namespace
 
-MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter)
+MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuKeyboard* menuKeyboard)
     : _displays(displays)
-    , _notificationCenter(notificationCenter) {
+    , _notificationCenter(notificationCenter)
+    , _grab(menuKeyboard) {
     _actionTimer.setSingleShot(true);
     QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
     warmUp();

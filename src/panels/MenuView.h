@@ -15,6 +15,7 @@
 
 namespace tarragon {
 
+class MenuKeyboard;
 class MenuTracking;
 class MenuWindow;
 
@@ -24,7 +25,8 @@ class MenuWindow;
 // that holds the item as its object.
 class MenuView : public MenuPresenter {
 public:
-    MenuView(Displays& displays, NotificationCenter& notificationCenter);
+    // menuKeyboard, which is not owned, is how a menu gets the keyboard; nullptr leaves that to Qt.
+    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuKeyboard* menuKeyboard = nullptr);
     // Closes what is open; the delegates do not hear of it, for they may be gone.
     ~MenuView() override;
     MenuView(const MenuView&) = delete;

@@ -35,9 +35,10 @@ std::vector<std::byte> copyOfEvent(const void* event) {
 
 } // namespace
 
-QtNativeEvents::QtNativeEvents(QtRunLoop& runLoop, Handler handler)
+QtNativeEvents::QtNativeEvents(QtRunLoop& runLoop, Handler handler, Adjustment adjustment)
     : _runLoop(runLoop)
-    , _handler(std::make_shared<const Handler>(std::move(handler))) {
+    , _handler(std::make_shared<const Handler>(std::move(handler)))
+    , _adjustment(std::move(adjustment)) {
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -47,7 +48,11 @@ QtNativeEvents::~QtNativeEvents() {
 }
 
 bool QtNativeEvents::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
-    if (eventType != "xcb_generic_event_t" || !*_handler)
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    if (_adjustment && _adjustment(message))
+        return true;
+    if (!*_handler)
         return false;
     if (!_runLoop.isPaused())
         return (*_handler)(message);

@@ -16,7 +16,10 @@ public:
     // Gets an xcb_generic_event_t, which belongs to the caller. True when nobody else is to see the event.
     using Handler = std::function<bool(const void* event)>;
 
-    QtNativeEvents(QtRunLoop& runLoop, Handler handler);
+    // May change the event before anybody else sees it, at once, also during a pause. True when nobody else is to.
+    using Adjustment = std::function<bool(void* event)>;
+
+    explicit QtNativeEvents(QtRunLoop& runLoop, Handler handler, Adjustment adjustment = {});
     ~QtNativeEvents() override;
     QtNativeEvents(const QtNativeEvents&) = delete;
     QtNativeEvents& operator=(const QtNativeEvents&) = delete;
@@ -26,6 +29,7 @@ public:
 private:
     QtRunLoop& _runLoop;
     std::shared_ptr<const Handler> _handler;
+    Adjustment _adjustment;
 };
 
 // Qt's own connection to the X server, an xcb_connection_t; nullptr where Qt does not draw through X.
