@@ -22,8 +22,12 @@ std::optional<AtspiApplication> AtspiApplications::find(std::int64_t processIden
     }
     if (entry == nullptr)
         return {};
-    if (!entry->toolkit && _connection.mayAsk(entry->root.busName))
+    if (!entry->toolkit && _connection.mayAsk(entry->root.busName)) {
         entry->toolkit = askToolkit(entry->root);
+        // Only this toolkit hands out a socket; asked for one, others have been seen to crash.
+        if (entry->toolkit == AtspiToolkit::Gtk)
+            connectDirectly(entry->root);
+    }
     return AtspiApplication{entry->root, entry->toolkit.value_or(AtspiToolkit::Other)};
 }
 
@@ -62,15 +66,25 @@ void AtspiApplications::refresh() {
     std::erase_if(_entries, [](const auto& entry) { return entry.second.processIdentifier == 0; });
 }
 
-AtspiToolkit AtspiApplications::askToolkit(const AtspiReference& root) {
+std::optional<AtspiToolkit> AtspiApplications::askToolkit(const AtspiReference& root) {
     std::string name;
     _connection.run({AtspiRequest::property(root, "org.a11y.atspi.Application", "ToolkitName",
         [&name](AtspiReply& reply) { name = reply.readString().value_or(std::string{}); })});
+    if (name.empty())
+        return {};
     if (name == "gtk" || name == "GTK" || name == "GAIL")
         return AtspiToolkit::Gtk;
     if (name.starts_with("Qt"))
         return AtspiToolkit::Qt;
     return AtspiToolkit::Other;
+}
+
+void AtspiApplications::connectDirectly(const AtspiReference& root) {
+    std::string address;
+    _connection.run({{root, "org.a11y.atspi.Application", "GetApplicationBusAddress", {},
+        [&address](AtspiReply& reply) { address = reply.readString().value_or(std::string{}); }}});
+    if (!address.empty())
+        _connection.connectDirectly(root.busName, address);
 }
 
 } // namespace tarragon

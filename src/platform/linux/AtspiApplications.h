@@ -40,7 +40,9 @@ private:
 
     Entry* known(std::int64_t processIdentifier);
     void refresh();
-    AtspiToolkit askToolkit(const AtspiReference& root);
+    // Nothing when it does not answer.
+    std::optional<AtspiToolkit> askToolkit(const AtspiReference& root);
+    void connectDirectly(const AtspiReference& root);
 
     AtspiConnection& _connection;
     std::int64_t _ownProcessIdentifier;

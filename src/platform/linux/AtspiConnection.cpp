@@ -3,7 +3,10 @@
 #include "platform/linux/AtspiLibrary.h"
 #include "platform/linux/AtspiSessionBus.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <poll.h>
 #include <systemd/sd-bus.h>
 
 namespace tarragon {
@@ -39,10 +42,11 @@ int appendArgument(sd_bus_message* message, const AtspiRequest::Argument& argume
     return std::visit(Appender{message}, argument);
 }
 
-Message newMessage(sd_bus* bus, const AtspiRequest& request) {
+// There are no names without a bus.
+Message newMessage(sd_bus* bus, const AtspiRequest& request, bool hasDestination = true) {
     sd_bus_message* message = nullptr;
-    if (sd_bus_message_new_method_call(bus, &message, request.target.busName.c_str(), request.target.path.c_str(),
-            request.interface, request.member)
+    if (sd_bus_message_new_method_call(bus, &message, hasDestination ? request.target.busName.c_str() : nullptr,
+            request.target.path.c_str(), request.interface, request.member)
         < 0)
         return {};
     Message result(message);
@@ -74,6 +78,7 @@ struct AtspiConnection::Application {
     std::uint64_t operation = 0; // the one that the patience belongs to
     std::size_t pending = 0;
     sd_bus_slot* probe = nullptr;
+    sd_bus* direct = nullptr; // a connection without the bus, where there is one
 
     static int onProbeReply(sd_bus_message* message, void* userdata, sd_bus_error*);
 };
@@ -110,7 +115,7 @@ public:
                 send(_next++);
             if (_inFlight == 0)
                 return true;
-            const int processed = AtspiLibrary::process(_connection._bus);
+            const int processed = process();
             if (processed < 0)
                 return false;
             if (_inFlight == 0)
@@ -118,7 +123,7 @@ public:
             const Clock::time_point deadline = nextDeadline();
             if (Clock::now() >= deadline)
                 giveUpTheSilent();
-            else if (processed == 0 && sd_bus_wait(_connection._bus, microsecondsUntil(deadline)) < 0)
+            else if (processed == 0 && !wait(deadline))
                 return false;
         }
     }
@@ -128,8 +133,51 @@ private:
         Exchange* exchange = nullptr;
         const AtspiRequest* request = nullptr;
         Application* application = nullptr;
+        sd_bus* bus = nullptr;
         sd_bus_slot* slot = nullptr;
     };
+
+    // Handles what has arrived. Less than 0 when the bus broke.
+    int process() {
+        int processed = 0;
+        for (std::size_t index = 0; index < _buses.size(); ++index) {
+            const int result = AtspiLibrary::process(_buses[index]);
+            if (result < 0 && _buses[index] == _connection._bus)
+                return result;
+            if (result < 0)
+                loseDirect(_buses[index--]);
+            else
+                processed += result;
+        }
+        return processed;
+    }
+
+    bool wait(Clock::time_point deadline) {
+        const std::uint64_t microseconds = microsecondsUntil(deadline);
+        if (_buses.size() == 1)
+            return sd_bus_wait(_buses.front(), microseconds) >= 0 || _buses.front() != _connection._bus;
+        std::vector<pollfd> descriptors;
+        for (sd_bus* bus : _buses)
+            descriptors.push_back({sd_bus_get_fd(bus), static_cast<short>(sd_bus_get_events(bus)), 0});
+        const auto milliseconds = static_cast<int>(microseconds / 1000 + 1);
+        return ::poll(descriptors.data(), descriptors.size(), milliseconds) >= 0 || errno == EINTR;
+    }
+
+    // What was asked over this connection stays without answer.
+    void loseDirect(sd_bus* bus) {
+        for (Pending& pending : _pending) {
+            if (pending.slot == nullptr || pending.bus != bus)
+                continue;
+            pending.slot = sd_bus_slot_unref(pending.slot);
+            --pending.application->pending;
+            --_inFlight;
+        }
+        std::erase(_buses, bus);
+        for (Application* application : _applications) {
+            if (application->direct == bus)
+                application->direct = sd_bus_close_unref(application->direct);
+        }
+    }
 
     void send(std::size_t index) {
         const AtspiRequest& request = _requests[index];
@@ -141,19 +189,22 @@ private:
         }
         if (!_lastMayBeAsked || _lastApplication->suspension.isSuspended())
             return;
-        const Message message = newMessage(_connection._bus, request);
+        sd_bus* const bus = _lastApplication->direct != nullptr ? _lastApplication->direct : _connection._bus;
+        const Message message = newMessage(bus, request, bus == _connection._bus);
         if (!message)
             return;
         Pending& pending = _pending[index];
-        pending = {this, &request, _lastApplication, nullptr};
+        pending = {this, &request, _lastApplication, bus, nullptr};
         // The time-out is ours to keep: it depends on what else the application answers.
-        if (AtspiLibrary::callAsync(_connection._bus, &pending.slot, message.get(), onReply, &pending) < 0)
+        if (AtspiLibrary::callAsync(bus, &pending.slot, message.get(), onReply, &pending) < 0)
             return;
         ++_connection._statistics.messagesSent;
-        if (pending.application->pending++ == 0) {
+        if (pending.application->pending++ == 0)
             pending.application->patience.noteReply(Clock::now());
+        if (std::ranges::find(_applications, pending.application) == _applications.end())
             _applications.push_back(pending.application);
-        }
+        if (std::ranges::find(_buses, bus) == _buses.end())
+            _buses.push_back(bus);
         ++_inFlight;
     }
 
@@ -206,6 +257,7 @@ private:
     const std::vector<AtspiRequest>& _requests;
     std::vector<Pending> _pending;
     std::vector<Application*> _applications; // those that were asked something
+    std::vector<sd_bus*> _buses; // those over which they were asked
     std::size_t _next = 0;
     std::size_t _inFlight = 0;
     const std::string* _lastName = nullptr;
@@ -258,8 +310,10 @@ bool AtspiConnection::waitUntilReady() {
 }
 
 void AtspiConnection::close() {
-    for (auto& [name, application] : _applications)
+    for (auto& [name, application] : _applications) {
         application->probe = sd_bus_slot_unref(application->probe);
+        application->direct = sd_bus_close_unref(application->direct);
+    }
     _applications.clear();
     _gone.clear();
     _busIdentity = 0;
@@ -286,26 +340,40 @@ void AtspiConnection::run(const std::vector<AtspiRequest>& requests) {
 bool AtspiConnection::post(const AtspiRequest& request) {
     if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
         return false;
-    const Message message = newMessage(_bus, request);
+    sd_bus* const direct = application(request.target.busName).direct;
+    sd_bus* const bus = direct != nullptr && sd_bus_is_ready(direct) > 0 ? direct : _bus;
+    const Message message = newMessage(bus, request, bus == _bus);
     if (!message || sd_bus_message_set_expect_reply(message.get(), 0) < 0
-        || sd_bus_send(_bus, message.get(), nullptr) < 0)
+        || sd_bus_send(bus, message.get(), nullptr) < 0)
         return false;
     ++_statistics.messagesSent;
-    return flush();
+    return flush(bus);
 }
 
-bool AtspiConnection::flush() {
+void AtspiConnection::connectDirectly(const std::string& busName, const std::string& address) {
+    // The application's word alone is not enough to start programs or to call other machines.
+    const bool isLocalSocket = address.starts_with("unix:path=") || address.starts_with("unix:abstract=");
+    if (!isLocalSocket || address.find(';') != std::string::npos || address.find("unixexec") != std::string::npos)
+        return;
+    sd_bus*& direct = application(busName).direct;
+    if (direct != nullptr || sd_bus_new(&direct) < 0)
+        return;
+    if (sd_bus_set_address(direct, address.c_str()) < 0 || AtspiLibrary::start(direct) < 0)
+        direct = sd_bus_close_unref(direct);
+}
+
+bool AtspiConnection::flush(sd_bus* bus) {
     const Clock::time_point deadline = Clock::now() + AtspiPatience::Silence;
     while (true) {
         std::uint64_t queued = 0;
-        if (sd_bus_get_n_queued_write(_bus, &queued) < 0)
+        if (sd_bus_get_n_queued_write(bus, &queued) < 0)
             return false;
         if (queued == 0)
             return true;
-        const int processed = AtspiLibrary::process(_bus);
+        const int processed = AtspiLibrary::process(bus);
         if (processed < 0 || Clock::now() >= deadline)
             return false;
-        if (processed == 0 && sd_bus_wait(_bus, microsecondsUntil(deadline)) < 0)
+        if (processed == 0 && sd_bus_wait(bus, microsecondsUntil(deadline)) < 0)
             return false;
     }
 }

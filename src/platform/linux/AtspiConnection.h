@@ -48,6 +48,10 @@ public:
     // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.
     bool post(const AtspiRequest& request);
 
+    // Talks to an application without the bus in between from now on, at the socket whose address it has told. Where
+    // that fails, or ends, the bus serves as before.
+    void connectDirectly(const std::string& busName, const std::string& address);
+
     // False while the application is given up, until it answers a probe.
     bool mayAsk(const std::string& busName);
     // The bus said that nobody has this name any more. Unique names are never given out again.
@@ -66,7 +70,7 @@ private:
     void drain();
     void probe(const std::string& busName, Application& application);
     Application& application(const std::string& busName);
-    bool flush();
+    bool flush(sd_bus* bus);
 
     AtspiSessionBus& _sessionBus;
     sd_bus* _bus = nullptr;
