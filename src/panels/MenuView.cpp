@@ -129,8 +129,9 @@ void MenuView::sendAction() {
     const std::string action = choice.item->action();
     if (!target || action.empty())
         return;
+    NotificationCenter& notificationCenter = _notificationCenter; // the action may end the program, and this view
     target->performAction(action, *choice.item);
-    _notificationCenter.postNotification({"NSMenuDidSendActionNotification", choice.menu.get(), {}});
+    notificationCenter.postNotification({"NSMenuDidSendActionNotification", choice.menu.get(), {}});
 }
 
 } // namespace tarragon

@@ -92,10 +92,8 @@ bool MenuWindow::prepare() {
 void MenuWindow::removeEverything() {
     _places.clear();
     clear();
-    for (QObject* child : QObjectList(children())) {
-        if (auto* window = dynamic_cast<MenuWindow*>(child))
-            delete window;
-    }
+    for (QObject* child : QObjectList(children()))
+        delete dynamic_cast<MenuWindow*>(child);
 }
 
 // False for a menu that is not to be shown.

@@ -212,6 +212,17 @@ TEST_F(MenuViewTest, OpensAMenuFromAnAction) {
     EXPECT_EQ(_log.back(), "posted NSMenuDidSendActionNotification");
 }
 
+TEST_F(MenuViewTest, SurvivesAnActionThatDestroysIt) {
+    addItem(*_root, "Quit");
+    _target->onAction = [this] { _view.reset(); };
+    popUp();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(_log.back(), "did close root");
+    settle();
+    EXPECT_THAT(_log, testing::Contains("action act Quit"));
+}
+
 TEST_F(MenuViewTest, SendsTheActionOfAnItemThatLeftTheMenuMeanwhile) {
     addItem(*_root, "Stale");
     popUp();
