@@ -5,6 +5,7 @@
 #include "cli/Commands.h"
 #include "panels/MenuView.h"
 #include "panels/MessagePanels.h"
+#include "platform/linux/AutostartLoginItemList.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/PropertyListDefaults.h"
@@ -51,7 +52,8 @@ public:
               [this](void* event) { return _menuKeyboard.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
 
     Platform platform() {
-        return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter};
+        return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter, &_loginItems,
+            QApplication::applicationFilePath().toStdString()};
     }
     QtRunLoop& runLoop() { return _runLoop; }
     LinuxAccessibility& accessibility() { return _accessibility; }
@@ -75,6 +77,7 @@ private:
     X11HotKeys _hotKeys;
     std::filesystem::path _settingsFile;
     PropertyListDefaults _defaults;
+    AutostartLoginItemList _loginItems;
     X11MenuKeyboard _menuKeyboard;
     QtNativeEvents _nativeEvents;
 };

@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/PreferenceKeys.h"
+#include "prefs/StartAtLogin.h"
 
 namespace tarragon {
 
@@ -66,6 +67,7 @@ void AppController::loadDefaults() {
     _preferences._fontSizeSmall = readFontSize(preference::FontSizeSmall);
     _preferences._titleFontSizeSmall = readFontSize(preference::TitleFontSizeSmall);
     readButtonStyle();
+    setStartAtLogin(_platform.loginItemList, _platform.bundlePath, readBool(preference::LaunchOnLogin));
     readShowApplicationMenu();
     _preferences._screenTopEnabled = readBool(preference::EnableScreenTop);
     _preferences._screenTopAutoHide = readBool(preference::ScreenTopAutoHide);

@@ -15,8 +15,8 @@ class MenuPresenter;
 // Main thread only.
 class AppDelegate {
 public:
-    // Registers the default settings first, before anything reads one. The presenter and the panels outlive the
-    // delegate. settingsURL is where the user finds the stored settings.
+    // Registers the default settings first, before anything reads one. Everything passed in outlives the delegate.
+    // settingsURL is where the user finds the stored settings.
     AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels, std::string settingsURL);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;

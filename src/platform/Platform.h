@@ -4,9 +4,12 @@
 #include "platform/Defaults.h"
 #include "platform/Displays.h"
 #include "platform/HotKeys.h"
+#include "platform/LoginItemList.h"
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
+
+#include <string>
 
 namespace tarragon {
 
@@ -20,6 +23,8 @@ struct Platform {
     Defaults& defaults;
     RunLoop& runLoop;
     NotificationCenter& notificationCenter;
+    LoginItemList* loginItemList = nullptr; // nullptr where the desktop has none
+    std::string bundlePath = {}; // of the running program
 };
 
 } // namespace tarragon

@@ -158,6 +158,22 @@ TEST_F(LoadDefaultsTest, TurnsAStoredFontSizeIntoTheMenuFont) {
     EXPECT_EQ(reader().menu()->font(), (MenuFont{15, false}));
 }
 
+TEST_F(LoadDefaultsTest, BringsTheLoginItemsInLineWithTheirSetting) {
+    loginItems.add("Tarragon", "/elsewhere/Tarragon");
+    loginItems.add("Mail", "/opt/Mail");
+    launch();
+    ASSERT_EQ(loginItems.items().size(), 1U);
+    EXPECT_EQ(loginItems.items()[0].displayName, "Mail");
+}
+
+TEST_F(LoadDefaultsTest, AddsTheProgramToTheLoginItemsWhenToldTo) {
+    set(preference::LaunchOnLogin, true);
+    launch();
+    ASSERT_EQ(loginItems.items().size(), 1U);
+    EXPECT_EQ(loginItems.items()[0].path, "/opt/Tarragon");
+    EXPECT_FALSE(loginItems.items()[0].isHidden);
+}
+
 class ApplicationSwitchTest : public AppTest {
 protected:
     ApplicationSwitchTest()

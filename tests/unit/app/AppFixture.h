@@ -3,6 +3,7 @@
 #include "app/AppController.h"
 #include "app/AppDelegate.h"
 #include "app/PreferenceKeys.h"
+#include "fake/FakeLoginItemList.h"
 #include "fake/FakePlatform.h"
 #include "panels/UserPanels.h"
 
@@ -32,11 +33,14 @@ public:
 class AppTest : public testing::Test {
 protected:
     AppTest()
-        : mail(fake.addApplication("Mail"))
+        : platform(fake.platform())
+        , mail(fake.addApplication("Mail"))
         , delegate(platform, fake.menuPresenter, panels, "file:///settings.plist") {
         mail.menu("File").item("New").item("Close");
         mail.menu("Edit").item("Copy").item("Paste");
         fake.activate(mail);
+        platform.loginItemList = &loginItems;
+        platform.bundlePath = "/opt/Tarragon";
     }
 
     void launch() { delegate.applicationWillFinishLaunching(); }
@@ -56,7 +60,8 @@ protected:
 
     FakePlatform fake;
     RecordingPanels panels;
-    Platform platform = fake.platform();
+    FakeLoginItemList loginItems;
+    Platform platform;
     FakeApplication mail;
     AppDelegate delegate;
 };

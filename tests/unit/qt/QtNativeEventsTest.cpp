@@ -106,6 +106,27 @@ TEST(QtX11Connection, IsNothingWhereQtDoesNotDrawThroughX) {
     EXPECT_EQ(qtX11Connection(), nullptr);
 }
 
+TEST_F(QtNativeEventsTest, AreAdjustedBeforeAnybodySeesThem) {
+    QtNativeEvents adjusted(
+        _runLoop,
+        [this](const void* event) { return (_seen.push_back({*static_cast<const std::uint8_t*>(event)}), true); },
+        [](void* event) {
+            *static_cast<std::uint8_t*>(event) = 7;
+            return false;
+        });
+    Event event(36, 2);
+    EXPECT_TRUE(adjusted.nativeEventFilter("xcb_generic_event_t", event.data(), nullptr));
+    EXPECT_EQ(_seen, std::vector<Event>{{7}});
+}
+
+TEST_F(QtNativeEventsTest, ThatTheAdjustmentKeepsReachNobody) {
+    QtNativeEvents adjusted(
+        _runLoop, [this](const void*) { return (_seen.emplace_back(), true); }, [](void*) { return true; });
+    Event event(36, 2);
+    EXPECT_TRUE(adjusted.nativeEventFilter("xcb_generic_event_t", event.data(), nullptr));
+    EXPECT_TRUE(_seen.empty());
+}
+
 } // namespace
 
 } // namespace tarragon
