@@ -14,7 +14,6 @@ namespace {
 using Kind = AtspiElement::Kind;
 using Place = AtspiElement::Place;
 
-constexpr AtspiFields FieldsToRecogniseItems = AtspiFieldRole | AtspiFieldStates | AtspiFieldName;
 constexpr std::string_view RootPath = "/org/a11y/atspi/accessible/root";
 
 std::shared_ptr<AtspiElement> relative(const AtspiElement& element, Kind kind) {
@@ -82,6 +81,9 @@ Value AtspiTree::attributeValue(const Element& element, std::string_view attribu
             return {};
         return std::string(attribute == attribute::Role ? role : accessibilityRoleDescription(role));
     }
+    // A menu has no title, so its name need not be asked for.
+    if (attribute == attribute::Title && _nodes.at(handle.reference).role == AtspiRolePopupMenu)
+        return {};
     const AtspiFields fields = fieldsForAttribute(attribute);
     if (fields == AtspiFieldNone)
         return {};
@@ -185,24 +187,8 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     std::vector<Element> result;
     if (handle.steps >= AtspiElement::StepLimit)
         return result;
-    if (place != Place::Elsewhere) {
-        AtspiFields fields = FieldsToRecogniseItems;
-        // Not in a menu bar: titles that find no room there are still offered, behind its end.
-        if (place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt)
-            fields |= AtspiFieldExtents;
-        if (_reading == Reading::Ahead && place != Place::UnderItem) {
-            fields |= AtspiFieldKeyBinding;
-            if (handle.toolkit != AtspiToolkit::Gtk)
-                fields |= AtspiFieldChildren;
-        }
-        AtspiNodes::Wanted wanted;
-        wanted.reserve(references->size());
-        for (const AtspiReference& reference : *references)
-            wanted.emplace_back(reference, fields);
-        _nodes.fetch(_connection, wanted);
-        if (_reading == Reading::Ahead && place != Place::UnderItem)
-            readAhead(*references, handle.toolkit);
-    }
+    if (place != Place::Elsewhere)
+        readItems(*references, place, handle.toolkit);
     // Qt keeps hidden items in the tree, and the states of a closed menu's items do not tell. Only those that are to be
     // seen take room, once the menu has been laid out.
     const bool roomTells = place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt
@@ -225,14 +211,46 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     return result;
 }
 
-void AtspiTree::readAhead(const std::vector<AtspiReference>& items, AtspiToolkit toolkit) {
+void AtspiTree::readItems(const std::vector<AtspiReference>& references, Place place, AtspiToolkit toolkit) {
+    const bool isQt = toolkit == AtspiToolkit::Qt;
+    const bool holdsItems = place == Place::InMenu || place == Place::InMenuBar;
+    const bool readsAhead = _reading == Reading::Ahead && holdsItems;
+    // Every request counts with this toolkit. What has a name in its menus is an item, and below an item stand menus.
+    const bool nameTellsRole = isQt && holdsItems;
+    AtspiFields fields = AtspiFieldRole | AtspiFieldStates | AtspiFieldName;
+    if (nameTellsRole)
+        fields = AtspiFieldStates | AtspiFieldName;
+    else if (isQt)
+        fields = AtspiFieldRole;
+    // Not in a menu bar: titles that find no room there are still offered, behind its end.
+    if (isQt && place == Place::InMenu)
+        fields |= AtspiFieldExtents;
+    if (readsAhead)
+        fields |= AtspiFieldKeyBinding;
+    if (readsAhead && toolkit != AtspiToolkit::Gtk)
+        fields |= AtspiFieldChildren;
+
     AtspiNodes::Wanted wanted;
-    for (const AtspiReference& item : items) {
-        const AtspiNode& node = _nodes.at(item);
-        if (!node.children || hasImpliedMenu(node, Place::InMenu) || !isShownInMenu(node, toolkit))
+    wanted.reserve(references.size());
+    for (const AtspiReference& reference : references)
+        wanted.emplace_back(reference, fields);
+    _nodes.fetch(_connection, wanted);
+
+    wanted.clear();
+    for (const AtspiReference& reference : references) {
+        AtspiNode& node = _nodes.at(reference);
+        if (nameTellsRole && (node.asked & AtspiFieldRole) == 0) {
+            if (node.name && !node.name->empty()) {
+                node.role = AtspiRoleMenuItem;
+                node.asked |= AtspiFieldRole;
+            } else {
+                wanted.emplace_back(reference, AtspiFieldRole);
+            }
+        }
+        if (!readsAhead || !node.children || hasImpliedMenu(node, place))
             continue;
         for (const AtspiReference& menu : *node.children)
-            wanted.emplace_back(menu, FieldsToRecogniseItems);
+            wanted.emplace_back(menu, isQt ? AtspiFieldRole : AtspiFieldRole | AtspiFieldStates | AtspiFieldName);
     }
     _nodes.fetch(_connection, wanted);
 }

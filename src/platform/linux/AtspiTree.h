@@ -41,7 +41,8 @@ private:
     Element parentOf(const AtspiElement& element);
     std::optional<std::vector<Element>> childrenInPlace(
         const Element& parent, const AtspiReference& container, AtspiElement::Place place);
-    void readAhead(const std::vector<AtspiReference>& items, AtspiToolkit toolkit);
+    // Reads what tells items and menus apart and, reading ahead, all that they can tell and the menus that they open.
+    void readItems(const std::vector<AtspiReference>& references, AtspiElement::Place place, AtspiToolkit toolkit);
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;

@@ -186,6 +186,16 @@ TEST_F(AtspiTreeTest, ShowsAllItemsOfAMenuThatHasNotBeenLaidOut) {
     EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)).size(), 2U);
 }
 
+TEST_F(AtspiTreeTest, TellsSeparatorsFromNamelessItems) {
+    makeQtMenu(3);
+    application.change([&] {
+        application.objects["/popup/0"] = {AtspiRoleSeparator, "", 0, {}, "", "/popup"};
+        application.objects["/popup/1"].name.clear();
+    });
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
+        (std::vector<std::string>{"", "nil", "Item 2"}));
+}
+
 TEST_F(AtspiTreeTest, TellsWhereAnObjectIs) {
     makeGtkMenu(1);
     const Element bar = element("/bar", AtspiToolkit::Gtk);
