@@ -7,6 +7,7 @@
 #include "recorder/SRKeyCodeTransformer.h"
 #include "recorder/SRModifierFlags.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarragon {
@@ -60,17 +61,15 @@ bool SRValidator::isKeyCodeAndFlagsTaken(std::int16_t keyCode, std::uint32_t fla
 bool SRValidator::isKeyCodeAndFlagsTakenInMenu(
     std::int16_t keyCode, std::uint32_t flags, const Menu& menu, SRValidationError* error) const {
     const std::optional<std::string> name = _transformer.transformedValue(keyCode);
-    for (const std::shared_ptr<MenuItem>& item : menu.items()) {
+    return std::any_of(menu.items().begin(), menu.items().end(), [&](const std::shared_ptr<MenuItem>& item) {
         if (item->hasSubmenu() && isKeyCodeAndFlagsTakenInMenu(keyCode, flags, *item->submenu(), error))
             return true;
-        if (item->keyEquivalent().empty() || uppercaseText(item->keyEquivalent()) != name)
-            continue;
-        if (modifiersAgree(cocoaToCarbonFlags(item->keyEquivalentModifierMask()), flags)) {
+        const bool isHit = !item->keyEquivalent().empty() && uppercaseText(item->keyEquivalent()) == name
+            && modifiersAgree(cocoaToCarbonFlags(item->keyEquivalentModifierMask()), flags);
+        if (isHit)
             fillError(error, keyCode, flags, "it's already used by the menu item \"" + item->title() + "\".");
-            return true;
-        }
-    }
-    return false;
+        return isHit;
+    });
 }
 
 void SRValidator::fillError(

@@ -85,7 +85,7 @@ std::vector<fs::path> programFolders() {
 }
 
 fs::path userConfigurationFolder() {
-    const fs::path configuration = environmentVariable("XDG_CONFIG_HOME");
+    fs::path configuration = environmentVariable("XDG_CONFIG_HOME");
     if (configuration.is_absolute())
         return configuration;
     const fs::path home = environmentVariable("HOME");

@@ -85,6 +85,40 @@ Data listWithTitles(const std::function<std::vector<Number>(RawPropertyList&)>& 
     return listWithEntry(list.write(archive));
 }
 
+// An entry that ignores every window, but for its name, which is nowhere.
+Data listWithDamagedEntry() {
+    RawPropertyList list;
+    const Number entry = list.dictionary({
+        {list.string("appName"), list.uid(99)},
+        {list.string("ignoreAllAppWindows"), list.uid(2)},
+        {list.string("$class"), list.uid(3)},
+    });
+    const Number entryClass = list.dictionary({{list.string("$classname"), list.string("TarragonBlacklist")}});
+    const Number archive = list.archive({list.string("$null"), entry, list.add({0x09}), entryClass}, 1);
+    return listWithEntry(list.write(archive));
+}
+
+// Many applications whose entries are all the same large one.
+Data listWithSharedEntry() {
+    constexpr Number Count = 1000;
+    RawPropertyList list;
+    Data entry = RawPropertyList::marker(0x40, 1'000'000);
+    entry.resize(entry.size() + 1'000'000);
+    std::vector<Number> objects{list.string("$null"), 0, list.add(std::move(entry)),
+        list.dictionary({{list.string("$classname"), list.string("NSDictionary")}})};
+    std::vector<Number> keys;
+    for (Number number = 0; number < Count; ++number) {
+        keys.push_back(list.uid(static_cast<Number>(objects.size())));
+        objects.push_back(list.string("org.example." + std::to_string(number)));
+    }
+    objects[1] = list.dictionary({
+        {list.string("NS.keys"), list.array(keys)},
+        {list.string("NS.objects"), list.array(std::vector<Number>(Count, list.uid(2)))},
+        {list.string("$class"), list.uid(3)},
+    });
+    return list.write(list.archive(objects, 1));
+}
+
 Data deeplyNested() {
     RawPropertyList list;
     Number inner = list.array({});
@@ -231,7 +265,9 @@ std::vector<HostileList> hostileLists() {
                 parts.keys.assign(10'000, parts.list.uid(parts.key));
                 parts.objects.assign(10'000, parts.list.uid(parts.object));
             }),
+        {"one-large-entry-under-many-keys", listWithSharedEntry()},
         {"entry-empty", listWithEntry({})},
+        {"entry-with-a-name-out-of-range", listWithDamagedEntry()},
         {"entry-truncated",
             [] {
                 Data entry = TarragonBlacklist().archivedData();

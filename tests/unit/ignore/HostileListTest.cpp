@@ -113,6 +113,7 @@ TEST_F(HostileListTest, AHostileListTakesLittleMemory) {
         forgetPeakResidentSize();
         const std::size_t before = residentSize("VmRSS").value_or(0);
         list.windowIsIgnored();
+        IgnoreDictionary::load(defaults);
         const std::size_t peak = residentSize("VmHWM").value_or(0);
         EXPECT_LT(peak, before + Limit) << hostile.name;
     }

@@ -14,7 +14,7 @@
 
 #include <xcb/xcb.h>
 // A field in this header is called like a keyword of C++.
-#define explicit explicitFields
+#define explicit explicitFields // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 

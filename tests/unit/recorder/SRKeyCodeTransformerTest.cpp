@@ -62,6 +62,7 @@ TEST(SRKeyCodeTransformer, ReadsTheLowSixteenBitsOfANumberAsSigned) {
     const SRKeyCodeTransformer transformer(keyboard);
     EXPECT_THAT(transformer.transformedValue(65536 + 49), Optional(std::string("Space")));
     EXPECT_EQ(transformer.transformedValue(65535), std::nullopt);
+    keyboard.setTyped(32768 + 49, "x");
     EXPECT_EQ(transformer.transformedValue(32768 + 49), std::nullopt);
 }
 
