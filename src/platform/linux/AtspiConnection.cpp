@@ -189,7 +189,7 @@ private:
         }
         if (!_lastMayBeAsked || _lastApplication->suspension.isSuspended())
             return;
-        sd_bus* const bus = _lastApplication->direct != nullptr ? _lastApplication->direct : _connection._bus;
+        sd_bus* const bus = _connection.busOf(*_lastApplication);
         const Message message = newMessage(bus, request, bus == _connection._bus);
         if (!message)
             return;
@@ -340,8 +340,7 @@ void AtspiConnection::run(const std::vector<AtspiRequest>& requests) {
 bool AtspiConnection::post(const AtspiRequest& request) {
     if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
         return false;
-    sd_bus* const direct = application(request.target.busName).direct;
-    sd_bus* const bus = direct != nullptr && sd_bus_is_ready(direct) > 0 ? direct : _bus;
+    sd_bus* const bus = busOf(application(request.target.busName));
     const Message message = newMessage(bus, request, bus == _bus);
     if (!message || sd_bus_message_set_expect_reply(message.get(), 0) < 0
         || sd_bus_send(bus, message.get(), nullptr) < 0)
@@ -360,6 +359,10 @@ void AtspiConnection::connectDirectly(const std::string& busName, const std::str
         return;
     if (sd_bus_set_address(direct, address.c_str()) < 0 || AtspiLibrary::start(direct) < 0)
         direct = sd_bus_close_unref(direct);
+}
+
+sd_bus* AtspiConnection::busOf(const Application& application) const {
+    return application.direct != nullptr && sd_bus_is_open(application.direct) > 0 ? application.direct : _bus;
 }
 
 bool AtspiConnection::flush(sd_bus* bus) {

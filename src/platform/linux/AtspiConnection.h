@@ -70,6 +70,8 @@ private:
     void drain();
     void probe(const std::string& busName, Application& application);
     Application& application(const std::string& busName);
+    // Over which its requests go.
+    sd_bus* busOf(const Application& application) const;
     bool flush(sd_bus* bus);
 
     AtspiSessionBus& _sessionBus;

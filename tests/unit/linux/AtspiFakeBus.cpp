@@ -6,6 +6,8 @@
 #include <poll.h>
 #include <spawn.h>
 #include <stdexcept>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
@@ -64,17 +66,7 @@ AtspiFakeApplication::AtspiFakeApplication(const AtspiFakeBus& bus, const std::s
     _busName = name;
     if (!wellKnownName.empty())
         check(sd_bus_request_name(_bus, wellKnownName.c_str(), 0), "well-known name");
-    check(sd_bus_add_filter(
-              _bus, nullptr,
-              [](sd_bus_message* message, void* userdata, sd_bus_error*) {
-                  std::uint8_t type = 0;
-                  sd_bus_message_get_type(message, &type);
-                  if (type != SD_BUS_MESSAGE_METHOD_CALL)
-                      return 0;
-                  return static_cast<AtspiFakeApplication*>(userdata)->answer(message) ? 1 : 0;
-              },
-              this),
-        "filter");
+    addFilter(_bus);
     check(::pipe(_stopPipe) < 0 ? -errno : 0, "pipe");
     _thread = std::thread([this] { serve(); });
 }
@@ -85,6 +77,10 @@ AtspiFakeApplication::~AtspiFakeApplication() {
     ::close(_stopPipe[0]);
     for (sd_bus_message* message : _unanswered)
         sd_bus_message_unref(message);
+    for (sd_bus* bus : _direct)
+        sd_bus_flush_close_unref(bus);
+    if (_listener >= 0)
+        ::close(_listener);
     sd_bus_flush_close_unref(_bus);
 }
 
@@ -93,20 +89,90 @@ std::size_t AtspiFakeApplication::calls(const std::string& member) {
     return _calls[member];
 }
 
+void AtspiFakeApplication::addFilter(sd_bus* bus) {
+    check(sd_bus_add_filter(
+              bus, nullptr,
+              [](sd_bus_message* message, void* userdata, sd_bus_error*) {
+                  std::uint8_t type = 0;
+                  sd_bus_message_get_type(message, &type);
+                  if (type != SD_BUS_MESSAGE_METHOD_CALL)
+                      return 0;
+                  return static_cast<AtspiFakeApplication*>(userdata)->answer(message) ? 1 : 0;
+              },
+              this),
+        "filter");
+}
+
+std::string AtspiFakeApplication::openSocket(const std::string& path) {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    check(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) < 0 ? -errno : 0, "bind");
+    check(::listen(listener, 5) < 0 ? -errno : 0, "listen");
+    const std::lock_guard lock(_mutex);
+    _listener = listener;
+    _socketAddress = "unix:path=" + path;
+    return _socketAddress;
+}
+
+void AtspiFakeApplication::closeSocket() {
+    const std::lock_guard lock(_mutex);
+    _closesSocket = true;
+}
+
+std::size_t AtspiFakeApplication::callsOverSocket() {
+    const std::lock_guard lock(_mutex);
+    return _callsOverSocket;
+}
+
+void AtspiFakeApplication::acceptDirect() {
+    const std::lock_guard lock(_mutex);
+    const int descriptor = ::accept4(_listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (descriptor < 0)
+        return;
+    sd_id128_t identifier = {};
+    sd_id128_randomize(&identifier);
+    sd_bus* bus = nullptr;
+    check(sd_bus_new(&bus), "direct");
+    check(sd_bus_set_fd(bus, descriptor, descriptor), "direct descriptor");
+    check(sd_bus_set_server(bus, 1, identifier), "direct server");
+    addFilter(bus);
+    check(sd_bus_start(bus), "direct start");
+    _direct.push_back(bus);
+}
+
 void AtspiFakeApplication::serve() {
     while (true) {
-        const int processed = sd_bus_process(_bus, nullptr);
-        if (processed < 0) {
-            // The bus is gone; wait to be stopped.
-            pollfd stop = {_stopPipe[0], POLLIN, 0};
-            ::poll(&stop, 1, -1);
-            return;
+        std::vector<sd_bus*> buses{_bus};
+        std::vector<pollfd> descriptors{{_stopPipe[0], POLLIN, 0}};
+        {
+            const std::lock_guard lock(_mutex);
+            if (_closesSocket) {
+                for (sd_bus* bus : _direct)
+                    sd_bus_flush_close_unref(bus);
+                _direct.clear();
+                ::close(_listener);
+                _listener = -1;
+                _closesSocket = false;
+            }
+            buses.insert(buses.end(), _direct.begin(), _direct.end());
+            if (_listener >= 0)
+                descriptors.push_back({_listener, POLLIN, 0});
         }
-        pollfd descriptors[] = {
-            {sd_bus_get_fd(_bus), static_cast<short>(sd_bus_get_events(_bus)), 0}, {_stopPipe[0], POLLIN, 0}};
-        ::poll(descriptors, 2, processed > 0 ? 0 : -1);
-        if (descriptors[1].revents != 0)
+        const std::size_t listeners = descriptors.size();
+        int processed = 0;
+        for (sd_bus* bus : buses) {
+            const int result = sd_bus_process(bus, nullptr);
+            processed += result > 0 ? 1 : 0;
+            if (result >= 0)
+                descriptors.push_back({sd_bus_get_fd(bus), static_cast<short>(sd_bus_get_events(bus)), 0});
+        }
+        ::poll(descriptors.data(), descriptors.size(), processed > 0 ? 0 : 20);
+        if (descriptors[0].revents != 0)
             return;
+        if (listeners > 1 && descriptors[1].revents != 0)
+            acceptDirect();
     }
 }
 
@@ -118,6 +184,8 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
     if (interface == "org.freedesktop.DBus.Peer")
         return false;
     ++_calls[member];
+    if (sd_bus_message_get_bus(message) != _bus)
+        ++_callsOverSocket;
     if (isSilent) {
         _unanswered.push_back(sd_bus_message_ref(message));
         return true;
@@ -126,6 +194,10 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         beforeReply();
     if (answersNonsense) {
         sd_bus_reply_method_return(message, "a{sv}(ys)", 1, "x", "d", 1.5, 7, "nonsense");
+        return true;
+    }
+    if (member == "GetApplicationBusAddress") {
+        sd_bus_reply_method_return(message, "s", _socketAddress.c_str());
         return true;
     }
     const auto found = objects.find(path);
@@ -154,7 +226,7 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
                 sd_bus_message_append(reply, "(so)", name.c_str(), foreignPath.c_str());
         }
         sd_bus_message_close_container(reply);
-        sd_bus_send(_bus, reply, nullptr);
+        sd_bus_send(nullptr, reply, nullptr);
         sd_bus_message_unref(reply);
     } else if (member == "Get") {
         const char* propertyInterface = nullptr;
