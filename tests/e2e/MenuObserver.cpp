@@ -36,9 +36,7 @@ std::size_t MenuObserver::count() const {
     return static_cast<std::size_t>(std::count(output.begin(), output.end(), '\n')) - 1;
 }
 
-std::optional<MenuObserver::Notice> MenuObserver::waitForNoticeAfter(std::size_t seen, Duration deadline) const {
-    if (!waitUntil([&] { return count() > seen; }, deadline))
-        return std::nullopt;
+MenuObserver::Notice MenuObserver::last() const {
     std::string output = _reader->standardOutput();
     output.erase(output.rfind('\n'));
     std::size_t start = output.rfind('\n') + 1;

@@ -5,7 +5,6 @@
 #include "MenuRecord.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace tarragon::e2e {
@@ -23,8 +22,8 @@ public:
 
     // How many notices there have been so far.
     std::size_t count() const;
-    // The notice after the first `seen` ones, when it comes in time; the last of several that have come.
-    std::optional<Notice> waitForNoticeAfter(std::size_t seen, Duration deadline = DefaultDeadline) const;
+    // The newest notice; there must have been one.
+    Notice last() const;
 
 private:
     std::unique_ptr<ChildProcess> _reader;

@@ -192,6 +192,15 @@ std::string normalShortcut(const std::string& shortcut, const std::string& title
     return result + normalKey(parts.back());
 }
 
+Menu withNormalShortcuts(Menu menu) {
+    for (MenuRecord& item : menu) {
+        // Without the title nothing is taken for a mnemonic: a shortcut that is shown is meant.
+        item.shortcut = normalShortcut(item.shortcut, {});
+        item.items = withNormalShortcuts(std::move(item.items));
+    }
+    return menu;
+}
+
 Menu mirrorOf(const Menu& applicationMenu) {
     // The top level itself is never searched for repeats.
     return mirrorOfLevel(applicationMenu, "Window");

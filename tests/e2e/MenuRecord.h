@@ -27,6 +27,9 @@ using Menu = std::vector<MenuRecord>;
 // From what `tarragon menus --json` or the independent reader prints. Throws nlohmann::json::exception on nonsense.
 Menu menuFromJson(const nlohmann::json& array);
 
+// The same tree with every shortcut in its normal spelling.
+Menu withNormalShortcuts(Menu menu);
+
 // A shortcut in one spelling, whoever wrote it: modifiers in the order Super, Ctrl, Alt, Shift and one name per key.
 // "n;<Alt>f:n;<Primary><Shift>n", "Shift+Ctrl+N" and "Ctrl+Shift+N" all give "Ctrl+Shift+N". The title is needed to
 // tell a toolkit's mnemonic ("Alt+F" of the item "File") from a shortcut.

@@ -21,7 +21,7 @@ protected:
         arguments.insert(arguments.end(), choice.begin(), choice.end());
         CommandResult result = tarragon(arguments);
         EXPECT_EQ(result.status, 0) << result.error;
-        return result.status == 0 ? menuFromJson(nlohmann::json::parse(result.output)) : Menu{};
+        return result.status == 0 ? withNormalShortcuts(menuFromJson(nlohmann::json::parse(result.output))) : Menu{};
     }
 };
 

@@ -18,6 +18,7 @@ bool PopUp::isOpen() {
 bool PopUp::open(Duration deadline) {
     auto start = Clock::now();
     _notice = {};
+    _seenBeforeOpening = _observer.count();
     _agent.pressHotKey();
     bool opened = waitUntil([this] { return isOpen(); }, deadline);
     _openingTime = std::chrono::duration_cast<Duration>(Clock::now() - start);
@@ -34,18 +35,26 @@ bool PopUp::close() {
     return !isOpen();
 }
 
-bool PopUp::tapAndNotice(xcb_keysym_t symbol, Duration deadline) {
-    std::size_t seen = _observer.count();
-    _desktop.input().tap(symbol);
-    auto notice = _observer.waitForNoticeAfter(seen, deadline);
-    if (notice)
-        _notice = *notice;
-    return notice.has_value();
+template <typename Condition>
+bool PopUp::waitForNotice(std::size_t seen, Condition condition, Duration deadline) {
+    return waitUntil(
+        [&] {
+            if (_observer.count() <= seen)
+                return false;
+            MenuObserver::Notice notice = _observer.last();
+            if (!condition(notice))
+                return false;
+            _notice = std::move(notice);
+            return true;
+        },
+        deadline);
 }
 
 Menu PopUp::items() {
-    if (_notice.menu.empty() && !tapAndNotice(XK_Down))
-        return {};
+    if (_notice.menu.empty()) {
+        _desktop.input().tap(XK_Down);
+        waitForNotice(_seenBeforeOpening, [](const auto&) { return true; });
+    }
     return _notice.menu;
 }
 
@@ -69,16 +78,23 @@ bool PopUp::openWith(const std::vector<std::string>& titles, Duration deadline) 
 bool PopUp::highlight(const std::string& title) {
     std::size_t steps = items().size() + 1;
     for (std::size_t step = 0; step < steps && _notice.item != title; ++step) {
-        if (!tapAndNotice(XK_Down, Duration(3000)))
+        std::size_t seen = _observer.count();
+        _desktop.input().tap(XK_Down);
+        if (!waitForNotice(
+                seen, [](const auto&) { return true; }, Duration(3000)))
             return false;
     }
     return _notice.item == title;
 }
 
 bool PopUp::openSubmenuByKeyboard() {
-    std::size_t before = _agent.openMenus().size();
+    std::vector<std::string> above = titlesOf(_notice.menu);
+    std::size_t seen = _observer.count();
+    std::size_t open = _agent.openMenus().size();
     // The first item of the submenu gets the highlight.
-    return tapAndNotice(XK_Right) && waitUntil([&] { return _agent.openMenus().size() > before; });
+    _desktop.input().tap(XK_Right);
+    return waitForNotice(seen, [&](const auto& notice) { return titlesOf(notice.menu) != above; })
+        && _agent.openMenus().size() > open;
 }
 
 Menu PopUp::openByKeyboard(const std::vector<std::string>& path) {
@@ -103,31 +119,21 @@ bool PopUp::pointAt(const std::string& title) {
     const MenuRecord* item = itemAtPath(_notice.menu, {title});
     if (!item || item->frame.width <= 0)
         return false;
-    std::size_t seen = _observer.count();
-    bool highlighted = _notice.item == title;
     _desktop.input().moveTo(item->frame.x + item->frame.width / 2, item->frame.y + item->frame.height / 2);
-    if (highlighted)
-        return true;
-    auto notice = _observer.waitForNoticeAfter(seen);
-    if (notice)
-        _notice = *notice;
-    return _notice.item == title;
+    return waitForNotice(_seenBeforeOpening, [&](const auto& notice) { return notice.item == title; });
 }
 
 bool PopUp::chooseByMouse(const std::vector<std::string>& path) {
     for (std::size_t level = 0; level < path.size(); ++level) {
-        // The first movement in a menu tells what is in it.
         std::vector<XWindow> menus = _agent.openMenus();
         if (menus.size() <= level)
             return false;
+        // The first movement in a menu tells what is in it. The first item may have been highlighted before.
         const PixelRect& frame = menus.back().frame;
-        std::size_t seen = _observer.count();
         _desktop.input().moveTo(frame.x + frame.width / 2, frame.y + 16);
-        auto notice = _observer.waitForNoticeAfter(seen);
-        if (!notice)
-            return false;
-        _notice = *notice;
-        if (!pointAt(path[level]))
+        bool seen = waitForNotice(
+            _seenBeforeOpening, [&](const auto& notice) { return itemAtPath(notice.menu, {path[level]}) != nullptr; });
+        if (!seen || !pointAt(path[level]))
             return false;
         bool last = level + 1 == path.size();
         _desktop.input().click();

@@ -38,7 +38,9 @@ public:
     bool highlight(const std::string& title);
 
 private:
-    bool tapAndNotice(xcb_keysym_t symbol, Duration deadline = DefaultDeadline);
+    // Waits for a notice that is newer than the first `seen` ones and meets the condition, and keeps it.
+    template <typename Condition>
+    bool waitForNotice(std::size_t seen, Condition condition, Duration deadline = DefaultDeadline);
     bool openSubmenuByKeyboard();
     // Moves onto an item of the menu last noticed.
     bool pointAt(const std::string& title);
@@ -47,6 +49,7 @@ private:
     Agent& _agent;
     const MenuObserver& _observer;
     Duration _openingTime{0};
+    std::size_t _seenBeforeOpening = 0;
     MenuObserver::Notice _notice;
 };
 

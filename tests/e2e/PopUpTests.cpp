@@ -76,6 +76,18 @@ TEST_P(PopUpTest, ChangesTheTextOfTheApplication) {
     TestApplication& application = launch();
     ASSERT_EQ(application.text(), TestApplication::Text);
     ASSERT_TRUE(openMirrorOf(application));
+    ASSERT_TRUE(popUp().chooseByKeyboard(application.editPath()));
+    EXPECT_TRUE(waitUntil([&] { return application.text() != TestApplication::Text; }));
+    EXPECT_NE(application.text().find("rosemary"), std::string::npos) << application.text();
+    EXPECT_EQ(display().activeWindow(), application.window());
+}
+
+TEST_P(PopUpTest, SelectsAndCutsTheText) {
+    TestApplication& application = launch();
+    if (application.kind() == ApplicationKind::Mousepad)
+        GTEST_SKIP() << "Mousepad disables these items as long as anybody else has the keyboard, as an open menu does.";
+    ASSERT_EQ(application.text(), TestApplication::Text);
+    ASSERT_TRUE(openMirrorOf(application));
     ASSERT_TRUE(popUp().chooseByKeyboard({"Edit", "Select All"}));
     // Some applications allow cutting only once something is selected, which a mirror that was read before misses.
     ASSERT_TRUE(waitUntil([&] {

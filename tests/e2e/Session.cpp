@@ -1,6 +1,9 @@
 #include "Session.h"
 
+#include "TestApplication.h"
+
 #include <map>
+#include <optional>
 
 namespace tarragon::e2e {
 
@@ -25,6 +28,10 @@ bool Session::isAlive() {
 void Session::restartAgent(const HotKey& hotKey) {
     _observer.reset();
     _agent.reset();
+    // The program takes up its work when an application is in front.
+    std::optional<TestApplication> terminal;
+    if (_desktop.display().activeWindow() == XCB_NONE)
+        terminal.emplace(_desktop, ApplicationKind::Terminal);
     _agent = std::make_unique<Agent>(_desktop, hotKey);
     _observer = std::make_unique<MenuObserver>(_desktop, _agent->identifier());
 }

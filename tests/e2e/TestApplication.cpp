@@ -5,7 +5,7 @@
 
 namespace tarragon::e2e {
 
-const std::string TestApplication::Text = "rosemary and thyme\n";
+const std::string TestApplication::Text = "rosemary\nthyme\n";
 
 std::string nameOf(ApplicationKind kind) {
     switch (kind) {
@@ -52,6 +52,8 @@ TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind)
         Duration(30000));
     if (!settled)
         throw std::runtime_error(nameOf(kind) + " shows no menu bar: " + _process->standardError());
+    // A window of its own that was there only for a moment may have been in front before.
+    _window = display.activeWindow();
 }
 
 TestApplication::~TestApplication() {
@@ -111,6 +113,19 @@ std::vector<std::string> TestApplication::switchPath() const {
         return {"View", "Show Toolbar"};
     case ApplicationKind::FeatherPad:
         return {"Options", "Line Numbers"};
+    default:
+        return {};
+    }
+}
+
+std::vector<std::string> TestApplication::editPath() const {
+    switch (_kind) {
+    case ApplicationKind::Mousepad:
+        return {"Edit", "Duplicate Line / Selection"};
+    case ApplicationKind::Geany:
+        return {"Edit", "Commands", "Duplicate Line or Selection"};
+    case ApplicationKind::FeatherPad:
+        return {"Edit", "Sort Lines Reversely"};
     default:
         return {};
     }

@@ -44,6 +44,9 @@ public:
     std::vector<std::string> switchPath() const;
     bool switchState() const;
 
+    // A path of an item that changes the text without being asked anything.
+    std::vector<std::string> editPath() const;
+
     // The text that it was started with.
     static const std::string Text;
 

@@ -155,8 +155,11 @@ std::vector<XWindow> XDisplay::mappedChildrenOfRoot(bool menus) {
             || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY)
             continue;
         auto types = cardinals(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
-        bool isMenu = std::any_of(types.begin(), types.end(), [this](xcb_atom_t type) {
-            return type == atom("_NET_WM_WINDOW_TYPE_POPUP_MENU") || type == atom("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU");
+        // Not every toolkit gives its menus the type for menus: some leave it at the usual one. Panels and tips say
+        // what they are.
+        bool isMenu = std::all_of(types.begin(), types.end(), [this](xcb_atom_t type) {
+            return type == atom("_NET_WM_WINDOW_TYPE_POPUP_MENU") || type == atom("_NET_WM_WINDOW_TYPE_DROPDOWN_MENU")
+                || type == atom("_NET_WM_WINDOW_TYPE_NORMAL");
         });
         if (isMenu == menus)
             found.push_back({window, processOf(window), frameOf(window)});

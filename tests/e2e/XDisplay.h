@@ -62,7 +62,7 @@ public:
     void close(xcb_window_t window);
     void moveWindow(xcb_window_t window, int x, int y);
 
-    // The menus that are open, in the order in which they were opened: mapped windows of a menu's type.
+    // The menus that are open, bottom to top: mapped windows that no window manager manages.
     std::vector<XWindow> openMenus();
     // The other mapped windows of a process that no window manager manages.
     std::vector<XWindow> unmanagedWindowsOf(pid_t process);

@@ -41,10 +41,8 @@ std::string shortcutOf(AtspiAccessible& element) {
     AtspiAction* action = atspi_accessible_get_action_iface(&element);
     if (!action)
         return {};
-    std::string binding;
-    int count = atspi_action_get_n_actions(action, nullptr);
-    for (int index = 0; index < count && binding.empty(); ++index)
-        binding = takeString(atspi_action_get_key_binding(action, index, nullptr));
+    // An item that is disabled says that it has no action, yet tells the shortcut of its first one.
+    std::string binding = takeString(atspi_action_get_key_binding(action, 0, nullptr));
     g_object_unref(action);
     return binding;
 }
@@ -64,10 +62,14 @@ void addExtents(nlohmann::json& record, AtspiAccessible& element) {
 }
 
 // Whether an item would be there if its menu were open. GTK says it with a state; Qt says nothing of items in closed
-// menus, but gives those that take no room no component interface.
+// menus, but gives those that take no room no component interface. Titles that find no room in a menu bar are still
+// offered, behind its end.
 bool isThere(AtspiAccessible& element, bool visibleState, Toolkit toolkit) {
     if (visibleState || toolkit != Toolkit::Qt)
         return visibleState;
+    Accessible parent(atspi_accessible_get_parent(&element, nullptr));
+    if (parent && roleOf(*parent) == ATSPI_ROLE_MENU_BAR)
+        return true;
     AtspiComponent* component = atspi_accessible_get_component_iface(&element);
     if (component)
         g_object_unref(component);
