@@ -10,13 +10,12 @@ build_packages=(
     libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
 )
 desktop_packages=(
-    xvfb xauth openbox dbus at-spi2-core xdg-utils
+    xvfb xauth xkb-data openbox dbus at-spi2-core dconf-gsettings-backend dconf-service
     mousepad xdotool imagemagick x11-utils fonts-dejavu-core adwaita-icon-theme
 )
 test_packages=(
     libgtest-dev libgmock-dev libxcb-xtest0-dev libatspi2.0-dev libgtk-3-dev
-    xfwm4 geany featherpad xterm xkb-data x11-xkb-utils libplist-utils python3-minimal
-    gobjc libgnustep-base-dev dex desktop-file-utils libglib2.0-bin
+    xfwm4 geany featherpad xterm libplist-utils gobjc libgnustep-base-dev
 )
 benchmark_packages=(libbenchmark-dev)
 lint_packages=(clang-format clang-tidy)
