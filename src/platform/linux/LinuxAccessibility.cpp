@@ -148,7 +148,7 @@ bool LinuxAccessibility::openSettings() {
 }
 
 Element LinuxAccessibility::systemWideElement() {
-    return Element(std::make_shared<AtspiElement>());
+    return isTrusted() ? Element(std::make_shared<AtspiElement>()) : Element();
 }
 
 Element LinuxAccessibility::applicationElement(std::int64_t processIdentifier) {
