@@ -1,6 +1,7 @@
 #include "OtherClient.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -138,7 +139,7 @@ std::uint8_t OtherClient::keycodeOf(std::uint32_t keysym) {
     if (!reply)
         return 0;
     const xcb_keysym_t* keysyms = xcb_get_keyboard_mapping_keysyms(reply.get());
-    for (int key = 0; key < count; ++key) {
+    for (std::size_t key = 0; key < count; ++key) {
         if (keysyms[key * reply->keysyms_per_keycode] == keysym)
             return static_cast<std::uint8_t>(first + key);
     }
