@@ -115,6 +115,17 @@ bool PopUp::chooseByKeyboard(const std::vector<std::string>& path) {
     return waitUntil([this] { return !isOpen(); });
 }
 
+bool PopUp::lookInto(const PixelRect& frame, const std::string& title) {
+    constexpr int step = 12;
+    auto hasTitle = [&](const auto& notice) { return itemAtPath(notice.menu, {title}) != nullptr; };
+    for (int y = frame.y + step; y < frame.y + frame.height; y += step) {
+        _desktop.input().moveTo(frame.x + frame.width / 2, y);
+        if (waitForNotice(_seenBeforeOpening, hasTitle, Duration(300)))
+            return true;
+    }
+    return false;
+}
+
 bool PopUp::pointAt(const std::string& title) {
     const MenuRecord* item = itemAtPath(_notice.menu, {title});
     if (!item || item->frame.width <= 0)
@@ -128,12 +139,7 @@ bool PopUp::chooseByMouse(const std::vector<std::string>& path) {
         std::vector<XWindow> menus = _agent.openMenus();
         if (menus.size() <= level)
             return false;
-        // The first movement in a menu tells what is in it. The first item may have been highlighted before.
-        const PixelRect& frame = menus.back().frame;
-        _desktop.input().moveTo(frame.x + frame.width / 2, frame.y + 16);
-        bool seen = waitForNotice(
-            _seenBeforeOpening, [&](const auto& notice) { return itemAtPath(notice.menu, {path[level]}) != nullptr; });
-        if (!seen || !pointAt(path[level]))
+        if (!lookInto(menus.back().frame, path[level]) || !pointAt(path[level]))
             return false;
         bool last = level + 1 == path.size();
         _desktop.input().click();

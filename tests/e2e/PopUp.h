@@ -42,6 +42,8 @@ private:
     template <typename Condition>
     bool waitForNotice(std::size_t seen, Condition condition, Duration deadline = DefaultDeadline);
     bool openSubmenuByKeyboard();
+    // Moves over a menu until something in it is highlighted, which tells what is in it. True when the title is.
+    bool lookInto(const PixelRect& frame, const std::string& title);
     // Moves onto an item of the menu last noticed.
     bool pointAt(const std::string& title);
 

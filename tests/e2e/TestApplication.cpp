@@ -64,14 +64,16 @@ TestApplication::~TestApplication() {
 }
 
 std::vector<std::string> TestApplication::command() const {
-    std::string document = _desktop.writeFile("herbs.txt", Text);
+    // A file of its own for each, lest one application finds that another has changed it.
+    static int count = 0;
+    auto document = [this] { return _desktop.writeFile("herbs-" + std::to_string(++count) + ".txt", Text).string(); };
     switch (_kind) {
     case ApplicationKind::Mousepad:
-        return {"mousepad", "--disable-server", document};
+        return {"mousepad", "--disable-server", document()};
     case ApplicationKind::Geany:
-        return {"geany", "--new-instance", "--no-session", "--no-terminal", document};
+        return {"geany", "--new-instance", "--no-session", "--no-terminal", document()};
     case ApplicationKind::FeatherPad:
-        return {"featherpad", "--standalone", document};
+        return {"featherpad", "--standalone", document()};
     case ApplicationKind::TwoWindows:
         return {E2E_TWO_WINDOWS};
     case ApplicationKind::HostileGtk:
@@ -125,7 +127,7 @@ std::vector<std::string> TestApplication::editPath() const {
     case ApplicationKind::Geany:
         return {"Edit", "Commands", "Duplicate Line or Selection"};
     case ApplicationKind::FeatherPad:
-        return {"Edit", "Sort Lines Reversely"};
+        return {"Edit", "Paste Date and Time"};
     default:
         return {};
     }
