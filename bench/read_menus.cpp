@@ -85,7 +85,7 @@ int measure(const std::string& name, int process, int rounds) {
     const AtspiStatistics before = linuxAccessibility.statistics();
     reader->menuNeedsUpdate(*reader->menu()->itemAtIndex(EditMenu)->submenu());
     const AtspiStatistics after = linuxAccessibility.statistics();
-    const std::string cost = std::to_string(after.messages - before.messages) + " messages in "
+    const std::string cost = std::to_string(after.messagesSent - before.messagesSent) + " messages in "
         + std::to_string(after.roundTrips - before.roundTrips) + " round trips";
     report(name.c_str(), "one menu", ourMenu, peerMenu, ourMenuItems, peerMenuItems, cost);
     report(name.c_str(), "whole tree", ourTree, peerTree, ourTreeItems, peerTreeItems, "");
