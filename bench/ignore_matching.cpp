@@ -33,6 +33,7 @@ TarragonBlacklist entry(int application) {
     entry.setAppBundleID(identifier(application));
     entry.setAppName("Application " + std::to_string(application));
     std::vector<std::string> titles;
+    titles.reserve(NumberOfPatterns);
     for (int number = 0; number < NumberOfPatterns; ++number)
         titles.push_back("*page ?? of " + std::to_string(100 + number) + "*");
     entry.setWindowsWithTitlesToIgnore(std::move(titles));
@@ -59,13 +60,13 @@ void windowIsIgnored(benchmark::State& state) {
     Window window;
     IgnoredPanel panel;
     IgnoreList ignoreList(defaults, workspace, window, panel);
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(ignoreList.windowIsIgnored());
     state.counters["bytes stored"] = static_cast<double>(list().size());
 }
 
 void unpackingTheWholeList(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const std::optional<IgnoreDictionary> dictionary = IgnoreDictionary::unarchive(list());
         for (const std::string& key : dictionary->allKeys())
             benchmark::DoNotOptimize(dictionary->entry(key));
@@ -76,7 +77,7 @@ void matchingAlone(benchmark::State& state) {
     const TarragonBlacklist blacklist = entry(0);
     Window window;
     const std::optional<std::string> title = window.focusedWindowTitle();
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(blacklist.ignoresWindow(title));
 }
 

@@ -28,6 +28,13 @@ std::shared_ptr<const Data> entryData(const std::string& name) {
     return std::make_shared<const Data>(entryNamed(name).archivedData());
 }
 
+// More than is read of one list.
+std::string tooLongText() {
+    std::string text;
+    text.resize(9'000'000, 'x');
+    return text;
+}
+
 TEST(IgnoreDictionary, IsArchivedEmptyAsTheDefaultOfItsSetting) {
     EXPECT_EQ(IgnoreDictionary().archivedData(), archiveOfEmptyMutableDictionary());
     const auto read = IgnoreDictionary::unarchive(archiveOfEmptyMutableDictionary());
@@ -126,7 +133,7 @@ TEST(IgnoreDictionary, IsStoredInItsSetting) {
 TEST(IgnoreDictionary, KeepsTheOldEntryWhenTheNewOneCouldNotBeReadAgain) {
     IgnoreDictionary dictionary;
     dictionary.setEntry("a", entryNamed("A"));
-    EXPECT_FALSE(dictionary.setEntry("a", entryNamed(std::string(9'000'000, 'x'))));
+    EXPECT_FALSE(dictionary.setEntry("a", entryNamed(tooLongText())));
     ASSERT_TRUE(dictionary.entry("a"));
     EXPECT_THAT(dictionary.entry("a")->appName(), Optional(std::string("A")));
 }
@@ -134,7 +141,7 @@ TEST(IgnoreDictionary, KeepsTheOldEntryWhenTheNewOneCouldNotBeReadAgain) {
 TEST(IgnoreDictionary, IsNotStoredWhenItCouldNotBeReadAgain) {
     FakeDefaults defaults;
     IgnoreDictionary dictionary;
-    dictionary.setEntry(std::string(9'000'000, 'x'), entryNamed("A"));
+    dictionary.setEntry(tooLongText(), entryNamed("A"));
     EXPECT_FALSE(dictionary.store(defaults));
     EXPECT_FALSE(defaults.storedValue("IgnoreWindowList"));
 }

@@ -295,7 +295,7 @@ TEST_F(IgnoreListTest, ListsNothingForAnApplicationWithoutBundleIdentifier) {
 
 TEST_F(IgnoreListTest, KeepsTheTitlesThatItHasWhenATitleIsTooLongToBeReadAgain) {
     storeTitles({"Letter"});
-    window.title = std::string(9'000'000, 'x');
+    window.title->resize(9'000'000, 'x');
     list.ignoreTitle();
     EXPECT_THAT(storedEntry()->windowsWithTitlesToIgnore(), Optional(ElementsAre("Letter")));
 }

@@ -58,7 +58,7 @@ public:
     }
     std::vector<std::string> classesOf(plist_t object) const {
         const plist_t record = this->object(uid(plist_dict_get_item(object, "$class")));
-        const std::vector<std::string> classes = strings(plist_dict_get_item(record, "$classes"));
+        std::vector<std::string> classes = strings(plist_dict_get_item(record, "$classes"));
         EXPECT_EQ(string(plist_dict_get_item(record, "$classname")), classes.front());
         return classes;
     }

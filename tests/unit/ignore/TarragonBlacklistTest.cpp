@@ -196,7 +196,7 @@ TEST(TarragonBlacklist, DoesNotMatchAWindowWithoutTitleByItsPatterns) {
 }
 
 TEST(TarragonBlacklist, RecognisesATitleThatIsNoTextByWhatWasStoredForIt) {
-    const std::string title("broken \xFF title with a \0 in it", 30);
+    const std::string title("broken \xFF title with a \0 in it", 29);
     TarragonBlacklist entry;
     entry.setWindowsWithTitlesToIgnore(std::vector<std::string>{title});
     const std::optional<TarragonBlacklist> read = TarragonBlacklist::unarchive(entry.archivedData());

@@ -76,7 +76,7 @@ TEST(AutostartEntry, ToleratesOtherLineEndingsAndNoise) {
 TEST(AutostartEntry, FindsTheProgramInTheCommandLine) {
     EXPECT_EQ(executableOf("/usr/bin/clock --quiet %U"), "/usr/bin/clock");
     EXPECT_EQ(executableOf("\"/opt/my clock/run\" now"), "/opt/my clock/run");
-    EXPECT_EQ(executableOf("\"/opt/a\\\\\"b\\\\$c\\\\`d\\\\\\\\e\""), "/opt/a\"b$c`d\\e");
+    EXPECT_EQ(executableOf(R"("/opt/a\\"b\\$c\\`d\\\\e")"), R"(/opt/a"b$c`d\e)");
     EXPECT_EQ(executableOf("100%%.sh"), "100%.sh");
     EXPECT_EQ(executableOf(""), "");
     EXPECT_EQ(executableOf("\"unfinished quote"), "unfinished quote");
@@ -87,7 +87,7 @@ TEST(AutostartEntry, FindsAgainEveryPathThatItWrites) {
     for (int character = 1; character < 127; ++character)
         everything += static_cast<char>(character);
     for (const std::string& path : {std::string("/usr/bin/tarragon"), std::string("/opt/my tarragon"),
-             std::string("/opt/50%/t"), std::string("/opt/$HOME/`x`/\"q\"/b\\s"), std::string("/opt/Grüße/日本"),
+             std::string("/opt/50%/t"), std::string(R"(/opt/$HOME/`x`/"q"/b\s)"), std::string("/opt/Grüße/日本"),
              std::string("/opt/line\nbreak\ttab"), everything}) {
         AutostartEntry entry;
         entry.name = path;

@@ -56,7 +56,7 @@ protected:
             result.push_back(item.displayName.value_or("nil") + (item.path ? " " + *item.path : ""));
         return result;
     }
-    std::vector<std::string> userFiles() {
+    std::vector<std::string> userFiles() const {
         std::vector<std::string> result;
         if (fs::exists(folders.user)) {
             for (const auto& entry : fs::directory_iterator(folders.user))
@@ -306,7 +306,7 @@ TEST_F(AutostartLoginItemListTest, WritesEntriesThatAToolkitStartsWhateverThePat
     if (std::system("command -v gio >/dev/null") != 0)
         GTEST_SKIP() << "gio is not installed";
     // It looks for the program before it resolves "%%", so that there is no per cent sign here.
-    for (const char* name : {"tarragon", "my tarragon", "some of $my \"tarragon\" & `co`\\py; 'x' #~*?<>()|", "日本"})
+    for (const char* name : {"tarragon", "my tarragon", R"(some of $my "tarragon" & `co`\py; 'x' #~*?<>|)", "日本"})
         expectStarted("gio launch", name);
 }
 

@@ -51,7 +51,7 @@ TEST(DesktopShortcutsXml, PassesOverWhatIsDamaged) {
 }
 
 std::string xfce(const std::string& properties) {
-    return "<?xml version=\"1.0\"?><channel name=\"xfce4-keyboard-shortcuts\" version=\"1.0\">" + properties
+    return R"(<?xml version="1.0"?><channel name="xfce4-keyboard-shortcuts" version="1.0">)" + properties
         + "</channel>";
 }
 
@@ -152,8 +152,8 @@ protected:
     void putBoth(const std::string& folder, const std::string& key) {
         put(folder + "/openbox/rc.xml", "<keybind key=\"A-" + key + "\"/>");
         put(folder + "/xfce4/xfconf/xfce-perchannel-xml/xfce4-keyboard-shortcuts.xml",
-            xfce("<property name=\"xfwm4\"><property name=\"custom\"><property name=\"&lt;Super&gt;" + key
-                + "\" type=\"string\" value=\"x\"/></property></property>"));
+            xfce(R"(<property name="xfwm4"><property name="custom"><property name="&lt;Super&gt;)" + key
+                + R"(" type="string" value="x"/></property></property>)"));
     }
 
     DesktopShortcutsSession session;

@@ -59,7 +59,7 @@ protected:
     std::shared_ptr<Menu> menu = std::make_shared<Menu>("Main");
     SRValidator validator{nullptr, keyboard, transformer, [this] { return menu; }};
     SRValidationError error;
-    const SRValidationError noError;
+    const SRValidationError noError{};
 };
 
 TEST_F(SRValidatorTest, AllowsACombinationThatNobodyUses) {
