@@ -30,7 +30,7 @@ void Session::restartAgent(const HotKey& hotKey) {
     _agent.reset();
     // The program takes up its work when an application is in front.
     std::optional<TestApplication> terminal;
-    if (_desktop.display().activeWindow() == XCB_NONE)
+    if (_desktop.display().managedWindows().empty())
         terminal.emplace(_desktop, ApplicationKind::Terminal);
     _agent = std::make_unique<Agent>(_desktop, hotKey);
     _observer = std::make_unique<MenuObserver>(_desktop, _agent->identifier());

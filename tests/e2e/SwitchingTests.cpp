@@ -32,6 +32,27 @@ TEST_P(SwitchingTest, ComesBackWhenAnApplicationEnds) {
     EXPECT_TRUE(popUp().openWith(titlesOf(mousepad.expectedMirror())));
 }
 
+TEST_P(SwitchingTest, NoticesThatAnApplicationWasStartedAnew) {
+    // With nothing in between the new window gets the identifier of the old one.
+    for (int round = 0; round < 3; ++round) {
+        TestApplication& application = launch(ApplicationKind::Geany);
+        ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+        ASSERT_TRUE(popUp().close());
+        bool before = application.switchState();
+        // A menu of one that is gone has no items.
+        bool chosen = waitUntil([&] {
+            if (popUp().open(Duration(3000)) && popUp().chooseByKeyboard(application.switchPath()))
+                return true;
+            popUp().close();
+            return false;
+        });
+        EXPECT_TRUE(chosen);
+        EXPECT_TRUE(waitUntil([&] { return application.switchState() != before; }));
+        quit(application);
+        ASSERT_TRUE(waitUntil([&] { return display().managedWindows().empty(); }));
+    }
+}
+
 TEST_P(SwitchingTest, GivesEachWindowOfOneApplicationItsOwnMenus) {
     TestApplication& application = launch(ApplicationKind::TwoWindows);
     ASSERT_TRUE(waitUntil([&] { return display().managedWindowsOf(application.identifier()).size() == 2; }));

@@ -11,4 +11,8 @@ X11FrontWindowChange X11FrontWindow::update(std::optional<std::uint32_t> activeW
         .systemUIModeChanged = std::exchange(_fullScreen, fullScreen) != fullScreen};
 }
 
+void X11FrontWindow::forgetWindow() {
+    _window.reset();
+}
+
 } // namespace tarragon

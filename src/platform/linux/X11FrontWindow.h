@@ -21,6 +21,9 @@ class X11FrontWindow {
 public:
     // Nothing stands for no active window; fullScreen is that of the active window.
     X11FrontWindowChange update(std::optional<std::uint32_t> activeWindow, bool fullScreen);
+    // The window in front is gone for good. Window identifiers are used again, so the next window is another one even
+    // when it has the same.
+    void forgetWindow();
 
 private:
     std::optional<std::uint32_t> _window;

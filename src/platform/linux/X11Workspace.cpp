@@ -95,11 +95,12 @@ bool X11Workspace::watch() {
 
 // Returns after the server has done it, so that whatever is asked on the other connection afterwards is followed by an
 // event when it changes.
-void X11Workspace::selectEvents(std::uint32_t window, std::uint32_t mask) {
+bool X11Workspace::selectEvents(std::uint32_t window, std::uint32_t mask) {
     const xcb_void_cookie_t cookie =
         xcb_change_window_attributes_checked(_events->get(), window, XCB_CW_EVENT_MASK, &mask);
     // The window may be gone already; that is no failure.
     const X11Reply<xcb_generic_error_t> error(xcb_request_check(_events->get(), cookie));
+    return !error;
 }
 
 // Empties the queue. True when there was an event that may concern the window in front.
@@ -109,7 +110,12 @@ bool X11Workspace::takeEvents() {
     bool concernsFrontWindow = false;
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_events->get())}) {
         constexpr std::uint8_t SentEvent = 0x80;
-        if ((event->response_type & ~SentEvent) != XCB_PROPERTY_NOTIFY)
+        const int type = event->response_type & ~SentEvent;
+        if (type == XCB_DESTROY_NOTIFY) {
+            windowIsGone(reinterpret_cast<const xcb_destroy_notify_event_t&>(*event).window);
+            continue;
+        }
+        if (type != XCB_PROPERTY_NOTIFY)
             continue;
         const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
         concernsFrontWindow |=
@@ -140,14 +146,22 @@ X11FrontWindowChange X11Workspace::look() {
     if (window && window != _watchedWindow) {
         if (_watchedWindow)
             selectEvents(*_watchedWindow, XCB_EVENT_MASK_NO_EVENT);
-        selectEvents(*window, XCB_EVENT_MASK_PROPERTY_CHANGE);
-        _watchedWindow = window;
+        constexpr std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        _watchedWindow = selectEvents(*window, mask) ? window : std::nullopt;
     }
     const auto description = window ? _windows.describe(*window) : std::nullopt;
     // A window that is gone again was not in front: the next one is on its way.
     if (!description)
         return {};
     return _frontWindow.update(window, description->fullScreen);
+}
+
+// The server gives the identifier of a window that is gone to the next application that comes.
+void X11Workspace::windowIsGone(std::uint32_t window) {
+    if (window != _watchedWindow)
+        return;
+    _watchedWindow.reset();
+    _frontWindow.forgetWindow();
 }
 
 void X11Workspace::call(const Handlers& handlers) {

@@ -38,10 +38,12 @@ private:
 
     RunningApplication application(const X11WindowDescription& window);
     bool watch();
-    void selectEvents(std::uint32_t window, std::uint32_t mask);
+    // False when the window is gone.
+    bool selectEvents(std::uint32_t window, std::uint32_t mask);
     bool takeEvents();
     void handleEvents();
     X11FrontWindowChange look();
+    void windowIsGone(std::uint32_t window);
     static void call(const Handlers& handlers);
 
     X11Connection& _connection;

@@ -41,6 +41,14 @@ TEST(X11FrontWindow, ReportsNothingWhenTheSameWindowComesBack) {
     EXPECT_EQ(front.update(1, true), Nothing);
 }
 
+TEST(X11FrontWindow, ReportsANewWindowWithTheIdentifierOfOneThatIsGone) {
+    X11FrontWindow front;
+    front.update(1, true);
+    front.forgetWindow();
+    EXPECT_EQ(front.update(std::nullopt, false), Nothing);
+    EXPECT_EQ(front.update(1, true), Switched);
+}
+
 TEST(X11FrontWindow, ReportsWhenTheFrontWindowGoesFullScreenAndBack) {
     X11FrontWindow front;
     front.update(1, false);
