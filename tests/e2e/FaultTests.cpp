@@ -99,8 +99,11 @@ TEST_P(HostileTest, OpensAMenuOfThousandsAndPressesItsLastItem) {
     TestApplication& application = launch();
     int crowd = application.kind() == ApplicationKind::HostileGtk ? 5000 : 500;
     ASSERT_TRUE(popUp().openWith({"Crowd", "Depth", "Strange"}, Duration(30000)));
-    Menu shown = popUp().openByKeyboard({"Crowd"});
-    EXPECT_EQ(shown.size(), static_cast<std::size_t>(crowd));
+    ASSERT_TRUE(popUp().highlight("Crowd"));
+    auto start = Clock::now();
+    input().tap(XK_Right);
+    EXPECT_TRUE(waitUntil([&] { return agent().openMenus().size() == 2; }));
+    EXPECT_LE(Clock::now() - start, Duration(6000));
     std::string last = "Person " + std::to_string(crowd);
     // Up from the first item is the last one.
     input().tap(XK_Up);

@@ -74,7 +74,7 @@ void compareLevel(
         sentence << path << ": " << actual.size() << " items instead of " << expected.size();
         auto list = [&sentence](const Menu& menu) {
             for (const std::string& title : titlesOf(menu))
-                sentence << " [" << title << ']';
+                sentence << " [" << title.substr(0, 60) << ']';
         };
         sentence << ", having";
         list(actual);
@@ -110,14 +110,19 @@ Menu mirrorOfLevel(const Menu& original, const std::string& menuTitle) {
         if (!item.visible)
             continue;
         MenuRecord mirrored;
-        mirrored.title = withoutTrailingBlanks(item.title);
-        mirrored.separator = item.separator || mirrored.title.empty() || mirrored.title == "-";
+        // Some toolkits write an item's shortcut behind its name.
+        std::size_t tab = item.title.find('\t');
+        std::string shortcut = tab == std::string::npos ? item.shortcut : item.title.substr(tab + 1);
+        mirrored.title = item.separator ? "" : withoutTrailingBlanks(item.title.substr(0, tab));
+        mirrored.separator = item.separator || mirrored.title == "-";
         if (mirrored.separator) {
             mirrored.title.clear();
+        } else if (mirrored.title.empty()) {
+            continue;
         } else {
             mirrored.enabled = item.enabled;
             mirrored.checked = item.checked;
-            mirrored.shortcut = item.items.empty() ? normalShortcut(item.shortcut, mirrored.title) : "";
+            mirrored.shortcut = item.items.empty() ? normalShortcut(shortcut, mirrored.title) : "";
             mirrored.items = mirrorOfLevel(item.items, mirrored.title);
         }
         level.push_back(std::move(mirrored));

@@ -35,9 +35,9 @@ Menu withNormalShortcuts(Menu menu);
 // tell a toolkit's mnemonic ("Alt+F" of the item "File") from a shortcut.
 std::string normalShortcut(const std::string& shortcut, const std::string& title);
 
-// What a mirror of the application's own menus must look like: hidden items and trailing blanks gone, untitled items
-// and "-" separators, runs of equal titles reduced to their first item except in a menu titled "Window", of several
-// items of one title only the first with its submenu.
+// What a mirror of the application's own menus must look like: hidden and untitled items and trailing blanks gone, "-"
+// a separator, runs of equal titles reduced to their first item except in a menu titled "Window", of several items of
+// one title only the first with its submenu.
 Menu mirrorOf(const Menu& applicationMenu);
 
 // How many items a tree has, all levels.

@@ -51,9 +51,9 @@ TEST(ExpectedMirror, KeepsRunsInAWindowMenu) {
     EXPECT_EQ(mirroredTitles("Window", {item("B"), item("A"), item("A")}), (std::vector<std::string>{"B", "A", "A"}));
 }
 
-TEST(ExpectedMirror, TurnsUntitledItemsIntoSeparators) {
+TEST(ExpectedMirror, LeavesUntitledItemsOutAndTurnsADashIntoASeparator) {
     EXPECT_EQ(mirroredTitles("Edit", {item("A"), item("-"), item("B"), item("  "), item("C")}),
-        (std::vector<std::string>{"A", "-", "B", "-", "C"}));
+        (std::vector<std::string>{"A", "-", "B", "C"}));
 }
 
 TEST(ExpectedMirror, GivesSeveralItemsOfOneTitleTheFirstSubmenu) {

@@ -1,14 +1,17 @@
 #include "XDisplay.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
 
+#include <sys/uio.h>
 #include <xcb/randr.h>
 #include <xcb/res.h>
+#include <xcb/xcbext.h>
 
 namespace tarragon::e2e {
 
@@ -204,22 +207,33 @@ void XDisplay::setMonitor(const std::string& name, const PixelRect& frame, bool 
         _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
     bool hasOutput =
         claimOutput && resources && xcb_randr_get_screen_resources_current_outputs_length(resources.get()) > 0;
-    struct {
-        xcb_randr_monitor_info_t information;
-        xcb_randr_output_t output;
-    } monitor{};
-    monitor.information.name = atom(name);
-    monitor.information.primary = primary;
-    monitor.information.nOutput = hasOutput ? 1 : 0;
-    monitor.information.x = static_cast<std::int16_t>(frame.x);
-    monitor.information.y = static_cast<std::int16_t>(frame.y);
-    monitor.information.width = static_cast<std::uint16_t>(frame.width);
-    monitor.information.height = static_cast<std::uint16_t>(frame.height);
-    monitor.information.width_in_millimeters = static_cast<std::uint32_t>(frame.width * 254 / 960);
-    monitor.information.height_in_millimeters = static_cast<std::uint32_t>(frame.height * 254 / 960);
-    if (hasOutput)
-        monitor.output = xcb_randr_get_screen_resources_current_outputs(resources.get())[0];
-    xcb_randr_set_monitor(_connection, root(), &monitor.information);
+    xcb_randr_monitor_info_t monitor{};
+    monitor.name = atom(name);
+    monitor.primary = primary;
+    monitor.nOutput = hasOutput ? 1 : 0;
+    monitor.x = static_cast<std::int16_t>(frame.x);
+    monitor.y = static_cast<std::int16_t>(frame.y);
+    monitor.width = static_cast<std::uint16_t>(frame.width);
+    monitor.height = static_cast<std::uint16_t>(frame.height);
+    monitor.width_in_millimeters = static_cast<std::uint32_t>(frame.width * 254 / 960);
+    monitor.height_in_millimeters = static_cast<std::uint32_t>(frame.height * 254 / 960);
+    xcb_randr_output_t output = hasOutput ? xcb_randr_get_screen_resources_current_outputs(resources.get())[0] : 0;
+
+    // The library's own function for this request gets its length wrong, so the request is put together here. The first
+    // two parts are the library's.
+    constexpr std::uint8_t setMonitor = 43;
+    xcb_randr_set_monitor_request_t request{};
+    request.window = root();
+    std::array<iovec, 5> parts{};
+    parts[2] = {&request, sizeof request};
+    parts[3] = {&monitor, sizeof monitor};
+    parts[4] = {&output, hasOutput ? sizeof output : 0};
+    xcb_protocol_request_t description{};
+    description.count = 3;
+    description.ext = &xcb_randr_id;
+    description.opcode = setMonitor;
+    description.isvoid = 1;
+    xcb_send_request(_connection, 0, &parts[2], &description);
 }
 
 void XDisplay::deleteMonitor(const std::string& name) {
