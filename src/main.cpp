@@ -23,6 +23,7 @@
 #include <QApplication>
 #include <QUrl>
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -117,7 +118,8 @@ int runCommand(const Command& command, Desktop& desktop) {
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    const Command command = parseCommandLine(std::vector<std::string>(arguments + 1, arguments + argumentCount));
+    const Command command =
+        parseCommandLine(std::vector<std::string>(arguments + std::min(argumentCount, 1), arguments + argumentCount));
     if (const auto* error = std::get_if<UsageError>(&command)) {
         std::cerr << "tarragon: " << error->message << "\nTry 'tarragon --help'.\n";
         return 2;
@@ -141,6 +143,8 @@ int main(int argumentCount, char** arguments) {
     QApplication::setApplicationVersion(TARRAGON_VERSION);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(toolkitArgumentCount, arguments);
+    // Programs that we start choose for themselves.
+    qunsetenv("QT_QPA_PLATFORM");
 
     Desktop desktop(std::move(connection));
     // Applications of some toolkits show themselves only while the interface is switched on, as assistive programs

@@ -33,12 +33,12 @@ public:
     // Builds the reader and what depends on it. Without a reader (no access, or no application in front) nothing is
     // built, until a later call succeeds. Blocks for a second, so that the front application's menu bar has settled.
     void accessibilityCreation();
-    void updateAtInit();
     // Closes open menus and drops the reader.
     void clearAll();
 
     // The update cycle.
 
+    // Observes application switches and the settings. Once, after the notifier was made.
     void setupNotificationsToReceive();
     // Another application came to the front: rebuilds the mirror, with pauses for applications that publish their menu
     // bar late.
@@ -53,15 +53,15 @@ public:
     void popUpMenuAtMouseLocation();
     // The system's own menu, built afresh.
     std::shared_ptr<Menu> addTarragonMenuToMenu();
-    // Shows the menu of the application itself in bold.
-    void boldenAppTitleMenu();
 
     // The hot key: registers it anew from the settings, or unregisters it.
     void installCarbonHotKeyHandler();
 
     // The settings.
 
+    // Reads every setting in its order, hands the reader its options and registers the hot key. Needs the reader.
     void loadDefaults();
+    // keyPath is "values." followed by the key that has changed.
     void observeValueForKeyPath(const std::string& keyPath);
     const ControllerPreferences& preferences() const { return _preferences; }
 
@@ -69,7 +69,11 @@ public:
     AppAccessibility* reader() const { return _appUIElementInfo.get(); }
 
 private:
+    // These need the reader.
+    void updateAtInit();
     bool mirrorIsEmpty() const;
+    // Shows the menu of the application itself in bold.
+    void boldenAppTitleMenu();
     void setMenuFont();
     bool readBool(std::string_view key);
     std::int8_t readFontSize(std::string_view key);

@@ -3,12 +3,15 @@
 #include "app/AppController.h"
 #include "app/TarragonMenu.h"
 #include "mirror/MenuPresenter.h"
+#include "mirror/ProxyMenuItem.h"
 
 #include <algorithm>
 
 namespace tarragon {
 
 void AppController::popUpMenuAtMouseLocation() {
+    if (!_appUIElementInfo)
+        accessibilityCreation();
     if (!_appUIElementInfo)
         return;
     // These publish their menus late, often after the switch that was to bring them.
@@ -21,10 +24,9 @@ void AppController::popUpMenuAtMouseLocation() {
 }
 
 bool AppController::mirrorIsEmpty() const {
-    const auto& auxiliaryMenu = _appUIElementInfo->auxiliaryMenu();
     const auto& items = _appUIElementInfo->menu()->items();
-    return std::all_of(items.begin(), items.end(), [&](const std::shared_ptr<MenuItem>& item) {
-        return item->isSeparatorItem() || (auxiliaryMenu && item->submenu() == auxiliaryMenu);
+    return std::none_of(items.begin(), items.end(), [](const std::shared_ptr<MenuItem>& item) {
+        return std::dynamic_pointer_cast<ProxyMenuItem>(item->target()) != nullptr;
     });
 }
 

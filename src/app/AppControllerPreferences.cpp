@@ -45,8 +45,8 @@ void AppController::readShowApplicationMenu() {
 }
 
 void AppController::readButtonStyle() {
-    _preferences._buttonStyle =
-        buttonStyleForStoredValue(integerValue(_platform.defaults.value(preference::ButtonStyle)));
+    _preferences._buttonStyle = buttonStyleForStoredValue(
+        static_cast<std::int32_t>(integerValue(_platform.defaults.value(preference::ButtonStyle))));
 }
 
 void AppController::loadDefaults() {

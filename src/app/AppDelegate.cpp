@@ -78,7 +78,10 @@ void AppDelegate::showAccessibilityAlert() {
 }
 
 void AppDelegate::showPreferencePanelWithHelpAsInitial() {
-    _panels.showHelp();
+    if (accessibilityIsMissing())
+        showAccessibilityAlert();
+    else
+        _panels.showHelp();
 }
 
 void AppDelegate::checkForUpdates() {

@@ -3,7 +3,9 @@
 #include "cli/ChosenApplication.h"
 #include "cli/MirrorPrinter.h"
 #include "cli/MirrorTree.h"
+#include "cli/PrintableText.h"
 #include "mirror/FillingThreads.h"
+#include "mirror/ProxyMenuItem.h"
 #include "mirror/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
@@ -93,7 +95,9 @@ int Commands::pressItem(const PressItem& command) {
             return fail("'" + command.itemKey + "' is a menu, not an item that can be pressed");
         if (!item->isEnabled())
             return fail("'" + command.itemKey + "' is disabled at the moment");
-        item->target()->performAction(item->action(), *item);
+        const auto proxy = std::dynamic_pointer_cast<ProxyMenuItem>(item->target());
+        if (!_platform.accessibility.performAction(proxy->itemAXUIElementRef(), action::Press))
+            return fail("'" + command.itemKey + "' could not be pressed");
         return 0;
     });
 }
@@ -115,7 +119,8 @@ int Commands::inspect() {
     }
     if (!element)
         return fail("there is no element under the pointer, and no window is in front");
-    _output << UIElementUtilities::stringDescriptionOfUIElement(_platform.accessibility, element) << std::flush;
+    _output << printable(UIElementUtilities::stringDescriptionOfUIElement(_platform.accessibility, element))
+            << std::flush;
     return _output ? 0 : fail("the description could not be written");
 }
 

@@ -1,5 +1,7 @@
 #include "cli/MirrorPrinter.h"
 
+#include "cli/PrintableText.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -31,12 +33,9 @@ void appendLines(const std::vector<MirrorNode>& nodes, std::size_t level, std::s
             text += "  " + indent + "----\n";
             continue;
         }
-        std::string title = item.title();
-        std::replace_if(
-            title.begin(), title.end(), [](char byte) { return byte == '\n' || byte == '\r' || byte == '\t'; }, ' ');
         text += item.state() ? "✓ " : "  ";
-        text += padded(indent + title + (item.isEnabled() ? "" : " (disabled)"), TitleColumns);
-        text += padded(node.shortcut, ShortcutColumns) + node.key + "\n";
+        text += padded(indent + printableLine(item.title()) + (item.isEnabled() ? "" : " (disabled)"), TitleColumns);
+        text += padded(printableLine(node.shortcut), ShortcutColumns) + printableLine(node.key) + "\n";
         appendLines(node.items, level + 1, text);
     }
 }

@@ -9,8 +9,8 @@ namespace tarragon {
 
 namespace {
 
-// Shows the box in slot anew with other words, or raises it when it is open.
-QMessageBox* openPanel(
+// The box in slot with these words, made when it is not open.
+QMessageBox* preparePanel(
     QPointer<QMessageBox>& slot, QMessageBox::Icon icon, const QString& text, const QString& details) {
     if (!slot) {
         slot = new QMessageBox();
@@ -22,9 +22,13 @@ QMessageBox* openPanel(
     slot->setTextFormat(Qt::PlainText);
     slot->setText(text);
     slot->setInformativeText(details);
-    slot->show();
-    slot->raise();
     return slot;
+}
+
+// Shows the box in slot with these words, or raises it when it is open.
+void openPanel(QPointer<QMessageBox>& slot, QMessageBox::Icon icon, const QString& text, const QString& details) {
+    preparePanel(slot, icon, text, details)->show();
+    slot->raise();
 }
 
 } // namespace
@@ -73,7 +77,7 @@ void MessagePanels::showAccessibilityAlert(std::function<void(AccessibilityAlert
         _accessibilityAlert->raise();
         return;
     }
-    QMessageBox* alert = openPanel(_accessibilityAlert, QMessageBox::Warning,
+    QMessageBox* alert = preparePanel(_accessibilityAlert, QMessageBox::Warning,
         "Tarragon requires that Apple's Accessibility API be enabled.",
         "Would you like to launch System Preferences so that you can turn on \"Enable access for assistive devices\"? "
         "(Please relaunch Tarragon after turning on this setting)");
@@ -85,6 +89,9 @@ void MessagePanels::showAccessibilityAlert(std::function<void(AccessibilityAlert
                 : clicked == quit ? AccessibilityAlertAnswer::Quit
                                   : AccessibilityAlertAnswer::None);
     });
+    // Shown last: a box without buttons gets one by itself.
+    alert->show();
+    alert->raise();
 }
 
 } // namespace tarragon

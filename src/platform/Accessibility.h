@@ -12,8 +12,8 @@ namespace tarragon {
 
 // The user-interface elements of other processes. Failures are silent by design: a call that fails, an application that
 // is gone or does not answer in time, access that is not granted give nil, an empty optional or false, never an
-// exception. A call waits at most about a second for an application; one that timed out is answered with nothing at
-// once for the next seconds while it is probed in the background.
+// exception. A call waits a second for an application that is silent, and some seconds for one whose answers keep
+// dripping; one that timed out is answered with nothing at once while it is probed in the background.
 //
 // Threads: every operation may be called from any thread. Read batches belong to the thread that opened them.
 class Accessibility {

@@ -91,6 +91,8 @@ std::unique_ptr<Timer> FakeRunLoop::scheduleTimer(double seconds, bool repeats, 
 void FakeRunLoop::pause(double seconds) {
     _pauses.push_back(seconds);
     _now += seconds;
+    if (_pauseHook)
+        _pauseHook(seconds);
 }
 
 void FakeRunLoop::post(std::function<void()> function) {

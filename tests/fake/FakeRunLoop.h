@@ -22,6 +22,8 @@ public:
     // As if the descriptor could be read.
     void signalDescriptor(int descriptor);
 
+    // Called in the middle of every pause with its length.
+    void setPauseHook(std::function<void(double seconds)> hook) { _pauseHook = std::move(hook); }
     // The lengths of all pauses so far.
     const std::vector<double>& pauses() const { return _pauses; }
     // Seconds between the firings of each valid timer, in order of scheduling.
@@ -53,6 +55,7 @@ private:
     std::vector<std::shared_ptr<State>> _timers;
     std::map<int, std::function<void()>> _descriptors;
     std::vector<double> _pauses;
+    std::function<void(double)> _pauseHook;
     std::optional<int> _exitStatus;
     std::mutex _postedMutex;
     std::deque<std::function<void()>> _posted;

@@ -279,10 +279,12 @@ bool AtspiConnection::ensureOpen() {
     const Clock::time_point now = Clock::now();
     if (now < _nextAttempt)
         return false;
-    _nextAttempt = now + ReconnectInterval;
     if (open())
         return true;
     close();
+    // A service that is slow to refuse is asked less often: the wait for it is the caller's.
+    const Clock::time_point end = Clock::now();
+    _nextAttempt = end + std::max<Clock::duration>(ReconnectInterval, 5 * (end - now));
     return false;
 }
 

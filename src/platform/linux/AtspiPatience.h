@@ -5,14 +5,14 @@
 
 namespace tarragon {
 
-// How long one application may keep a caller waiting: one second without any reply, or three seconds in all, whichever
+// How long one application may keep a caller waiting: one second without any reply, or five seconds in all, whichever
 // comes first. So a slow application whose replies keep coming is heard out, and a hung one is left early.
 class AtspiPatience {
 public:
     using Clock = std::chrono::steady_clock;
 
     static constexpr std::chrono::milliseconds Silence{1000};
-    static constexpr std::chrono::milliseconds Total{3000};
+    static constexpr std::chrono::milliseconds Total{5000};
 
     explicit AtspiPatience(Clock::time_point start)
         : _start(start)

@@ -341,6 +341,7 @@ Element LinuxAccessibility::elementInWindow(
         window.identifier, {window.title, _windows.isActive(window.identifier), window.frameCG}, *application);
     if (!frame)
         return {};
+    // The window that was found contains the point, so it is one of the screen.
     const AtspiScreenPoint point{static_cast<std::int32_t>(pointCG.x), static_cast<std::int32_t>(pointCG.y)};
     AtspiReference innermost = *frame;
     for (int step = 0; step < HitTestLimit; ++step) {

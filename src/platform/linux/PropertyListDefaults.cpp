@@ -9,6 +9,7 @@
 #include <iostream>
 #include <set>
 #include <sys/inotify.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -100,7 +101,10 @@ void PropertyListDefaults::revertToInitialValues() {
 }
 
 bool PropertyListDefaults::synchronize() {
-    if (!_pending.empty())
+    // A file that was never written is begun as well.
+    std::error_code error;
+    const bool isMissing = !_file.path().empty() && !std::filesystem::exists(_file.path(), error) && !error;
+    if (!_pending.empty() || isMissing)
         return change({});
     reload();
     return true;

@@ -148,7 +148,9 @@ std::optional<PropertyListValues> PropertyListFile::merge(const PropertyListChan
     std::optional<PropertyListDictionary> dictionary = readDictionary(Lock::Held);
     if (!dictionary)
         return std::nullopt;
-    bool isChanged = false;
+    // A file that was never written is begun: whoever wants to see the settings has something to open.
+    std::error_code error;
+    bool isChanged = !std::filesystem::exists(_file, error);
     for (const auto& [key, value] : changes)
         isChanged |= value ? dictionary->set(key, *value) : dictionary->remove(key);
     if (isChanged && !replace(dictionary->xml()))

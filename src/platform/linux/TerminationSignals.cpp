@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <utility>
@@ -21,9 +22,11 @@ constexpr std::array terminationSignals{SIGTERM, SIGINT, SIGHUP};
 volatile int eventDescriptor = -1;
 
 void handleSignal(int) {
+    const int interruptedError = errno;
     const std::uint64_t one = 1;
     // A full counter means that the run loop has been told already.
     [[maybe_unused]] const ssize_t written = write(eventDescriptor, &one, sizeof one);
+    errno = interruptedError;
 }
 
 void setHandlers(void (*handler)(int)) {

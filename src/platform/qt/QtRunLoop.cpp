@@ -76,7 +76,8 @@ void QtRunLoop::callNextPosted() {
         function = std::move(_posted.front());
         _posted.pop_front();
     }
-    if (function)
+    // Once the loop is to end, whatever still waits is about things that are being taken down.
+    if (function && !_stopped)
         function();
 }
 
@@ -85,7 +86,7 @@ void QtRunLoop::watchDescriptor(int descriptor, std::function<void()> handler) {
     notifier->setEnabled(!isPaused());
     QObject::connect(notifier.get(), &QSocketNotifier::activated, &_receiver, [this, handler = std::move(handler)] {
         // A descriptor that can be read is reported again after the pause.
-        if (!isPaused())
+        if (!isPaused() && !_stopped)
             handler();
     });
     _notifiers.push_back(std::move(notifier));

@@ -18,6 +18,21 @@ TEST_F(StartUpTest, ReadsTheMenusAndThenWaitsASecondForThemToSettle) {
     EXPECT_THAT(fake.runLoop.pauses(), ElementsAre(1.0));
 }
 
+TEST_F(StartUpTest, ReadsTheMenusBeforeItWaits) {
+    std::size_t itemsAtPause = 0;
+    fake.runLoop.setPauseHook([&](double) { itemsAtPause = reader().menu()->numberOfItems(); });
+    launch();
+    EXPECT_EQ(itemsAtPause, 2U);
+}
+
+TEST_F(StartUpTest, ObservesTheSettingsBeforeItChecksForAccess) {
+    fake.accessibility.setEnabled(false);
+    fake.accessibility.setTrusted(false);
+    launch();
+    set(preference::NewTrigger, std::string("M"));
+    EXPECT_EQ(fake.hotKeys.registrations().size(), 1U);
+}
+
 TEST_F(StartUpTest, GivesTheReaderItsOwnerAndTheMenuFont) {
     launch();
     EXPECT_EQ(reader().appController(), &controller());
@@ -174,6 +189,12 @@ TEST_F(LoadDefaultsTest, AddsTheProgramToTheLoginItemsWhenToldTo) {
     EXPECT_FALSE(loginItems.items()[0].isHidden);
 }
 
+TEST_F(LoadDefaultsTest, ReadsTheButtonStyleAsA32BitNumber) {
+    set(preference::ButtonStyle, std::int64_t(0x100000004));
+    launch();
+    EXPECT_EQ(controller().preferences()._buttonStyle, 5);
+}
+
 class ApplicationSwitchTest : public AppTest {
 protected:
     ApplicationSwitchTest()
@@ -255,6 +276,31 @@ TEST_F(ApplicationSwitchTest, ReadsAnEmptyMenuBarOfAnotherApplicationTwice) {
     EXPECT_EQ(focusQuestions, 2U);
 }
 
+TEST_F(ApplicationSwitchTest, ReadsTheMenusAfterTheWaitForThem) {
+    fake.runLoop.setPauseHook([&](double) { notes.menu("Late").item("Item"); });
+    fake.switchTo(notes);
+    EXPECT_THAT(rootTitles(), ElementsAre("Note", "Late", "-", "Tarragon"));
+}
+
+TEST_F(ApplicationSwitchTest, MirrorsAMenuBarThatIsPublishedDuringTheLongWait) {
+    const FakeApplication slow = fake.addApplication("Slow");
+    fake.runLoop.setPauseHook([&](double seconds) {
+        if (seconds == 2.0)
+            slow.menu("File").item("New");
+    });
+    fake.switchTo(slow);
+    EXPECT_THAT(rootTitles(), ElementsAre("File", "-", "Tarragon"));
+}
+
+TEST_F(ApplicationSwitchTest, ReadsFirefoxOnceWhenItsMenusAreThere) {
+    const FakeApplication firefox = fake.addApplication("Firefox");
+    firefox.menu("File").item("New");
+    fake.accessibility.clearCalls();
+    fake.switchTo(firefox);
+    EXPECT_THAT(pausesSinceLaunch(), ElementsAre(0.5));
+    EXPECT_EQ(menuBarReads(firefox), 1U);
+}
+
 TEST_F(ApplicationSwitchTest, AppendsNoOwnMenuWhenItsSettingIsOff) {
     set(preference::ShowTarragonMenu, false);
     fake.switchTo(notes);
@@ -307,12 +353,30 @@ TEST_F(PopUpTest, ShowsNothingForAnApplicationWithoutMenus) {
     EXPECT_THAT(fake.menuPresenter.popUps(), IsEmpty());
 }
 
+TEST_F(PopUpTest, ShowsNothingForSuchAnApplicationWhateverHappensToTheOwnMenu) {
+    launch();
+    fake.switchTo(fake.addApplication("Terminal"));
+    set(preference::ShowTarragonMenu, false);
+    controller().popUpMenuAtMouseLocation();
+    set(preference::ShowTarragonMenu, true);
+    controller().popUpMenuAtMouseLocation();
+    EXPECT_THAT(fake.menuPresenter.popUps(), IsEmpty());
+}
+
+TEST_F(PopUpTest, BuildsTheReaderFirstWhenThereIsNone) {
+    fake.deactivate();
+    launch();
+    fake.activate(mail);
+    controller().popUpMenuAtMouseLocation();
+    EXPECT_EQ(fake.menuPresenter.popUps().size(), 1U);
+}
+
 TEST_F(PopUpTest, ReadsTheMenusOfLatePublishersFirst) {
+    launch();
     for (const char* name : {"Firefox", "Camino"}) {
         const FakeApplication browser = fake.addApplication(name);
         browser.menu("File").item("New");
-        fake.activate(browser);
-        launch();
+        fake.switchTo(browser);
         browser.menu("History").item("Back");
         controller().popUpMenuAtMouseLocation();
         EXPECT_NE(reader().menu()->itemWithTitle("History"), nullptr) << name;
@@ -385,6 +449,27 @@ TEST_F(HotKeyTest, IsRegisteredByANewCombinationEvenWhileItIsOffWhenItNeverWasBe
     launch();
     set(preference::NewTrigger, std::string("M"));
     EXPECT_EQ(fake.hotKeys.registrations().size(), 1U);
+}
+
+TEST_F(HotKeyTest, IsRegisteredByItsOwnSettingWhenItNeverWasBefore) {
+    set(preference::EnableHotkey, false);
+    launch();
+    set(preference::EnableHotkey, false);
+    EXPECT_EQ(fake.hotKeys.registrations().size(), 1U);
+}
+
+TEST_F(HotKeyTest, StaysRegisteredWhenTheProgramEnds) {
+    launch();
+    delegate.terminate();
+    EXPECT_THAT(fake.hotKeys.unregistered(), IsEmpty());
+}
+
+TEST_F(HotKeyTest, TakesTheLow32BitsOfItsKeyCodeAndDropsOtherModifiers) {
+    set(preference::TriggerCharacterUInt, std::int64_t(0x100000031));
+    set(preference::TriggerModifiers, std::int64_t(0x10000 | 0x40000));
+    launch();
+    EXPECT_EQ(fake.hotKeys.requested()[0].keyCode, SpaceBar);
+    EXPECT_EQ(fake.hotKeys.requested()[0].modifiers, hotkey::ControlKey);
 }
 
 TEST_F(HotKeyTest, StaysOffWhenTheCombinationChangesAfterItWasSwitchedOff) {

@@ -141,6 +141,13 @@ TEST_F(OwnMenuTest, HoldsFiveItemsWithoutKeyEquivalents) {
     }
 }
 
+TEST_F(OwnMenuTest, AsksForAccessInPlaceOfHelpWhenItIsMissing) {
+    fake.accessibility.setEnabled(false);
+    fake.accessibility.setTrusted(false);
+    choose("Help...");
+    EXPECT_THAT(panels.shown, ElementsAre("alert"));
+}
+
 TEST_F(OwnMenuTest, IsBuiltAfreshOnEveryRequest) {
     launch();
     EXPECT_NE(controller().addTarragonMenuToMenu(), controller().addTarragonMenuToMenu());

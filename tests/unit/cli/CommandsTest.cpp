@@ -125,6 +125,25 @@ TEST_F(CommandsTest, RefusesKeysThatNameNoItemThatCanBePressed) {
     EXPECT_THAT(pressed(), IsEmpty());
 }
 
+TEST_F(CommandsTest, SaysThatAnItemCouldNotBePressed) {
+    const FakeMenu file = mail.menu("Go");
+    file.item("Inbox");
+    fake.accessibility.setFault(file.itemElement("Inbox"), FakeFault::Refusing);
+    EXPECT_EQ(commands.pressItem({{}, "Mail|Go|Inbox"}), 1);
+    EXPECT_THAT(errors.str(), HasSubstr("could not be pressed"));
+}
+
+TEST_F(CommandsTest, KeepsControlCharactersOffTheTerminal) {
+    notes
+        .menu("A\x1B[2J\x7F\xC2\x9B"
+              "B")
+        .item("Item");
+    EXPECT_EQ(commands.listMenus({.application = {.name = "Notes"}}), 0);
+    EXPECT_THAT(output.str(), Not(HasSubstr("\x1B")));
+    EXPECT_THAT(output.str(), Not(HasSubstr("\x7F")));
+    EXPECT_THAT(output.str(), HasSubstr("A [2J  B"));
+}
+
 TEST_F(CommandsTest, SaysThatNoApplicationIsInFront) {
     fake.deactivate();
     EXPECT_EQ(commands.listMenus({}), 1);

@@ -227,6 +227,14 @@ TEST_F(PropertyListDefaultsTest, TakeOverWhatOthersWroteWhenSynchronized) {
     EXPECT_EQ(defaults->value("A"), DefaultsValue(std::int64_t(1)));
 }
 
+TEST_F(PropertyListDefaultsTest, MakeAnEmptyFileWhenSynchronizedForTheFirstTime) {
+    auto defaults = open();
+    defaults->registerDefaults({{"Flag", true}});
+    EXPECT_TRUE(defaults->synchronize());
+    EXPECT_TRUE(fs::exists(_file));
+    EXPECT_EQ(another()->value("Flag"), std::nullopt);
+}
+
 TEST_F(PropertyListDefaultsTest, NoticeThatTheFileOrItsFolderIsGone) {
     auto defaults = open();
     defaults->setValue("A", std::int64_t(1));
