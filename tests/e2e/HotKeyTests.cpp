@@ -57,21 +57,6 @@ TEST_P(HotKeyTest, CanBeSwitchedOffAndOnAgain) {
     EXPECT_TRUE(popUp().open());
 }
 
-// Off until the program watches mouse buttons.
-TEST_P(HotKeyTest, DISABLED_AnExtraMouseButtonOpensThePopUpToo) {
-    TestApplication& application = launch(ApplicationKind::Mousepad);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
-    ASSERT_TRUE(popUp().close());
-    agent().preferences().set("EnableMouseButton", true);
-    // X button 2 is the middle button, number 2 here, too.
-    EXPECT_TRUE(waitUntil([&] {
-        input().click(2);
-        return waitUntil([&] { return popUp().isOpen(); }, Duration(500));
-    }));
-    EXPECT_TRUE(popUp().close());
-    agent().preferences().set("EnableMouseButton", false);
-}
-
 INSTANTIATE_TEST_SUITE_P(Under, HotKeyTest, EveryWindowManager, nameOfWindowManager);
 
 } // namespace tarragon::e2e
