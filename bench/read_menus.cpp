@@ -8,6 +8,7 @@
 #include "cli/MirrorTree.h"
 #include "fake/FakePlatform.h"
 #include "mirror/AppAccessibility.h"
+#include "mirror/FillingThreads.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/X11Connection.h"
@@ -15,11 +16,19 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
+#include <memory>
 #include <string>
 
 namespace tarragon {
 namespace {
+
+// A filling in the background would read the same menus at the same time.
+class NoFillings : public FillingThreads {
+public:
+    void detachNewThread(std::function<void()>) override { }
+};
 
 std::size_t countItems(const std::vector<MirrorNode>& nodes) {
     std::size_t count = nodes.size();
@@ -52,12 +61,11 @@ int measure(const std::string& name, int process, int rounds) {
     fake.workspace.setActiveApplication(RunningApplication{name, process, {}, {}});
     const Platform platform{accessibility, fake.workspace, fake.displays, fake.hotKeys, fake.defaults, fake.runLoop,
         fake.notificationCenter};
-    const auto reader = AppAccessibility::initWithFocusedApp(platform);
+    const auto reader = AppAccessibility::initWithFocusedApp(platform, std::make_unique<NoFillings>());
     if (!reader) {
         std::cerr << "read_menus: " << name << " cannot be reached\n";
         return 1;
     }
-    // No filling in the background may help the readings.
     reader->setShowAppleMenu(true);
     reader->setKeyEquivalents(true);
     reader->update();

@@ -16,8 +16,11 @@ void X11KeyRepeat::release(std::uint8_t keyCode, std::uint32_t time) {
 }
 
 bool X11KeyRepeat::isRepeat(std::uint8_t keyCode, std::uint32_t time) {
-    if (keyCode != _keyCode || keyCode == 0)
+    if (keyCode != _keyCode || keyCode == 0) {
+        // Only the key that was pressed last is repeated.
+        _keyCode = 0;
         return false;
+    }
     // The release may have gone to another client that held the keyboard; a key that has been silent for longer than
     // any delay before the first repetition is no longer down.
     constexpr std::uint32_t LongestSilence = 1500;

@@ -22,7 +22,7 @@ namespace tarragon {
 struct X11WindowAtoms {
     explicit X11WindowAtoms(X11Connection& connection);
 
-    xcb_atom_t activeWindow, clientListStacking, currentDesktop;
+    xcb_atom_t activeWindow, clientList, clientListStacking, currentDesktop;
     xcb_atom_t processIdentifier, name, desktop, state, windowType, frameExtents;
     xcb_atom_t gtkApplicationIdentifier, gtkFrameExtents;
     xcb_atom_t fullScreen, hidden, modal;
@@ -54,6 +54,7 @@ std::string ownHostName() {
 
 X11WindowAtoms::X11WindowAtoms(X11Connection& connection)
     : activeWindow(connection.atom("_NET_ACTIVE_WINDOW"))
+    , clientList(connection.atom("_NET_CLIENT_LIST"))
     , clientListStacking(connection.atom("_NET_CLIENT_LIST_STACKING"))
     , currentDesktop(connection.atom("_NET_CURRENT_DESKTOP"))
     , processIdentifier(connection.atom("_NET_WM_PID"))
@@ -297,7 +298,12 @@ std::vector<X11WindowDescription> X11Windows::describe(const std::vector<std::ui
 }
 
 std::vector<std::uint32_t> X11Windows::managedWindows() {
-    return X11Property(_connection.get(), _connection.rootWindow(), _atoms->clientListStacking).numbers();
+    X11Property stacked(_connection.get(), _connection.rootWindow(), _atoms->clientListStacking);
+    X11Property listed(_connection.get(), _connection.rootWindow(), _atoms->clientList);
+    std::vector<std::uint32_t> windows = stacked.numbers();
+    // Some window managers drop the stacking order with the last window and give it again only when two are to be put
+    // in order. The other list, oldest first, is always there.
+    return windows.empty() ? listed.numbers() : windows;
 }
 
 std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) {

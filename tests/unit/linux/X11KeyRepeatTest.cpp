@@ -39,12 +39,18 @@ TEST(X11KeyRepeat, ForgetsAKeyWhoseReleaseWentToSomebodyElse) {
     EXPECT_FALSE(repeat.isRepeat(65, 3000));
 }
 
-TEST(X11KeyRepeat, LeavesOtherKeysAlone) {
+TEST(X11KeyRepeat, GoesOnWhenAnotherKeyIsReleased) {
+    X11KeyRepeat repeat;
+    repeat.begin(65, 1000);
+    repeat.release(66, 1020);
+    EXPECT_TRUE(repeat.isRepeat(65, 1660));
+}
+
+TEST(X11KeyRepeat, EndsWhenAnotherKeyIsPressed) {
     X11KeyRepeat repeat;
     repeat.begin(65, 1000);
     EXPECT_FALSE(repeat.isRepeat(66, 1010));
-    repeat.release(66, 1020);
-    EXPECT_TRUE(repeat.isRepeat(65, 1660));
+    EXPECT_FALSE(repeat.isRepeat(65, 1500));
 }
 
 TEST(X11KeyRepeat, GoesOnWhenTheServersClockWrapsAround) {
