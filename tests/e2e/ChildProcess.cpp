@@ -60,6 +60,10 @@ ChildProcess::ChildProcess(
     _outputFile = logFolder / (name + ".out");
     _errorFile = logFolder / (name + ".err");
 
+    // There at once for whoever reads along.
+    std::ofstream(_outputFile).close();
+    std::ofstream(_errorFile).close();
+
     std::vector<std::string> assignments;
     assignments.reserve(environment.size());
     for (const auto& [variable, value] : environment)

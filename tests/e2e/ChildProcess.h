@@ -33,6 +33,7 @@ public:
     // Asks it to end, and ends it when it does not within two seconds.
     void terminate();
 
+    const std::filesystem::path& outputFile() const { return _outputFile; }
     std::string standardOutput() const;
     std::string standardError() const;
 

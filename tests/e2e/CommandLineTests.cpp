@@ -84,6 +84,14 @@ TEST_P(CommandLineTest, WorksForAnApplicationThatIsNotInFront) {
     EXPECT_TRUE(waitUntil([&] { return application.switchState() != before; }));
 }
 
+TEST_P(CommandLineTest, FindsTheOnlyApplicationAfterAllOthersEnded) {
+    quit(launch(ApplicationKind::Terminal));
+    ASSERT_TRUE(waitUntil([&] { return display().managedWindows().empty(); }));
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    CommandResult listed = tarragon({"menus", "--pid", std::to_string(application.identifier())});
+    EXPECT_EQ(listed.status, 0) << listed.error;
+}
+
 TEST_P(CommandLineTest, DescribesWhatIsUnderThePointer) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
     PixelRect frame = display().frameOf(application.window());

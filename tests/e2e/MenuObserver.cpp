@@ -1,7 +1,7 @@
 #include "MenuObserver.h"
 
-#include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include <nlohmann/json.hpp>
 
@@ -26,21 +26,34 @@ Menu withShortcutsApart(Menu menu) {
 
 MenuObserver::MenuObserver(const Desktop& desktop, pid_t process)
     : _reader(desktop.start({E2E_READER, "watch", std::to_string(process)})) {
-    if (!waitUntil([this] { return _reader->standardOutput().find('\n') != std::string::npos; }))
+    _lines.open(_reader->outputFile());
+    // The first line only says that the observation has begun.
+    bool begun = waitUntil([this] { return count() > 0; });
+    _count = 0;
+    if (!begun)
         throw std::runtime_error("menus cannot be observed: " + _reader->standardError());
 }
 
-std::size_t MenuObserver::count() const {
-    // The first line only says that the observation has begun.
-    std::string output = _reader->standardOutput();
-    return static_cast<std::size_t>(std::count(output.begin(), output.end(), '\n')) - 1;
+void MenuObserver::update() {
+    _lines.clear();
+    std::string part;
+    while (std::getline(_lines, part)) {
+        _begunLine += part;
+        if (_lines.eof())
+            return;
+        _lastLine = std::exchange(_begunLine, {});
+        ++_count;
+    }
 }
 
-MenuObserver::Notice MenuObserver::last() const {
-    std::string output = _reader->standardOutput();
-    output.erase(output.rfind('\n'));
-    std::size_t start = output.rfind('\n') + 1;
-    nlohmann::json notice = nlohmann::json::parse(output.substr(start));
+std::size_t MenuObserver::count() {
+    update();
+    return _count;
+}
+
+MenuObserver::Notice MenuObserver::last() {
+    update();
+    nlohmann::json notice = nlohmann::json::parse(_lastLine);
     std::string title = notice.at("focused").get<std::string>();
     return Notice{title.substr(0, title.find('	')), withShortcutsApart(menuFromJson(notice.at("menu")))};
 }

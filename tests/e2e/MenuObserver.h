@@ -4,6 +4,7 @@
 #include "Desktop.h"
 #include "MenuRecord.h"
 
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -21,12 +22,19 @@ public:
     MenuObserver(const Desktop& desktop, pid_t process);
 
     // How many notices there have been so far.
-    std::size_t count() const;
+    std::size_t count();
     // The newest notice; there must have been one.
-    Notice last() const;
+    Notice last();
 
 private:
+    // Takes over the whole lines that the reader has written since the last time.
+    void update();
+
     std::unique_ptr<ChildProcess> _reader;
+    std::ifstream _lines;
+    std::size_t _count = 0;
+    std::string _lastLine;
+    std::string _begunLine;
 };
 
 } // namespace tarragon::e2e

@@ -6,7 +6,7 @@
 
 namespace tarragon::e2e {
 
-PopUp::PopUp(Desktop& desktop, Agent& agent, const MenuObserver& observer)
+PopUp::PopUp(Desktop& desktop, Agent& agent, MenuObserver& observer)
     : _desktop(desktop)
     , _agent(agent)
     , _observer(observer) { }

@@ -13,7 +13,7 @@ namespace tarragon::e2e {
 // A user's hands and eyes on the mirrored menu: opens it with the hot key, looks at it and chooses in it.
 class PopUp {
 public:
-    PopUp(Desktop& desktop, Agent& agent, const MenuObserver& observer);
+    PopUp(Desktop& desktop, Agent& agent, MenuObserver& observer);
 
     // Presses the hot key; true when a menu is on the screen in time.
     bool open(Duration deadline = DefaultDeadline);
@@ -49,7 +49,7 @@ private:
 
     Desktop& _desktop;
     Agent& _agent;
-    const MenuObserver& _observer;
+    MenuObserver& _observer;
     Duration _openingTime{0};
     std::size_t _seenBeforeOpening = 0;
     MenuObserver::Notice _notice;

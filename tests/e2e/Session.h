@@ -15,7 +15,7 @@ public:
 
     Desktop& desktop() { return _desktop; }
     Agent& agent() { return *_agent; }
-    const MenuObserver& observer() const { return *_observer; }
+    MenuObserver& observer() { return *_observer; }
     bool isAlive();
     // Ends the program and starts it anew, with the same or another combination.
     void restartAgent(const HotKey& hotKey = usualHotKey());

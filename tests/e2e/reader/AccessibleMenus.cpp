@@ -7,6 +7,7 @@ namespace reader {
 namespace {
 
 enum class Toolkit { Qt, Other };
+enum class Levels { One, All };
 
 std::string takeString(gchar* text) {
     std::string result = text ? text : "";
@@ -84,9 +85,9 @@ Toolkit toolkitOf(AtspiAccessible& element) {
                                                                                              : Toolkit::Other;
 }
 
-nlohmann::json itemsBelow(AtspiAccessible& element, Toolkit toolkit);
+nlohmann::json itemsBelow(AtspiAccessible& element, Toolkit toolkit, Levels levels);
 
-nlohmann::json recordOf(AtspiAccessible& element, Toolkit toolkit) {
+nlohmann::json recordOf(AtspiAccessible& element, Toolkit toolkit, Levels levels) {
     nlohmann::json record;
     AtspiRole role = roleOf(element);
     record["title"] = takeString(atspi_accessible_get_name(&element, nullptr));
@@ -102,11 +103,11 @@ nlohmann::json recordOf(AtspiAccessible& element, Toolkit toolkit) {
         g_object_unref(states);
     record["shortcut"] = shortcutOf(element);
     addExtents(record, element);
-    record["items"] = itemsBelow(element, toolkit);
+    record["items"] = levels == Levels::All ? itemsBelow(element, toolkit, levels) : nlohmann::json::array();
     return record;
 }
 
-nlohmann::json itemsBelow(AtspiAccessible& element, Toolkit toolkit) {
+nlohmann::json itemsBelow(AtspiAccessible& element, Toolkit toolkit, Levels levels) {
     nlohmann::json items = nlohmann::json::array();
     int count = atspi_accessible_get_child_count(&element, nullptr);
     for (int index = 0; index < count; ++index) {
@@ -114,10 +115,10 @@ nlohmann::json itemsBelow(AtspiAccessible& element, Toolkit toolkit) {
         if (!child)
             continue;
         if (isMenuContainer(*child)) {
-            for (auto& item : itemsBelow(*child, toolkit))
+            for (auto& item : itemsBelow(*child, toolkit, levels))
                 items.push_back(std::move(item));
         } else {
-            items.push_back(recordOf(*child, toolkit));
+            items.push_back(recordOf(*child, toolkit, levels));
         }
     }
     return items;
@@ -184,7 +185,11 @@ Accessible menuBarOfApplication(AtspiAccessible& application, const std::string&
 }
 
 nlohmann::json itemsBelow(AtspiAccessible& element) {
-    return itemsBelow(element, toolkitOf(element));
+    return itemsBelow(element, toolkitOf(element), Levels::All);
+}
+
+nlohmann::json itemsDirectlyBelow(AtspiAccessible& element) {
+    return itemsBelow(element, toolkitOf(element), Levels::One);
 }
 
 Accessible itemAtPath(AtspiAccessible& element, const std::vector<std::string>& titles) {

@@ -26,6 +26,8 @@ Accessible menuBarOfApplication(AtspiAccessible& application, const std::string&
 // "separator", "enabled", "checked", "shortcut" (as the application spells it), "x", "y", "width", "height" (screen
 // pixels), "focused" and "items".
 nlohmann::json itemsBelow(AtspiAccessible& element);
+// The same without anything in "items".
+nlohmann::json itemsDirectlyBelow(AtspiAccessible& element);
 
 // Follows the titles down from the element and returns the item at their end, or nullptr.
 Accessible itemAtPath(AtspiAccessible& element, const std::vector<std::string>& titles);

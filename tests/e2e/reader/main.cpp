@@ -153,7 +153,7 @@ void focusMoved(AtspiEvent* event, void* data) {
         reader::Accessible menu(atspi_accessible_get_parent(event->source, nullptr));
         if (menu) {
             gchar* name = atspi_accessible_get_name(event->source, nullptr);
-            printJson({{"focused", name ? name : ""}, {"menu", reader::itemsBelow(*menu)}});
+            printJson({{"focused", name ? name : ""}, {"menu", reader::itemsDirectlyBelow(*menu)}});
             g_free(name);
         }
     }
