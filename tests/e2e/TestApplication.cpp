@@ -32,7 +32,16 @@ TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind)
     , _kind(kind)
     , _process(desktop.start(command())) {
     XDisplay& display = desktop.display();
-    auto inFront = [&] { return display.processOf(display.activeWindow()) == identifier(); };
+    const auto start = Clock::now();
+    auto inFront = [&] {
+        if (display.processOf(display.activeWindow()) == identifier())
+            return true;
+        // A window manager that is still starting leaves the focus where it is; people then click the window.
+        auto windows = display.managedWindowsOf(identifier());
+        if (!windows.empty() && Clock::now() - start > Duration(3000))
+            display.activate(windows.front());
+        return false;
+    };
     if (!waitUntil(inFront, Duration(30000)))
         throw std::runtime_error(nameOf(kind) + " does not come to the front: " + _process->standardError());
     _window = display.activeWindow();

@@ -69,6 +69,9 @@ static void fill_strange(GtkWidget* bar) {
     append_item(menu, "Other");
     append_item(menu, "Twin");
     append_item(menu, "   ");
+    append_item(append_menu(menu, "Pair"), "First of the pair");
+    append_item(menu, "Between");
+    append_item(append_menu(menu, "Pair"), "Second of the pair");
     gtk_widget_set_sensitive(append_item(menu, "Never"), FALSE);
 }
 
@@ -98,7 +101,6 @@ int main(int argc, char** argv) {
     fill_strange(bar);
     restless_menu = append_menu(bar, "Restless");
     append_menu(bar, "Empty");
-    append_menu(bar, "Strange");
     refill_restless(NULL);
     g_timeout_add(50, refill_restless, NULL);
     gtk_container_add(GTK_CONTAINER(window), box);
