@@ -79,6 +79,7 @@ int measure(const std::string& name, int process, int rounds) {
     std::size_t ourTreeItems = 0, peerTreeItems = 0, ourMenuItems = 0, peerMenuItems = 0;
     for (int round = 0; round < rounds; ++round) {
         ourTree.time([&] {
+            const ReadBatch batch(linuxAccessibility, ReadBatchDepth::AllLevels);
             reader->update();
             ourTreeItems = countItems(readMirrorTree(*reader, 0));
         });

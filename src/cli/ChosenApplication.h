@@ -26,7 +26,7 @@ public:
     std::optional<std::vector<std::string>> actionNames(const Element& element) override;
     std::optional<std::string> actionDescription(const Element& element, std::string_view action) override;
     bool performAction(const Element& element, std::string_view action) override;
-    void beginReadBatch() override { _accessibility.beginReadBatch(); }
+    void beginReadBatch(ReadBatchDepth depth) override { _accessibility.beginReadBatch(depth); }
     void endReadBatch() override { _accessibility.endReadBatch(); }
 
 private:

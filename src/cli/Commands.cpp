@@ -53,7 +53,7 @@ std::optional<RunningApplication> Commands::chooseApplication(const ApplicationC
 }
 
 template <typename Work>
-int Commands::withReader(const ApplicationChoice& choice, Work work) {
+int Commands::withReader(const ApplicationChoice& choice, ReadBatchDepth depth, Work work) {
     const auto application = chooseApplication(choice);
     if (!application)
         return 1;
@@ -72,6 +72,7 @@ int Commands::withReader(const ApplicationChoice& choice, Work work) {
         return fail("'" + application->name + "' cannot be reached through the accessibility interface");
     reader->setShowAppleMenu(true);
     reader->setKeyEquivalents(true);
+    const ReadBatch batch(_platform.accessibility, depth);
     reader->update();
     if (reader->menu()->numberOfItems() == 0)
         return fail("'" + application->name + "' has no menu bar, or does not answer");
@@ -79,7 +80,8 @@ int Commands::withReader(const ApplicationChoice& choice, Work work) {
 }
 
 int Commands::listMenus(const ListMenus& command) {
-    return withReader(command.application, [&](AppAccessibility& reader) {
+    const auto depth = command.depth == 1 ? ReadBatchDepth::OneLevel : ReadBatchDepth::AllLevels;
+    return withReader(command.application, depth, [&](AppAccessibility& reader) {
         const auto tree = readMirrorTree(reader, command.depth);
         _output << (command.json ? mirrorAsJson(tree) : mirrorAsText(tree)) << std::flush;
         return _output ? 0 : fail("the menus could not be written");
@@ -87,7 +89,7 @@ int Commands::listMenus(const ListMenus& command) {
 }
 
 int Commands::pressItem(const PressItem& command) {
-    return withReader(command.application, [&](AppAccessibility& reader) {
+    return withReader(command.application, ReadBatchDepth::OneLevel, [&](AppAccessibility& reader) {
         const auto item = findMirrorItem(reader, command.itemKey);
         if (!item)
             return fail("no menu item has the key '" + command.itemKey + "'");

@@ -23,7 +23,7 @@ private:
     std::optional<RunningApplication> chooseApplication(const ApplicationChoice& choice);
     // Calls work with a reader of the chosen application, whose root menu is up to date.
     template <typename Work>
-    int withReader(const ApplicationChoice& choice, Work work);
+    int withReader(const ApplicationChoice& choice, ReadBatchDepth depth, Work work);
 
     Platform _platform;
     std::ostream& _output;

@@ -10,6 +10,10 @@
 
 namespace tarragon {
 
+// How much the first read of an element's children within a read batch fetches: what the children can tell, or the same
+// for everything below them as well.
+enum class ReadBatchDepth : std::uint8_t { OneLevel, AllLevels };
+
 // The user-interface elements of other processes. Failures are silent by design: a call that fails, an application that
 // is gone or does not answer in time, access that is not granted give nil, an empty optional or false, never an
 // exception. A call waits a second for an application that is silent, and some seconds for one whose answers keep
@@ -49,18 +53,19 @@ public:
     virtual bool performAction(const Element& element, std::string_view action) = 0;
 
     // Read batches nest; use ReadBatch. Within a batch the first read of an element's "AXChildren" fetches everything
-    // that a menu item can have for all of them at once, and later reads are served from that snapshot. When the
-    // outermost batch of the thread ends the snapshot is dropped. Outside a batch every read is live.
-    virtual void beginReadBatch() = 0;
+    // that a menu item can have for all of them at once, and later reads are served from that snapshot. The deepest of
+    // the batches that were opened counts. When the outermost batch of the thread ends the snapshot is dropped. Outside
+    // a batch every read is live.
+    virtual void beginReadBatch(ReadBatchDepth depth) = 0;
     virtual void endReadBatch() = 0;
 };
 
 // Opens a read batch for its lifetime, on the thread that makes and destroys it.
 class ReadBatch {
 public:
-    explicit ReadBatch(Accessibility& accessibility)
+    explicit ReadBatch(Accessibility& accessibility, ReadBatchDepth depth = ReadBatchDepth::OneLevel)
         : _accessibility(accessibility) {
-        _accessibility.beginReadBatch();
+        _accessibility.beginReadBatch(depth);
     }
     ReadBatch(const ReadBatch&) = delete;
     ReadBatch& operator=(const ReadBatch&) = delete;

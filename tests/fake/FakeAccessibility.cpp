@@ -224,8 +224,9 @@ bool FakeAccessibility::performAction(const Element& element, std::string_view a
     return true;
 }
 
-void FakeAccessibility::beginReadBatch() {
+void FakeAccessibility::beginReadBatch(ReadBatchDepth depth) {
     const Lock lock(_mutex);
+    _deepestBatch = std::max(_deepestBatch, depth);
     _calls.push_back({Operation::BeginReadBatch, {}, {}, {}});
     if (_openBatches[std::this_thread::get_id()]++ == 0)
         ++_batchCount;

@@ -102,6 +102,8 @@ public:
     std::size_t callCount() const;
     std::size_t callsOutsideBatches() const;
     std::size_t batchCount() const;
+    // The deepest batch that was opened so far.
+    ReadBatchDepth deepestBatch() const;
     // Of the calling thread.
     int openBatches() const;
 
@@ -131,7 +133,7 @@ public:
     std::optional<std::vector<std::string>> actionNames(const Element& element) override;
     std::optional<std::string> actionDescription(const Element& element, std::string_view action) override;
     bool performAction(const Element& element, std::string_view action) override;
-    void beginReadBatch() override;
+    void beginReadBatch(ReadBatchDepth depth) override;
     void endReadBatch() override;
 
 private:
@@ -175,6 +177,7 @@ private:
     std::size_t _callCount = 0;
     std::size_t _callsOutsideBatches = 0;
     std::size_t _batchCount = 0;
+    ReadBatchDepth _deepestBatch = ReadBatchDepth::OneLevel;
     std::map<std::thread::id, int> _openBatches;
 
     std::map<std::int64_t, FakeFault> _processFaults;

@@ -211,6 +211,7 @@ void FakeAccessibility::clearCalls() {
     _callCount = 0;
     _callsOutsideBatches = 0;
     _batchCount = 0;
+    _deepestBatch = ReadBatchDepth::OneLevel;
 }
 
 std::vector<std::pair<Element, std::string>> FakeAccessibility::performedActions() const {
@@ -231,6 +232,11 @@ std::size_t FakeAccessibility::callsOutsideBatches() const {
 std::size_t FakeAccessibility::batchCount() const {
     const Lock lock(_mutex);
     return _batchCount;
+}
+
+ReadBatchDepth FakeAccessibility::deepestBatch() const {
+    const Lock lock(_mutex);
+    return _deepestBatch;
 }
 
 int FakeAccessibility::openBatches() const {

@@ -223,6 +223,8 @@ private:
             if (sd_bus_error_has_name(error, SD_BUS_ERROR_SERVICE_UNKNOWN) > 0
                 || sd_bus_error_has_name(error, SD_BUS_ERROR_NAME_HAS_NO_OWNER) > 0)
                 _connection._gone.insert(pending.request->target.busName);
+            else if (pending.request->handleError)
+                pending.request->handleError();
             return;
         }
         if (!pending.request->handleReply)

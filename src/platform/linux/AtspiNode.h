@@ -47,6 +47,7 @@ struct AtspiNode {
     std::optional<std::string> name;
     std::optional<std::uint64_t> states;
     std::optional<std::string> keyBinding; // of its first action
+    bool hasNoAction = false; // it refused to tell the key binding of its first action
     std::optional<std::vector<AtspiReference>> children;
     std::optional<std::int64_t> childCount;
     std::optional<AtspiReference> parent;
@@ -54,6 +55,7 @@ struct AtspiNode {
     std::optional<std::string> description;
     std::optional<std::string> text; // contents of a text field
     std::optional<double> number; // value of a slider, a scroll bar ...
+    bool isReadBelow = false; // the items of this menu were read, and those of all menus below
 
     bool has(AtspiState state) const { return states && ((*states >> static_cast<unsigned>(state)) & 1U) != 0; }
     AtspiFields missing(AtspiFields wanted) const { return wanted & ~asked; }

@@ -31,7 +31,8 @@ void addRequests(
         property(Accessible, "Name", [target](AtspiReply& reply) { target->name = reply.readString(); });
     if ((fields & AtspiFieldKeyBinding) != 0) {
         requests.push_back({reference, "org.a11y.atspi.Action", "GetKeyBinding", std::int32_t{0},
-            [target](AtspiReply& reply) { target->keyBinding = reply.readString(); }});
+            [target](AtspiReply& reply) { target->keyBinding = reply.readString(); },
+            [target] { target->hasNoAction = true; }});
     }
     if ((fields & AtspiFieldChildren) != 0)
         call(Accessible, "GetChildren", [target](AtspiReply& reply) { target->children = reply.readReferences(); });

@@ -36,6 +36,8 @@ struct AtspiRequest {
     Argument argument;
     // Called with the reply, and not at all when there is none or it is an error.
     std::function<void(AtspiReply&)> handleReply;
+    // Called when the application refuses.
+    std::function<void()> handleError = {};
 
     static AtspiRequest property(
         AtspiReference target, const char* interface, const char* name, std::function<void(AtspiReply&)> handleReply) {

@@ -3,6 +3,7 @@
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/AtspiAttributes.h"
 #include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiItemReading.h"
 #include "platform/linux/AtspiRole.h"
 
 #include <algorithm>
@@ -160,6 +161,7 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& element) 
     const bool isKnown = node.role.has_value();
     if (isKnown && isLeaf(node, handle.toolkit))
         return std::vector<Element>{};
+    const bool opens = node.missing(AtspiFieldChildren) != 0;
     if (!isKnown || !hasImpliedMenu(node, handle.place))
         _nodes.fetch(_connection, handle.reference, AtspiFieldRole | AtspiFieldChildren);
     if (!node.role)
@@ -171,7 +173,7 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& element) 
         menu->place = Place::UnderItem;
         return std::vector<Element>{Element(std::move(menu))};
     }
-    return childrenInPlace(element, handle.reference, placeOfChildren(*node.role, handle.place));
+    return childrenInPlace(element, handle.reference, placeOfChildren(*node.role, handle.place), opens);
 }
 
 std::optional<std::vector<Element>> AtspiTree::children(const Element& parent, const AtspiReference& container) {
@@ -179,7 +181,7 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& parent, c
 }
 
 std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
-    const Element& parent, const AtspiReference& container, Place place) {
+    const Element& parent, const AtspiReference& container, Place place, bool opens) {
     const AtspiElement& handle = *AtspiElement::of(parent);
     const auto& references = _nodes.fetch(_connection, container, AtspiFieldChildren).children;
     if (!references)
@@ -188,7 +190,7 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     if (handle.steps >= AtspiElement::StepLimit)
         return result;
     if (place != Place::Elsewhere)
-        readItems(*references, place, handle.toolkit);
+        readChildren(container, place, handle.toolkit, opens);
     // Qt keeps hidden items in the tree, and the states of a closed menu's items do not tell. Only those that are to be
     // seen take room, once the menu has been laid out.
     const bool roomTells = place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt
@@ -211,48 +213,22 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     return result;
 }
 
-void AtspiTree::readItems(const std::vector<AtspiReference>& references, Place place, AtspiToolkit toolkit) {
-    const bool isQt = toolkit == AtspiToolkit::Qt;
-    const bool holdsItems = place == Place::InMenu || place == Place::InMenuBar;
-    const bool readsAhead = _reading == Reading::Ahead && holdsItems;
-    // Every request counts with this toolkit. What has a name in its menus is an item, and below an item stand menus.
-    const bool nameTellsRole = isQt && holdsItems;
-    AtspiFields fields = AtspiFieldRole | AtspiFieldStates | AtspiFieldName;
-    if (nameTellsRole)
-        fields = AtspiFieldStates | AtspiFieldName;
-    else if (isQt)
-        fields = AtspiFieldRole;
-    // Not in a menu bar: titles that find no room there are still offered, behind its end.
-    if (isQt && place == Place::InMenu)
-        fields |= AtspiFieldExtents;
-    if (readsAhead)
-        fields |= AtspiFieldKeyBinding;
-    if (readsAhead && toolkit != AtspiToolkit::Gtk)
-        fields |= AtspiFieldChildren;
-
-    AtspiNodes::Wanted wanted;
-    wanted.reserve(references.size());
-    for (const AtspiReference& reference : references)
-        wanted.emplace_back(reference, fields);
-    _nodes.fetch(_connection, wanted);
-
-    wanted.clear();
-    for (const AtspiReference& reference : references) {
-        AtspiNode& node = _nodes.at(reference);
-        if (nameTellsRole && (node.asked & AtspiFieldRole) == 0) {
-            if (node.name && !node.name->empty()) {
-                node.role = AtspiRoleMenuItem;
-                node.asked |= AtspiFieldRole;
-            } else {
-                wanted.emplace_back(reference, AtspiFieldRole);
-            }
-        }
-        if (!readsAhead || !node.children || hasImpliedMenu(node, place))
-            continue;
-        for (const AtspiReference& menu : *node.children)
-            wanted.emplace_back(menu, isQt ? AtspiFieldRole : AtspiFieldRole | AtspiFieldStates | AtspiFieldName);
+void AtspiTree::readChildren(const AtspiReference& container, Place place, AtspiToolkit toolkit, bool opens) {
+    AtspiNode& node = _nodes.at(container);
+    AtspiItemReading reading(_connection, _nodes, toolkit);
+    if (_reading == Reading::OneAttribute) {
+        reading.readKinds(*node.children, place);
+    } else if (place == Place::UnderItem) {
+        if (opens)
+            reading.readOpeningMenus(*node.children);
+        else
+            reading.readKinds(*node.children, place);
+    } else if (_reading == Reading::OneLevel) {
+        reading.readItems(*node.children, place);
+    } else if (!node.isReadBelow) {
+        node.isReadBelow = true;
+        reading.readItemsOfAllLevels(*node.children, place);
     }
-    _nodes.fetch(_connection, wanted);
 }
 
 } // namespace tarragon

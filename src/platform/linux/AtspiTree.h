@@ -16,10 +16,10 @@ class AtspiConnection;
 
 // Accessible objects as elements: their attributes, their parents and children in the shape that the system expects.
 // What is read is kept in the given nodes; when they outlive one read, children are read ahead, so that whoever walks
-// a menu finds all that its items can tell.
+// a menu, or all menus, finds all that the items can tell.
 class AtspiTree {
 public:
-    enum class Reading : std::uint8_t { OneAttribute, Ahead };
+    enum class Reading : std::uint8_t { OneAttribute, OneLevel, AllLevels };
 
     AtspiTree(AtspiConnection& connection, AtspiNodes& nodes, Reading reading)
         : _connection(connection)
@@ -40,9 +40,9 @@ private:
     std::string_view roleOf(const AtspiElement& element);
     Element parentOf(const AtspiElement& element);
     std::optional<std::vector<Element>> childrenInPlace(
-        const Element& parent, const AtspiReference& container, AtspiElement::Place place);
-    // Reads what tells items and menus apart and, reading ahead, all that they can tell and the menus that they open.
-    void readItems(const std::vector<AtspiReference>& references, AtspiElement::Place place, AtspiToolkit toolkit);
+        const Element& parent, const AtspiReference& container, AtspiElement::Place place, bool opens = false);
+    // Opens: the container was reached by itself rather than with all others of its menu.
+    void readChildren(const AtspiReference& container, AtspiElement::Place place, AtspiToolkit toolkit, bool opens);
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;

@@ -64,7 +64,8 @@ struct LinuxAccessibility::Client {
 };
 
 struct LinuxAccessibility::Batch {
-    int depth = 0;
+    int nesting = 0;
+    AtspiTree::Reading reading = AtspiTree::Reading::OneLevel;
     AtspiNodes nodes;
 };
 
@@ -81,8 +82,7 @@ public:
     Client& client() { return _client; }
     AtspiNodes& nodes() { return _batch != nullptr ? _batch->nodes : _ownNodes; }
     AtspiTree tree() {
-        return {_client.connection, nodes(),
-            _batch != nullptr ? AtspiTree::Reading::Ahead : AtspiTree::Reading::OneAttribute};
+        return {_client.connection, nodes(), _batch != nullptr ? _batch->reading : AtspiTree::Reading::OneAttribute};
     }
     // False for objects of an accessibility bus that is no more.
     bool reaches(const AtspiElement& element) const {
@@ -114,18 +114,20 @@ LinuxAccessibility::Batch* LinuxAccessibility::batchOfThread() {
     return found != _batches.end() ? found->second.get() : nullptr;
 }
 
-void LinuxAccessibility::beginReadBatch() {
+void LinuxAccessibility::beginReadBatch(ReadBatchDepth depth) {
     const std::lock_guard lock(_batchMutex);
     std::unique_ptr<Batch>& batch = _batches[std::this_thread::get_id()];
     if (!batch)
         batch = std::make_unique<Batch>();
-    ++batch->depth;
+    ++batch->nesting;
+    if (depth == ReadBatchDepth::AllLevels)
+        batch->reading = AtspiTree::Reading::AllLevels;
 }
 
 void LinuxAccessibility::endReadBatch() {
     const std::lock_guard lock(_batchMutex);
     const auto found = _batches.find(std::this_thread::get_id());
-    if (found != _batches.end() && --found->second->depth == 0)
+    if (found != _batches.end() && --found->second->nesting == 0)
         _batches.erase(found);
 }
 

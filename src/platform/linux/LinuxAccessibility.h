@@ -42,7 +42,7 @@ public:
     std::optional<std::string> actionDescription(const Element& element, std::string_view action) override;
     bool performAction(const Element& element, std::string_view action) override;
 
-    void beginReadBatch() override;
+    void beginReadBatch(ReadBatchDepth depth) override;
     void endReadBatch() override;
 
     // What the calling thread's connection has sent so far.

@@ -73,6 +73,14 @@ TEST_F(CommandsTest, PrintsAsManyLevelsAsAsked) {
     EXPECT_EQ(all[0]["items"][2]["items"][1]["items"][0]["key"], "Mail|File|Open Recent|Older|Postcard");
 }
 
+TEST_F(CommandsTest, ReadsAllLevelsAtOnceUnlessOnlyOneIsAskedFor) {
+    json({.depth = 1, .json = true});
+    EXPECT_EQ(fake.accessibility.deepestBatch(), ReadBatchDepth::OneLevel);
+    output.str("");
+    json({.depth = 0, .json = true});
+    EXPECT_EQ(fake.accessibility.deepestBatch(), ReadBatchDepth::AllLevels);
+}
+
 TEST_F(CommandsTest, PrintsEveryPropertyOfAnItemAsJson) {
     const auto all = json({.depth = 2, .json = true});
     EXPECT_EQ(all[0]["items"][0],

@@ -211,7 +211,7 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
             static_cast<std::uint32_t>(object.states >> 32U));
     } else if (member == "GetExtents" && object.hasExtents) {
         sd_bus_reply_method_return(message, "(iiii)", 10, 20, 300, object.height);
-    } else if (member == "GetKeyBinding") {
+    } else if (member == "GetKeyBinding" && object.hasAction) {
         sd_bus_reply_method_return(message, "s", object.keyBinding.c_str());
     } else if (member == "GetName") {
         sd_bus_reply_method_return(message, "s", "click");

@@ -41,6 +41,7 @@ struct FakeAccessible {
     std::string parent; // object path, empty for none
     bool hasExtents = true; // answers where it is
     int height = 40;
+    bool hasAction = true; // can be asked for the key binding of one
 };
 
 // An application on the bus: accessible objects as plain records, served by a thread of their own, with the faults

@@ -110,8 +110,8 @@ protected:
     std::uint64_t roundTripsOfLevel(AtspiToolkit toolkit, std::size_t expectedItems) {
         AtspiNodes nodes;
         const std::uint64_t before = connection.statistics().roundTrips;
-        const auto titles = readLevel(
-            AtspiTree(connection, nodes, AtspiTree::Reading::Ahead), element("/bar/file", toolkit, Place::InMenuBar));
+        const auto titles = readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+            element("/bar/file", toolkit, Place::InMenuBar));
         EXPECT_EQ(titles.size(), expectedItems);
         return connection.statistics().roundTrips - before;
     }
@@ -121,7 +121,7 @@ protected:
     AtspiSessionBus sessionBus;
     AtspiConnection connection{sessionBus};
     AtspiNodes batch;
-    AtspiTree tree{connection, batch, AtspiTree::Reading::Ahead};
+    AtspiTree tree{connection, batch, AtspiTree::Reading::OneLevel};
 };
 
 } // namespace tarragon

@@ -41,7 +41,7 @@ TEST_F(AtspiTreeTest, LeavesOutWhatGtkHidesButNotWhatIsClosed) {
         readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)), std::vector<std::string>{"Item 1"});
     makeQtMenu(2);
     AtspiNodes nodes;
-    EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::Ahead),
+    EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
                   element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar))
                   .size(),
         2U);
@@ -74,6 +74,81 @@ TEST_F(AtspiTreeTest, TellsSeparatorsFromNamelessItems) {
     });
     EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
         (std::vector<std::string>{"", "nil", "Item 2"}));
+}
+
+TEST_F(AtspiTreeTest, TellsASeparatorInAQtMenuByTheActionThatItLacks) {
+    makeQtMenu(3);
+    application.change([&] {
+        application.objects["/popup/0"] = {AtspiRoleSeparator, "", 0, {}, "", "/popup", true, 40, false};
+        application.objects["/popup/1"].name.clear();
+    });
+    const auto askedBefore = application.calls("GetRole");
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
+        (std::vector<std::string>{"", "nil", "Item 2"}));
+    // The opened item, its menu and the nameless item that is none.
+    EXPECT_EQ(application.calls("GetRole") - askedBefore, 3U);
+}
+
+// Walks down all children and reads as the menu reader does; gives the titles of all items.
+std::vector<std::string> readAllLevels(AtspiTree& tree, const Element& element) {
+    std::vector<std::string> titles;
+    const Value children = tree.attributeValue(element, attribute::Children);
+    const auto* list = valueAs<std::vector<Element>>(children);
+    for (const Element& child : list != nullptr ? *list : std::vector<Element>()) {
+        // Menus have nothing to tell but their role.
+        if (tree.attributeValue(child, attribute::Role) != Value(std::string(role::Menu))) {
+            tree.attributeValue(child, attribute::Enabled);
+            tree.attributeValue(child, attribute::MenuItemCmdChar);
+        }
+        const Value title = tree.attributeValue(child, attribute::Title);
+        if (const auto* text = valueAs<std::string>(title))
+            titles.push_back(*text);
+        const auto below = readAllLevels(tree, child);
+        titles.insert(titles.end(), below.begin(), below.end());
+    }
+    return titles;
+}
+
+TEST_F(AtspiTreeTest, ReadsAllLevelsOfGtkMenusWithTwoWaitsForEach) {
+    makeGtkMenu(40);
+    application.change([&] {
+        for (const int index : {4, 9, 34}) {
+            const std::string path = "/bar/file/" + std::to_string(index);
+            application.objects[path].children = {path + "/a", path + "/b"};
+            for (const char* name : {"/a", "/b"})
+                application.objects[path + name] = {AtspiRoleMenuItem, "Inner", Visible, {}, "", path};
+        }
+    });
+    AtspiTree all(connection, batch, AtspiTree::Reading::AllLevels);
+    const auto before = connection.statistics().roundTrips;
+    const auto titles = readAllLevels(all, element("/bar", AtspiToolkit::Gtk));
+    EXPECT_EQ(titles.size(), 1U + 40U + 6U);
+    EXPECT_EQ(std::ranges::count(titles, "Inner"), 6);
+    // Three levels of items, and once more to see that the innermost open nothing.
+    EXPECT_LE(connection.statistics().roundTrips - before, 6U);
+}
+
+TEST_F(AtspiTreeTest, ReadsAllLevelsOfQtMenusWithTwoWaitsForEach) {
+    makeQtMenu(40);
+    application.change([&] {
+        for (const int index : {4, 9, 34}) {
+            const std::string path = "/popup/" + std::to_string(index) + "/popup";
+            application.objects[path].children = {path + "/a", path + "/b"};
+            for (const char* name : {"/a", "/b"})
+                application.objects[path + name] = {AtspiRoleMenuItem, "Inner", 0, {}, "", path};
+        }
+    });
+    AtspiTree all(connection, batch, AtspiTree::Reading::AllLevels);
+    const auto before = connection.statistics().roundTrips;
+    const auto titles = readAllLevels(all, element("/bar", AtspiToolkit::Qt));
+    EXPECT_EQ(titles.size(), 1U + 40U + 6U);
+    EXPECT_EQ(std::ranges::count(titles, "Inner"), 6);
+    EXPECT_LE(connection.statistics().roundTrips - before, 7U);
+}
+
+TEST_F(AtspiTreeTest, ReadsTheMenuThatOpensTogetherWithItsKind) {
+    makeQtMenu(6);
+    EXPECT_LE(roundTripsOfLevel(AtspiToolkit::Qt, 6), 4U);
 }
 
 TEST_F(AtspiTreeTest, TellsWhereAnObjectIs) {
@@ -171,6 +246,9 @@ TEST_F(AtspiTreeTest, CutsOffTreesThatBiteTheirTail) {
         application.objects["/inner"] = {AtspiRoleMenu, "I", Visible, {"/menu"}, "", "/menu"};
     });
     EXPECT_LT(sizeOfTree(tree, element("/bar", AtspiToolkit::Gtk), 1000), 20U);
+    AtspiNodes nodes;
+    AtspiTree all(connection, nodes, AtspiTree::Reading::AllLevels);
+    EXPECT_LT(sizeOfTree(all, element("/bar", AtspiToolkit::Gtk), 1000), 20U);
 }
 
 TEST_F(AtspiTreeTest, CutsOffTreesThatNeverEnd) {
@@ -183,6 +261,9 @@ TEST_F(AtspiTreeTest, CutsOffTreesThatNeverEnd) {
         }
     });
     EXPECT_LT(sizeOfTree(tree, element("/endless", AtspiToolkit::Gtk, Place::InMenu), 1000), 150U);
+    AtspiNodes nodes;
+    AtspiTree all(connection, nodes, AtspiTree::Reading::AllLevels);
+    EXPECT_LT(sizeOfTree(all, element("/endless", AtspiToolkit::Gtk, Place::InMenu), 1000), 150U);
 }
 
 TEST_F(AtspiTreeTest, TakesNonsenseForNothing) {
@@ -237,8 +318,8 @@ TEST_F(AtspiTreeTest, LeavesASilentApplicationAfterASecondAndThenAtOnce) {
     for (int count = 0; count < 100; ++count) {
         AtspiNodes nodes;
         connection.beginOperation();
-        EXPECT_TRUE(
-            isNil(AtspiTree(connection, nodes, AtspiTree::Reading::Ahead).attributeValue(file, attribute::Children)));
+        EXPECT_TRUE(isNil(
+            AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel).attributeValue(file, attribute::Children)));
     }
     EXPECT_LT(Clock::now() - start, 300ms);
 
@@ -325,7 +406,7 @@ TEST_F(AtspiTreeTest, ReadsOverTwoConnectionsFromTwoThreads) {
         AtspiSessionBus otherSessionBus;
         AtspiConnection otherConnection(otherSessionBus);
         AtspiNodes nodes;
-        titles = readLevel(AtspiTree(otherConnection, nodes, AtspiTree::Reading::Ahead), file);
+        titles = readLevel(AtspiTree(otherConnection, nodes, AtspiTree::Reading::OneLevel), file);
     });
     const auto ownTitles = readLevel(tree, file);
     other.join();
