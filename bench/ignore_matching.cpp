@@ -58,8 +58,7 @@ void windowIsIgnored(benchmark::State& state) {
     FakeWorkspace workspace;
     workspace.setActiveApplication(RunningApplication{"Editor", 7, identifier(NumberOfApplications - 1), ""});
     Window window;
-    IgnoredPanel panel;
-    IgnoreList ignoreList(defaults, workspace, window, panel);
+    IgnoreList ignoreList(defaults, workspace, window, nullptr);
     while (state.KeepRunning())
         benchmark::DoNotOptimize(ignoreList.windowIsIgnored());
     state.counters["bytes stored"] = static_cast<double>(list().size());

@@ -10,7 +10,8 @@ namespace tarragon {
 AppController::AppController(const Platform& platform, MenuPresenter& presenter, AppDelegate& appDelegate)
     : _platform(platform)
     , _presenter(presenter)
-    , _appDelegate(appDelegate) { }
+    , _appDelegate(appDelegate)
+    , _ignoreList(_platform.defaults, _platform.workspace, *this, nullptr) { }
 
 void AppController::init() {
     _appChangeNotifier = std::make_unique<ZDAppChangeNotifier>(_platform.workspace, _platform.notificationCenter);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ControllerPreferences.h"
+#include "ignore/IgnoreList.h"
 #include "mirror/AppAccessibility.h"
 #include "mirror/MenuReaderOwner.h"
 #include "platform/Platform.h"
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tarragon {
@@ -18,7 +20,7 @@ class MenuPresenter;
 // The central controller: owns the menu reader, follows the front application and the settings, and puts the mirrored
 // menu on the screen. Implemented in one file per area. Main thread only; lives as long as the process, for its
 // observers are never removed.
-class AppController : public MenuReaderOwner {
+class AppController : public MenuReaderOwner, private FocusedWindowQueries {
 public:
     // The services, the presenter and the delegate outlive the controller.
     AppController(const Platform& platform, MenuPresenter& presenter, AppDelegate& appDelegate);
@@ -54,6 +56,22 @@ public:
     // The system's own menu, built afresh.
     std::shared_ptr<Menu> addTarragonMenuToMenu();
 
+    // The ignore list.
+
+    // True when the floating panel is to stay hidden for the window in front: it is full-screen or on the list, which
+    // is read anew every time.
+    bool windowIsIgnored();
+    // Puts the application in front on the list, to be ignored as the code says.
+    void ignoreCurrentWindow(IgnoreCode code);
+    // Every window of the application.
+    void ignoreApp();
+    // Lists the application without ignoring any of its windows; no menu offers it.
+    void ignoreRole();
+    // Every window of the application with the title of the window in front.
+    void ignoreTitle();
+    // The menu that offers them for the application in front, built afresh.
+    std::shared_ptr<Menu> contextMenu();
+
     // The hot key: registers it anew from the settings, or unregisters it.
     void installCarbonHotKeyHandler();
 
@@ -69,6 +87,10 @@ public:
     AppAccessibility* reader() const { return _appUIElementInfo.get(); }
 
 private:
+    // What the ignore list asks.
+    std::optional<std::string> focusedWindowTitle() override;
+    bool isFocusedWindowFullScreen() override;
+
     // These need the reader.
     void updateAtInit();
     bool mirrorIsEmpty() const;
@@ -90,6 +112,7 @@ private:
     std::unique_ptr<ZDAppChangeNotifier> _appChangeNotifier;
     std::shared_ptr<AppAccessibility> _appUIElementInfo;
     ControllerPreferences _preferences;
+    IgnoreList _ignoreList;
     HotKeyReference _myHotKeyRef = 0; // 0 until the first registration, then never again
     std::int64_t _appPID = 0; // kept for reference only
 };

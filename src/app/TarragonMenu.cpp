@@ -1,26 +1,13 @@
 #include "app/TarragonMenu.h"
 
 #include "app/AppDelegate.h"
+#include "app/OperationTarget.h"
 
 namespace tarragon {
 
 namespace {
 
-// Carries an item's action out with one of the delegate's operations.
-class DelegateTarget final : public MenuTarget {
-public:
-    using Operation = void (AppDelegate::*)();
-
-    DelegateTarget(AppDelegate& delegate, Operation operation)
-        : _delegate(delegate)
-        , _operation(operation) { }
-
-    void performAction(const std::string&, MenuItem&) override { (_delegate.*_operation)(); }
-
-private:
-    AppDelegate& _delegate;
-    Operation _operation;
-};
+using DelegateTarget = OperationTarget<AppDelegate>;
 
 struct Row {
     const char* title;

@@ -4,7 +4,7 @@
 
 namespace tarragon {
 
-IgnoreList::IgnoreList(Defaults& defaults, Workspace& workspace, FocusedWindowQueries& window, IgnoredPanel& panel)
+IgnoreList::IgnoreList(Defaults& defaults, Workspace& workspace, FocusedWindowQueries& window, IgnoredPanel* panel)
     : _defaults(defaults)
     , _workspace(workspace)
     , _window(window)
@@ -23,7 +23,8 @@ bool IgnoreList::windowIsIgnored() {
         IgnoreDictionary::unarchiveEntry(*archive, application->bundleIdentifier);
     if (!entry || !entry->ignoresWindow(title))
         return false;
-    _panel.hideTarragonPanel();
+    if (_panel)
+        _panel->hideTarragonPanel();
     return true;
 }
 
@@ -40,7 +41,8 @@ void IgnoreList::ignoreCurrentWindow(IgnoreCode code) {
     if (application && !application->bundleIdentifier.empty())
         addToList(*application, title, code);
 
-    _panel.orderOut();
+    if (_panel)
+        _panel->orderOut();
     _ignoreList.store(_defaults);
 }
 

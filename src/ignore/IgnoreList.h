@@ -33,8 +33,8 @@ enum class IgnoreCode { App = 0, Role = 1, Title = 2 };
 // time. Main thread only.
 class IgnoreList {
 public:
-    // All of them stay the caller's and outlive the list.
-    IgnoreList(Defaults& defaults, Workspace& workspace, FocusedWindowQueries& window, IgnoredPanel& panel);
+    // All of them stay the caller's and outlive the list. panel is nullptr where there is no panel to take away.
+    IgnoreList(Defaults& defaults, Workspace& workspace, FocusedWindowQueries& window, IgnoredPanel* panel);
 
     // True when the panel is to stay hidden for the window in front. Hides it, unless the window is full-screen.
     bool windowIsIgnored();
@@ -53,7 +53,7 @@ private:
     Defaults& _defaults;
     Workspace& _workspace;
     FocusedWindowQueries& _window;
-    IgnoredPanel& _panel;
+    IgnoredPanel* _panel;
     IgnoreDictionary _ignoreList; // the working copy of the last ignore action
 };
 

@@ -31,8 +31,7 @@ void checkIgnoreListSurvives(std::span<const std::uint8_t> storedList) {
     defaults.setValue(IgnoreWindowListKey, Data(storedList.begin(), storedList.end()));
     FakeWorkspace workspace;
     Window window;
-    IgnoredPanel panel;
-    IgnoreList list(defaults, workspace, window, panel);
+    IgnoreList list(defaults, workspace, window, nullptr);
 
     const std::optional<IgnoreDictionary> before = IgnoreDictionary::load(defaults);
     std::vector<std::string> identifiers{"org.example.Editor"};

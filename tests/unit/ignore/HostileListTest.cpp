@@ -35,8 +35,7 @@ protected:
     FakeDefaults defaults;
     FakeWorkspace workspace;
     UntitledWindow window;
-    IgnoredPanel panel;
-    IgnoreList list{defaults, workspace, window, panel};
+    IgnoreList list{defaults, workspace, window, nullptr};
 };
 
 // The largest resident size since the last call, in bytes above what is resident now; nothing where the system does

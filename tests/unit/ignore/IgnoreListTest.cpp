@@ -67,7 +67,7 @@ protected:
     FakeWorkspace workspace;
     FakeFocusedWindow window;
     RecordingPanel panel{defaults};
-    IgnoreList list{defaults, workspace, window, panel};
+    IgnoreList list{defaults, workspace, window, &panel};
 };
 
 TEST_F(IgnoreListTest, IgnoresAFullScreenWindowWithAnEmptyListAndLeavesThePanel) {
