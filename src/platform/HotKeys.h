@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ModifierFlags.h"
+
 #include <cstdint>
 #include <functional>
 
@@ -14,14 +16,6 @@ struct HotKeyIdentifier {
 // Names one registration; 0 is none.
 using HotKeyReference = std::uint64_t;
 
-// Modifier bits of a registration.
-namespace hotkey {
-inline constexpr std::uint32_t CommandKey = 0x100;
-inline constexpr std::uint32_t ShiftKey = 0x200;
-inline constexpr std::uint32_t OptionKey = 0x800;
-inline constexpr std::uint32_t ControlKey = 0x1000;
-} // namespace hotkey
-
 // System-wide key combinations. Main thread only.
 class HotKeys {
 public:
@@ -31,7 +25,8 @@ public:
     // answers true has handled the press and ends the search. Handlers are never removed.
     virtual void installPressedHandler(std::function<bool()> handler) = 0;
 
-    // keyCode is the system's own virtual key code (49 is the space bar), by position on the keyboard. On success the
+    // keyCode is the system's own virtual key code (49 is the space bar), by position on the keyboard; modifiers are
+    // bits of hotkey::. On success the
     // registration's name is stored in reference. When the desktop refuses the combination, false is answered and
     // reference is left as it is; the back end reports the refusal once.
     virtual bool registerHotKey(

@@ -1,20 +1,12 @@
 #include "triggers/HotKeyModifiers.h"
 
-#include "platform/HotKeys.h"
+#include "platform/ModifierFlags.h"
 
 namespace tarragon {
 
 std::uint32_t carbonModifiersFromCocoaFlags(std::int64_t flags) {
-    std::uint32_t modifiers = 0;
-    if (flags & 0x40000)
-        modifiers |= hotkey::ControlKey;
-    if (flags & 0x100000)
-        modifiers |= hotkey::CommandKey;
-    if (flags & 0x20000)
-        modifiers |= hotkey::ShiftKey;
-    if (flags & 0x80000)
-        modifiers |= hotkey::OptionKey;
-    return modifiers;
+    // The Function key is no modifier of a hot key.
+    return cocoaToCarbonFlags(static_cast<std::uint32_t>(flags)) & ~cocoa::FunctionKeyMask;
 }
 
 } // namespace tarragon
