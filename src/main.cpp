@@ -7,6 +7,7 @@
 #include "panels/MessagePanels.h"
 #include "platform/linux/AutostartLoginItemList.h"
 #include "platform/linux/DesktopEntries.h"
+#include "platform/linux/DesktopShortcutsSession.h"
 #include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/PropertyListDefaults.h"
 #include "platform/linux/RunningInstance.h"
@@ -16,6 +17,7 @@
 #include "platform/linux/X11MenuKeyboard.h"
 #include "platform/linux/X11Windows.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/XkbKeyboard.h"
 #include "platform/qt/QtDisplays.h"
 #include "platform/qt/QtNativeEvents.h"
 #include "platform/qt/QtRunLoop.h"
@@ -43,6 +45,10 @@ public:
         , _accessibility(_windows, _desktopEntries)
         , _workspace(*_connection, _windows, _desktopEntries, _runLoop)
         , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
+        , _keyboard(
+              _connection->connectAnother(), _runLoop,
+              [this](auto keyCode, auto modifiers) { return _hotKeys.isOwnCombination(keyCode, modifiers); },
+              [this] { return DesktopShortcutsSession::current(*_connection).readShortcuts(); })
         , _settingsFile(PropertyListDefaults::fileOfUser())
         , _defaults(_runLoop, _settingsFile)
         , _menuKeyboard(static_cast<xcb_connection_t*>(qtX11Connection()))
@@ -53,8 +59,8 @@ public:
               [this](void* event) { return _menuKeyboard.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
 
     Platform platform() {
-        return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter, &_loginItems,
-            QApplication::applicationFilePath().toStdString()};
+        return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter, &_keyboard,
+            &_loginItems, QApplication::applicationFilePath().toStdString()};
     }
     QtRunLoop& runLoop() { return _runLoop; }
     LinuxAccessibility& accessibility() { return _accessibility; }
@@ -76,6 +82,7 @@ private:
     LinuxAccessibility _accessibility;
     X11Workspace _workspace;
     X11HotKeys _hotKeys;
+    XkbKeyboard _keyboard;
     std::filesystem::path _settingsFile;
     PropertyListDefaults _defaults;
     AutostartLoginItemList _loginItems;

@@ -4,6 +4,7 @@
 #include "platform/Defaults.h"
 #include "platform/Displays.h"
 #include "platform/HotKeys.h"
+#include "platform/Keyboard.h"
 #include "platform/LoginItemList.h"
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
@@ -23,6 +24,7 @@ struct Platform {
     Defaults& defaults;
     RunLoop& runLoop;
     NotificationCenter& notificationCenter;
+    Keyboard* keyboard = nullptr; // nullptr where the desktop tells nothing of it
     LoginItemList* loginItemList = nullptr; // nullptr where the desktop has none
     std::string bundlePath = {}; // of the running program
 };

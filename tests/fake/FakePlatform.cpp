@@ -5,7 +5,7 @@ namespace tarragon {
 FakePlatform::FakePlatform() = default;
 
 Platform FakePlatform::platform() {
-    return {accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter};
+    return {accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter, &keyboard};
 }
 
 FakeApplication FakePlatform::addApplication(const std::string& name) {

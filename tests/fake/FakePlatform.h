@@ -5,6 +5,7 @@
 #include "fake/FakeDefaults.h"
 #include "fake/FakeDisplays.h"
 #include "fake/FakeHotKeys.h"
+#include "fake/FakeKeyboard.h"
 #include "fake/FakeMenuPresenter.h"
 #include "fake/FakeRunLoop.h"
 #include "fake/FakeWorkspace.h"
@@ -42,6 +43,7 @@ public:
     FakeWorkspace workspace;
     FakeDisplays displays;
     FakeHotKeys hotKeys;
+    FakeKeyboard keyboard;
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;

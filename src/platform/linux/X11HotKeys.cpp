@@ -34,31 +34,7 @@ X11HotKeys::X11HotKeys(xcb_connection_t* connection, std::uint32_t rootWindow, R
     , _rootWindow(rootWindow)
     , _runLoop(runLoop)
     , _firstKeyboardEvent(firstKeyboardEvent(connection))
-    , _modifiers(modifiersOfMapping(requestMapping())) { }
-
-X11KeyboardMapping X11HotKeys::requestMapping() const {
-    const xcb_setup_t* setup = xcb_get_setup(_connection);
-    const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
-    const xcb_get_modifier_mapping_cookie_t modifierCookie = xcb_get_modifier_mapping(_connection);
-    const xcb_get_keyboard_mapping_cookie_t symbolCookie =
-        xcb_get_keyboard_mapping(_connection, setup->min_keycode, count);
-    const X11Reply<xcb_get_modifier_mapping_reply_t> modifiers(
-        xcb_get_modifier_mapping_reply(_connection, modifierCookie, nullptr));
-    const X11Reply<xcb_get_keyboard_mapping_reply_t> symbols(
-        xcb_get_keyboard_mapping_reply(_connection, symbolCookie, nullptr));
-    X11KeyboardMapping mapping;
-    if (!modifiers || !symbols)
-        return mapping;
-
-    const xcb_keycode_t* keyCodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    mapping.keyCodesPerModifier = modifiers->keycodes_per_modifier;
-    mapping.modifierKeyCodes.assign(keyCodes, keyCodes + xcb_get_modifier_mapping_keycodes_length(modifiers.get()));
-    const xcb_keysym_t* firstSymbol = xcb_get_keyboard_mapping_keysyms(symbols.get());
-    mapping.firstKeyCode = setup->min_keycode;
-    mapping.symbolsPerKeyCode = symbols->keysyms_per_keycode;
-    mapping.symbols.assign(firstSymbol, firstSymbol + xcb_get_keyboard_mapping_keysyms_length(symbols.get()));
-    return mapping;
-}
+    , _modifiers(modifiersOfMapping(requestKeyboardMapping(_connection))) { }
 
 void X11HotKeys::installPressedHandler(std::function<bool()> handler) {
     _handlers.push_back(std::move(handler));
@@ -90,7 +66,7 @@ bool X11HotKeys::unregisterHotKey(HotKeyReference reference) {
 
 // With every combination of the locks, because a grab holds for exactly the modifiers that it names. Waits for the
 // server's answers; one refusal undoes the rest.
-bool X11HotKeys::grab(const Combination& combination) const {
+bool X11HotKeys::grab(const Combination& combination) {
     const std::uint8_t keyCode = x11KeyCode(combination.keyCode);
     if (keyCode == 0)
         return false;
@@ -108,17 +84,24 @@ bool X11HotKeys::grab(const Combination& combination) const {
         isGranted &= !error;
     }
     isGranted &= xcb_connection_has_error(_connection) == 0;
-    if (!isGranted && !isRegistered(combination))
+    if (isGranted)
+        _granted.insert(combination);
+    else if (!_granted.contains(combination))
         ungrab(combination);
     return isGranted;
 }
 
-void X11HotKeys::ungrab(const Combination& combination) const {
+void X11HotKeys::ungrab(const Combination& combination) {
+    _granted.erase(combination);
     for (const std::uint16_t locks : _modifiers.lockCombinations) {
         const auto state = static_cast<std::uint16_t>(_modifiers.bitsOfHotKey(combination.modifiers) | locks);
         xcb_ungrab_key(_connection, x11KeyCode(combination.keyCode), _rootWindow, state);
     }
     xcb_flush(_connection);
+}
+
+bool X11HotKeys::isOwnCombination(std::uint32_t keyCode, std::uint32_t modifiers) const {
+    return _granted.contains({keyCode, modifiers});
 }
 
 bool X11HotKeys::isRegistered(const Combination& combination) const {
@@ -164,7 +147,7 @@ bool X11HotKeys::handleEvent(const xcb_generic_event_t* event) {
 
 // Grabs go by key code and modifier bits. The key codes stay where they are when the layout changes; the bits may not.
 void X11HotKeys::takeOverMapping() {
-    X11Modifiers modifiers = modifiersOfMapping(requestMapping());
+    X11Modifiers modifiers = modifiersOfMapping(requestKeyboardMapping(_connection));
     if (modifiers == _modifiers)
         return;
     std::set<Combination> combinations;

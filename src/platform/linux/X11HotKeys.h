@@ -33,6 +33,9 @@ public:
     bool unregisterHotKey(HotKeyReference reference) override;
     bool isRefused() const override { return _isRefused; }
 
+    // True while the combination, bits of hotkey::, is registered here and granted by the server: nobody else has it.
+    bool isOwnCombination(std::uint32_t keyCode, std::uint32_t modifiers) const;
+
     // To be called with every event of the connection before the toolkit sees it. True when the event was a press of a
     // hot key, or its repetition while held, and nobody else is to see it. The handlers are called later, from the run
     // loop.
@@ -48,9 +51,8 @@ private:
         }
     };
 
-    X11KeyboardMapping requestMapping() const;
-    bool grab(const Combination& combination) const;
-    void ungrab(const Combination& combination) const;
+    bool grab(const Combination& combination);
+    void ungrab(const Combination& combination);
     bool isRegistered(const Combination& combination) const;
     bool isHotKey(std::uint8_t x11KeyCode, std::uint16_t state) const;
     void takeOverMapping();
@@ -64,6 +66,7 @@ private:
     X11Modifiers _modifiers;
     X11KeyRepeat _keyRepeat;
     std::map<HotKeyReference, Combination> _registrations;
+    std::set<Combination> _granted; // a registered one may be lost with a new keyboard mapping
     HotKeyReference _lastReference = 0;
     std::vector<std::function<bool()>> _handlers;
     std::set<Combination> _reported; // refusals that were told already

@@ -1,21 +1,12 @@
 #pragma once
 
+#include "platform/linux/X11KeyboardMapping.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tarragon {
-
-// The core protocol's account of the keyboard.
-struct X11KeyboardMapping {
-    // The key codes of Shift, Lock, Control and Mod1 to Mod5, in this order; 0 stands for none.
-    std::vector<std::uint8_t> modifierKeyCodes;
-    std::uint8_t keyCodesPerModifier = 0;
-    // The key symbols of every key code from the first one on.
-    std::uint8_t firstKeyCode = 0;
-    std::uint8_t symbolsPerKeyCode = 0;
-    std::vector<std::uint32_t> symbols;
-};
 
 // The bits of a key event's state that stand for the modifiers. Shift and Control have theirs for good; which bits the
 // others have is up to the keyboard mapping.

@@ -1,7 +1,9 @@
 #include "platform/linux/XkbKeyboard.h"
 
+#include "platform/RunLoop.h"
 #include "platform/linux/KeyCodes.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11Modifiers.h"
 #include "platform/linux/X11Reply.h"
 #include "platform/linux/XkbGrabbedKeys.h"
 
@@ -35,17 +37,26 @@ void selectChanges(xcb_connection_t* connection) {
 
 } // namespace
 
-XkbKeyboard::XkbKeyboard(
-    std::unique_ptr<X11Connection> connection, IsOwnCombination isOwnCombination, ReadSettings readSettings)
+XkbKeyboard::XkbKeyboard(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, IsOwnCombination isOwnCombination,
+    ReadSettings readSettings)
     : _connection(std::move(connection))
     , _isOwnCombination(std::move(isOwnCombination))
     , _readSettings(std::move(readSettings))
-    , _hasExtension(setUpExtension(_connection->get())) {
-    if (_hasExtension)
-        selectChanges(_connection->get());
+    , _hasExtension(_connection && setUpExtension(_connection->get())) {
+    if (!_hasExtension)
+        return;
+    selectChanges(_connection->get());
+    // Whoever asks for the layout takes the events first. The run loop takes them for as long as nobody asks: what
+    // nobody takes piles up.
+    runLoop.watchDescriptor(_connection->descriptor(), [this] { takeEvents(); });
 }
 
 XkbKeyboard::~XkbKeyboard() = default;
+
+void XkbKeyboard::takeEvents() {
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_connection->get())})
+        _layout.reset();
+}
 
 const XkbLayout* XkbKeyboard::currentLayout() {
     if (!_hasExtension)
@@ -56,10 +67,8 @@ const XkbLayout* XkbKeyboard::currentLayout() {
     if (!state)
         return nullptr;
     // Whatever changed before the reply was sent has been told by now.
-    bool hasChanged = !_layout || state->group != _layoutNumber;
-    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection)})
-        hasChanged = true;
-    if (hasChanged) {
+    takeEvents();
+    if (!_layout || state->group != _layoutNumber) {
         _layoutNumber = state->group;
         _layout = XkbLayout::ofServer(connection, _layoutNumber);
     }
@@ -76,8 +85,9 @@ std::optional<std::vector<SymbolicHotKey>> XkbKeyboard::copySymbolicHotKeys() {
     const XkbLayout* layout = currentLayout();
     if (!layout)
         return std::nullopt;
+    const X11Modifiers modifiers = modifiersOfMapping(requestKeyboardMapping(_connection->get()));
     std::optional<std::vector<SymbolicHotKey>> hotKeys =
-        keysGrabbedByOthers(_connection->get(), _connection->rootWindow(), *layout);
+        keysGrabbedByOthers(_connection->get(), _connection->rootWindow(), modifiers);
     if (!hotKeys)
         return std::nullopt;
     for (const DesktopShortcut& shortcut : _readSettings ? _readSettings() : std::vector<DesktopShortcut>()) {

@@ -13,6 +13,7 @@
 
 namespace tarragon {
 
+class RunLoop;
 class X11Connection;
 
 // The keyboard of an X server, in the layout that is switched on there.
@@ -28,9 +29,10 @@ public:
     // Reads the combinations of the desktop's settings.
     using ReadSettings = std::function<std::vector<DesktopShortcut>()>;
 
-    // The connection is the keyboard's alone: nobody else takes its events.
-    XkbKeyboard(
-        std::unique_ptr<X11Connection> connection, IsOwnCombination isOwnCombination, ReadSettings readSettings);
+    // The connection is the keyboard's alone: nobody else takes its events. nullptr for a server that does not answer.
+    // The run loop outlives the keyboard.
+    XkbKeyboard(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, IsOwnCombination isOwnCombination,
+        ReadSettings readSettings);
     ~XkbKeyboard() override;
 
     std::optional<std::string> translateKeyCode(std::uint16_t keyCode) override;
@@ -39,6 +41,8 @@ public:
 private:
     // The layout that is switched on now; nothing when the server does not tell.
     const XkbLayout* currentLayout();
+    // Events of the connection are about other keys or other layouts: the layout is to be read anew.
+    void takeEvents();
 
     std::unique_ptr<X11Connection> _connection;
     IsOwnCombination _isOwnCombination;

@@ -114,14 +114,4 @@ std::optional<std::uint8_t> XkbLayout::keyOfSymbol(const std::string& name) cons
     return std::nullopt;
 }
 
-std::uint16_t XkbLayout::modifierBitsOfSymbol(const std::string& name) const {
-    constexpr xkb_mod_mask_t CoreModifiers = 0xFF;
-    const std::optional<std::uint8_t> keyCode = keyOfSymbol(name);
-    const std::shared_ptr<xkb_state> state = newState(_keymap.get(), 0, _layoutNumber);
-    if (!keyCode || !state)
-        return 0;
-    xkb_state_update_key(state.get(), *keyCode, XKB_KEY_DOWN);
-    return static_cast<std::uint16_t>(xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_DEPRESSED) & CoreModifiers);
-}
-
 } // namespace tarragon

@@ -26,8 +26,6 @@ public:
     std::optional<std::string> textOfKey(std::uint8_t keyCode) const;
     // The key that gives the symbol of that name ("F4", "Delete", "t") without modifiers, whatever its case.
     std::optional<std::uint8_t> keyOfSymbol(const std::string& name) const;
-    // The bits of the core protocol's key state that are set while the modifier key of that name ("Alt_L") is held.
-    std::uint16_t modifierBitsOfSymbol(const std::string& name) const;
 
 private:
     using Keymap = std::shared_ptr<xkb_keymap>;

@@ -1,9 +1,11 @@
 #include "platform/linux/XkbKeyboard.h"
 
 #include "XkbServer.h"
+#include "fake/FakeRunLoop.h"
 #include "platform/HotKeys.h"
 #include "platform/linux/KeyCodes.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Reply.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +15,7 @@
 #include <string>
 
 #include <xcb/xcb.h>
+#include <xcb/xinput.h>
 // A field in this header is called like a keyword of C++.
 #define explicit explicitFields // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
@@ -51,13 +54,26 @@ protected:
     std::unique_ptr<XkbKeyboard> keyboard(
         XkbKeyboard::IsOwnCombination isOwn = {}, XkbKeyboard::ReadSettings read = {}) {
         return std::make_unique<XkbKeyboard>(
-            X11Connection::connect(server->displayName()), std::move(isOwn), std::move(read));
+            X11Connection::connect(server->displayName()), runLoop, std::move(isOwn), std::move(read));
     }
     bool grab(std::uint32_t keyCode, std::uint16_t modifiers) {
         const X11Reply<xcb_generic_error_t> error(xcb_request_check(otherProgram->get(),
             xcb_grab_key_checked(otherProgram->get(), 0, otherProgram->rootWindow(), modifiers, x11KeyCode(keyCode),
                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
         return !error;
+    }
+
+    bool grabThroughInputExtension(std::uint32_t keyCode, xcb_input_device_id_t device, std::uint32_t modifiers) {
+        xcb_connection_t* connection = otherProgram->get();
+        std::free(xcb_input_xi_query_version_reply(connection, xcb_input_xi_query_version(connection, 2, 0), nullptr));
+        const std::uint32_t events = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS;
+        const X11Reply<xcb_input_xi_passive_grab_device_reply_t> reply(xcb_input_xi_passive_grab_device_reply(
+            connection,
+            xcb_input_xi_passive_grab_device(connection, XCB_CURRENT_TIME, otherProgram->rootWindow(), XCB_CURSOR_NONE,
+                x11KeyCode(keyCode), device, 1, 1, XCB_INPUT_GRAB_TYPE_KEYCODE, XCB_INPUT_GRAB_MODE_22_ASYNC,
+                XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER, &events, &modifiers),
+            nullptr));
+        return reply && reply->num_modifiers == 0;
     }
 
     void lockLayout(std::uint8_t number) {
@@ -69,6 +85,7 @@ protected:
     }
 
     static std::unique_ptr<XkbServer> server;
+    FakeRunLoop runLoop;
     std::unique_ptr<X11Connection> otherProgram;
 };
 
@@ -114,6 +131,18 @@ TEST_F(XkbKeyboardTest, KnowsTheCombinationsThatOthersHaveGrabbed) {
             SymbolicHotKey{true, 122, 0})));
 }
 
+// Window managers of one family grab keys in this way, which is no obstacle to grabs of the other.
+TEST_F(XkbKeyboardTest, KnowsTheCombinationsThatOthersHaveGrabbedThroughTheInputExtension) {
+    constexpr xcb_input_device_id_t CoreKeyboard = 3;
+    ASSERT_TRUE(grabThroughInputExtension(F4, CoreKeyboard, XCB_MOD_MASK_1));
+    ASSERT_TRUE(grabThroughInputExtension(Space, XCB_INPUT_DEVICE_ALL_MASTER, XCB_MOD_MASK_4));
+    ASSERT_TRUE(grab(Space, XCB_MOD_MASK_4));
+    EXPECT_THAT(keyboard()->copySymbolicHotKeys(),
+        Optional(UnorderedElementsAre(SymbolicHotKey{true, F4, OptionKey}, SymbolicHotKey{true, Space, ControlKey})));
+    ASSERT_TRUE(grabThroughInputExtension(Y, CoreKeyboard, XCB_INPUT_MODIFIER_MASK_ANY));
+    EXPECT_THAT(keyboard()->copySymbolicHotKeys(), Optional(testing::SizeIs(18)));
+}
+
 TEST_F(XkbKeyboardTest, LeavesTheCombinationsThatItTried) {
     EXPECT_THAT(keyboard()->copySymbolicHotKeys(), Optional(IsEmpty()));
     const auto keys = keyboard();
@@ -121,6 +150,7 @@ TEST_F(XkbKeyboardTest, LeavesTheCombinationsThatItTried) {
     EXPECT_TRUE(grab(Space, XCB_MOD_MASK_1));
     EXPECT_TRUE(grab(F4, XCB_MOD_MASK_ANY));
     EXPECT_TRUE(grab(F4, XCB_MOD_MASK_1));
+    EXPECT_TRUE(grabThroughInputExtension(Y, XCB_INPUT_DEVICE_ALL_MASTER, XCB_INPUT_MODIFIER_MASK_ANY));
 }
 
 TEST_F(XkbKeyboardTest, DoesNotCountWhatThisProgramHasGrabbed) {
@@ -148,12 +178,46 @@ TEST_F(XkbKeyboardTest, KnowsTheCombinationsOfTheDesktopsSettingsByTheLayout) {
 
 TEST_F(XkbKeyboardTest, TellsNothingOnceTheServerHasGone) {
     auto dying = std::make_unique<XkbServer>();
-    XkbKeyboard keys(X11Connection::connect(dying->displayName()), {}, {});
+    XkbKeyboard keys(X11Connection::connect(dying->displayName()), runLoop, {}, {});
     EXPECT_TRUE(keys.translateKeyCode(Y));
     EXPECT_TRUE(keys.copySymbolicHotKeys());
     dying.reset();
     EXPECT_EQ(keys.translateKeyCode(Y), std::nullopt);
     EXPECT_EQ(keys.copySymbolicHotKeys(), std::nullopt);
+}
+
+TEST_F(XkbKeyboardTest, TellsNothingWithoutAServer) {
+    XkbKeyboard keys(nullptr, runLoop, {}, {});
+    EXPECT_EQ(keys.translateKeyCode(Y), std::nullopt);
+    EXPECT_EQ(keys.copySymbolicHotKeys(), std::nullopt);
+}
+
+TEST_F(XkbKeyboardTest, TakesTheEventsThatNobodyElseTakes) {
+    std::unique_ptr<X11Connection> connection = X11Connection::connect(server->displayName());
+    xcb_connection_t* events = connection->get();
+    XkbKeyboard keys(std::move(connection), runLoop, {}, {});
+    EXPECT_THAT(keys.translateKeyCode(Y), Optional(std::string("y")));
+    ASSERT_TRUE(server->run("setxkbmap de"));
+    // The server has sent them before it answers, and the answer brings them here.
+    std::free(xcb_get_input_focus_reply(events, xcb_get_input_focus(events), nullptr));
+    runLoop.signalDescriptor(xcb_get_file_descriptor(events));
+    const X11Reply<xcb_generic_event_t> left(xcb_poll_for_queued_event(events));
+    EXPECT_FALSE(left);
+    EXPECT_THAT(keys.translateKeyCode(Y), Optional(std::string("z")));
+}
+
+TEST_F(XkbKeyboardTest, DoesNotCountTheHotKeyOfThisProgramWhileItHasIt) {
+    X11HotKeys hotKeys(otherProgram->get(), otherProgram->rootWindow(), runLoop);
+    const auto keys = keyboard([&hotKeys](std::uint32_t keyCode, std::uint32_t modifiers) {
+        return hotKeys.isOwnCombination(keyCode, modifiers);
+    });
+    HotKeyReference reference = 0;
+    ASSERT_TRUE(hotKeys.registerHotKey(Space, OptionKey, {}, reference));
+    ASSERT_TRUE(grab(F4, XCB_MOD_MASK_1));
+    EXPECT_THAT(keys->copySymbolicHotKeys(), Optional(UnorderedElementsAre(SymbolicHotKey{true, F4, OptionKey})));
+    ASSERT_TRUE(hotKeys.unregisterHotKey(reference));
+    ASSERT_TRUE(grab(Space, XCB_MOD_MASK_1));
+    EXPECT_THAT(keys->copySymbolicHotKeys(), Optional(Contains(SymbolicHotKey{true, Space, OptionKey})));
 }
 
 } // namespace

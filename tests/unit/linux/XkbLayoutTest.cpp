@@ -135,16 +135,5 @@ TEST(XkbLayout, FindsAKeyByTheNameOfItsSymbol) {
     EXPECT_EQ(us->keyOfSymbol(""), std::nullopt);
 }
 
-TEST(XkbLayout, KnowsTheBitsOfItsModifiers) {
-    const std::optional<XkbLayout> layout = XkbLayout::named("us");
-    ASSERT_TRUE(layout);
-    EXPECT_EQ(layout->modifierBitsOfSymbol("Shift_L"), 0x01);
-    EXPECT_EQ(layout->modifierBitsOfSymbol("Control_L"), 0x04);
-    EXPECT_EQ(layout->modifierBitsOfSymbol("Alt_L"), 0x08);
-    EXPECT_EQ(layout->modifierBitsOfSymbol("Super_L"), 0x40);
-    EXPECT_EQ(layout->modifierBitsOfSymbol("a"), 0);
-    EXPECT_EQ(layout->modifierBitsOfSymbol("no such key"), 0);
-}
-
 } // namespace
 } // namespace tarragon
