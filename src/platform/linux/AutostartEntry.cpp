@@ -1,9 +1,8 @@
 #include "platform/linux/AutostartEntry.h"
 
-#include "platform/linux/DesktopEntryFile.h"
+#include "platform/linux/DesktopEntryKeys.h"
 
 #include <algorithm>
-#include <map>
 
 namespace tarragon {
 
@@ -13,59 +12,6 @@ namespace {
 constexpr std::string_view OursKey = "X-Tarragon-LoginItem";
 constexpr std::string_view StartsHiddenKey = "X-Tarragon-Hide";
 constexpr std::string_view EnabledKey = "X-GNOME-Autostart-enabled";
-
-using Keys = std::map<std::string_view, std::string_view>;
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view Blanks = " \t\r";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
-// The keys of the group "Desktop Entry" with their values as they stand in the file; nothing without that group.
-std::optional<Keys> mainGroup(std::string_view text) {
-    Keys keys;
-    bool isInGroup = false;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.starts_with('[')) {
-            if (isInGroup)
-                return keys;
-            isInGroup = line == "[Desktop Entry]";
-            continue;
-        }
-        const std::size_t equals = line.find('=');
-        if (isInGroup && !line.starts_with('#') && equals != std::string_view::npos)
-            keys.emplace(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
-    }
-    return isInGroup ? std::optional(keys) : std::nullopt;
-}
-
-std::string_view rawValue(const Keys& keys, std::string_view key) {
-    const auto found = keys.find(key);
-    return found == keys.end() ? std::string_view() : found->second;
-}
-
-// A string of the file with its escapes resolved.
-std::string unescaped(std::string_view text) {
-    static const std::map<char, char> Escapes{{'s', ' '}, {'n', '\n'}, {'t', '\t'}, {'r', '\r'}, {'\\', '\\'}};
-    std::string result;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const auto escape =
-            text[index] == '\\' && index + 1 < text.size() ? Escapes.find(text[index + 1]) : Escapes.end();
-        if (escape == Escapes.end()) {
-            result += text[index];
-        } else {
-            result += escape->second;
-            ++index;
-        }
-    }
-    return result;
-}
 
 std::string escaped(std::string_view text) {
     std::string result;
@@ -98,15 +44,15 @@ std::vector<std::string> listOf(std::string_view value) {
     std::vector<std::string> elements;
     while (!value.empty()) {
         const std::size_t end = std::min(value.find(';'), value.size());
-        if (const std::string_view element = trimmed(value.substr(0, end)); !element.empty())
+        if (const std::string_view element = withoutBlanks(value.substr(0, end)); !element.empty())
             elements.emplace_back(element);
         value.remove_prefix(std::min(end + 1, value.size()));
     }
     return elements;
 }
 
-bool haveCommonElement(const std::vector<std::string>& first, const std::vector<std::string>& second) {
-    return std::find_first_of(first.begin(), first.end(), second.begin(), second.end()) != first.end();
+bool holds(const std::vector<std::string>& elements, const std::string& element) {
+    return std::find(elements.begin(), elements.end(), element) != elements.end();
 }
 
 void appendKey(std::string& text, std::string_view key, std::string_view value) {
@@ -116,26 +62,21 @@ void appendKey(std::string& text, std::string_view key, std::string_view value) 
 } // namespace
 
 std::optional<AutostartEntry> AutostartEntry::parse(std::string_view text, const std::vector<std::string>& languages) {
-    const std::optional<Keys> keys = mainGroup(text);
+    const std::optional<DesktopEntryKeys> keys = DesktopEntryKeys::parse(text);
     if (!keys)
         return std::nullopt;
     AutostartEntry entry;
-    entry.isDeleted = rawValue(*keys, "Hidden") == "true";
-    if (rawValue(*keys, "Type") != "Application" && !entry.isDeleted)
+    entry.isDeleted = keys->isTrue("Hidden");
+    if (keys->raw("Type") != "Application" && !entry.isDeleted)
         return std::nullopt;
-    for (const std::string& language : languages) {
-        if (entry.name.empty())
-            entry.name = unescaped(rawValue(*keys, "Name[" + language + "]"));
-    }
-    if (entry.name.empty())
-        entry.name = unescaped(rawValue(*keys, "Name"));
-    entry.commandLine = rawValue(*keys, "Exec");
-    entry.tryExecutable = unescaped(rawValue(*keys, "TryExec"));
-    entry.onlyShowIn = listOf(rawValue(*keys, "OnlyShowIn"));
-    entry.notShowIn = listOf(rawValue(*keys, "NotShowIn"));
-    entry.isEnabled = rawValue(*keys, EnabledKey) != "false";
-    entry.isOurs = rawValue(*keys, OursKey) == "true";
-    entry.startsHidden = rawValue(*keys, StartsHiddenKey) == "true";
+    entry.name = keys->localizedString("Name", languages);
+    entry.commandLine = keys->raw("Exec");
+    entry.tryExecutable = keys->string("TryExec");
+    entry.onlyShowIn = listOf(keys->raw("OnlyShowIn"));
+    entry.notShowIn = listOf(keys->raw("NotShowIn"));
+    entry.isEnabled = keys->raw(EnabledKey) != "false";
+    entry.isOurs = keys->isTrue(OursKey);
+    entry.startsHidden = keys->isTrue(StartsHiddenKey);
     return entry;
 }
 
@@ -158,7 +99,7 @@ std::string AutostartEntry::text() const {
 std::string AutostartEntry::executable() const {
     std::string word;
     bool isQuoted = false;
-    const std::string line = unescaped(commandLine);
+    const std::string line = withoutEscapes(commandLine);
     for (std::size_t index = 0; index < line.size(); ++index) {
         const char character = line[index];
         const bool hasNext = index + 1 < line.size();
@@ -175,9 +116,14 @@ std::string AutostartEntry::executable() const {
 }
 
 bool AutostartEntry::isShownIn(const std::vector<std::string>& desktops) const {
-    if (!onlyShowIn.empty())
-        return haveCommonElement(onlyShowIn, desktops);
-    return !haveCommonElement(notShowIn, desktops);
+    // The first name of the desktop that the entry mentions decides.
+    for (const std::string& desktop : desktops) {
+        if (holds(onlyShowIn, desktop))
+            return true;
+        if (holds(notShowIn, desktop))
+            return false;
+    }
+    return onlyShowIn.empty();
 }
 
 std::string autostartCommandLine(const std::string& path) {

@@ -2,12 +2,12 @@
 
 #include "platform/linux/DesktopEntryFile.h"
 #include "platform/linux/DesktopProcess.h"
+#include "platform/linux/SessionEnvironment.h"
 #include "platform/linux/X11Windows.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -25,53 +25,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string environmentVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
-
-std::vector<std::string> splitAtColons(const std::string& text) {
-    std::vector<std::string> parts;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find(':', start), text.size());
-        if (end > start)
-            parts.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return parts;
-}
-
-// The folders of the base directory specification; relative paths are invalid there and passed over.
 std::vector<fs::path> applicationFolders() {
-    std::vector<std::string> dataFolders = splitAtColons(environmentVariable("XDG_DATA_DIRS"));
-    if (dataFolders.empty())
-        dataFolders = {"/usr/local/share", "/usr/share"};
-    std::string home = environmentVariable("XDG_DATA_HOME");
-    if (home.empty() && !environmentVariable("HOME").empty())
-        home = environmentVariable("HOME") + "/.local/share";
-    dataFolders.insert(dataFolders.begin(), home);
-
-    std::vector<fs::path> folders;
-    for (const fs::path folder : dataFolders) {
-        if (folder.is_absolute())
-            folders.push_back(folder / "applications");
-    }
+    std::vector<fs::path> folders = dataFolders();
+    for (fs::path& folder : folders)
+        folder /= "applications";
     return folders;
-}
-
-// The user's languages, most wanted first. LANGUAGE counts only beside a locale that is not the plain one.
-std::vector<std::string> sessionLocales() {
-    std::string locale;
-    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        locale = environmentVariable(name);
-        if (!locale.empty())
-            break;
-    }
-    if (desktopLanguages({locale}).empty())
-        return {};
-    std::vector<std::string> locales = splitAtColons(environmentVariable("LANGUAGE"));
-    locales.push_back(locale);
-    return locales;
 }
 
 std::string identifierOfFile(const fs::path& file, const fs::path& folder) {

@@ -1,75 +1,15 @@
 #include "platform/linux/DesktopEntryFile.h"
 
+#include "platform/linux/DesktopEntryKeys.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <map>
 #include <utility>
 
 namespace tarragon {
 
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view Blanks = " \t\r";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
-std::string unescaped(std::string_view text) {
-    std::string result;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        if (text[index] != '\\' || index + 1 == text.size()) {
-            result += text[index];
-            continue;
-        }
-        switch (text[++index]) {
-        case 's':
-            result += ' ';
-            break;
-        case 'n':
-            result += '\n';
-            break;
-        case 't':
-            result += '\t';
-            break;
-        case 'r':
-            result += '\r';
-            break;
-        case '\\':
-            result += '\\';
-            break;
-        default:
-            // Backslashes of the command line's own quoting.
-            result += '\\';
-            result += text[index];
-        }
-    }
-    return result;
-}
-
-// The keys of the group "Desktop Entry" with their values as they stand in the file.
-std::map<std::string_view, std::string_view> mainGroup(std::string_view text) {
-    std::map<std::string_view, std::string_view> keys;
-    bool isInGroup = false;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.starts_with('[')) {
-            if (isInGroup)
-                break;
-            isInGroup = line == "[Desktop Entry]";
-            continue;
-        }
-        const std::size_t equals = line.find('=');
-        if (isInGroup && !line.starts_with('#') && equals != std::string_view::npos)
-            keys.emplace(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
-    }
-    return keys;
-}
 
 // Splits a command line into words; double quotes hold words together and a backslash within them takes the next
 // character as it stands.
@@ -107,25 +47,17 @@ std::string baseName(const std::string& path) {
 
 std::optional<DesktopEntryFile> DesktopEntryFile::parse(
     std::string_view text, const std::vector<std::string>& languages) {
-    const auto keys = mainGroup(text);
-    const auto valueOf = [&](const std::string& key) {
-        const auto found = keys.find(key);
-        return found == keys.end() ? std::string() : unescaped(found->second);
-    };
-    DesktopEntryFile entry;
-    entry.isDeleted = valueOf("Hidden") == "true";
-    if (valueOf("Type") != "Application" && !entry.isDeleted)
+    const std::optional<DesktopEntryKeys> keys = DesktopEntryKeys::parse(text);
+    if (!keys)
         return std::nullopt;
-    entry.isDisplayed = valueOf("NoDisplay") != "true";
-    entry.startupWindowClass = valueOf("StartupWMClass");
-    entry.executable = executableOfCommandLine(valueOf("Exec"));
-    for (const std::string& language : languages) {
-        if (!entry.name.empty())
-            break;
-        entry.name = valueOf("Name[" + language + "]");
-    }
-    if (entry.name.empty())
-        entry.name = valueOf("Name");
+    DesktopEntryFile entry;
+    entry.isDeleted = keys->isTrue("Hidden");
+    if (keys->string("Type") != "Application" && !entry.isDeleted)
+        return std::nullopt;
+    entry.isDisplayed = !keys->isTrue("NoDisplay");
+    entry.startupWindowClass = keys->string("StartupWMClass");
+    entry.executable = executableOfCommandLine(keys->string("Exec"));
+    entry.name = keys->localizedString("Name", languages);
     return entry;
 }
 

@@ -1,11 +1,11 @@
 #include "platform/linux/PropertyListDefaults.h"
 
 #include "platform/RunLoop.h"
+#include "platform/linux/SessionEnvironment.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <iostream>
 #include <set>
 #include <sys/inotify.h>
@@ -31,12 +31,6 @@ std::optional<DefaultsValue> valueIn(const PropertyListValues& values, std::stri
     return found == values.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::filesystem::path absolutePathInEnvironment(const char* name) {
-    const char* value = std::getenv(name);
-    const std::filesystem::path path = value ? value : "";
-    return path.is_absolute() ? path : std::filesystem::path();
-}
-
 } // namespace
 
 PropertyListDefaults::PropertyListDefaults(RunLoop& runLoop, const std::filesystem::path& file)
@@ -53,12 +47,7 @@ PropertyListDefaults::~PropertyListDefaults() {
 }
 
 std::filesystem::path PropertyListDefaults::fileOfUser() {
-    std::filesystem::path folder = absolutePathInEnvironment("XDG_CONFIG_HOME");
-    if (folder.empty()) {
-        folder = absolutePathInEnvironment("HOME");
-        if (!folder.empty())
-            folder /= ".config";
-    }
+    const std::filesystem::path folder = userConfigurationFolder();
     if (folder.empty()) {
         std::cerr << "tarragon: neither XDG_CONFIG_HOME nor HOME names a folder; settings are not kept\n";
         return {};

@@ -26,6 +26,15 @@ std::vector<fs::path> absolutePaths(std::string_view text) {
     return paths;
 }
 
+// The folder that the variable names, else the one of that name in the user's home; empty when there is neither.
+fs::path userFolder(const char* variable, const char* nameInHome) {
+    const fs::path folder = environmentVariable(variable);
+    if (folder.is_absolute())
+        return folder;
+    const fs::path home = environmentVariable("HOME");
+    return home.is_absolute() ? home / nameInHome : fs::path();
+}
+
 std::optional<std::string> contentsOfRegularFile(int descriptor) {
     constexpr std::size_t LargestSize = std::size_t{1} << 20U;
     struct stat status { };
@@ -66,7 +75,7 @@ std::vector<std::string> sessionDesktops() {
     return splitAtColons(environmentVariable("XDG_CURRENT_DESKTOP"));
 }
 
-std::vector<std::string> sessionLanguages() {
+std::vector<std::string> sessionLocales() {
     std::string locale;
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         if (locale.empty())
@@ -77,7 +86,11 @@ std::vector<std::string> sessionLanguages() {
         return {};
     std::vector<std::string> locales = splitAtColons(environmentVariable("LANGUAGE"));
     locales.push_back(locale);
-    return desktopLanguages(locales);
+    return locales;
+}
+
+std::vector<std::string> sessionLanguages() {
+    return desktopLanguages(sessionLocales());
 }
 
 std::vector<fs::path> programFolders() {
@@ -85,17 +98,22 @@ std::vector<fs::path> programFolders() {
 }
 
 fs::path userConfigurationFolder() {
-    fs::path configuration = environmentVariable("XDG_CONFIG_HOME");
-    if (configuration.is_absolute())
-        return configuration;
-    const fs::path home = environmentVariable("HOME");
-    return home.is_absolute() ? home / ".config" : fs::path();
+    return userFolder("XDG_CONFIG_HOME", ".config");
 }
 
 std::vector<fs::path> systemConfigurationFolders() {
     std::vector<fs::path> folders = absolutePaths(environmentVariable("XDG_CONFIG_DIRS"));
     if (folders.empty())
         folders.emplace_back("/etc/xdg");
+    return folders;
+}
+
+std::vector<fs::path> dataFolders() {
+    std::vector<fs::path> folders = absolutePaths(environmentVariable("XDG_DATA_DIRS"));
+    if (folders.empty())
+        folders = {"/usr/local/share", "/usr/share"};
+    if (const fs::path own = userFolder("XDG_DATA_HOME", ".local/share"); !own.empty())
+        folders.insert(folders.begin(), own);
     return folders;
 }
 

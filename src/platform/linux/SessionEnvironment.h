@@ -16,6 +16,8 @@ std::vector<std::string> splitAtColons(std::string_view text);
 
 // Names of the running desktop; a derived one names what it derives from as well.
 std::vector<std::string> sessionDesktops();
+// The user's locales ("de_DE.UTF-8"), most wanted first; none in the plain one.
+std::vector<std::string> sessionLocales();
 // As desktopLanguages gives them, most wanted first.
 std::vector<std::string> sessionLanguages();
 // Where programs without a path are looked for.
@@ -24,6 +26,9 @@ std::vector<std::filesystem::path> programFolders();
 std::filesystem::path userConfigurationFolder();
 // Folders of the settings that came with the system; the first one counts most.
 std::vector<std::filesystem::path> systemConfigurationFolders();
+
+// Folders of what programs bring along, the user's own first.
+std::vector<std::filesystem::path> dataFolders();
 
 // The text of a regular file of up to a megabyte. Anything else that stands under the name is not waited for, and gives
 // nothing.

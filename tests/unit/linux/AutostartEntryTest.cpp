@@ -135,5 +135,14 @@ TEST(AutostartEntry, IsShownInTheDesktopsThatItNames) {
     EXPECT_FALSE(entry.isShownIn({"XFCE", "KDE"}));
 }
 
+TEST(AutostartEntry, GoesByTheFirstNameOfTheDesktopThatItMentions) {
+    AutostartEntry entry;
+    entry.onlyShowIn = {"GNOME"};
+    entry.notShowIn = {"GNOME-Classic"};
+    EXPECT_FALSE(entry.isShownIn({"GNOME-Classic", "GNOME"}));
+    EXPECT_TRUE(entry.isShownIn({"GNOME", "GNOME-Classic"}));
+    EXPECT_TRUE(entry.isShownIn({"ubuntu", "GNOME"}));
+}
+
 } // namespace
 } // namespace tarragon
