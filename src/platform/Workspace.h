@@ -11,7 +11,7 @@ namespace tarragon {
 struct RunningApplication {
     std::string name; // for people, as the desktop's application menu calls it
     std::int64_t processIdentifier = 0;
-    std::string bundleIdentifier; // empty when the application has none
+    std::string bundleIdentifier; // tells the application apart from all others; empty when it has none
     std::string bundlePath; // empty when unknown
 };
 

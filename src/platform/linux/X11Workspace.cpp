@@ -51,6 +51,8 @@ RunningApplication X11Workspace::application(const X11WindowDescription& window)
     if (const auto entry = _entries.entryForWindow(window)) {
         application.bundleIdentifier = entry->identifier;
         application.bundlePath = entry->path;
+    } else {
+        application.bundleIdentifier = window.className;
     }
     return application;
 }
