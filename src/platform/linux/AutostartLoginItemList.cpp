@@ -38,6 +38,22 @@ bool isProgram(const fs::path& file) {
     return fs::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
 }
 
+template <typename Take>
+void forEachEntry(const fs::path& folder, Take take) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        if (entry->path().extension() == Extension)
+            take(*entry);
+    }
+}
+
+// The earliest time of all for a file that cannot be looked at.
+fs::file_time_type timeOf(const fs::directory_entry& entry) {
+    std::error_code error;
+    const fs::file_time_type time = entry.last_write_time(error);
+    return error ? fs::file_time_type::min() : time;
+}
+
 // "tarragon" is called "Tarragon"; other names stay as they are but for the first letter.
 std::string displayNameOfFile(const std::string& path) {
     std::string name = fs::path(path).filename();
@@ -83,20 +99,10 @@ std::vector<std::string> AutostartLoginItemList::fileNames() const {
     std::set<std::string> ofSystem;
     // The user's, by when they were written.
     std::set<std::pair<fs::file_time_type, std::string>> ofUser;
-    const auto collect = [](const fs::path& folder, auto&& take) {
-        std::error_code error;
-        for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-            if (entry->path().extension() == Extension)
-                take(*entry);
-        }
-    };
-    for (const fs::path& folder : _folders.system) {
-        collect(folder, [&ofSystem](const fs::directory_entry& entry) { ofSystem.insert(entry.path().filename()); });
-    }
-    collect(_folders.user, [&](const fs::directory_entry& entry) {
-        std::error_code error;
-        const fs::file_time_type time = entry.last_write_time(error);
-        ofUser.emplace(error ? fs::file_time_type::min() : time, entry.path().filename());
+    for (const fs::path& folder : _folders.system)
+        forEachEntry(folder, [&](const fs::directory_entry& entry) { ofSystem.insert(entry.path().filename()); });
+    forEachEntry(_folders.user, [&](const fs::directory_entry& entry) {
+        ofUser.emplace(timeOf(entry), entry.path().filename());
         ofSystem.erase(entry.path().filename());
     });
     std::vector<std::string> names(ofSystem.begin(), ofSystem.end());
@@ -187,7 +193,24 @@ bool AutostartLoginItemList::insertItem(const std::string& path, bool isHidden) 
     entry.name = displayNameOfFile(path);
     entry.commandLine = autostartCommandLine(path);
     entry.startsHidden = isHidden;
-    return write(*fileName, entry.text());
+    if (!write(*fileName, entry.text()))
+        return false;
+    makeNewest(*fileName);
+    return true;
+}
+
+// The user's entries are listed in the order in which they were written. Files that are written soon after one another
+// may have the same time, though, and some have one that is still to come.
+void AutostartLoginItemList::makeNewest(const std::string& fileName) const {
+    fs::file_time_type newestOfOthers = fs::file_time_type::min();
+    forEachEntry(_folders.user, [&](const fs::directory_entry& entry) {
+        if (entry.path().filename() != fileName)
+            newestOfOthers = std::max(newestOfOthers, timeOf(entry));
+    });
+    std::error_code error;
+    const fs::path file = _folders.user / fileName;
+    if (fs::last_write_time(file, error) <= newestOfOthers && !error)
+        fs::last_write_time(file, newestOfOthers + fs::file_time_type::duration(1), error);
 }
 
 bool AutostartLoginItemList::removeItem(const LoginItem& item) {

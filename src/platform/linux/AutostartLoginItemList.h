@@ -48,6 +48,8 @@ private:
     // A name for a new file: one that is free, or that stands for a dead entry of ours.
     std::optional<std::string> fileNameForNewItem(const std::string& path) const;
     bool write(const std::string& fileName, std::string_view text) const;
+    // Puts a file of the user's at the end of the list.
+    void makeNewest(const std::string& fileName) const;
 
     AutostartFolders _folders;
 };

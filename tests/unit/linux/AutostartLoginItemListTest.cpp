@@ -1,5 +1,7 @@
 #include "platform/linux/AutostartLoginItemList.h"
 
+#include "prefs/StartAtLogin.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include <map>
 #include <string>
 
+#include <sys/fsuid.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -118,6 +121,18 @@ TEST_F(AutostartLoginItemListTest, ListsTheUsersEntriesInTheOrderInWhichTheyWere
     EXPECT_THAT(names(), ElementsAre("First", "Second"));
     EXPECT_TRUE(list().insertItem(program("clock"), false));
     EXPECT_THAT(names(), ElementsAre("First", "Second", "Clock " + program("clock")));
+}
+
+TEST_F(AutostartLoginItemListTest, InsertsAtTheEndWhateverTheTimesOfTheOthers) {
+    put(folders.user, "a.desktop", "Name=First\n");
+    put(folders.user, "z.desktop", "Name=Second\n");
+    const auto future = fs::file_time_type::clock::now() + std::chrono::hours(1);
+    fs::last_write_time(folders.user / "z.desktop", future);
+    EXPECT_TRUE(list().insertItem(program("tarragon"), false));
+    EXPECT_TRUE(list().insertItem(program("clock"), false));
+    EXPECT_THAT(
+        names(), ElementsAre("First", "Second", "Tarragon " + program("tarragon"), "Clock " + program("clock")));
+    EXPECT_EQ(fs::last_write_time(folders.user / "z.desktop"), future);
 }
 
 TEST_F(AutostartLoginItemListTest, CallsANamelessEntryByItsFile) {
@@ -252,6 +267,52 @@ TEST_F(AutostartLoginItemListTest, SaysWhenItCannotWrite) {
     EXPECT_EQ(contents(folders.user), "in the way");
 }
 
+TEST_F(AutostartLoginItemListTest, SaysWhenItMayNotWrite) {
+    constexpr uid_t Nobody = 65534;
+    put(folders.user, "clock.desktop", "Name=Clock\n");
+    const LoginItem clock = item("clock.desktop");
+    fs::permissions(
+        folders.user, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(_root, fs::perms::all);
+    // Nothing is forbidden to root, so the test is somebody else for a moment.
+    const int user = geteuid() == 0 ? setfsuid(Nobody) : -1;
+    const bool isInserted = list().insertItem(program("tarragon"), false);
+    const bool isRemoved = list().removeItem(clock);
+    if (user >= 0)
+        setfsuid(static_cast<uid_t>(user));
+    fs::permissions(folders.user, fs::perms::owner_all);
+    EXPECT_FALSE(isInserted);
+    EXPECT_FALSE(isRemoved);
+    EXPECT_THAT(userFiles(), ElementsAre("clock.desktop"));
+}
+
+TEST_F(AutostartLoginItemListTest, FollowsALinkToTheFolder) {
+    const fs::path elsewhere = _root / "elsewhere";
+    fs::create_directories(elsewhere);
+    fs::create_directories(folders.user.parent_path());
+    fs::create_directory_symlink(elsewhere, folders.user);
+    EXPECT_TRUE(list().insertItem(program("tarragon"), false));
+    EXPECT_TRUE(fs::exists(elsewhere / "tarragon.desktop"));
+    EXPECT_THAT(names(), ElementsAre("Tarragon " + program("tarragon")));
+    EXPECT_TRUE(list().removeItem(item("tarragon.desktop")));
+    EXPECT_THAT(userFiles(), IsEmpty());
+    EXPECT_TRUE(fs::is_symlink(folders.user));
+    fs::remove(elsewhere);
+    EXPECT_THAT(names(), IsEmpty());
+    EXPECT_FALSE(list().insertItem(program("tarragon"), false));
+}
+
+TEST_F(AutostartLoginItemListTest, LeavesTheFileBehindALinkAlone) {
+    put(_root / "elsewhere", "kept.desktop", "Name=Tarragon\nExec=tarragon\n");
+    const std::string before = contents(_root / "elsewhere" / "kept.desktop");
+    fs::create_directories(folders.user);
+    fs::create_symlink(_root / "elsewhere" / "kept.desktop", folders.user / "tarragon.desktop");
+    EXPECT_THAT(names(), ElementsAre("Tarragon " + program("tarragon")));
+    EXPECT_TRUE(list().removeItem(item("tarragon.desktop")));
+    EXPECT_THAT(userFiles(), IsEmpty());
+    EXPECT_EQ(contents(_root / "elsewhere" / "kept.desktop"), before);
+}
+
 TEST_F(AutostartLoginItemListTest, LeavesNothingBesideTheEntriesThatItWrites) {
     EXPECT_TRUE(list().insertItem(program("tarragon"), false));
     EXPECT_TRUE(list().removeItem(item("tarragon.desktop")));
@@ -300,6 +361,32 @@ TEST_F(AutostartLoginItemListTest, WritesEntriesThatASessionsStarterStarts) {
         GTEST_SKIP() << "dex is not installed";
     for (const char* name : {"tarragon", "my tarragon"})
         expectStarted("dex --wait", name);
+}
+
+TEST_F(AutostartLoginItemListTest, StartsTheProgramAtLoginUntilItIsToldNotTo) {
+    if (std::system("command -v dex >/dev/null") != 0)
+        GTEST_SKIP() << "dex is not installed";
+    // What a session's starter would start.
+    const auto started = [this] {
+        const fs::path output = _root / "output";
+        const std::string command = "XDG_CONFIG_HOME='" + folders.user.parent_path().string() + "' XDG_CONFIG_DIRS='"
+            + folders.system[0].parent_path().string() + "' dex --autostart --dry-run --environment XFCE > '"
+            + output.string() + "' 2>&1";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        return contents(output);
+    };
+    put(folders.system[0], "tarragon.desktop", "Name=Tarragon\nExec=" + program("clock") + "\n");
+    put(folders.user, "other.desktop", "Name=Other\nExec=" + program("clock") + "\n");
+    AutostartLoginItemList items = list();
+    setStartAtLogin(&items, program("my tarragon"), true);
+    setStartAtLogin(&items, program("tarragon"), true);
+    EXPECT_THAT(started(), HasSubstr(program("tarragon")));
+    EXPECT_THAT(started(), HasSubstr(program("my tarragon")));
+    // By the fixed name: the system's entry of that name goes as well, the copy of another name stays.
+    setStartAtLogin(&items, program("tarragon"), false);
+    EXPECT_THAT(started(), testing::Not(HasSubstr(program("tarragon"))));
+    EXPECT_THAT(started(), HasSubstr(program("my tarragon")));
+    EXPECT_THAT(names(), ElementsAre("Other " + program("clock"), "My tarragon " + program("my tarragon")));
 }
 
 TEST_F(AutostartLoginItemListTest, WritesEntriesThatAToolkitStartsWhateverThePath) {
