@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # Debian packages needed to build the program, and those that the embedded desktop and the tests need as well.
 build_packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev libgl-dev libsystemd-dev libplist-dev nlohmann-json3-dev
+    qt6-base-dev libgl-dev libdbus-1-dev libplist-dev nlohmann-json3-dev
     libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
 )
 desktop_packages=(
@@ -14,7 +14,7 @@ desktop_packages=(
     mousepad xdotool imagemagick x11-utils fonts-dejavu-core adwaita-icon-theme
 )
 test_packages=(
-    libgtest-dev libgmock-dev libxcb-xtest0-dev libatspi2.0-dev libgtk-3-dev
+    libgtest-dev libgmock-dev libsystemd-dev libxcb-xtest0-dev libatspi2.0-dev libgtk-3-dev
     xfwm4 geany featherpad xterm x11-xkb-utils libplist-utils gobjc libgnustep-base-dev
     dex desktop-file-utils libglib2.0-bin
 )

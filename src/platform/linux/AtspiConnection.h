@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/linux/AtspiPatience.h"
 #include "platform/linux/AtspiRequest.h"
-#include "platform/linux/AtspiSuspension.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -11,12 +10,11 @@
 #include <unordered_set>
 #include <vector>
 
-struct sd_bus;
-struct sd_bus_slot;
-
 namespace tarragon {
 
+class AtspiPeer;
 class AtspiSessionBus;
+class DBusSocket;
 
 struct AtspiStatistics {
     std::uint64_t messagesSent = 0;
@@ -60,26 +58,21 @@ public:
     const AtspiStatistics& statistics() const { return _statistics; }
 
 private:
-    struct Application;
     class Exchange;
 
     bool open();
     void close();
-    bool waitUntilReady();
-    // Handles what has arrived, without waiting.
-    void drain();
-    void probe(const std::string& busName, Application& application);
-    Application& application(const std::string& busName);
+    void probe(const std::string& busName, AtspiPeer& peer);
+    AtspiPeer& peer(const std::string& busName);
     // Over which its requests go.
-    sd_bus* busOf(const Application& application) const;
-    bool flush(sd_bus* bus);
+    DBusSocket* socketOf(const AtspiPeer& peer) const;
 
     AtspiSessionBus& _sessionBus;
-    sd_bus* _bus = nullptr;
+    std::unique_ptr<DBusSocket> _bus;
     std::uint64_t _busIdentity = 0;
     Clock::time_point _nextAttempt;
     // By bus name. Entries stay where they are in memory: replies on their way point to them.
-    std::unordered_map<std::string, std::unique_ptr<Application>> _applications;
+    std::unordered_map<std::string, std::unique_ptr<AtspiPeer>> _peers;
     std::unordered_set<std::string> _gone;
     std::uint64_t _operation = 1;
     AtspiStatistics _statistics;

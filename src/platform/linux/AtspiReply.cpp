@@ -1,7 +1,5 @@
 #include "platform/linux/AtspiReply.h"
 
-#include <systemd/sd-bus.h>
-
 namespace tarragon {
 
 namespace {
@@ -18,128 +16,127 @@ std::string shortened(const char* text) {
     return result;
 }
 
+// The next value of an iterator, which then stands at the one after it.
+const char* readText(DBusMessageIter& next) {
+    const char* text = nullptr;
+    dbus_message_iter_get_basic(&next, &text);
+    dbus_message_iter_next(&next);
+    return text;
+}
+
+std::optional<AtspiReference> readReferenceAt(DBusMessageIter& next) {
+    if (dbus_message_iter_get_arg_type(&next) != DBUS_TYPE_STRUCT)
+        return {};
+    DBusMessageIter fields;
+    dbus_message_iter_recurse(&next, &fields);
+    if (dbus_message_iter_get_arg_type(&fields) != DBUS_TYPE_STRING)
+        return {};
+    const char* busName = readText(fields);
+    if (dbus_message_iter_get_arg_type(&fields) != DBUS_TYPE_OBJECT_PATH)
+        return {};
+    const char* path = readText(fields);
+    dbus_message_iter_next(&next);
+    return AtspiReference{busName, path};
+}
+
 } // namespace
 
-char AtspiReply::nextType() {
-    char type = 0;
-    const char* contents = nullptr;
-    return sd_bus_message_peek_type(_message, &type, &contents) > 0 ? type : '\0';
+AtspiReply::AtspiReply(DBusMessage* message) {
+    dbus_message_iter_init(message, &_next);
+}
+
+template <typename T>
+T AtspiReply::read() {
+    T value{};
+    dbus_message_iter_get_basic(&_next, &value);
+    dbus_message_iter_next(&_next);
+    return value;
 }
 
 std::optional<std::string> AtspiReply::readString() {
-    const char type = nextType();
-    const char* text = nullptr;
-    if (type != SD_BUS_TYPE_STRING && type != SD_BUS_TYPE_OBJECT_PATH)
+    if (nextType() != DBUS_TYPE_STRING && nextType() != DBUS_TYPE_OBJECT_PATH)
         return {};
-    if (sd_bus_message_read_basic(_message, type, &text) <= 0 || text == nullptr)
-        return {};
-    return shortened(text);
+    return shortened(readText(_next));
 }
 
 std::optional<std::int64_t> AtspiReply::readInteger() {
-    const char type = nextType();
-    union {
-        std::uint8_t byte;
-        std::int16_t int16;
-        std::uint16_t uint16;
-        std::int32_t int32;
-        std::uint32_t uint32;
-        std::int64_t int64;
-        std::uint64_t uint64;
-    } value = {};
-    switch (type) {
-    case SD_BUS_TYPE_BYTE:
-    case SD_BUS_TYPE_INT16:
-    case SD_BUS_TYPE_UINT16:
-    case SD_BUS_TYPE_INT32:
-    case SD_BUS_TYPE_UINT32:
-    case SD_BUS_TYPE_INT64:
-    case SD_BUS_TYPE_UINT64:
-        break;
+    switch (nextType()) {
+    case DBUS_TYPE_BYTE:
+        return read<std::uint8_t>();
+    case DBUS_TYPE_INT16:
+        return read<std::int16_t>();
+    case DBUS_TYPE_UINT16:
+        return read<std::uint16_t>();
+    case DBUS_TYPE_INT32:
+        return read<std::int32_t>();
+    case DBUS_TYPE_UINT32:
+        return read<std::uint32_t>();
+    case DBUS_TYPE_INT64:
+        return read<std::int64_t>();
+    case DBUS_TYPE_UINT64:
+        return static_cast<std::int64_t>(read<std::uint64_t>());
     default:
         return {};
-    }
-    if (sd_bus_message_read_basic(_message, type, &value) <= 0)
-        return {};
-    switch (type) {
-    case SD_BUS_TYPE_BYTE:
-        return value.byte;
-    case SD_BUS_TYPE_INT16:
-        return value.int16;
-    case SD_BUS_TYPE_UINT16:
-        return value.uint16;
-    case SD_BUS_TYPE_INT32:
-        return value.int32;
-    case SD_BUS_TYPE_UINT32:
-        return value.uint32;
-    case SD_BUS_TYPE_INT64:
-        return value.int64;
-    default:
-        return static_cast<std::int64_t>(value.uint64);
     }
 }
 
 std::optional<double> AtspiReply::readNumber() {
-    if (nextType() != SD_BUS_TYPE_DOUBLE) {
-        if (const auto integer = readInteger())
-            return static_cast<double>(*integer);
-        return {};
-    }
-    double value = 0;
-    if (sd_bus_message_read_basic(_message, SD_BUS_TYPE_DOUBLE, &value) <= 0)
-        return {};
-    return value;
+    if (nextType() == DBUS_TYPE_DOUBLE)
+        return read<double>();
+    if (const auto integer = readInteger())
+        return static_cast<double>(*integer);
+    return {};
 }
 
 std::optional<bool> AtspiReply::readBoolean() {
-    int value = 0;
-    if (nextType() != SD_BUS_TYPE_BOOLEAN || sd_bus_message_read_basic(_message, SD_BUS_TYPE_BOOLEAN, &value) <= 0)
+    if (nextType() != DBUS_TYPE_BOOLEAN)
         return {};
-    return value != 0;
+    return read<dbus_bool_t>() != FALSE;
 }
 
 std::optional<AtspiReference> AtspiReply::readReference() {
-    const char* busName = nullptr;
-    const char* path = nullptr;
-    if (sd_bus_message_read(_message, "(so)", &busName, &path) <= 0)
-        return {};
-    return AtspiReference{busName, path};
+    return readReferenceAt(_next);
 }
 
 std::optional<std::vector<AtspiReference>> AtspiReply::readReferences() {
-    if (sd_bus_message_enter_container(_message, SD_BUS_TYPE_ARRAY, "(so)") <= 0)
+    if (nextType() != DBUS_TYPE_ARRAY || dbus_message_iter_get_element_type(&_next) != DBUS_TYPE_STRUCT)
         return {};
+    DBusMessageIter elements;
+    dbus_message_iter_recurse(&_next, &elements);
+    dbus_message_iter_next(&_next);
     std::vector<AtspiReference> references;
     while (references.size() < ChildrenLimit) {
-        auto reference = readReference();
+        auto reference = readReferenceAt(elements);
         if (!reference)
             break;
         if (!reference->isNull())
             references.push_back(std::move(*reference));
     }
-    sd_bus_message_exit_container(_message);
     return references;
 }
 
 std::optional<std::uint64_t> AtspiReply::readStates() {
-    const void* data = nullptr;
-    std::size_t size = 0;
-    if (sd_bus_message_read_array(_message, SD_BUS_TYPE_UINT32, &data, &size) < 0)
+    if (nextType() != DBUS_TYPE_ARRAY || dbus_message_iter_get_element_type(&_next) != DBUS_TYPE_UINT32)
         return {};
-    const auto* words = static_cast<const std::uint32_t*>(data);
-    const std::size_t count = size / sizeof(std::uint32_t);
+    DBusMessageIter elements;
+    dbus_message_iter_recurse(&_next, &elements);
+    dbus_message_iter_next(&_next);
     std::uint64_t states = 0;
-    if (count > 0)
-        states = words[0];
-    if (count > 1)
-        states |= static_cast<std::uint64_t>(words[1]) << 32U;
+    for (unsigned shift = 0; shift < 64 && dbus_message_iter_get_arg_type(&elements) == DBUS_TYPE_UINT32; shift += 32) {
+        std::uint32_t word = 0;
+        dbus_message_iter_get_basic(&elements, &word);
+        dbus_message_iter_next(&elements);
+        states |= static_cast<std::uint64_t>(word) << shift;
+    }
     return states;
 }
 
 std::optional<Rect> AtspiReply::readRect() {
-    const bool inStructure = nextType() == SD_BUS_TYPE_STRUCT;
-    if (inStructure && sd_bus_message_enter_container(_message, SD_BUS_TYPE_STRUCT, "iiii") <= 0)
-        return {};
+    if (nextType() == DBUS_TYPE_STRUCT) {
+        DBusMessageIter fields;
+        dbus_message_iter_recurse(&_next, &fields);
+        _next = fields;
+    }
     const auto x = readInteger();
     const auto y = readInteger();
     const auto width = readInteger();
@@ -151,11 +148,12 @@ std::optional<Rect> AtspiReply::readRect() {
 }
 
 bool AtspiReply::enterVariant() {
-    char type = 0;
-    const char* contents = nullptr;
-    if (sd_bus_message_peek_type(_message, &type, &contents) <= 0 || type != SD_BUS_TYPE_VARIANT)
+    if (nextType() != DBUS_TYPE_VARIANT)
         return false;
-    return sd_bus_message_enter_container(_message, SD_BUS_TYPE_VARIANT, contents) > 0;
+    DBusMessageIter value;
+    dbus_message_iter_recurse(&_next, &value);
+    _next = value;
+    return true;
 }
 
 } // namespace tarragon

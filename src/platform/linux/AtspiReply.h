@@ -2,13 +2,12 @@
 
 #include "platform/Geometry.h"
 #include "platform/linux/AtspiReference.h"
+#include "platform/linux/DBusMessage.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
-
-struct sd_bus_message;
 
 namespace tarragon {
 
@@ -20,8 +19,7 @@ public:
     static constexpr std::size_t ChildrenLimit = 20'000;
     static constexpr std::size_t TextLimit = 16'384;
 
-    explicit AtspiReply(sd_bus_message* message)
-        : _message(message) { }
+    explicit AtspiReply(DBusMessage* message);
 
     std::optional<std::string> readString(); // strings and object paths
     std::optional<std::int64_t> readInteger(); // of any width
@@ -36,10 +34,13 @@ public:
     bool enterVariant();
 
 private:
-    // The type of the next basic value; 0 at the end.
-    char nextType();
+    // The type of the next value; DBUS_TYPE_INVALID at the end.
+    int nextType() { return dbus_message_iter_get_arg_type(&_next); }
+    // Reads a basic value of this type, which the next one has.
+    template <typename T>
+    T read();
 
-    sd_bus_message* _message;
+    DBusMessageIter _next = {};
 };
 
 } // namespace tarragon

@@ -1,12 +1,9 @@
 #include "platform/linux/AtspiSessionBus.h"
 
-#include "platform/linux/AtspiLibrary.h"
+#include "platform/linux/AtspiReply.h"
 
-#include <cerrno>
-#include <cstdint>
+#include <chrono>
 #include <cstdlib>
-#include <memory>
-#include <systemd/sd-bus.h>
 
 namespace tarragon {
 
@@ -15,80 +12,82 @@ namespace {
 constexpr const char* Service = "org.a11y.Bus";
 constexpr const char* Path = "/org/a11y/bus";
 constexpr const char* StatusInterface = "org.a11y.Status";
+constexpr const char* EnabledProperty = "IsEnabled";
 // The first call may start the accessibility bus.
-constexpr std::uint64_t TimeoutInMicroseconds = 2'000'000;
+constexpr std::chrono::seconds Patience{2};
 
-struct MessageUnref {
-    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-using Message = std::unique_ptr<sd_bus_message, MessageUnref>;
+DBusMessagePointer newCall(const char* interface, const char* member) {
+    return DBusMessagePointer(dbus_message_new_method_call(Service, Path, interface, member));
+}
 
-Message newCall(sd_bus* bus, const char* interface, const char* member) {
-    sd_bus_message* message = nullptr;
-    if (sd_bus_message_new_method_call(bus, &message, Service, Path, interface, member) < 0)
+std::string addressOfSessionBus() {
+    if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS"); address != nullptr && *address != '\0')
+        return address;
+    const char* folder = std::getenv("XDG_RUNTIME_DIR");
+    if (folder == nullptr || *folder == '\0')
         return {};
-    return Message(message);
+    const std::string path = std::string(folder) + "/bus";
+    char* escaped = dbus_address_escape_value(path.c_str());
+    std::string address = std::string("unix:path=") + (escaped != nullptr ? escaped : "");
+    dbus_free(escaped);
+    return address;
 }
 
 } // namespace
 
-AtspiSessionBus::~AtspiSessionBus() {
-    sd_bus_close_unref(_bus);
-}
-
 bool AtspiSessionBus::ensureOpen() {
-    if (_bus != nullptr && sd_bus_is_open(_bus) > 0)
+    if (_bus && _bus->exchange())
         return true;
-    _bus = sd_bus_close_unref(_bus);
-    return AtspiLibrary::openSessionBus(&_bus) >= 0;
+    _bus = DBusSocket::connect(addressOfSessionBus());
+    if (_bus && !_bus->registerWithBus(DBusSocket::Clock::now() + Patience))
+        _bus.reset();
+    return _bus != nullptr;
 }
 
-void AtspiSessionBus::closeIfLost(int error) {
-    if (error == -ENOTCONN || error == -ECONNRESET || error == -EPIPE)
-        _bus = sd_bus_close_unref(_bus);
+DBusMessagePointer AtspiSessionBus::answerTo(const DBusMessagePointer& call) {
+    if (!call || !ensureOpen())
+        return nullptr;
+    DBusMessagePointer reply = _bus->callAndWait(call.get(), DBusSocket::Clock::now() + Patience);
+    if (reply && dbus_message_get_type(reply.get()) != DBUS_MESSAGE_TYPE_METHOD_RETURN)
+        reply.reset();
+    return reply;
 }
 
 std::string AtspiSessionBus::accessibilityBusAddress() {
     if (const char* address = std::getenv("AT_SPI_BUS_ADDRESS"); address != nullptr && *address != '\0')
         return address;
-    if (!ensureOpen())
-        return {};
-    const Message call = newCall(_bus, Service, "GetAddress");
-    sd_bus_message* answer = nullptr;
-    const int result = call ? sd_bus_call(_bus, call.get(), TimeoutInMicroseconds, nullptr, &answer) : -ENOMEM;
-    const Message reply(answer);
-    const char* address = nullptr;
-    if (result >= 0 && sd_bus_message_read(reply.get(), "s", &address) > 0)
-        return address;
-    closeIfLost(result);
-    return {};
+    const DBusMessagePointer reply = answerTo(newCall(Service, "GetAddress"));
+    return reply ? AtspiReply(reply.get()).readString().value_or(std::string()) : std::string();
 }
 
 bool AtspiSessionBus::isEnabled() {
-    if (!ensureOpen())
+    const DBusMessagePointer call = newCall(DBUS_INTERFACE_PROPERTIES, "Get");
+    if (!call
+        || !dbus_message_append_args(
+            call.get(), DBUS_TYPE_STRING, &StatusInterface, DBUS_TYPE_STRING, &EnabledProperty, DBUS_TYPE_INVALID))
         return false;
-    const Message call = newCall(_bus, "org.freedesktop.DBus.Properties", "Get");
-    if (!call || sd_bus_message_append(call.get(), "ss", StatusInterface, "IsEnabled") < 0)
+    const DBusMessagePointer reply = answerTo(call);
+    if (!reply)
         return false;
-    sd_bus_message* answer = nullptr;
-    const int result = sd_bus_call(_bus, call.get(), TimeoutInMicroseconds, nullptr, &answer);
-    const Message reply(answer);
-    int enabled = 0;
-    if (result >= 0 && sd_bus_message_read(reply.get(), "v", "b", &enabled) > 0)
-        return enabled != 0;
-    closeIfLost(result);
-    return false;
+    AtspiReply value(reply.get());
+    return value.enterVariant() && value.readBoolean().value_or(false);
 }
 
 bool AtspiSessionBus::enable() {
-    if (!ensureOpen())
+    const DBusMessagePointer call = newCall(DBUS_INTERFACE_PROPERTIES, "Set");
+    if (!call
+        || !dbus_message_append_args(
+            call.get(), DBUS_TYPE_STRING, &StatusInterface, DBUS_TYPE_STRING, &EnabledProperty, DBUS_TYPE_INVALID))
         return false;
-    const Message call = newCall(_bus, "org.freedesktop.DBus.Properties", "Set");
-    if (!call || sd_bus_message_append(call.get(), "ssv", StatusInterface, "IsEnabled", "b", 1) < 0)
+    DBusMessageIter arguments;
+    DBusMessageIter variant;
+    const dbus_bool_t enabled = TRUE;
+    dbus_message_iter_init_append(call.get(), &arguments);
+    if (!dbus_message_iter_open_container(&arguments, DBUS_TYPE_VARIANT, "b", &variant)
+        || !dbus_message_iter_append_basic(&variant, DBUS_TYPE_BOOLEAN, &enabled)
+        || !dbus_message_iter_close_container(&arguments, &variant))
         return false;
-    const int result = sd_bus_call(_bus, call.get(), TimeoutInMicroseconds, nullptr, nullptr);
-    closeIfLost(result);
-    return result >= 0;
+    return answerTo(call) != nullptr;
 }
 
 } // namespace tarragon

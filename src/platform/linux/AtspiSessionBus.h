@@ -1,8 +1,10 @@
 #pragma once
 
-#include <string>
+#include "platform/linux/DBusMessage.h"
+#include "platform/linux/DBusSocket.h"
 
-struct sd_bus;
+#include <memory>
+#include <string>
 
 namespace tarragon {
 
@@ -11,7 +13,6 @@ namespace tarragon {
 class AtspiSessionBus {
 public:
     AtspiSessionBus() = default;
-    ~AtspiSessionBus();
     AtspiSessionBus(const AtspiSessionBus&) = delete;
     AtspiSessionBus& operator=(const AtspiSessionBus&) = delete;
 
@@ -23,9 +24,10 @@ public:
 
 private:
     bool ensureOpen();
-    void closeIfLost(int error);
+    // The answer to a call; nullptr when there is none, or a refusal.
+    DBusMessagePointer answerTo(const DBusMessagePointer& call);
 
-    sd_bus* _bus = nullptr;
+    std::unique_ptr<DBusSocket> _bus;
 };
 
 } // namespace tarragon

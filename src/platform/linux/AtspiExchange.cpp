@@ -1,0 +1,170 @@
+#include "platform/linux/AtspiExchange.h"
+
+#include "platform/linux/AtspiMessage.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <poll.h>
+#include <thread>
+
+namespace tarragon {
+
+namespace {
+
+// As many requests are on their way at most: enough to keep application and bus busy, few enough for every bus.
+constexpr std::size_t InFlightLimit = 500;
+// With more on their way, we look again after a moment rather than being woken for each reply: that costs the
+// application more than the reply itself.
+constexpr std::size_t FewReplies = 8;
+constexpr std::chrono::microseconds PauseForEachReply{4};
+constexpr std::chrono::microseconds LongestPause{400};
+
+} // namespace
+
+AtspiConnection::Exchange::~Exchange() {
+    for (const Pending& pending : _pending) {
+        if (pending.call != 0)
+            pending.socket->forget(pending.call);
+    }
+    for (AtspiPeer* peer : _peers)
+        peer->pending = 0;
+}
+
+bool AtspiConnection::Exchange::run() {
+    while (true) {
+        while (_next < _requests.size() && _inFlight < InFlightLimit)
+            send(_next++);
+        if (_inFlight == 0)
+            return true;
+        if (!exchange())
+            return false;
+        if (_inFlight == 0 || (_next < _requests.size() && _inFlight < InFlightLimit / 2))
+            continue;
+        const Clock::time_point deadline = nextDeadline();
+        if (Clock::now() >= deadline)
+            giveUpTheSilent();
+        else if (!wait(deadline))
+            return false;
+    }
+}
+
+void AtspiConnection::Exchange::send(std::size_t index) {
+    const AtspiRequest& request = _requests[index];
+    const std::string& busName = request.target.busName;
+    if (_lastName == nullptr || *_lastName != busName) {
+        _lastName = &busName;
+        _lastPeer = &_connection.peer(busName);
+        _lastMayBeAsked = !_connection.isGone(busName) && _connection.mayAsk(busName);
+    }
+    if (!_lastMayBeAsked || _lastPeer->suspension.isSuspended())
+        return;
+    DBusSocket* const socket = _connection.socketOf(*_lastPeer);
+    const DBusMessagePointer message = messageFor(request, socket == _connection._bus.get());
+    if (!message)
+        return;
+    Pending& pending = _pending[index];
+    pending.exchange = this;
+    pending.request = &request;
+    pending.peer = _lastPeer;
+    pending.socket = socket;
+    // The time-out is ours to keep: it depends on what else the application answers.
+    pending.call = socket->call(message.get(), pending);
+    if (pending.call == 0)
+        return;
+    ++_connection._statistics.messagesSent;
+    if (pending.peer->pending++ == 0)
+        pending.peer->patience.noteReply(Clock::now());
+    if (std::ranges::find(_peers, pending.peer) == _peers.end())
+        _peers.push_back(pending.peer);
+    if (std::ranges::find(_sockets, socket) == _sockets.end())
+        _sockets.push_back(socket);
+    ++_inFlight;
+}
+
+void AtspiConnection::Exchange::receive(Pending& pending, DBusMessage* reply) {
+    pending.call = 0;
+    pending.peer->patience.noteReply(Clock::now());
+    --pending.peer->pending;
+    --_inFlight;
+    if (dbus_message_get_type(reply) == DBUS_MESSAGE_TYPE_ERROR) {
+        if (dbus_message_is_error(reply, DBUS_ERROR_SERVICE_UNKNOWN)
+            || dbus_message_is_error(reply, DBUS_ERROR_NAME_HAS_NO_OWNER))
+            _connection._gone.insert(pending.request->target.busName);
+        else if (pending.request->handleError)
+            pending.request->handleError();
+        return;
+    }
+    if (!pending.request->handleReply)
+        return;
+    AtspiReply answer(reply);
+    pending.request->handleReply(answer);
+}
+
+void AtspiConnection::Exchange::giveUp(Pending& pending) {
+    pending.socket->forget(pending.call);
+    pending.call = 0;
+    --pending.peer->pending;
+    --_inFlight;
+}
+
+void AtspiConnection::Exchange::giveUpTheSilent() {
+    const Clock::time_point now = Clock::now();
+    for (Pending& pending : _pending) {
+        if (pending.call == 0 || !pending.peer->patience.isExhausted(now))
+            continue;
+        giveUp(pending);
+        pending.peer->suspension.noteTimeout();
+        _connection.probe(pending.request->target.busName, *pending.peer);
+    }
+}
+
+bool AtspiConnection::Exchange::exchange() {
+    for (std::size_t index = 0; index < _sockets.size(); ++index) {
+        DBusSocket* const socket = _sockets[index];
+        if (socket->exchange())
+            continue;
+        if (socket == _connection._bus.get())
+            return false;
+        loseDirect(socket);
+        --index;
+    }
+    return true;
+}
+
+bool AtspiConnection::Exchange::wait(Clock::time_point deadline) const {
+    if (_inFlight > FewReplies) {
+        std::this_thread::sleep_for(std::min<std::chrono::microseconds>(_inFlight * PauseForEachReply, LongestPause));
+        return true;
+    }
+    if (_sockets.size() == 1)
+        return _sockets.front()->wait(deadline) || _sockets.front() != _connection._bus.get();
+    std::vector<pollfd> descriptors;
+    for (const DBusSocket* socket : _sockets)
+        descriptors.push_back({socket->descriptor(), socket->eventsToWaitFor(), 0});
+    const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    return ::poll(descriptors.data(), descriptors.size(), static_cast<int>(std::max<long>(remaining, 0))) >= 0
+        || errno == EINTR;
+}
+
+void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
+    for (Pending& pending : _pending) {
+        if (pending.call != 0 && pending.socket == socket)
+            giveUp(pending);
+    }
+    std::erase(_sockets, socket);
+    for (AtspiPeer* peer : _peers) {
+        if (peer->direct.get() == socket)
+            peer->direct.reset();
+    }
+}
+
+AtspiConnection::Clock::time_point AtspiConnection::Exchange::nextDeadline() const {
+    Clock::time_point deadline = Clock::time_point::max();
+    for (const AtspiPeer* peer : _peers) {
+        if (peer->pending > 0)
+            deadline = std::min(deadline, peer->patience.deadline());
+    }
+    return deadline;
+}
+
+} // namespace tarragon

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiPeer.h"
+
+#include <vector>
+
+namespace tarragon {
+
+// The requests of one run and who still owes a reply.
+class AtspiConnection::Exchange {
+public:
+    Exchange(AtspiConnection& connection, const std::vector<AtspiRequest>& requests)
+        : _connection(connection)
+        , _requests(requests)
+        , _pending(requests.size()) { }
+    ~Exchange();
+    Exchange(const Exchange&) = delete;
+    Exchange& operator=(const Exchange&) = delete;
+
+    // False when the connection to the bus broke.
+    bool run();
+
+private:
+    class Pending final : public DBusReplyReceiver {
+    public:
+        void receive(DBusMessage* reply) override { exchange->receive(*this, reply); }
+
+        Exchange* exchange = nullptr;
+        const AtspiRequest* request = nullptr;
+        AtspiPeer* peer = nullptr;
+        DBusSocket* socket = nullptr;
+        std::uint32_t call = 0; // 0 when no reply is expected (any more)
+    };
+
+    void send(std::size_t index);
+    void receive(Pending& pending, DBusMessage* reply);
+    void giveUp(Pending& pending);
+    void giveUpTheSilent();
+    // Handles what has arrived. False when the bus broke.
+    bool exchange();
+    bool wait(Clock::time_point deadline) const;
+    // What was asked over this connection stays without answer.
+    void loseDirect(DBusSocket* socket);
+    Clock::time_point nextDeadline() const;
+
+    AtspiConnection& _connection;
+    const std::vector<AtspiRequest>& _requests;
+    std::vector<Pending> _pending;
+    std::vector<AtspiPeer*> _peers; // those that were asked something
+    std::vector<DBusSocket*> _sockets; // those over which they were asked
+    std::size_t _next = 0;
+    std::size_t _inFlight = 0;
+    const std::string* _lastName = nullptr;
+    AtspiPeer* _lastPeer = nullptr;
+    bool _lastMayBeAsked = false;
+};
+
+} // namespace tarragon

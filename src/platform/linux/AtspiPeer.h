@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/linux/AtspiPatience.h"
+#include "platform/linux/AtspiSuspension.h"
+#include "platform/linux/DBusSocket.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace tarragon {
+
+// One application on the accessibility bus as our connection knows it. Receives the answers to its probes.
+class AtspiPeer final : public DBusReplyReceiver {
+public:
+    // An error is an answer too: somebody at home said it.
+    void receive(DBusMessage* /*reply*/) override {
+        suspension.noteReply();
+        probe = 0;
+    }
+
+    AtspiSuspension suspension;
+    AtspiPatience patience{AtspiPatience::Clock::time_point{}};
+    std::uint64_t operation = 0; // the one that the patience belongs to
+    std::size_t pending = 0; // requests without answer
+    std::uint32_t probe = 0; // the call that is under way, 0 when there is none
+    std::unique_ptr<DBusSocket> direct; // without the bus in between, where there is such a connection
+};
+
+} // namespace tarragon
