@@ -1,5 +1,7 @@
 #include "platform/linux/PropertyListDictionary.h"
 
+#include "platform/linux/PropertyListLimits.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -21,18 +23,6 @@ struct FreeMemory {
 
 template <typename T>
 using Memory = std::unique_ptr<T, FreeMemory>;
-
-// The library walks down a tree by calling itself; a file of nothing but opening tags would use up the stack.
-bool isNestedWithinReason(std::string_view contents) {
-    constexpr std::size_t Limit = 10000;
-    std::size_t count = 0;
-    for (const std::string_view tag : {"<array", "<dict"}) {
-        for (std::size_t at = contents.find(tag); at != std::string_view::npos && count <= Limit;
-             at = contents.find(tag, at + 1))
-            ++count;
-    }
-    return count <= Limit;
-}
 
 std::optional<DefaultsValue> settingOf(plist_t node) {
     switch (plist_get_node_type(node)) {
@@ -83,7 +73,7 @@ PropertyListDictionary::PropertyListDictionary(Node dictionary)
     : _dictionary(std::move(dictionary)) { }
 
 std::optional<PropertyListDictionary> PropertyListDictionary::parse(std::string_view contents) {
-    if (contents.size() > std::numeric_limits<std::uint32_t>::max() || !isNestedWithinReason(contents))
+    if (contents.size() > std::numeric_limits<std::uint32_t>::max() || !isPropertyListWithinReason(contents))
         return std::nullopt;
     plist_t root = nullptr;
     plist_from_memory(contents.data(), static_cast<std::uint32_t>(contents.size()), &root);
