@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include <xcb/randr.h>
 #include <xcb/xcb.h>
 
 namespace tarragon {
@@ -18,6 +19,15 @@ const xcb_screen_t* screenOfNumber(const xcb_connection_t* connection, int numbe
             return screens.data;
     }
     return nullptr;
+}
+
+bool serverKnowsMonitors(xcb_connection_t* connection) {
+    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_randr_id);
+    if (!extension || !extension->present)
+        return false;
+    const X11Reply<xcb_randr_query_version_reply_t> version(
+        xcb_randr_query_version_reply(connection, xcb_randr_query_version(connection, 1, 5), nullptr));
+    return version && std::pair(version->major_version, version->minor_version) >= std::pair(1U, 5U);
 }
 
 } // namespace
@@ -38,7 +48,8 @@ std::unique_ptr<X11Connection> X11Connection::connect(const std::string& display
 X11Connection::X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, std::string displayName)
     : _connection(connection)
     , _screen(screen)
-    , _displayName(std::move(displayName)) { }
+    , _displayName(std::move(displayName))
+    , _knowsMonitors(serverKnowsMonitors(connection)) { }
 
 X11Connection::~X11Connection() {
     xcb_disconnect(_connection);

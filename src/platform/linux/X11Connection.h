@@ -35,6 +35,9 @@ public:
     // False once the server has gone away.
     bool isAlive() const;
 
+    // The server can tell of its monitors, which are not always as large as the root window.
+    bool knowsMonitors() const { return _knowsMonitors; }
+
     // Throws away the events that came with replies. Nobody waits for any here, but the server tells every client of
     // new keyboard layouts, and what nobody takes piles up.
     void discardEvents();
@@ -48,6 +51,7 @@ private:
     xcb_connection_t* _connection;
     const xcb_screen_t* _screen;
     std::string _displayName;
+    bool _knowsMonitors;
     std::mutex _atomMutex;
     std::unordered_map<std::string, std::uint32_t> _atoms;
 };

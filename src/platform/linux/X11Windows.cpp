@@ -2,6 +2,7 @@
 
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11FrameExtents.h"
+#include "platform/linux/X11PrimaryMonitor.h"
 #include "platform/linux/X11Property.h"
 #include "platform/linux/X11Reply.h"
 
@@ -137,7 +138,8 @@ public:
     }
 
     // Reads all replies; to be called exactly once.
-    std::optional<X11WindowDescription> description() {
+    // screenOrigin is the corner of screen space in the root window.
+    std::optional<X11WindowDescription> description(const Point& screenOrigin) {
         const X11Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(_connection, _geometry, nullptr));
         const X11Reply<xcb_translate_coordinates_reply_t> origin(
             xcb_translate_coordinates_reply(_connection, _origin, nullptr));
@@ -165,9 +167,12 @@ public:
 
         const Rect client = {
             {double(origin->dst_x), double(origin->dst_y)}, {double(geometry->width), double(geometry->height)}};
-        description.frameCG = frameOfClient(client,
+        description.frame = frameOfClient(client,
             visibleFrameExtents(
                 frameExtentsOfProperty(_frameExtents.numbers()), frameExtentsOfProperty(_gtkFrameExtents.numbers())));
+        description.frameCG = description.frame;
+        description.frameCG.origin.x -= screenOrigin.x;
+        description.frameCG.origin.y -= screenOrigin.y;
         return description;
     }
 
@@ -281,17 +286,20 @@ std::optional<std::uint32_t> X11Windows::activeWindow() {
 }
 
 std::optional<X11WindowDescription> X11Windows::describe(std::uint32_t window) {
-    return DescriptionRequests(_connection.get(), _connection.rootWindow(), window, *_atoms).description();
+    X11PrimaryMonitor primary(_connection);
+    DescriptionRequests requests(_connection.get(), _connection.rootWindow(), window, *_atoms);
+    return requests.description(primary.origin());
 }
 
 std::vector<X11WindowDescription> X11Windows::describe(const std::vector<std::uint32_t>& windows) {
+    X11PrimaryMonitor primary(_connection);
     std::vector<DescriptionRequests> requests;
     requests.reserve(windows.size());
     for (const std::uint32_t window : windows)
         requests.emplace_back(_connection.get(), _connection.rootWindow(), window, *_atoms);
     std::vector<X11WindowDescription> descriptions;
     for (DescriptionRequests& request : requests) {
-        if (auto description = request.description())
+        if (auto description = request.description(primary.origin()))
             descriptions.push_back(std::move(*description));
     }
     return descriptions;
@@ -334,12 +342,15 @@ std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) 
 }
 
 bool X11Windows::setPosition(std::uint32_t window, const Point& topLeftCG) {
+    X11PrimaryMonitor primary(_connection);
     const std::optional<WindowExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
     if (!extents)
         return false;
-    const Point origin = outerOriginOfFrame(topLeftCG, extents->shadow);
+    const Point screenOrigin = primary.origin();
+    const Point outer = outerOriginOfFrame(topLeftCG, extents->shadow);
     return sendToWindowManager(_connection, window, _atoms->moveResizeWindow,
-        {Gravity | HasPosition | MoveResizeSource, pixels(origin.x), pixels(origin.y), 0, 0});
+        {Gravity | HasPosition | MoveResizeSource, pixels(outer.x + screenOrigin.x), pixels(outer.y + screenOrigin.y),
+            0, 0});
 }
 
 bool X11Windows::setSize(std::uint32_t window, const Size& frameSize) {

@@ -23,7 +23,8 @@ struct X11WindowDescription {
     std::string className; // second string of WM_CLASS
     std::string gtkApplicationIdentifier; // empty for windows of other toolkits
     X11WindowKind kind = X11WindowKind::Normal;
-    Rect frameCG; // with decorations, without shadows; screen space
+    Rect frame; // with decorations, without shadows; pixels of the root window, y down
+    Rect frameCG; // the same in screen space
     bool fullScreen = false;
     bool hidden = false; // minimised
 };

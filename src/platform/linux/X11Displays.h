@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Displays.h"
+
+#include <vector>
+
+namespace tarragon {
+
+class X11Connection;
+
+// Screens and pointer of another source, with the visible frames that the panels and docks of an X11 desktop leave. The
+// window manager tells one work area for all monitors together, which says nothing of each.
+//
+// Main thread only. The objects passed in outlive it.
+class X11Displays : public Displays {
+public:
+    X11Displays(Displays& displays, X11Connection& connection)
+        : _displays(displays)
+        , _connection(connection) { }
+
+    std::vector<Screen> screens() override;
+    Rect mainDisplayBoundsCG() override { return _displays.mainDisplayBoundsCG(); }
+    Point mouseLocationNS() override { return _displays.mouseLocationNS(); }
+
+private:
+    Displays& _displays;
+    X11Connection& _connection;
+};
+
+} // namespace tarragon
