@@ -2,6 +2,7 @@
 
 #include "ProcessTree.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
@@ -87,6 +88,10 @@ void Desktop::startWindowManager() {
 
 bool Desktop::isAlive() {
     return _server->isRunning() && _bus->isRunning() && _manager->isRunning();
+}
+
+void Desktop::holdWindowManager(bool hold) {
+    _manager->sendSignal(hold ? SIGSTOP : SIGCONT);
 }
 
 std::unique_ptr<ChildProcess> Desktop::start(

@@ -36,6 +36,8 @@ public:
     const std::filesystem::path& home() const { return _folder.path(); }
     std::filesystem::path configurationFolder() const { return home() / ".config"; }
     bool isAlive();
+    // While it is held, windows stay where they are whatever happens to the monitors.
+    void holdWindowManager(bool hold);
 
     // Starts a program of this session, with extra variables.
     std::unique_ptr<ChildProcess> start(

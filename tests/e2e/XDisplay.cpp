@@ -116,6 +116,30 @@ PixelRect XDisplay::frameOf(xcb_window_t window) {
     return {position->dst_x, position->dst_y, size->width, size->height};
 }
 
+PixelRect XDisplay::outerFrameOf(xcb_window_t window) {
+    // A window manager puts every window into one of its own, which hangs in the root window.
+    while (true) {
+        Reply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(_connection, xcb_query_tree(_connection, window), nullptr));
+        if (!tree)
+            return {};
+        if (tree->parent == root() || tree->parent == XCB_NONE)
+            break;
+        window = tree->parent;
+    }
+    Reply<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(_connection, xcb_get_geometry(_connection, window), nullptr));
+    if (!geometry)
+        return {};
+    return {geometry->x, geometry->y, geometry->width + 2 * geometry->border_width,
+        geometry->height + 2 * geometry->border_width};
+}
+
+bool XDisplay::hasState(xcb_window_t window, const std::string& state) {
+    auto states = cardinals(window, "_NET_WM_STATE", XCB_ATOM_ATOM);
+    return std::find(states.begin(), states.end(), atom(state)) != states.end();
+}
+
 void XDisplay::sendToWindowManager(
     xcb_window_t window, const std::string& message, const std::vector<std::uint32_t>& data) {
     xcb_client_message_event_t event{};
@@ -142,6 +166,22 @@ void XDisplay::moveWindow(xcb_window_t window, int x, int y) {
     constexpr std::uint32_t fromPager = 2U << 12U;
     sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
         {xAndY | fromPager, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)});
+}
+
+void XDisplay::setState(xcb_window_t window, const std::string& state, bool on) {
+    constexpr std::uint32_t fromPager = 2;
+    sendToWindowManager(window, "_NET_WM_STATE", {on ? 1U : 0U, atom(state), XCB_ATOM_NONE, fromPager});
+}
+
+void XDisplay::minimize(xcb_window_t window) {
+    constexpr std::uint32_t iconic = 3;
+    sendToWindowManager(window, "WM_CHANGE_STATE", {iconic});
+}
+
+void XDisplay::setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
+    const std::vector<std::uint32_t>& values) {
+    xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom(property), atom(type), 32,
+        static_cast<std::uint32_t>(values.size()), values.data());
 }
 
 std::vector<XWindow> XDisplay::mappedChildrenOfRoot(bool menus) {
@@ -240,18 +280,30 @@ void XDisplay::deleteMonitor(const std::string& name) {
     xcb_randr_delete_monitor(_connection, root(), atom(name));
 }
 
-void XDisplay::setTwoMonitors() {
-    PixelRect whole = bounds();
-    int half = whole.width / 2;
-    setMonitor("LEFT", {0, 0, half, whole.height}, true, true);
-    setMonitor("RIGHT", {half, 0, whole.width - half, whole.height}, false, false);
+void XDisplay::setMonitors(const std::vector<PixelRect>& frames, std::size_t primary) {
+    // In one go, so that nobody sees the desktop with half of its monitors. All are new ones: not every toolkit notices
+    // that one of the same name has moved.
+    xcb_grab_server(_connection);
+    for (const std::string& name : _monitors)
+        deleteMonitor(name);
+    _monitors.clear();
+    for (std::size_t index = 0; index < frames.size(); ++index) {
+        _monitors.push_back("MONITOR-" + std::to_string(++_countOfMonitors));
+        // The first one stands for the real output, which would be a monitor of its own otherwise.
+        setMonitor(_monitors.back(), frames[index], index == primary, index == 0);
+    }
+    xcb_ungrab_server(_connection);
     xcb_flush(_connection);
 }
 
+void XDisplay::setTwoMonitors() {
+    PixelRect whole = bounds();
+    int half = whole.width / 2;
+    setMonitors({{0, 0, half, whole.height}, {half, 0, whole.width - half, whole.height}}, 0);
+}
+
 void XDisplay::setOneMonitor() {
-    deleteMonitor("RIGHT");
-    deleteMonitor("LEFT");
-    xcb_flush(_connection);
+    setMonitors({}, 0);
 }
 
 bool XDisplay::screenshot(const std::filesystem::path& file) {

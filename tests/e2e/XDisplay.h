@@ -45,6 +45,8 @@ public:
     XDisplay& operator=(const XDisplay&) = delete;
 
     xcb_connection_t* connection() const { return _connection; }
+    // A new atom when nobody has used the name before.
+    xcb_atom_t atom(const std::string& name);
     xcb_window_t root() const { return _screen->root; }
     PixelRect bounds() const { return {0, 0, _screen->width_in_pixels, _screen->height_in_pixels}; }
 
@@ -56,11 +58,19 @@ public:
     std::vector<xcb_window_t> managedWindowsOf(pid_t process);
     pid_t processOf(xcb_window_t window);
     std::string titleOf(xcb_window_t window);
+    // Without and with what the window manager draws around it.
     PixelRect frameOf(xcb_window_t window);
-    // Both ask the window manager, as a task bar does.
+    PixelRect outerFrameOf(xcb_window_t window);
+    // A state by its name, as "_NET_WM_STATE_FULLSCREEN".
+    bool hasState(xcb_window_t window, const std::string& state);
+    // All of these ask the window manager, as a task bar does.
     void activate(xcb_window_t window);
     void close(xcb_window_t window);
     void moveWindow(xcb_window_t window, int x, int y);
+    void setState(xcb_window_t window, const std::string& state, bool on);
+    void minimize(xcb_window_t window);
+    void setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
+        const std::vector<std::uint32_t>& values);
 
     // The menus that are open, bottom to top: mapped windows that no window manager manages.
     std::vector<XWindow> openMenus();
@@ -70,7 +80,8 @@ public:
     // True when somebody has taken this combination for the whole desktop.
     bool keyIsGrabbed(xcb_keycode_t keyCode, std::uint16_t modifiers);
 
-    // Gives the desktop two monitors side by side instead of one, or one again.
+    // Gives the desktop these monitors instead of one, two of them side by side, or one again.
+    void setMonitors(const std::vector<PixelRect>& frames, std::size_t primary);
     void setTwoMonitors();
     void setOneMonitor();
 
@@ -78,7 +89,6 @@ public:
     bool screenshot(const std::filesystem::path& file);
 
 private:
-    xcb_atom_t atom(const std::string& name);
     std::vector<std::uint32_t> cardinals(xcb_window_t window, const std::string& property, xcb_atom_t type);
     void sendToWindowManager(xcb_window_t window, const std::string& message, const std::vector<std::uint32_t>& data);
     std::vector<XWindow> mappedChildrenOfRoot(bool menus);
@@ -88,6 +98,8 @@ private:
     xcb_connection_t* _connection;
     const xcb_screen_t* _screen = nullptr;
     std::map<std::string, xcb_atom_t> _atoms;
+    std::vector<std::string> _monitors; // of our own making
+    int _countOfMonitors = 0;
 };
 
 } // namespace tarragon::e2e

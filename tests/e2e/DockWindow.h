@@ -1,0 +1,20 @@
+#pragma once
+
+#include "XDisplay.h"
+
+namespace tarragon::e2e {
+
+// A panel along the bottom of the display that keeps its place free of windows, as a task bar does.
+class DockWindow {
+public:
+    DockWindow(XDisplay& display, const PixelRect& frame);
+    ~DockWindow();
+    DockWindow(const DockWindow&) = delete;
+    DockWindow& operator=(const DockWindow&) = delete;
+
+private:
+    XDisplay& _display;
+    xcb_window_t _window;
+};
+
+} // namespace tarragon::e2e
