@@ -1,0 +1,226 @@
+// Switches between real applications and opens their menus for a long time, and tells what the agent has kept of it:
+// memory, descriptors, processes. Usage: soak [SWITCHES [OPENINGS]], 10,000 and 2,000 unless told otherwise.
+
+#include "Agent.h"
+#include "Desktop.h"
+#include "ProcessTree.h"
+#include "TestApplication.h"
+#include "Wait.h"
+
+#include <X11/keysym.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+using namespace tarragon::e2e;
+
+namespace {
+
+constexpr int WarmUpRounds = 1000;
+constexpr long MostGrowth = 1024 * 1024; // bytes
+constexpr Duration Patience{20000};
+
+struct Holdings {
+    long memory = 0; // bytes
+    long descriptors = 0;
+    long threads = 0;
+    long children = 0; // zombies count
+};
+
+long entriesOf(const std::filesystem::path& folder) {
+    std::error_code ignored;
+    long count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+        static_cast<void>(entry);
+        ++count;
+    }
+    return count;
+}
+
+long childrenOf(pid_t process) {
+    const std::string name = std::to_string(process);
+    std::ifstream file("/proc/" + name + "/task/" + name + "/children");
+    long count = 0;
+    for (pid_t child = 0; file >> child;)
+        ++count;
+    return count;
+}
+
+Holdings holdingsOf(pid_t process) {
+    const std::filesystem::path folder = "/proc/" + std::to_string(process);
+    return {residentSizeOf(process), entriesOf(folder / "fd"), entriesOf(folder / "task"), childrenOf(process)};
+}
+
+// Holdings once nothing is under way any more.
+Holdings restingHoldingsOf(pid_t process) {
+    Holdings holdings;
+    const bool rested = waitUntil(
+        [&] {
+            holdings = holdingsOf(process);
+            return holdsFor(Duration(500), [&] {
+                const Holdings now = holdingsOf(process);
+                return now.memory == holdings.memory && now.descriptors == holdings.descriptors;
+            });
+        },
+        Patience);
+    if (!rested)
+        throw std::runtime_error("the agent does not come to rest");
+    return holdings;
+}
+
+void print(int round, int openings, int emptyMirrors, const Holdings& holdings) {
+    std::printf(
+        "%6d switches, %5d openings, %3d empty mirrors: %8.3f MiB, %ld descriptors, %ld threads, %ld children\n", round,
+        openings, emptyMirrors, static_cast<double>(holdings.memory) / 1024 / 1024, holdings.descriptors,
+        holdings.threads, holdings.children);
+    std::fflush(stdout);
+}
+
+class Soak {
+public:
+    Soak(Desktop& desktop, int switches, int openings)
+        : _desktop(desktop)
+        , _switches(switches)
+        , _openings(openings) {
+        for (const ApplicationKind kind :
+            {ApplicationKind::Mousepad, ApplicationKind::Geany, ApplicationKind::FeatherPad})
+            _applications.push_back(std::make_unique<TestApplication>(desktop, kind));
+        _agent = std::make_unique<Agent>(desktop, usualHotKey(), SOAK_AGENT);
+        _lines.open(_agent->process().outputFile());
+        // Somewhere in the middle, where a menu fits to every side.
+        desktop.input().moveTo(700, 300);
+    }
+
+    // True when nothing has leaked.
+    bool run() {
+        const int warmUp = std::min(WarmUpRounds, _switches / 2);
+        const int report = std::max(1, _switches / 10);
+        Holdings first;
+        for (int round = 1; round <= _switches; ++round) {
+            switchTo(*_applications[static_cast<std::size_t>(round) % _applications.size()]);
+            // Spread evenly over the switches, and over the applications and their menus.
+            while (static_cast<long>(_opened) * _switches < static_cast<long>(round) * _openings)
+                openMenu();
+            if (round == warmUp)
+                first = restingHoldingsOf(_agent->identifier());
+            if (round == warmUp || round % report == 0)
+                print(round, _opened, _emptyMirrors, holdingsOf(_agent->identifier()));
+        }
+        const Holdings last = restingHoldingsOf(_agent->identifier());
+        print(_switches, _opened, _emptyMirrors, last);
+        return judge(first, last);
+    }
+
+private:
+    void fail(const std::string& what) const {
+        throw std::runtime_error(
+            what + (_agent->isRunning() ? "" : ", the agent has ended") + ": " + _agent->process().standardError());
+    }
+
+    // The newest switch that the agent has handled.
+    void readAlong() {
+        _lines.clear();
+        for (std::string line; std::getline(_lines, line);) {
+            // The end of the file may be in the middle of a line.
+            _begun += line;
+            if (_lines.eof())
+                return;
+            std::istringstream(_begun) >> _handled >> _items;
+            _begun.clear();
+        }
+    }
+
+    void switchTo(TestApplication& application) {
+        _desktop.display().activate(application.window());
+        const bool handled = waitUntil(
+            [&] {
+                readAlong();
+                return _handled == application.identifier();
+            },
+            Patience);
+        if (!handled)
+            fail("the switch to " + nameOf(application.kind()) + " is not handled");
+        _emptyMirrors += _items == 0 ? 1 : 0;
+    }
+
+    void waitForMenus(std::size_t count) {
+        if (!waitUntil([&] { return _agent->openMenus().size() == count; }, Patience))
+            fail("there are not " + std::to_string(count) + " open menus");
+    }
+
+    void openMenu() {
+        if (_items == 0)
+            return;
+        SyntheticInput& input = _desktop.input();
+        _agent->pressHotKey();
+        waitForMenus(1);
+        if (!waitUntil([&] { return _desktop.display().keyboardIsGrabbed(); }, Patience))
+            fail("the menu has not got the keyboard");
+        // All applications here have at least five menus.
+        constexpr int Menus = 5;
+        for (int step = 0; step <= _opened % Menus; ++step)
+            input.tap(XK_Down);
+        input.tap(XK_Right);
+        waitForMenus(2);
+        input.tap(XK_Escape);
+        waitForMenus(1);
+        input.tap(XK_Escape);
+        waitForMenus(0);
+        ++_opened;
+    }
+
+    static bool judge(const Holdings& first, const Holdings& last) {
+        const long growth = last.memory - first.memory;
+        std::printf(
+            "after the first rounds: %+.3f MiB (less than 1 MiB), %+ld descriptors, %+ld threads, %ld children\n",
+            static_cast<double>(growth) / 1024 / 1024, last.descriptors - first.descriptors,
+            last.threads - first.threads, last.children);
+        return growth < MostGrowth && last.descriptors <= first.descriptors && last.threads <= first.threads
+            && last.children == 0;
+    }
+
+    Desktop& _desktop;
+    int _switches;
+    int _openings;
+    std::vector<std::unique_ptr<TestApplication>> _applications;
+    std::unique_ptr<Agent> _agent;
+    std::ifstream _lines;
+    std::string _begun;
+    pid_t _handled = 0;
+    long _items = 0;
+    int _opened = 0;
+    int _emptyMirrors = 0;
+};
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    const int switches = argumentCount > 1 ? std::atoi(arguments[1]) : 10000;
+    const int openings = argumentCount > 2 ? std::atoi(arguments[2]) : 2000;
+    if (switches < 2 || openings < 0) {
+        std::cerr << "usage: soak [SWITCHES [OPENINGS]]\n";
+        return 2;
+    }
+    try {
+        adoptOrphans();
+        Desktop desktop(WindowManager::Openbox);
+        const auto start = Clock::now();
+        const bool sound = Soak(desktop, switches, openings).run();
+        std::printf("%ld seconds: %s\n",
+            static_cast<long>(std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start).count()),
+            sound ? "nothing leaked" : "SOMETHING LEAKED");
+        return sound ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::cerr << "soak: " << error.what() << "\n";
+        return 1;
+    }
+}
