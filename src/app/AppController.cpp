@@ -5,10 +5,12 @@
 #include "app/AppDelegate.h"
 #include "mirror/MenuPresenter.h"
 
+#include <utility>
+
 namespace tarragon {
 
-AppController::AppController(const Platform& platform, MenuPresenter& presenter, AppDelegate& appDelegate)
-    : _platform(platform)
+AppController::AppController(Platform platform, MenuPresenter& presenter, AppDelegate& appDelegate)
+    : _platform(std::move(platform))
     , _presenter(presenter)
     , _appDelegate(appDelegate)
     , _ignoreList(_platform.defaults, _platform.workspace, *this, nullptr) { }

@@ -23,7 +23,7 @@ class MenuPresenter;
 class AppController : public MenuReaderOwner, private FocusedWindowQueries {
 public:
     // The services, the presenter and the delegate outlive the controller.
-    AppController(const Platform& platform, MenuPresenter& presenter, AppDelegate& appDelegate);
+    AppController(Platform platform, MenuPresenter& presenter, AppDelegate& appDelegate);
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
 

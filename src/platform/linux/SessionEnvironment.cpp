@@ -28,7 +28,7 @@ std::vector<fs::path> absolutePaths(std::string_view text) {
 
 // The folder that the variable names, else the one of that name in the user's home; empty when there is neither.
 fs::path userFolder(const char* variable, const char* nameInHome) {
-    const fs::path folder = environmentVariable(variable);
+    fs::path folder = environmentVariable(variable);
     if (folder.is_absolute())
         return folder;
     const fs::path home = environmentVariable("HOME");

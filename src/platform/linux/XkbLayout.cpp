@@ -52,7 +52,6 @@ bool isControlCharacter(std::string_view text) {
 
 XkbLayout::XkbLayout(Keymap keymap, std::uint32_t layoutNumber)
     : _keymap(std::move(keymap))
-    , _layoutNumber(layoutNumber)
     , _state(newState(_keymap.get(), numLock(_keymap.get()), layoutNumber)) { }
 
 std::optional<XkbLayout> XkbLayout::ofKeymap(xkb_keymap* keymap, std::uint32_t layoutNumber) {

@@ -35,7 +35,6 @@ private:
     std::uint32_t symbolOfKey(std::uint8_t keyCode) const;
 
     Keymap _keymap;
-    std::uint32_t _layoutNumber;
     std::shared_ptr<xkb_state> _state; // no modifiers but Num Lock
 };
 

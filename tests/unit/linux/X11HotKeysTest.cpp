@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -44,6 +45,8 @@ protected:
     }
 
     bool grabByOtherProgram(std::uint32_t keyCode, std::uint16_t modifiers) {
+        // The server need not serve two programs in the order in which they asked, so the first one's turn comes first.
+        std::free(xcb_get_input_focus_reply(connection->get(), xcb_get_input_focus(connection->get()), nullptr));
         const X11Reply<xcb_generic_error_t> error(xcb_request_check(otherProgram->get(),
             xcb_grab_key_checked(otherProgram->get(), 0, otherProgram->rootWindow(), modifiers, x11KeyCode(keyCode),
                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
