@@ -3,6 +3,8 @@
 #include "platform/linux/AtspiAttributes.h"
 #include "platform/linux/AtspiRole.h"
 
+#include <unordered_map>
+
 namespace tarragon {
 
 namespace {
@@ -15,6 +17,10 @@ constexpr std::size_t MostItems = 100'000;
 
 bool holdsItems(Place place) {
     return place == Place::InMenu || place == Place::InMenuBar;
+}
+
+constexpr std::uint64_t bitOf(AtspiState state) {
+    return 1ULL << static_cast<unsigned>(state);
 }
 
 AtspiNodes::Wanted wanted(const std::vector<AtspiReference>& references, AtspiFields fields) {
@@ -44,18 +50,38 @@ void AtspiItemReading::readKinds(const std::vector<AtspiReference>& objects, Pla
     tellSeparatorsApart({objects, place});
 }
 
-void AtspiItemReading::readOpeningMenus(const std::vector<AtspiReference>& menus) {
-    _nodes.fetch(_connection, wanted(menus, kindFields(Place::UnderItem) | AtspiFieldChildren));
+void AtspiItemReading::readMenus(const std::vector<AtspiReference>& menus) {
+    if (_toolkit != AtspiToolkit::Qt) {
+        _nodes.fetch(_connection, wanted(menus, kindFields(Place::UnderItem)));
+        return;
+    }
+    // In this toolkit nothing but menus stands below an item of a menu.
+    for (const AtspiReference& reference : menus) {
+        AtspiNode& node = _nodes.at(reference);
+        if (node.missing(AtspiFieldRole) == 0)
+            continue;
+        node.role = AtspiRolePopupMenu;
+        node.asked |= AtspiFieldRole;
+    }
 }
 
-void AtspiItemReading::readItems(const std::vector<AtspiReference>& items, Place place) {
-    const Level level{items, place};
+AtspiFields AtspiItemReading::fieldsOfContainer(AtspiToolkit toolkit, std::int64_t childCount) {
+    // Only this toolkit searches for us, and it takes longer for each child the more of them there are.
+    constexpr std::int64_t mostChildren = 100;
+    const bool searches = toolkit == AtspiToolkit::Gtk && childCount >= 0 && childCount <= mostChildren;
+    return searches ? AtspiFieldChildren | AtspiFieldKinds : AtspiFieldChildren;
+}
+
+void AtspiItemReading::readItems(const AtspiNode& container, Place place) {
+    takeKinds(container);
+    const Level level{*container.children, place};
     readItemsAlone(level);
-    _nodes.fetch(_connection, wanted(menusOf(level), kindFields(Place::UnderItem)));
+    readMenus(menusOf(level));
 }
 
-void AtspiItemReading::readItemsOfAllLevels(const std::vector<AtspiReference>& items, Place place) {
-    Level level{items, place};
+void AtspiItemReading::readItemsOfAllLevels(const AtspiNode& container, Place place) {
+    takeKinds(container);
+    Level level{*container.children, place};
     std::size_t count = 0;
     for (int depth = 0; depth < DeepestLevel && !level.items.empty() && count < MostItems; ++depth) {
         count += level.items.size();
@@ -64,12 +90,56 @@ void AtspiItemReading::readItemsOfAllLevels(const std::vector<AtspiReference>& i
     }
 }
 
+void AtspiItemReading::takeKinds(const AtspiNode& container) {
+    if (!container.kinds.areKnown() || !container.children)
+        return;
+    std::unordered_map<AtspiReference, Kind, AtspiReferenceHash> kinds;
+    for (const AtspiReference& reference : container.kinds.usual)
+        kinds[reference].isUsual = true;
+    for (const AtspiReference& reference : container.kinds.checked)
+        kinds[reference].isChecked = true;
+    for (const AtspiReference& reference : container.kinds.menus)
+        kinds[reference].role = AtspiRoleMenu;
+    for (const AtspiReference& reference : container.kinds.separators)
+        kinds[reference].role = AtspiRoleSeparator;
+    for (const AtspiReference& reference : container.kinds.tearoffs)
+        kinds[reference].role = AtspiRoleTearoffMenuItem;
+    for (const AtspiReference& reference : *container.children)
+        takeKind(reference, kinds[reference]);
+}
+
+void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kind) {
+    constexpr std::uint64_t usual =
+        bitOf(AtspiState::Visible) | bitOf(AtspiState::Sensitive) | bitOf(AtspiState::Enabled);
+    AtspiNode& node = _nodes.at(reference);
+    if (node.missing(AtspiFieldRole) != 0)
+        node.role = kind.role;
+    node.asked |= AtspiFieldRole;
+    // The others are asked one by one what they are.
+    if (kind.isUsual && node.missing(AtspiFieldStates) != 0) {
+        node.states = kind.isChecked ? usual | bitOf(AtspiState::Checked) : usual;
+        node.asked |= AtspiFieldStates;
+    }
+    // What opens a menu has no keys, nor has a line between items.
+    if (kind.role != AtspiRoleMenuItem)
+        node.asked |= AtspiFieldKeyBinding;
+}
+
 void AtspiItemReading::readItemsAlone(const Level& level) {
-    AtspiFields fields = kindFields(level.place) | AtspiFieldKeyBinding;
-    // Here the role tells whether an item opens a menu; elsewhere only the menu itself does.
-    if (_toolkit != AtspiToolkit::Gtk)
-        fields |= AtspiFieldChildren;
-    _nodes.fetch(_connection, wanted(level.items, fields));
+    const AtspiFields kind = kindFields(level.place) | AtspiFieldKeyBinding;
+    AtspiNodes::Wanted unread;
+    unread.reserve(level.items.size());
+    for (const AtspiReference& reference : level.items) {
+        const AtspiNode& node = _nodes.at(reference);
+        AtspiFields fields = kind;
+        // Here the role tells whether an item opens a menu; elsewhere only the menu itself does.
+        if (_toolkit != AtspiToolkit::Gtk)
+            fields |= AtspiFieldChildren;
+        else if (node.role == AtspiRoleMenu && node.missing(AtspiFieldName) != 0)
+            fields |= AtspiFieldChildCount;
+        unread.emplace_back(reference, fields);
+    }
+    _nodes.fetch(_connection, unread);
     tellSeparatorsApart(level);
 }
 
@@ -104,12 +174,13 @@ std::vector<AtspiReference> AtspiItemReading::menusOf(const Level& level) {
 
 AtspiItemReading::Level AtspiItemReading::readNextLevel(const Level& level) {
     std::vector<AtspiReference> menus = menusOf(level);
-    AtspiNodes::Wanted unread = wanted(menus, kindFields(Place::UnderItem) | AtspiFieldChildren);
+    readMenus(menus);
+    AtspiNodes::Wanted unread = wanted(menus, AtspiFieldChildren);
     for (const AtspiReference& reference : level.items) {
         if (!hasImpliedMenu(_nodes.at(reference), level.place))
             continue;
         menus.push_back(reference);
-        unread.emplace_back(reference, AtspiFieldChildren);
+        unread.emplace_back(reference, fieldsOfContainer(_toolkit, _nodes.at(reference).childCount.value_or(-1)));
     }
     _nodes.fetch(_connection, unread);
 
@@ -120,6 +191,7 @@ AtspiItemReading::Level AtspiItemReading::readNextLevel(const Level& level) {
         if (menu.isReadBelow || !menu.children)
             continue;
         menu.isReadBelow = true;
+        takeKinds(menu);
         next.items.insert(next.items.end(), menu.children->begin(), menu.children->end());
     }
     return next;

@@ -2,7 +2,9 @@
 
 #include "platform/linux/AtspiElement.h"
 #include "platform/linux/AtspiNodes.h"
+#include "platform/linux/AtspiRole.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace tarragon {
@@ -19,12 +21,14 @@ public:
 
     // What tells items and menus apart.
     void readKinds(const std::vector<AtspiReference>& objects, AtspiElement::Place place);
-    // The menus of an item that is about to be opened: what they are and what stands in them.
-    void readOpeningMenus(const std::vector<AtspiReference>& menus);
-    // All that items can tell, and what kind of menus they open.
-    void readItems(const std::vector<AtspiReference>& items, AtspiElement::Place place);
+    // What is to be asked of an object whose items are to be read. The number of its children is -1 when not known.
+    static AtspiFields fieldsOfContainer(AtspiToolkit toolkit, std::int64_t childCount);
+    // What stands below an item.
+    void readMenus(const std::vector<AtspiReference>& menus);
+    // All that the items of a container can tell, and what kind of menus they open.
+    void readItems(const AtspiNode& container, AtspiElement::Place place);
     // The same for these items and for those of all menus below them, level by level.
-    void readItemsOfAllLevels(const std::vector<AtspiReference>& items, AtspiElement::Place place);
+    void readItemsOfAllLevels(const AtspiNode& container, AtspiElement::Place place);
 
 private:
     // Items that stand in places of the same kind.
@@ -33,7 +37,17 @@ private:
         AtspiElement::Place place;
     };
 
+    // What a search tells of an object.
+    struct Kind {
+        std::uint32_t role = AtspiRoleMenuItem;
+        bool isUsual = false;
+        bool isChecked = false;
+    };
+
     AtspiFields kindFields(AtspiElement::Place place) const;
+    // What is known of items from the search among the children of their container.
+    void takeKinds(const AtspiNode& container);
+    void takeKind(const AtspiReference& reference, const Kind& kind);
     void readItemsAlone(const Level& level);
     void tellSeparatorsApart(const Level& level);
     // The menus that items open, in the toolkits where these are objects of their own.

@@ -2,6 +2,7 @@
 
 #include "platform/Geometry.h"
 #include "platform/linux/AtspiReference.h"
+#include "platform/linux/AtspiState.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,19 +10,6 @@
 #include <vector>
 
 namespace tarragon {
-
-// The states of an accessible object that we look at, by their bit number.
-enum class AtspiState : std::uint8_t {
-    Active = 1,
-    Checked = 4,
-    Editable = 7,
-    Enabled = 8,
-    Focused = 12,
-    Iconified = 15,
-    Sensitive = 24,
-    Showing = 25,
-    Visible = 30,
-};
 
 // What can be asked of an accessible object; a set of bits.
 enum AtspiField : std::uint32_t {
@@ -37,8 +25,24 @@ enum AtspiField : std::uint32_t {
     AtspiFieldDescription = 1U << 8U,
     AtspiFieldText = 1U << 9U,
     AtspiFieldNumber = 1U << 10U,
+    AtspiFieldKinds = 1U << 11U,
 };
 using AtspiFields = std::uint32_t;
+
+// The children of an object by what they are: a handful of answers instead of two for each child.
+struct AtspiKinds {
+    static constexpr int Questions = 5;
+
+    std::vector<AtspiReference> usual; // visible and enabled, as most are
+    std::vector<AtspiReference> checked;
+    std::vector<AtspiReference> menus;
+    std::vector<AtspiReference> separators;
+    std::vector<AtspiReference> tearoffs;
+    int answers = 0;
+
+    // What has no answer in one respect is not known in the others.
+    bool areKnown() const { return answers == Questions; }
+};
 
 // What is known of one accessible object. A field that was asked for and is empty could not be had.
 struct AtspiNode {
@@ -55,6 +59,7 @@ struct AtspiNode {
     std::optional<std::string> description;
     std::optional<std::string> text; // contents of a text field
     std::optional<double> number; // value of a slider, a scroll bar ...
+    AtspiKinds kinds; // of its children
     bool isReadBelow = false; // the items of this menu were read, and those of all menus below
 
     bool has(AtspiState state) const { return states && ((*states >> static_cast<unsigned>(state)) & 1U) != 0; }

@@ -1,6 +1,7 @@
 #include "platform/linux/AtspiNodes.h"
 
 #include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiRole.h"
 
 namespace tarragon {
 
@@ -58,6 +59,24 @@ void addRequests(
     }
 }
 
+void addKindRequests(std::vector<AtspiRequest>& requests, const AtspiReference& reference, AtspiKinds& kinds) {
+    const auto ask = [&](std::vector<AtspiReference>& answer, AtspiMatchRule rule) {
+        requests.push_back({reference, "org.a11y.atspi.Collection", "GetMatches", std::move(rule),
+            [&kinds, &answer](AtspiReply& reply) {
+                if (auto references = reply.readReferences()) {
+                    answer = std::move(*references);
+                    ++kinds.answers;
+                }
+            }});
+    };
+    kinds = {};
+    ask(kinds.usual, {.roles = {}, .states = {AtspiState::Visible, AtspiState::Sensitive, AtspiState::Enabled}});
+    ask(kinds.checked, {.roles = {}, .states = {AtspiState::Checked}});
+    ask(kinds.menus, {.roles = {AtspiRoleMenu}, .states = {}});
+    ask(kinds.separators, {.roles = {AtspiRoleSeparator}, .states = {}});
+    ask(kinds.tearoffs, {.roles = {AtspiRoleTearoffMenuItem}, .states = {}});
+}
+
 } // namespace
 
 const AtspiNode& AtspiNodes::fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields) {
@@ -72,6 +91,8 @@ void AtspiNodes::fetch(AtspiConnection& connection, const Wanted& wanted) {
         const AtspiFields missing = node.missing(fields);
         node.asked |= missing;
         addRequests(requests, reference, node, missing);
+        if ((missing & AtspiFieldKinds) != 0)
+            addKindRequests(requests, reference, node.kinds);
     }
     connection.run(requests);
 }

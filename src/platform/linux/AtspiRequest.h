@@ -2,11 +2,13 @@
 
 #include "platform/linux/AtspiReference.h"
 #include "platform/linux/AtspiReply.h"
+#include "platform/linux/AtspiState.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace tarragon {
 
@@ -15,9 +17,17 @@ struct AtspiScreenPoint {
     std::int32_t y = 0;
 };
 
+// Which of the children of an object are meant: those with one of the roles and all of the states. What is empty
+// matches everything. (Rules that exclude are answered wrongly.)
+struct AtspiMatchRule {
+    std::vector<std::uint32_t> roles = {};
+    std::vector<AtspiState> states = {};
+};
+
 // One method call on one object. The strings of interface and member must outlive the request.
 struct AtspiRequest {
-    // Nothing, a property's interface and name, a number, a coordinate system, a point on the screen, a text.
+    // Nothing, a property's interface and name, a number, a coordinate system, a point on the screen, a range, which
+    // objects are meant, a text.
     struct Property {
         const char* interface;
         const char* name;
@@ -28,7 +38,7 @@ struct AtspiRequest {
         std::int32_t end;
     };
     using Argument = std::variant<std::monostate, Property, std::int32_t, CoordinatesOfScreen, AtspiScreenPoint,
-        TextRange, std::string>;
+        TextRange, AtspiMatchRule, std::string>;
 
     AtspiReference target;
     const char* interface;

@@ -48,6 +48,10 @@ std::optional<std::vector<std::string>> AtspiTree::attributeNames(const Element&
     const AtspiElement& handle = *AtspiElement::of(element);
     if (handle.kind == Kind::ItemMenu)
         return attributeNamesOfRole(role::Menu);
+    // Whoever begins with an item goes on with the menu that it opens.
+    const bool isItem = handle.place == Place::InMenu || handle.place == Place::InMenuBar;
+    if (_reading != Reading::OneAttribute && isItem && !_nodes.at(handle.reference).role)
+        readWithChildren(handle);
     const std::string_view role = roleOf(handle);
     if (role.empty())
         return {};
@@ -161,9 +165,8 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& element) 
     const bool isKnown = node.role.has_value();
     if (isKnown && isLeaf(node, handle.toolkit))
         return std::vector<Element>{};
-    const bool opens = node.missing(AtspiFieldChildren) != 0;
     if (!isKnown || !hasImpliedMenu(node, handle.place))
-        _nodes.fetch(_connection, handle.reference, AtspiFieldRole | AtspiFieldChildren);
+        readWithChildren(handle);
     if (!node.role)
         return {};
     if (hasImpliedMenu(node, handle.place)) {
@@ -173,7 +176,7 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& element) 
         menu->place = Place::UnderItem;
         return std::vector<Element>{Element(std::move(menu))};
     }
-    return childrenInPlace(element, handle.reference, placeOfChildren(*node.role, handle.place), opens);
+    return childrenInPlace(element, handle.reference, placeOfChildren(*node.role, handle.place));
 }
 
 std::optional<std::vector<Element>> AtspiTree::children(const Element& parent, const AtspiReference& container) {
@@ -181,7 +184,7 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& parent, c
 }
 
 std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
-    const Element& parent, const AtspiReference& container, Place place, bool opens) {
+    const Element& parent, const AtspiReference& container, Place place) {
     const AtspiElement& handle = *AtspiElement::of(parent);
     const auto& references = _nodes.fetch(_connection, container, AtspiFieldChildren).children;
     if (!references)
@@ -190,7 +193,7 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     if (handle.steps >= AtspiElement::StepLimit)
         return result;
     if (place != Place::Elsewhere)
-        readChildren(container, place, handle.toolkit, opens);
+        readChildren(container, place, handle.toolkit);
     // Qt keeps hidden items in the tree, and the states of a closed menu's items do not tell. Only those that are to be
     // seen take room, once the menu has been laid out.
     const bool roomTells = place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt
@@ -207,27 +210,35 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
         auto child = relative(handle, Kind::Node);
         child->reference = reference;
         child->place = place;
+        child->childCount = _nodes.at(reference).childCount.value_or(-1);
         child->parent = parent;
         result.emplace_back(std::move(child));
     }
     return result;
 }
 
-void AtspiTree::readChildren(const AtspiReference& container, Place place, AtspiToolkit toolkit, bool opens) {
+void AtspiTree::readWithChildren(const AtspiElement& element) {
+    AtspiFields fields = AtspiFieldRole | AtspiFieldChildren;
+    if (_reading != Reading::OneAttribute && _nodes.at(element.reference).missing(AtspiFieldChildren) != 0) {
+        // A menu bar is the only other thing that the reading of menus begins with, and never long.
+        const std::int64_t childCount = element.place == Place::Elsewhere ? 0 : element.childCount;
+        fields |= AtspiItemReading::fieldsOfContainer(element.toolkit, childCount);
+    }
+    _nodes.fetch(_connection, element.reference, fields);
+}
+
+void AtspiTree::readChildren(const AtspiReference& container, Place place, AtspiToolkit toolkit) {
     AtspiNode& node = _nodes.at(container);
     AtspiItemReading reading(_connection, _nodes, toolkit);
     if (_reading == Reading::OneAttribute) {
         reading.readKinds(*node.children, place);
     } else if (place == Place::UnderItem) {
-        if (opens)
-            reading.readOpeningMenus(*node.children);
-        else
-            reading.readKinds(*node.children, place);
+        reading.readMenus(*node.children);
     } else if (_reading == Reading::OneLevel) {
-        reading.readItems(*node.children, place);
+        reading.readItems(node, place);
     } else if (!node.isReadBelow) {
         node.isReadBelow = true;
-        reading.readItemsOfAllLevels(*node.children, place);
+        reading.readItemsOfAllLevels(node, place);
     }
 }
 

@@ -40,9 +40,10 @@ private:
     std::string_view roleOf(const AtspiElement& element);
     Element parentOf(const AtspiElement& element);
     std::optional<std::vector<Element>> childrenInPlace(
-        const Element& parent, const AtspiReference& container, AtspiElement::Place place, bool opens = false);
-    // Opens: the container was reached by itself rather than with all others of its menu.
-    void readChildren(const AtspiReference& container, AtspiElement::Place place, AtspiToolkit toolkit, bool opens);
+        const Element& parent, const AtspiReference& container, AtspiElement::Place place);
+    // Its role and children, and what else serves to read the children by.
+    void readWithChildren(const AtspiElement& element);
+    void readChildren(const AtspiReference& container, AtspiElement::Place place, AtspiToolkit toolkit);
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;

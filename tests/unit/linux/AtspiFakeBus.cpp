@@ -176,6 +176,50 @@ void AtspiFakeApplication::serve() {
     }
 }
 
+namespace {
+
+bool hasBit(const std::vector<std::int32_t>& words, std::uint32_t bit) {
+    return bit / 32 < words.size() && ((static_cast<std::uint32_t>(words[bit / 32]) >> bit % 32) & 1U) != 0;
+}
+
+std::vector<std::int32_t> readWords(sd_bus_message* message) {
+    const void* data = nullptr;
+    std::size_t size = 0;
+    sd_bus_message_read_array(message, 'i', &data, &size);
+    const auto* words = static_cast<const std::int32_t*>(data);
+    return {words, words + size / sizeof(std::int32_t)};
+}
+
+} // namespace
+
+void AtspiFakeApplication::answerMatches(sd_bus_message* message, const FakeAccessible& top) {
+    sd_bus_message_enter_container(message, 'r', "aiia{ss}iaiiasib");
+    const auto states = readWords(message);
+    sd_bus_message_skip(message, "ia{ss}i");
+    const auto roles = readWords(message);
+    sd_bus_message_skip(message, "iasib");
+    sd_bus_message_exit_container(message);
+
+    const auto matches = [&](const FakeAccessible& object) {
+        for (std::uint32_t bit = 0; bit < 64; ++bit) {
+            if (hasBit(states, bit) && ((object.states >> bit) & 1U) == 0)
+                return false;
+        }
+        return roles.empty() || hasBit(roles, object.role);
+    };
+    sd_bus_message* reply = nullptr;
+    sd_bus_message_new_method_return(message, &reply);
+    sd_bus_message_open_container(reply, 'a', "(so)");
+    for (const std::string& child : top.children) {
+        const auto found = objects.find(child);
+        if (found != objects.end() && matches(found->second))
+            sd_bus_message_append(reply, "(so)", _busName.c_str(), child.c_str());
+    }
+    sd_bus_message_close_container(reply);
+    sd_bus_send(nullptr, reply, nullptr);
+    sd_bus_message_unref(reply);
+}
+
 bool AtspiFakeApplication::answer(sd_bus_message* message) {
     const std::lock_guard lock(_mutex);
     const std::string member = sd_bus_message_get_member(message);
@@ -213,6 +257,8 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         sd_bus_reply_method_return(message, "(iiii)", 10, 20, 300, object.height);
     } else if (member == "GetKeyBinding" && object.hasAction) {
         sd_bus_reply_method_return(message, "s", object.keyBinding.c_str());
+    } else if (member == "GetMatches" && searches) {
+        answerMatches(message, object);
     } else if (member == "GetName") {
         sd_bus_reply_method_return(message, "s", "click");
     } else if (member == "GetChildren") {
@@ -237,6 +283,8 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
             sd_bus_reply_method_return(message, "v", "s", object.name.c_str());
         else if (name == "NActions")
             sd_bus_reply_method_return(message, "v", "i", 1);
+        else if (name == "ChildCount")
+            sd_bus_reply_method_return(message, "v", "i", static_cast<std::int32_t>(object.children.size()));
         else if (name == "ToolkitName")
             sd_bus_reply_method_return(message, "v", "s", toolkit.c_str());
         else if (name == "Parent")

@@ -74,12 +74,14 @@ public:
     std::vector<std::pair<std::string, std::string>> foreignChildren; // of the root: bus name and path
     std::string toolkit = "gtk";
     bool isSilent = false; // reads, and answers nothing
+    bool searches = true; // answers which objects match a rule
     bool answersNonsense = false; // replies of other types than announced
     std::function<void()> beforeReply;
 
 private:
     void serve();
     bool answer(sd_bus_message* message);
+    void answerMatches(sd_bus_message* message, const FakeAccessible& top);
     void addFilter(sd_bus* bus);
     void acceptDirect();
 

@@ -63,11 +63,13 @@ protected:
         });
     }
 
-    Element element(const std::string& path, AtspiToolkit toolkit, Place place = Place::Elsewhere) {
+    Element element(
+        const std::string& path, AtspiToolkit toolkit, Place place = Place::Elsewhere, std::int64_t childCount = -1) {
         auto handle = std::make_shared<AtspiElement>();
         handle->kind = AtspiElement::Kind::Node;
         handle->toolkit = toolkit;
         handle->place = place;
+        handle->childCount = childCount;
         handle->processIdentifier = 42;
         handle->reference = {application.busName(), path};
         return Element(std::move(handle));
