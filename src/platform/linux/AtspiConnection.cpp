@@ -57,8 +57,9 @@ void AtspiConnection::close() {
     _busIdentity = 0;
 }
 
-void AtspiConnection::beginOperation() {
+void AtspiConnection::beginOperation(int timesPatience) {
     ++_operation;
+    _timesPatience = timesPatience;
 }
 
 void AtspiConnection::run(const std::vector<AtspiRequest>& requests) {
@@ -130,7 +131,7 @@ AtspiPeer& AtspiConnection::peer(const std::string& busName) {
         entry = std::make_unique<AtspiPeer>();
     if (entry->operation != _operation) {
         entry->operation = _operation;
-        entry->patience = AtspiPatience(Clock::now());
+        entry->patience = AtspiPatience(Clock::now(), _timesPatience);
     }
     return *entry;
 }

@@ -40,7 +40,8 @@ public:
     std::uint64_t busIdentity() const { return _busIdentity; }
 
     // Patience is measured from here; call it at the start of every operation of the seam.
-    void beginOperation();
+    // Waits the given number of times as long as usual.
+    void beginOperation(int timesPatience = 1);
     // Sends all requests and waits for their replies. Returns when every request was answered or given up.
     void run(const std::vector<AtspiRequest>& requests);
     // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.
@@ -75,6 +76,7 @@ private:
     std::unordered_map<std::string, std::unique_ptr<AtspiPeer>> _peers;
     std::unordered_set<std::string> _gone;
     std::uint64_t _operation = 1;
+    int _timesPatience = 1;
     AtspiStatistics _statistics;
 };
 

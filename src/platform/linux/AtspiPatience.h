@@ -14,18 +14,21 @@ public:
     static constexpr std::chrono::milliseconds Silence{1000};
     static constexpr std::chrono::milliseconds Total{5000};
 
-    explicit AtspiPatience(Clock::time_point start)
+    // Where nobody waits at a menu that opens, several times that.
+    explicit AtspiPatience(Clock::time_point start, int times = 1)
         : _start(start)
-        , _lastReply(start) { }
+        , _lastReply(start)
+        , _times(times) { }
 
     void noteReply(Clock::time_point now) { _lastReply = now; }
     // The moment at which waiting ends unless a reply comes before.
-    Clock::time_point deadline() const { return std::min(_lastReply + Silence, _start + Total); }
+    Clock::time_point deadline() const { return std::min(_lastReply + _times * Silence, _start + _times * Total); }
     bool isExhausted(Clock::time_point now) const { return now >= deadline(); }
 
 private:
     Clock::time_point _start;
     Clock::time_point _lastReply;
+    int _times;
 };
 
 } // namespace tarragon

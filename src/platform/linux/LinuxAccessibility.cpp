@@ -52,8 +52,8 @@ struct LinuxAccessibility::Client {
     AtspiWindows windows{connection};
     std::uint64_t busIdentity = 0; // of what has been learnt
 
-    void begin() {
-        connection.beginOperation();
+    void begin(int timesPatience) {
+        connection.beginOperation(timesPatience);
         connection.ensureOpen();
         if (connection.busIdentity() == busIdentity)
             return;
@@ -76,7 +76,10 @@ public:
         : _client(accessibility.clientOfThread())
         , _lock(_client.mutex)
         , _batch(accessibility.batchOfThread()) {
-        _client.begin();
+        // Nobody waits at a menu that opens while all of them are read.
+        constexpr int patientTimes = 4;
+        const bool readsAll = _batch != nullptr && _batch->reading == AtspiTree::Reading::AllLevels;
+        _client.begin(readsAll ? patientTimes : 1);
     }
 
     Client& client() { return _client; }

@@ -31,6 +31,15 @@ TEST(AtspiPatience, EndsAfterFiveSecondsWhateverComes) {
     EXPECT_TRUE(patience.isExhausted(Start + 5000ms));
 }
 
+TEST(AtspiPatience, LastsLongerWhereNobodyWaitsAtAMenu) {
+    AtspiPatience patience(Start, 4);
+    EXPECT_FALSE(patience.isExhausted(Start + 3999ms));
+    EXPECT_TRUE(patience.isExhausted(Start + 4000ms));
+    patience.noteReply(Start + 19'500ms);
+    EXPECT_FALSE(patience.isExhausted(Start + 19'999ms));
+    EXPECT_TRUE(patience.isExhausted(Start + 20s));
+}
+
 TEST(AtspiSuspension, BeginsWithATimeoutAndEndsWithAReply) {
     AtspiSuspension suspension;
     EXPECT_FALSE(suspension.isSuspended());
