@@ -79,7 +79,8 @@ std::optional<X11WindowDescription> AccessibleWindows::focusedWindow(
     std::int64_t processIdentifier, std::uint32_t window) {
     if (processIdentifier != 0) {
         auto active = activeWindow();
-        if (active && active->processIdentifier == processIdentifier)
+        // A window that is being minimised stays the active one for a moment.
+        if (active && active->processIdentifier == processIdentifier && !active->hidden)
             return active;
     }
     for (const X11WindowDescription& description : windowsOfApplication(processIdentifier, window)) {
