@@ -27,6 +27,7 @@ namespace {
 
 constexpr int WarmUpRounds = 1000;
 constexpr long MostGrowth = 1024 * 1024; // bytes
+constexpr long MostThreads = 12;
 constexpr Duration Patience{20000};
 
 struct Holdings {
@@ -77,10 +78,14 @@ Holdings restingHoldingsOf(pid_t process) {
     return holdings;
 }
 
-void print(int round, int openings, int emptyMirrors, const Holdings& holdings) {
-    std::printf(
-        "%6d switches, %5d openings, %3d empty mirrors: %8.3f MiB, %ld descriptors, %ld threads, %ld children\n", round,
-        openings, emptyMirrors, static_cast<double>(holdings.memory) / 1024 / 1024, holdings.descriptors,
+double mebibytes(long bytes) {
+    return static_cast<double>(bytes) / 1024 / 1024;
+}
+
+void print(int round, int openings, int emptyMirrors, long heap, const Holdings& holdings) {
+    std::printf("%6d switches, %5d openings, %3d empty mirrors: %7.3f MiB resident, %6.3f MiB of heap, "
+                "%ld descriptors, %ld threads, %ld children\n",
+        round, openings, emptyMirrors, mebibytes(holdings.memory), mebibytes(heap), holdings.descriptors,
         holdings.threads, holdings.children);
     std::fflush(stdout);
 }
@@ -113,10 +118,10 @@ public:
             if (round == warmUp)
                 first = restingHoldingsOf(_agent->identifier());
             if (round == warmUp || round % report == 0)
-                print(round, _opened, _emptyMirrors, holdingsOf(_agent->identifier()));
+                print(round, _opened, _emptyMirrors, _heap, holdingsOf(_agent->identifier()));
         }
         const Holdings last = restingHoldingsOf(_agent->identifier());
-        print(_switches, _opened, _emptyMirrors, last);
+        print(_switches, _opened, _emptyMirrors, _heap, last);
         return judge(first, last);
     }
 
@@ -134,12 +139,20 @@ private:
             _begun += line;
             if (_lines.eof())
                 return;
-            std::istringstream(_begun) >> _handled >> _items;
+            std::istringstream(_begun) >> _handled >> _items >> _heap;
             _begun.clear();
         }
     }
 
+    // Without the pauses, switches would outrun the threads that fill the menu cache.
+    void waitForFillings() {
+        const std::filesystem::path threads = "/proc/" + std::to_string(_agent->identifier()) + "/task";
+        if (!waitUntil([&] { return entriesOf(threads) <= MostThreads; }, Patience))
+            fail("the fillings of the menu cache do not end");
+    }
+
     void switchTo(TestApplication& application) {
+        waitForFillings();
         _desktop.display().activate(application.window());
         const bool handled = waitUntil(
             [&] {
@@ -182,8 +195,7 @@ private:
         const long growth = last.memory - first.memory;
         std::printf(
             "after the first rounds: %+.3f MiB (less than 1 MiB), %+ld descriptors, %+ld threads, %ld children\n",
-            static_cast<double>(growth) / 1024 / 1024, last.descriptors - first.descriptors,
-            last.threads - first.threads, last.children);
+            mebibytes(growth), last.descriptors - first.descriptors, last.threads - first.threads, last.children);
         return growth < MostGrowth && last.descriptors <= first.descriptors && last.threads <= first.threads
             && last.children == 0;
     }
@@ -197,6 +209,7 @@ private:
     std::string _begun;
     pid_t _handled = 0;
     long _items = 0;
+    long _heap = 0; // bytes
     int _opened = 0;
     int _emptyMirrors = 0;
 };

@@ -1,5 +1,6 @@
 // The agent for a soak: everything as in the program itself, but that a pause returns at once and that each handled
-// switch is told on standard output, as "PROCESS ITEMS", the number of items in the mirror's root menu.
+// switch is told on standard output, as "PROCESS ITEMS BYTES": the number of items in the mirror's root menu, and what
+// the heap has handed out.
 
 #include "app/AppController.h"
 #include "app/AppDelegate.h"
@@ -23,6 +24,8 @@
 
 #include <iostream>
 
+#include <malloc.h>
+
 using namespace tarragon;
 
 namespace {
@@ -37,7 +40,8 @@ void tellOfSwitch(const Notification& notification, const AppDelegate& delegate)
     const AppController* controller = delegate.appController();
     const bool hasReader = controller && controller->reader();
     std::cout << (process == notification.userInformation.end() ? 0 : process->second) << ' '
-              << (hasReader ? controller->reader()->menu()->numberOfItems() : 0) << std::endl;
+              << (hasReader ? controller->reader()->menu()->numberOfItems() : 0) << ' ' << mallinfo2().uordblks
+              << std::endl;
 }
 
 } // namespace
