@@ -34,10 +34,6 @@ std::vector<QRect> screenRectangles() {
     return rectangles;
 }
 
-// The style keeps a picture of every arrow that it draws, under a name that holds the palette of the window. Each menu
-// that opens has a palette of its own, so that nobody ever asks for the pictures of the last one again.
-constexpr int PictureCacheKilobytes = 128;
-
 } // namespace
 
 MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuKeyboard* menuKeyboard)
@@ -46,7 +42,9 @@ MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, M
     , _grab(menuKeyboard) {
     _actionTimer.setSingleShot(true);
     QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
-    QPixmapCache::setCacheLimit(PictureCacheKilobytes);
+    // The style would keep a picture of every arrow that it draws, under a name that holds the palette of the window.
+    // Each menu that opens has a palette of its own: nobody would ask for the pictures of the last one again.
+    QPixmapCache::setCacheLimit(0);
     warmUp();
 }
 
