@@ -30,7 +30,8 @@ void MenuCache::fill(const Menu::SharedTitle& appName, std::shared_ptr<MenuItem>
     }
     // The item is added when its menu is complete: whoever finds it may read the menu at once.
     auto filled = std::make_shared<Menu>(item->title());
-    fillMenu(*filled);
+    if (!fillMenu(*filled))
+        return;
     item->setMenu(std::move(filled));
     const std::lock_guard guard(_guard);
     root->addItem(std::move(item));

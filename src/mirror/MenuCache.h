@@ -27,7 +27,8 @@ namespace tarragon {
 // A filling runs on a thread of its own; everything else belongs to the main thread.
 class MenuCache {
 public:
-    using FillMenu = std::function<void(Menu&)>;
+    // False when the application did not tell what stands in the menu.
+    using FillMenu = std::function<bool(Menu&)>;
 
     explicit MenuCache(std::unique_ptr<FillingThreads> threads);
     MenuCache(const MenuCache&) = delete;
@@ -38,7 +39,8 @@ public:
     // Starts a thread that converts the submenu of a top-level item. appName is not nullptr. item is a copy that
     // belongs to the cache from now on; fillMenu converts the real items, on the thread. The menus that the
     // application has here are kept only when its entry was made with the very same name object: an equal name starts
-    // the entry afresh. Does nothing when the entry has an item of the title already.
+    // the entry afresh. Does nothing when the entry has an item of the title already. A menu that the application
+    // did not tell is not kept: it is read when it opens.
     void cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<MenuItem> item, FillMenu fillMenu);
 
     // Whether the application has an item for the submenu. Waits for the filling that is under way; answers at once

@@ -67,11 +67,17 @@ void MenuConverter::attachSubmenu(Menu& parent, const std::string& title) const 
     item->setSubmenu(std::move(submenu));
 }
 
-void MenuConverter::processSubAXMenuAsNSMenu(const Element& element, Menu& parent) {
-    for (const Element& child : childrenOf(element)) {
-        if (isMenu(child))
-            processAXMenuAsNSMenu(child, parent, std::nullopt);
+bool MenuConverter::processSubAXMenuAsNSMenu(const Element& element, Menu& parent) {
+    const Value children = read(attribute::Children, element);
+    const auto* menus = valueAs<std::vector<Element>>(children);
+    bool areTold = menus != nullptr;
+    for (const Element& child : menus ? *menus : std::vector<Element>()) {
+        if (!isMenu(child))
+            continue;
+        areTold = areTold && !isNil(read(attribute::Children, child));
+        processAXMenuAsNSMenu(child, parent, std::nullopt);
     }
+    return areTold;
 }
 
 Element MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& element) {

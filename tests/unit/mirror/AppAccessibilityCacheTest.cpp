@@ -56,6 +56,14 @@ TEST_F(Caching, StartsAFillingForEveryMenuThatMayBeCached) {
     EXPECT_EQ(work->waiting(), 2U);
 }
 
+TEST_F(Caching, ReadsAMenuThatItsApplicationDidNotTellWhenItOpens) {
+    reader->update();
+    fake.accessibility.setProcessFault(editor.processIdentifier(), FakeFault::Dead);
+    work->runAll();
+    fake.accessibility.setProcessFault(editor.processIdentifier(), FakeFault::None);
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
 TEST_F(Caching, StartsNoneWhileTheApplicationsMenusAreHidden) {
     editor.menu("Apple");
     reader->setShowAppleMenu(true);

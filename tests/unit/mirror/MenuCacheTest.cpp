@@ -30,6 +30,7 @@ protected:
         cache.cacheMenuForMenuItem(appName, item(title), [this, content](Menu& menu) {
             ++fillings;
             menu.addItem(item(content));
+            return isTold;
         });
     }
     bool exists(const std::string& appName, const std::string& title) {
@@ -39,6 +40,7 @@ protected:
     std::shared_ptr<FakeFillingThreads::Work> work = std::make_shared<FakeFillingThreads::Work>();
     MenuCache cache{std::make_unique<FakeFillingThreads>(work)};
     int fillings = 0;
+    bool isTold = true;
 };
 
 TEST_F(MenuCacheTest, HoldsNothingBeforeTheFirstFilling) {
@@ -54,6 +56,18 @@ TEST_F(MenuCacheTest, FillsOnAnotherThread) {
     EXPECT_FALSE(exists("Editor", "File"));
     work->runAll();
     EXPECT_EQ(fillings, 1);
+    EXPECT_TRUE(exists("Editor", "File"));
+}
+
+TEST_F(MenuCacheTest, KeepsNoMenuThatItsApplicationDidNotTell) {
+    isTold = false;
+    fill(name("Editor"), "File", "New");
+    work->runAll();
+    EXPECT_FALSE(exists("Editor", "File"));
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+    isTold = true;
+    fill(name("Editor"), "File", "New");
+    work->runAll();
     EXPECT_TRUE(exists("Editor", "File"));
 }
 
@@ -140,6 +154,7 @@ TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
         begun.set_value();
         goOn.get_future().wait();
         menu.addItem(item("New"));
+        return true;
     });
     begun.get_future().wait();
     // A half-filled menu is not to be found.
@@ -163,6 +178,7 @@ TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {
                 first.set_value();
             std::this_thread::yield();
             ++ended;
+            return true;
         };
         for (int index = 0; index < 20; ++index)
             cache.cacheMenuForMenuItem(name("Editor"), item("File " + std::to_string(index)), slow);
@@ -176,7 +192,7 @@ TEST(MenuCacheThreads, LeaveFillingsUndoneThatHaveNotBegunWhenTheCacheGoes) {
     bool filled = false;
     {
         MenuCache cache(std::make_unique<FakeFillingThreads>(work));
-        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&) { filled = true; });
+        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&) { return filled = true; });
     }
     EXPECT_EQ(work->waiting(), 0U);
     EXPECT_FALSE(filled);
@@ -191,6 +207,7 @@ TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
         const auto fillMenu = [](Menu& menu) {
             for (int index = 0; index < 10; ++index)
                 menu.addItem(item(std::to_string(index)));
+            return true;
         };
         cache.cacheMenuForMenuItem(round % 2 ? shared : name("Shared"), item(title), fillMenu);
         if (cache.cacheExistsForMenu("Shared", Menu(title)))
