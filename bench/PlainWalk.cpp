@@ -56,6 +56,8 @@ AtspiAccessible* menuBarOf(int processIdentifier) {
     if (rememberedProcess != processIdentifier) {
         rememberedProcess = processIdentifier;
         const Accessible application = applicationOfProcess(processIdentifier);
+        if (application)
+            atspi_accessible_set_cache_mask(application.get(), ATSPI_CACHE_NONE);
         menuBar = application ? findMenuBar(application.get(), 0) : nullptr;
     }
     return menuBar.get();
@@ -105,7 +107,6 @@ std::size_t walkWholeMenuBar(int processIdentifier) {
     AtspiAccessible* menuBar = menuBarOf(processIdentifier);
     if (!menuBar)
         return 0;
-    atspi_accessible_set_cache_mask(menuBar, ATSPI_CACHE_NONE);
     atspi_accessible_clear_cache(menuBar);
     return walkBelow(menuBar, AllLevels);
 }
