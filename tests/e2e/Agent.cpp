@@ -1,5 +1,7 @@
 #include "Agent.h"
 
+#include "ProcessTree.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -59,6 +61,12 @@ bool Agent::hotKeyIsRegistered(const HotKey& hotKey) {
 
 void Agent::pressHotKey() {
     _desktop.input().tap(_hotKey.symbol, _hotKey.modifierSymbols);
+}
+
+bool Agent::isReadingAhead() const {
+    // The libraries' own threads have names of their own.
+    std::vector<std::string> names = threadNamesOf(identifier());
+    return std::count(names.begin(), names.end(), "tarragon") > 1;
 }
 
 std::vector<XWindow> Agent::openMenus() {

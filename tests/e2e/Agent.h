@@ -49,6 +49,9 @@ public:
     bool hotKeyIsRegistered(const HotKey& hotKey);
     void pressHotKey();
 
+    // Threads of the program still read menus in the background.
+    bool isReadingAhead() const;
+
     // The menus of the program that are open now, oldest first.
     std::vector<XWindow> openMenus();
 

@@ -14,6 +14,19 @@ CommandResult run(const Desktop& desktop, const std::vector<std::string>& argume
     return desktop.run(command);
 }
 
+std::string joined(const std::vector<std::string>& titles) {
+    std::string path;
+    for (const std::string& title : titles)
+        path += (path.empty() ? "" : "|") + title;
+    return path;
+}
+
+std::optional<Menu> menuIn(const CommandResult& result) {
+    if (result.status != 0)
+        return std::nullopt;
+    return menuFromJson(nlohmann::json::parse(result.output));
+}
+
 } // namespace
 
 ApplicationReader::ApplicationReader(const Desktop& desktop)
@@ -27,14 +40,15 @@ std::optional<Menu> ApplicationReader::menus(pid_t process, const std::string& w
     std::vector<std::string> arguments{"menus", std::to_string(process)};
     if (!windowTitle.empty())
         arguments.push_back(windowTitle);
-    CommandResult result = run(_desktop, arguments);
-    if (result.status != 0)
-        return std::nullopt;
-    return menuFromJson(nlohmann::json::parse(result.output));
+    return menuIn(run(_desktop, arguments));
 }
 
-bool ApplicationReader::press(pid_t process, const std::string& path) const {
-    return run(_desktop, {"press", std::to_string(process), path}).status == 0;
+std::optional<Menu> ApplicationReader::level(pid_t process, const std::vector<std::string>& path) const {
+    return menuIn(run(_desktop, {"level", std::to_string(process), joined(path)}));
+}
+
+bool ApplicationReader::press(pid_t process, const std::vector<std::string>& path) const {
+    return run(_desktop, {"press", std::to_string(process), joined(path)}).status == 0;
 }
 
 std::optional<std::string> ApplicationReader::text(pid_t process) const {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarragon::e2e {
 
@@ -20,8 +21,11 @@ public:
     bool enableAccessibility() const;
     // The menu bar of the application's active window, or of the window with this title; nothing when it has none now.
     std::optional<Menu> menus(pid_t process, const std::string& windowTitle = {}) const;
+    // The items directly below a path of titles in the active window's menu bar, without those below them; the titles
+    // of the menu bar itself for an empty path.
+    std::optional<Menu> level(pid_t process, const std::vector<std::string>& path) const;
     // Runs an item's own action.
-    bool press(pid_t process, const std::string& path) const;
+    bool press(pid_t process, const std::vector<std::string>& path) const;
     // The contents of the text field in front.
     std::optional<std::string> text(pid_t process) const;
     // How many elements of a role ("status bar", "page tab") the application shows.

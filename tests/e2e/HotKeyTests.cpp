@@ -22,7 +22,7 @@ protected:
 
 TEST_P(HotKeyTest, ARefusedCombinationIsReportedOnceAndAnotherOneWorksAtOnce) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
-    std::vector<std::string> titles = titlesOf(application.expectedMirror());
+    std::vector<std::string> titles = application.expectedTitles();
     session().restartAgent(takenHotKey());
     EXPECT_TRUE(waitUntil([&] { return !agent().process().standardError().empty(); }));
     // Everything else works.
@@ -36,7 +36,7 @@ TEST_P(HotKeyTest, ARefusedCombinationIsReportedOnceAndAnotherOneWorksAtOnce) {
 
 TEST_P(HotKeyTest, AChangedCombinationReplacesTheOldOne) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
     ASSERT_TRUE(popUp().close());
     ASSERT_TRUE(agent().changeHotKey(otherHotKey()));
     EXPECT_TRUE(waitUntil([&] { return !agent().hotKeyIsRegistered(usualHotKey()); }));
@@ -46,7 +46,7 @@ TEST_P(HotKeyTest, AChangedCombinationReplacesTheOldOne) {
 
 TEST_P(HotKeyTest, CanBeSwitchedOffAndOnAgain) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
     ASSERT_TRUE(popUp().close());
     for (int round = 0; round < 2; ++round) {
         agent().preferences().set("EnableHotkey", false);

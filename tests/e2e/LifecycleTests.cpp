@@ -29,7 +29,7 @@ protected:
 
 TEST_P(LifecycleTest, EndsFromItsOwnMenu) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
     std::vector<pid_t> children = descendantsOf(agent().identifier());
     Menu own = popUp().openByKeyboard({"Tarragon"});
     EXPECT_EQ(titlesOf(own),
@@ -43,7 +43,7 @@ TEST_P(LifecycleTest, EndsFromItsOwnMenu) {
 TEST_P(LifecycleTest, EndsOnRequestOfTheSystem) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
     for (bool withOpenMenu : {false, true}) {
-        ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+        ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
         ASSERT_TRUE(withOpenMenu || popUp().close());
         std::vector<pid_t> children = descendantsOf(agent().identifier());
         agent().process().sendSignal(SIGTERM);
@@ -56,7 +56,7 @@ TEST_P(LifecycleTest, EndsOnRequestOfTheSystem) {
 TEST_P(LifecycleTest, OutlivesAllApplications) {
     for (int round = 0; round < 3; ++round) {
         TestApplication& application = launch(ApplicationKind::Mousepad);
-        ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+        ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
         ASSERT_TRUE(popUp().close());
         quit(application);
     }

@@ -19,7 +19,7 @@ protected:
 
 TEST_P(PlacementTest, KeepsThePopUpOnTheScreen) {
     TestApplication& application = launch(ApplicationKind::Geany);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
     ASSERT_TRUE(popUp().close());
     PixelRect screen = display().bounds();
     for (int x : {0, screen.width / 2, screen.width - 1}) {
@@ -30,7 +30,7 @@ TEST_P(PlacementTest, KeepsThePopUpOnTheScreen) {
 
 TEST_P(PlacementTest, KeepsSubmenusOnTheScreen) {
     TestApplication& application = launch(ApplicationKind::Geany);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
     ASSERT_TRUE(popUp().close());
     PixelRect screen = display().bounds();
     input().moveTo(screen.width - 1, screen.height - 1);
@@ -42,7 +42,7 @@ TEST_P(PlacementTest, KeepsSubmenusOnTheScreen) {
 
 TEST_P(PlacementTest, KeepsThePopUpOnTheMonitorOfThePointer) {
     TestApplication& application = launch(ApplicationKind::Geany);
-    ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
     ASSERT_TRUE(popUp().close());
     display().setTwoMonitors();
     PixelRect whole = display().bounds();

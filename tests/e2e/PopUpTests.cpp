@@ -17,14 +17,12 @@ std::vector<std::string> withOwnMenu(std::vector<std::string> titles) {
 class PopUpTest : public ApplicationTest {
 protected:
     // The mirror of this application is up when its titles are shown.
-    bool openMirrorOf(const TestApplication& application) {
-        return popUp().openWith(titlesOf(application.expectedMirror()));
-    }
+    bool openMirrorOf(const TestApplication& application) { return popUp().openWith(application.expectedTitles()); }
 };
 
 TEST_P(PopUpTest, ShowsEveryTitleAtThePointer) {
     TestApplication& application = launch();
-    std::vector<std::string> titles = titlesOf(application.expectedMirror());
+    std::vector<std::string> titles = application.expectedTitles();
     ASSERT_TRUE(popUp().openWith(titles));
     EXPECT_EQ(titlesOf(popUp().items()), withOwnMenu(titles));
     ASSERT_EQ(agent().openMenus().size(), 1U);
@@ -89,13 +87,19 @@ TEST_P(PopUpTest, SelectsAndCutsTheText) {
     ASSERT_TRUE(popUp().chooseByKeyboard({"Edit", "Select All"}));
     // Some applications allow cutting only once something is selected, which a mirror that was read before misses.
     ASSERT_TRUE(waitUntil([&] {
-        std::optional<Menu> menus = application.menus();
-        const MenuRecord* cut = menus ? itemAtPath(*menus, {"Edit", "Cut"}) : nullptr;
+        Menu menu = application.expectedMenu("Edit");
+        const MenuRecord* cut = itemAtPath(menu, {"Cut"});
         return cut && cut->enabled;
     }));
-    ASSERT_TRUE(popUp().open());
-    ASSERT_TRUE(popUp().chooseByMouse({"Edit", "Cut"}));
-    EXPECT_TRUE(waitUntil([&] { return application.text().empty(); })) << application.text();
+    // The toolkit takes the keyboard for a moment as menus close one after the other, and while anybody else has it
+    // Mousepad takes no edit command, not even one that it offers. People choose again.
+    int attempts = application.kind() == ApplicationKind::Mousepad ? 6 : 1;
+    for (int attempt = 0; attempt < attempts && !application.text().empty(); ++attempt) {
+        ASSERT_TRUE(popUp().open());
+        ASSERT_TRUE(popUp().chooseByMouse({"Edit", "Cut"}));
+        waitUntil([&] { return application.text().empty(); }, attempts > 1 ? Duration(700) : DefaultDeadline);
+    }
+    EXPECT_EQ(application.text(), "");
     EXPECT_EQ(display().activeWindow(), application.window());
 }
 

@@ -102,6 +102,19 @@ void endDescendants(const std::string& assignment) {
     }
 }
 
+std::vector<std::string> threadNamesOf(pid_t process) {
+    std::vector<std::string> names;
+    std::error_code ignored;
+    for (const auto& thread :
+        std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task", ignored)) {
+        std::ifstream file(thread.path() / "comm");
+        std::string name;
+        if (std::getline(file, name))
+            names.push_back(name);
+    }
+    return names;
+}
+
 long residentSizeOf(pid_t process) {
     std::ifstream file("/proc/" + std::to_string(process) + "/statm");
     long total = 0;

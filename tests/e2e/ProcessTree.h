@@ -20,6 +20,9 @@ bool hasEnvironmentVariable(pid_t process, const std::string& assignment);
 // politely at first, then not. All are reaped when it returns.
 void endDescendants(const std::string& assignment);
 
+// The names of its threads, the main thread's among them; none when the process is gone.
+std::vector<std::string> threadNamesOf(pid_t process);
+
 // The resident size in bytes, 0 when the process is gone.
 long residentSizeOf(pid_t process);
 

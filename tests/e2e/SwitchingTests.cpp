@@ -12,7 +12,7 @@ TEST_P(SwitchingTest, FollowsTheApplicationInFront) {
     for (int round = 0; round < 2; ++round) {
         for (TestApplication* application : applications) {
             ASSERT_TRUE(application->bringToFront());
-            std::vector<std::string> titles = titlesOf(application->expectedMirror());
+            std::vector<std::string> titles = application->expectedTitles();
             EXPECT_TRUE(popUp().openWith(titles)) << nameOf(application->kind());
             titles.insert(titles.end(), {"-", "Tarragon"});
             EXPECT_EQ(titlesOf(popUp().items()), titles) << nameOf(application->kind());
@@ -25,18 +25,18 @@ TEST_P(SwitchingTest, FollowsTheApplicationInFront) {
 TEST_P(SwitchingTest, ComesBackWhenAnApplicationEnds) {
     TestApplication& mousepad = launch(ApplicationKind::Mousepad);
     TestApplication& geany = launch(ApplicationKind::Geany);
-    ASSERT_TRUE(popUp().openWith(titlesOf(geany.expectedMirror())));
+    ASSERT_TRUE(popUp().openWith(geany.expectedTitles()));
     ASSERT_TRUE(popUp().close());
     quit(geany);
     ASSERT_TRUE(mousepad.bringToFront());
-    EXPECT_TRUE(popUp().openWith(titlesOf(mousepad.expectedMirror())));
+    EXPECT_TRUE(popUp().openWith(mousepad.expectedTitles()));
 }
 
 TEST_P(SwitchingTest, NoticesThatAnApplicationWasStartedAnew) {
     // With nothing in between the new window gets the identifier of the old one.
     for (int round = 0; round < 3; ++round) {
         TestApplication& application = launch(ApplicationKind::Geany);
-        ASSERT_TRUE(popUp().openWith(titlesOf(application.expectedMirror())));
+        ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
         ASSERT_TRUE(popUp().close());
         bool before = application.switchState();
         // A menu of one that is gone has no items.
@@ -73,7 +73,7 @@ TEST_P(SwitchingTest, GivesEachWindowOfOneApplicationItsOwnMenus) {
 
 TEST_P(SwitchingTest, ShowsNothingForAnApplicationWithoutMenus) {
     TestApplication& mousepad = launch(ApplicationKind::Mousepad);
-    std::vector<std::string> titles = titlesOf(mousepad.expectedMirror());
+    std::vector<std::string> titles = mousepad.expectedTitles();
     ASSERT_TRUE(popUp().openWith(titles));
     ASSERT_TRUE(popUp().close());
     launch(ApplicationKind::Terminal);

@@ -53,7 +53,7 @@ TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind)
     std::optional<Menu> before;
     bool settled = waitUntil(
         [&] {
-            std::optional<Menu> now = menus();
+            std::optional<Menu> now = restless ? _desktop.reader().level(identifier(), {}) : menus();
             bool same = now && !now->empty() && (restless || (before && countItems(*before) == countItems(*now)));
             before = std::move(now);
             return same;
@@ -112,6 +112,17 @@ Menu TestApplication::expectedMirror() const {
     return mirrorOf(menus().value_or(Menu{}));
 }
 
+std::vector<std::string> TestApplication::expectedTitles() const {
+    return titlesOf(mirrorOf(_desktop.reader().level(identifier(), {}).value_or(Menu{})));
+}
+
+Menu TestApplication::expectedMenu(const std::string& title) const {
+    MenuRecord menu;
+    menu.title = title;
+    menu.items = _desktop.reader().level(identifier(), {title}).value_or(Menu{});
+    return mirrorOf({menu}).at(0).items;
+}
+
 std::string TestApplication::text() const {
     return _desktop.reader().text(identifier()).value_or("(no text)");
 }
@@ -146,8 +157,9 @@ bool TestApplication::switchState() const {
     // The items of Mousepad do not report their marks; its status bar is there to see.
     if (_kind == ApplicationKind::Mousepad)
         return _desktop.reader().shownElements(identifier(), "status bar") > 0;
-    std::optional<Menu> now = menus();
-    const MenuRecord* item = now ? itemAtPath(*now, switchPath()) : nullptr;
+    std::vector<std::string> path = switchPath();
+    std::optional<Menu> now = _desktop.reader().level(identifier(), {path[0]});
+    const MenuRecord* item = now ? itemAtPath(*now, {path[1]}) : nullptr;
     return item && item->checked;
 }
 

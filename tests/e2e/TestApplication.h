@@ -35,9 +35,12 @@ public:
     bool bringToFront();
     bool bringToFront(xcb_window_t window);
 
-    // Its own menus as it reports them now, and the mirror that they ought to give.
+    // Its own menus as it reports them now, and the mirror that they ought to give: all of it, or less for less time.
     std::optional<Menu> menus() const;
     Menu expectedMirror() const;
+    std::vector<std::string> expectedTitles() const;
+    // The items directly below a title of the menu bar, without those below them.
+    Menu expectedMenu(const std::string& title) const;
     std::string text() const;
 
     // A path of an item that switches something on and off, and what the application shows for it.

@@ -140,6 +140,12 @@ Accessible findMenuBar(AtspiAccessible& element, int depth) {
     return nullptr;
 }
 
+// Blanks behind a title are not seen.
+bool isTitled(AtspiAccessible& element, const std::string& title) {
+    std::string name = takeString(atspi_accessible_get_name(&element, nullptr));
+    return name.starts_with(title) && name.find_first_not_of(" \t\n", title.size()) == std::string::npos;
+}
+
 Accessible itemTitled(AtspiAccessible& element, const std::string& title) {
     int count = atspi_accessible_get_child_count(&element, nullptr);
     for (int index = 0; index < count; ++index) {
@@ -149,7 +155,7 @@ Accessible itemTitled(AtspiAccessible& element, const std::string& title) {
         if (isMenuContainer(*child)) {
             if (Accessible found = itemTitled(*child, title))
                 return found;
-        } else if (takeString(atspi_accessible_get_name(child.get(), nullptr)) == title) {
+        } else if (isTitled(*child, title)) {
             return child;
         }
     }

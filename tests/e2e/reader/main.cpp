@@ -3,10 +3,11 @@
 //
 //   accessibility_reader enable               switches accessibility on for this session
 //   accessibility_reader menus PID [WINDOW]   the menu bar of the active window, or of the window with this title
-//   accessibility_reader press PID "A|B|C"    runs an item's own action
-//   accessibility_reader text PID             the contents of the first text field of the active window
-//   accessibility_reader count PID ROLE       how many elements of a role the application shows
-//   accessibility_reader watch PID            one line for every menu item that gets the focus: {"focused", "menu"}
+//   accessibility_reader level PID [A|B]      the same, but only the items directly below a path, the titles without
+//   one accessibility_reader press PID "A|B|C"    runs an item's own action accessibility_reader text PID the contents
+//   of the first text field of the active window accessibility_reader count PID ROLE       how many elements of a role
+//   the application shows accessibility_reader watch PID            one line for every menu item that gets the focus:
+//   {"focused", "menu"}
 #include "AccessibleMenus.h"
 
 #include <gio/gio.h>
@@ -66,6 +67,19 @@ std::vector<std::string> splitPath(const std::string& path) {
     }
     titles.push_back(path.substr(start));
     return titles;
+}
+
+int level(int processIdentifier, const std::string& path) {
+    reader::Accessible application = reader::applicationOfProcess(processIdentifier);
+    reader::Accessible menu = application ? reader::menuBarOfApplication(*application, {}) : nullptr;
+    if (menu && !path.empty())
+        menu = reader::itemAtPath(*menu, splitPath(path));
+    if (!menu) {
+        std::cerr << "no menu " << path << '\n';
+        return 4;
+    }
+    printJson(reader::itemsDirectlyBelow(*menu));
+    return 0;
 }
 
 int press(int processIdentifier, const std::string& path) {
@@ -171,8 +185,8 @@ int watch(int processIdentifier) {
 
 int usage() {
     std::cerr
-        << "usage: accessibility_reader enable | menus PID [WINDOW] | press PID PATH | text PID | count PID ROLE |\n"
-           "                            watch PID\n";
+        << "usage: accessibility_reader enable | menus PID [WINDOW] | level PID [PATH] | press PID PATH | text PID |\n"
+           "                            count PID ROLE | watch PID\n";
     return 2;
 }
 
@@ -193,6 +207,8 @@ int main(int argc, char** argv) {
     int processIdentifier = std::atoi(arguments[1].c_str());
     if (command == "menus")
         return menus(processIdentifier, arguments.size() > 2 ? arguments[2] : "");
+    if (command == "level")
+        return level(processIdentifier, arguments.size() > 2 ? arguments[2] : "");
     if (command == "press" && arguments.size() > 2)
         return press(processIdentifier, arguments[2]);
     if (command == "text")
