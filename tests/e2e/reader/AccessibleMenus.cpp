@@ -102,7 +102,9 @@ nlohmann::json recordOf(AtspiAccessible& element, Toolkit toolkit, Levels levels
     if (states)
         g_object_unref(states);
     record["shortcut"] = shortcutOf(element);
-    addExtents(record, element);
+    // Only menus that are read by themselves may be open and have a place.
+    if (levels == Levels::One)
+        addExtents(record, element);
     record["items"] = levels == Levels::All ? itemsBelow(element, toolkit, levels) : nlohmann::json::array();
     return record;
 }
