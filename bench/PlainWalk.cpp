@@ -56,8 +56,6 @@ AtspiAccessible* menuBarOf(int processIdentifier) {
     if (rememberedProcess != processIdentifier) {
         rememberedProcess = processIdentifier;
         const Accessible application = applicationOfProcess(processIdentifier);
-        if (application)
-            atspi_accessible_set_cache_mask(application.get(), ATSPI_CACHE_NONE);
         menuBar = application ? findMenuBar(application.get(), 0) : nullptr;
     }
     return menuBar.get();

@@ -13,6 +13,7 @@
 #include "platform/linux/RunningInstance.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11Displays.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11MenuKeyboard.h"
 #include "platform/linux/X11Windows.h"
@@ -41,6 +42,7 @@ class Desktop {
 public:
     explicit Desktop(std::unique_ptr<X11Connection> connection)
         : _connection(std::move(connection))
+        , _displays(_qtDisplays, *_connection)
         , _windows(*_connection)
         , _accessibility(_windows, _desktopEntries)
         , _workspace(*_connection, _windows, _desktopEntries, _runLoop)
@@ -75,7 +77,8 @@ public:
 private:
     std::unique_ptr<X11Connection> _connection;
     QtRunLoop _runLoop;
-    QtDisplays _displays;
+    QtDisplays _qtDisplays;
+    X11Displays _displays;
     NotificationCenter _notificationCenter;
     X11Windows _windows;
     DesktopEntries _desktopEntries;

@@ -58,6 +58,9 @@ void AtspiConnection::close() {
 }
 
 void AtspiConnection::beginOperation(int timesPatience) {
+    // A bus that has ended is noticed before it is believed in.
+    if (_bus)
+        _bus->exchange();
     ++_operation;
     _timesPatience = timesPatience;
 }
@@ -78,15 +81,24 @@ void AtspiConnection::run(const std::vector<AtspiRequest>& requests) {
 bool AtspiConnection::post(const AtspiRequest& request) {
     if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
         return false;
-    DBusSocket* const socket = socketOf(peer(request.target.busName));
-    const DBusMessagePointer message = messageFor(request, socket == _bus.get());
-    if (!message || !socket->send(message.get()))
+    // Over the bus: what is pressed may open a dialog, until whose end some applications hear nothing over a socket.
+    const DBusMessagePointer message = messageFor(request, true);
+    if (!message || !_bus->send(message.get()))
         return false;
     ++_statistics.messagesSent;
-    return socket->flush(Clock::now() + AtspiPatience::Silence);
+    if (_bus->flush(Clock::now() + AtspiPatience::Silence))
+        return true;
+    // What was said to have failed must not go out later.
+    close();
+    return false;
 }
 
 void AtspiConnection::connectDirectly(const std::string& busName, const std::string& address) {
+    // Those of applications that have ended are not used again, and so would stay for good.
+    for (auto& [name, known] : _peers) {
+        if (known->direct && !known->direct->exchange())
+            known->direct.reset();
+    }
     std::unique_ptr<DBusSocket>& direct = peer(busName).direct;
     if (!direct)
         direct = DBusSocket::connect(address);

@@ -16,8 +16,10 @@ constexpr std::size_t InFlightLimit = 500;
 // With more on their way, we look again after a moment rather than being woken for each reply: that costs the
 // application more than the reply itself.
 constexpr std::size_t FewReplies = 8;
+// Requests go out in portions, so that the application is at work while we still write.
+constexpr std::size_t Portion = 32;
 constexpr std::chrono::microseconds PauseForEachReply{4};
-constexpr std::chrono::microseconds LongestPause{400};
+constexpr std::chrono::microseconds LongestPause{200};
 
 } // namespace
 
@@ -32,8 +34,11 @@ AtspiConnection::Exchange::~Exchange() {
 
 bool AtspiConnection::Exchange::run() {
     while (true) {
-        while (_next < _requests.size() && _inFlight < InFlightLimit)
+        while (_next < _requests.size() && _inFlight < InFlightLimit) {
             send(_next++);
+            if (_next % Portion == 0 && !exchange())
+                return false;
+        }
         if (_inFlight == 0)
             return true;
         if (!exchange())
@@ -87,17 +92,29 @@ void AtspiConnection::Exchange::receive(Pending& pending, DBusMessage* reply) {
     --pending.peer->pending;
     --_inFlight;
     if (dbus_message_get_type(reply) == DBUS_MESSAGE_TYPE_ERROR) {
-        if (dbus_message_is_error(reply, DBUS_ERROR_SERVICE_UNKNOWN)
-            || dbus_message_is_error(reply, DBUS_ERROR_NAME_HAS_NO_OWNER))
-            _connection._gone.insert(pending.request->target.busName);
-        else if (pending.request->handleError)
-            pending.request->handleError();
+        receiveError(pending, reply);
         return;
     }
     if (!pending.request->handleReply)
         return;
     AtspiReply answer(reply);
     pending.request->handleReply(answer);
+}
+
+void AtspiConnection::Exchange::receiveError(const Pending& pending, DBusMessage* error) {
+    const bool isFromBus =
+        pending.socket == _connection._bus.get() && dbus_message_has_sender(error, DBUS_SERVICE_DBUS) != FALSE;
+    const std::string& busName = pending.request->target.busName;
+    if (!isFromBus) {
+        if (pending.request->handleError)
+            pending.request->handleError();
+        return;
+    }
+    const bool isAboutName = dbus_message_is_error(error, DBUS_ERROR_SERVICE_UNKNOWN) != FALSE
+        || dbus_message_is_error(error, DBUS_ERROR_NAME_HAS_NO_OWNER) != FALSE;
+    // Other names may find an owner again; and the bus itself says this of the names that it is asked about.
+    if (isAboutName && busName.starts_with(':'))
+        _connection._gone.insert(busName);
 }
 
 void AtspiConnection::Exchange::giveUp(Pending& pending) {
@@ -109,12 +126,19 @@ void AtspiConnection::Exchange::giveUp(Pending& pending) {
 
 void AtspiConnection::Exchange::giveUpTheSilent() {
     const Clock::time_point now = Clock::now();
+    std::vector<AtspiPeer*> silent;
     for (Pending& pending : _pending) {
         if (pending.call == 0 || !pending.peer->patience.isExhausted(now))
             continue;
         giveUp(pending);
         pending.peer->suspension.noteTimeout();
         _connection.probe(pending.request->target.busName, *pending.peer);
+        silent.push_back(pending.peer);
+    }
+    // The application may still answer over the bus: a dialog of its own can keep it from looking elsewhere.
+    for (AtspiPeer* peer : silent) {
+        std::erase(_sockets, peer->direct.get());
+        peer->direct.reset();
     }
 }
 
@@ -131,8 +155,10 @@ bool AtspiConnection::Exchange::exchange() {
     return true;
 }
 
-bool AtspiConnection::Exchange::wait(Clock::time_point deadline) const {
-    if (_inFlight > FewReplies) {
+bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
+    const bool hasProgressed = _inFlight != _inFlightAtLastWait;
+    _inFlightAtLastWait = _inFlight;
+    if (_inFlight > FewReplies && hasProgressed) {
         std::this_thread::sleep_for(std::min<std::chrono::microseconds>(_inFlight * PauseForEachReply, LongestPause));
         return true;
     }
@@ -147,15 +173,21 @@ bool AtspiConnection::Exchange::wait(Clock::time_point deadline) const {
 }
 
 void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
-    for (Pending& pending : _pending) {
-        if (pending.call != 0 && pending.socket == socket)
-            giveUp(pending);
+    std::vector<std::size_t> unanswered;
+    for (std::size_t index = 0; index < _pending.size(); ++index) {
+        Pending& pending = _pending[index];
+        if (pending.call == 0 || pending.socket != socket)
+            continue;
+        giveUp(pending);
+        unanswered.push_back(index);
     }
     std::erase(_sockets, socket);
     for (AtspiPeer* peer : _peers) {
         if (peer->direct.get() == socket)
             peer->direct.reset();
     }
+    for (const std::size_t index : unanswered)
+        send(index);
 }
 
 AtspiConnection::Clock::time_point AtspiConnection::Exchange::nextDeadline() const {

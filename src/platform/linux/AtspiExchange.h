@@ -35,12 +35,13 @@ private:
 
     void send(std::size_t index);
     void receive(Pending& pending, DBusMessage* reply);
+    void receiveError(const Pending& pending, DBusMessage* error);
     void giveUp(Pending& pending);
     void giveUpTheSilent();
     // Handles what has arrived. False when the bus broke.
     bool exchange();
-    bool wait(Clock::time_point deadline) const;
-    // What was asked over this connection stays without answer.
+    bool wait(Clock::time_point deadline);
+    // What was asked over this connection is asked over the bus again.
     void loseDirect(DBusSocket* socket);
     Clock::time_point nextDeadline() const;
 
@@ -51,6 +52,7 @@ private:
     std::vector<DBusSocket*> _sockets; // those over which they were asked
     std::size_t _next = 0;
     std::size_t _inFlight = 0;
+    std::size_t _inFlightAtLastWait = 0;
     const std::string* _lastName = nullptr;
     AtspiPeer* _lastPeer = nullptr;
     bool _lastMayBeAsked = false;

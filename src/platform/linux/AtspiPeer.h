@@ -13,10 +13,11 @@ namespace tarragon {
 // One application on the accessibility bus as our connection knows it. Receives the answers to its probes.
 class AtspiPeer final : public DBusReplyReceiver {
 public:
-    // An error is an answer too: somebody at home said it.
-    void receive(DBusMessage* /*reply*/) override {
-        suspension.noteReply();
+    // An error is an answer too, when somebody at home said it and not the bus.
+    void receive(DBusMessage* reply) override {
         probe = 0;
+        if (!dbus_message_has_sender(reply, DBUS_SERVICE_DBUS))
+            suspension.noteReply();
     }
 
     AtspiSuspension suspension;

@@ -1,19 +1,20 @@
 #include "platform/linux/AtspiReply.h"
 
+#include <cstring>
+
 namespace tarragon {
 
 namespace {
 
 // Cut between two characters, never within one.
 std::string shortened(const char* text) {
-    std::string result = text;
-    if (result.size() <= AtspiReply::TextLimit)
-        return result;
-    std::size_t length = AtspiReply::TextLimit;
-    while (length > 0 && (static_cast<unsigned char>(result[length]) & 0xC0U) == 0x80U)
-        --length;
-    result.resize(length);
-    return result;
+    std::size_t length = ::strnlen(text, AtspiReply::TextLimit + 1);
+    if (length > AtspiReply::TextLimit) {
+        length = AtspiReply::TextLimit;
+        while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U)
+            --length;
+    }
+    return {text, length};
 }
 
 // The next value of an iterator, which then stands at the one after it.

@@ -138,7 +138,8 @@ std::uint32_t DBusSocket::call(DBusMessage* message, DBusReplyReceiver& receiver
 bool DBusSocket::exchange() {
     if (!isOpen())
         return false;
-    const bool isAlive = write() && read();
+    const bool isWritten = write();
+    const bool isAlive = read() && isWritten;
     // What was said before the end counts.
     const bool isSound = (_letIn || takeGreeting()) && (!_letIn || takeMessages());
     if (!isAlive || !isSound || !write())
@@ -233,8 +234,8 @@ void DBusSocket::handle(DBusMessage* message) {
         }
         break;
     case DBUS_MESSAGE_TYPE_METHOD_CALL:
-        // We offer nothing; whoever asks need not wait to learn it.
-        if (!dbus_message_get_no_reply(message)) {
+        // We offer nothing. Who asks without listening to the answers gets none.
+        if (!dbus_message_get_no_reply(message) && _outgoing.size() - _written < ReadSize) {
             const DBusMessagePointer refusal(
                 dbus_message_new_error(message, DBUS_ERROR_UNKNOWN_METHOD, "There is nothing to call here"));
             if (refusal)

@@ -28,6 +28,13 @@ TEST_F(AtspiApplicationsTest, AreFoundByProcessAlsoWhenTheyStartLater) {
     EXPECT_FALSE(applications.find(1));
 }
 
+TEST_F(AtspiApplicationsTest, AreFoundThoughAnotherHasLeftBeforeItWasAskedAbout) {
+    registry.change([&] { registry.foreignChildren.emplace_back(":1.9999", Root); });
+    EXPECT_FALSE(applications.find(::getpid()));
+    join(application);
+    EXPECT_TRUE(applications.find(::getpid()));
+}
+
 TEST_F(AtspiApplicationsTest, AreRememberedWithoutAskingAgain) {
     join(application);
     applications.find(::getpid());
