@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <poll.h>
-#include <thread>
 
 namespace tarragon {
 
@@ -13,9 +12,6 @@ namespace {
 
 // As many requests are on their way at most: enough to keep application and bus busy, few enough for every bus.
 constexpr std::size_t InFlightLimit = 500;
-// With more on their way, we look again after a moment rather than being woken for each reply: that costs the
-// application more than the reply itself.
-constexpr std::size_t FewReplies = 8;
 // Requests go out in portions, so that the application is at work while we still write.
 constexpr std::size_t Portion = 32;
 constexpr std::chrono::microseconds PauseForEachReply{4};
@@ -155,13 +151,7 @@ bool AtspiConnection::Exchange::exchange() {
     return true;
 }
 
-bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
-    const bool hasProgressed = _inFlight != _inFlightAtLastWait;
-    _inFlightAtLastWait = _inFlight;
-    if (_inFlight > FewReplies && hasProgressed) {
-        std::this_thread::sleep_for(std::min<std::chrono::microseconds>(_inFlight * PauseForEachReply, LongestPause));
-        return true;
-    }
+bool AtspiConnection::Exchange::wait(Clock::time_point deadline) const {
     if (_sockets.size() == 1)
         return _sockets.front()->wait(deadline) || _sockets.front() != _connection._bus.get();
     std::vector<pollfd> descriptors;
