@@ -22,7 +22,8 @@ protected:
 };
 
 // A socket over which messages of the bus protocol go: to a bus, or to a program without a bus in between. Messages are
-// gathered and written together, and whatever has arrived is read at once. Never waits but where that is said. One thread at a time.
+// gathered and written together, and whatever has arrived is read at once. Never waits but where that is said. One
+// thread at a time.
 class DBusSocket {
 public:
     using Clock = std::chrono::steady_clock;
