@@ -7,7 +7,10 @@ if(NOT GNUSTEP_CONFIG OR NOT OBJECTIVE_C_COMPILER)
 endif()
 execute_process(COMMAND ${OBJECTIVE_C_COMPILER} -print-prog-name=cc1obj OUTPUT_VARIABLE front_end
                 OUTPUT_STRIP_TRAILING_WHITESPACE)
-if(NOT EXISTS "${front_end}")
+# Without make the tool that knows the flags prints none.
+execute_process(COMMAND ${GNUSTEP_CONFIG} --objc-flags OUTPUT_VARIABLE objective_c_flags
+                OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(NOT EXISTS "${front_end}" OR NOT objective_c_flags)
   return()
 endif()
 
