@@ -106,25 +106,16 @@ TEST_P(HostileTest, OpensAMenuOfThousandsAndPressesItsLastItem) {
     TestApplication& application = launch();
     int crowd = application.kind() == ApplicationKind::HostileGtk ? 5000 : 500;
     std::string last = "Person " + std::to_string(crowd);
-    // An application that nobody has asked before takes long to answer for thousands, and the menu may come out empty.
-    bool pressed = waitUntil(
-        [&] {
-            if (!popUp().openWith({"Crowd", "Depth", "Strange"}) || !popUp().highlight("Crowd"))
-                return false;
-            auto start = Clock::now();
-            input().tap(XK_Right);
-            EXPECT_TRUE(waitUntil([&] { return agent().openMenus().size() == 2; }));
-            EXPECT_LE(Clock::now() - start, Duration(6000));
-            // Up from the first item is the last one.
-            input().tap(XK_Up);
-            input().tap(XK_Return);
-            if (waitUntil([&] { return display().titleOf(application.window()) == last; }, Duration(2000)))
-                return true;
-            popUp().close();
-            return false;
-        },
-        Duration(30000));
-    EXPECT_TRUE(pressed) << display().titleOf(application.window());
+    ASSERT_TRUE(popUp().openWith({"Crowd", "Depth", "Strange"}));
+    ASSERT_TRUE(popUp().highlight("Crowd"));
+    auto start = Clock::now();
+    input().tap(XK_Right);
+    EXPECT_TRUE(waitUntil([&] { return agent().openMenus().size() == 2; }));
+    EXPECT_LE(Clock::now() - start, Duration(6000));
+    // Up from the first item is the last one.
+    input().tap(XK_Up);
+    input().tap(XK_Return);
+    EXPECT_TRUE(titleBecomes(application, last)) << display().titleOf(application.window());
 }
 
 TEST_P(HostileTest, OpensTwelveLevelsAndPressesAtTheBottom) {
@@ -197,7 +188,7 @@ TEST_P(HostileTest, SurvivesMenusThatChangeWhileTheyAreOpen) {
         input().tap(XK_Return);
         EXPECT_TRUE(waitUntil([&] { return !popUp().isOpen(); }, Duration(1000)) || popUp().close());
     }
-    EXPECT_GE(rounds, 1);
+    EXPECT_GE(rounds, 5);
     EXPECT_TRUE(agent().isRunning());
     EXPECT_TRUE(application.process().isRunning());
 }
