@@ -53,9 +53,9 @@ public:
     virtual bool performAction(const Element& element, std::string_view action) = 0;
 
     // Read batches nest; use ReadBatch. Within a batch the first read of an element's "AXChildren" fetches everything
-    // that a menu item can have for all of them at once, and later reads are served from that snapshot. The deepest of
-    // the batches that were opened counts. When the outermost batch of the thread ends the snapshot is dropped. Outside
-    // a batch every read is live.
+    // that a menu item can have for all of them at once, and later reads are served from that snapshot; so is what an
+    // application or a window has told before. The deepest of the batches that were opened counts. When the outermost
+    // batch of the thread ends the snapshot is dropped. Outside a batch every read is live.
     virtual void beginReadBatch(ReadBatchDepth depth) = 0;
     virtual void endReadBatch() = 0;
 };

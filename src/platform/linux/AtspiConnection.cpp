@@ -57,9 +57,9 @@ void AtspiConnection::close() {
     _busIdentity = 0;
 }
 
-void AtspiConnection::beginOperation(int timesPatience) {
+void AtspiConnection::beginOperation(Start start, int timesPatience) {
     // A bus that has ended is noticed before it is believed in.
-    if (_bus)
+    if (_bus && start == Start::Fresh)
         _bus->exchange();
     ++_operation;
     _timesPatience = timesPatience;

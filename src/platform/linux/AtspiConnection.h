@@ -39,9 +39,12 @@ public:
     // Which accessibility bus this is, 0 when there is none. References to objects hold on this bus only.
     std::uint64_t busIdentity() const { return _busIdentity; }
 
-    // Patience is measured from here; call it at the start of every operation of the seam.
-    // Waits the given number of times as long as usual.
-    void beginOperation(int timesPatience = 1);
+    // Whether an operation stands for itself or is one of a row that belong together and follow closely.
+    enum class Start : std::uint8_t { Fresh, Continued };
+
+    // Patience is measured from here; call it at the start of every operation of the seam. Waits the given number of
+    // times as long as usual. A fresh start notices a bus that has ended, a continued one costs nothing.
+    void beginOperation(Start start = Start::Fresh, int timesPatience = 1);
     // Sends all requests and waits for their replies. Returns when every request was answered or given up.
     void run(const std::vector<AtspiRequest>& requests);
     // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.

@@ -14,8 +14,6 @@ namespace {
 constexpr std::size_t InFlightLimit = 500;
 // Requests go out in portions, so that the application is at work while we still write.
 constexpr std::size_t Portion = 32;
-constexpr std::chrono::microseconds PauseForEachReply{4};
-constexpr std::chrono::microseconds LongestPause{200};
 
 } // namespace
 

@@ -7,9 +7,11 @@
 #include "platform/linux/AtspiSessionBus.h"
 #include "platform/linux/AtspiTree.h"
 #include "platform/linux/AtspiWindows.h"
+#include "platform/linux/KnownAttributes.h"
 
 #include <algorithm>
 #include <unistd.h>
+#include <utility>
 
 namespace tarragon {
 
@@ -52,8 +54,8 @@ struct LinuxAccessibility::Client {
     AtspiWindows windows{connection};
     std::uint64_t busIdentity = 0; // of what has been learnt
 
-    void begin(int timesPatience) {
-        connection.beginOperation(timesPatience);
+    void begin(AtspiConnection::Start start, int timesPatience) {
+        connection.beginOperation(start, timesPatience);
         connection.ensureOpen();
         if (connection.busIdentity() == busIdentity)
             return;
@@ -65,8 +67,10 @@ struct LinuxAccessibility::Client {
 
 struct LinuxAccessibility::Batch {
     int nesting = 0;
+    bool hasBegun = false;
     AtspiTree::Reading reading = AtspiTree::Reading::OneLevel;
     AtspiNodes nodes;
+    KnownAttributes known; // of applications and windows
 };
 
 // One call of the seam: the thread's connection for its own, and the nodes that it reads into.
@@ -79,10 +83,14 @@ public:
         // Nobody waits at a menu that opens while all of them are read.
         constexpr int patientTimes = 4;
         const bool readsAll = _batch != nullptr && _batch->reading == AtspiTree::Reading::AllLevels;
-        _client.begin(readsAll ? patientTimes : 1);
+        const bool continues = _batch != nullptr && std::exchange(_batch->hasBegun, true);
+        _client.begin(continues ? AtspiConnection::Start::Continued : AtspiConnection::Start::Fresh,
+            readsAll ? patientTimes : 1);
     }
 
     Client& client() { return _client; }
+    // nullptr outside a batch.
+    KnownAttributes* known() { return _batch != nullptr ? &_batch->known : nullptr; }
     AtspiNodes& nodes() { return _batch != nullptr ? _batch->nodes : _ownNodes; }
     AtspiTree tree() {
         return {_client.connection, nodes(), _batch != nullptr ? _batch->reading : AtspiTree::Reading::OneAttribute};
@@ -209,24 +217,30 @@ Value LinuxAccessibility::copyAttributeValue(const Element& element, std::string
     if (handle == nullptr)
         return {};
     Operation operation(*this);
-    switch (handle->kind) {
-    case Kind::SystemWide: {
-        if (attribute == attribute::Role)
-            return std::string(role::SystemWide);
-        if (attribute == attribute::RoleDescription)
-            return std::string(accessibilityRoleDescription(role::SystemWide));
-        const auto active = attribute == attribute::FocusedApplication ? _windows.activeWindow() : std::nullopt;
-        return active ? Value{applicationFor(active->processIdentifier, active->identifier)} : Value{};
-    }
-    case Kind::Application:
-        return attributeOfApplication(operation, *handle, attribute);
-    case Kind::Window:
+    if (handle->kind == Kind::Node || handle->kind == Kind::ItemMenu)
+        return operation.reaches(*handle) ? operation.tree().attributeValue(element, attribute) : Value{};
+    KnownAttributes* const known = operation.known();
+    if (const Value* value = known != nullptr ? known->find(element, attribute) : nullptr)
+        return *value;
+    Value value = attributeOutsideTree(operation, element, attribute);
+    if (known != nullptr)
+        known->remember(element, attribute, value);
+    return value;
+}
+
+Value LinuxAccessibility::attributeOutsideTree(
+    Operation& operation, const Element& element, std::string_view attribute) {
+    const AtspiElement& handle = *AtspiElement::of(element);
+    if (handle.kind == Kind::Application)
+        return attributeOfApplication(operation, handle, attribute);
+    if (handle.kind == Kind::Window)
         return attributeOfWindow(operation, element, attribute);
-    case Kind::Node:
-    case Kind::ItemMenu:
-        break;
-    }
-    return operation.reaches(*handle) ? operation.tree().attributeValue(element, attribute) : Value{};
+    if (attribute == attribute::Role)
+        return std::string(role::SystemWide);
+    if (attribute == attribute::RoleDescription)
+        return std::string(accessibilityRoleDescription(role::SystemWide));
+    const auto active = attribute == attribute::FocusedApplication ? _windows.activeWindow() : std::nullopt;
+    return active ? Value{applicationFor(active->processIdentifier, active->identifier)} : Value{};
 }
 
 Value LinuxAccessibility::attributeOfApplication(

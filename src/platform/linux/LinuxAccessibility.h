@@ -56,6 +56,8 @@ private:
     Client& clientOfThread();
     Batch* batchOfThread();
 
+    // Of the desktop itself, of applications and windows.
+    Value attributeOutsideTree(Operation& operation, const Element& element, std::string_view attribute);
     Value attributeOfApplication(Operation& operation, const AtspiElement& application, std::string_view attribute);
     Value attributeOfWindow(Operation& operation, const Element& element, std::string_view attribute);
     Element menuBarOfApplication(Operation& operation, const AtspiElement& application);
