@@ -13,7 +13,7 @@
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11Displays.h"
 #include "platform/linux/X11HotKeys.h"
-#include "platform/linux/X11MenuKeyboard.h"
+#include "platform/linux/X11MenuInput.h"
 #include "platform/linux/X11Windows.h"
 #include "platform/linux/X11Workspace.h"
 #include "platform/qt/QtDisplays.h"
@@ -65,14 +65,14 @@ int main(int argumentCount, char** arguments) {
     auto* toolkitConnection = static_cast<xcb_connection_t*>(qtX11Connection());
     X11HotKeys hotKeys(toolkitConnection, connection->rootWindow(), runLoop);
     PropertyListDefaults defaults(runLoop, PropertyListDefaults::fileOfUser());
-    X11MenuKeyboard menuKeyboard(toolkitConnection);
+    X11MenuInput menuInput(toolkitConnection);
     const QtNativeEvents nativeEvents(
         runLoop, [&](const void* event) { return hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
-        [&](void* event) { return menuKeyboard.redirect(static_cast<xcb_generic_event_t*>(event)); });
+        [&](void* event) { menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); });
 
     const Platform platform{
         accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter, nullptr, {}};
-    MenuView menuView(platform.displays, platform.notificationCenter, &menuKeyboard);
+    MenuView menuView(platform.displays, platform.notificationCenter, &menuInput);
     MessagePanels panels("soak");
     AppDelegate delegate(platform, menuView, panels, {});
     const TerminationSignals terminationSignals(runLoop, [&] { delegate.terminate(); });

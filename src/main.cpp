@@ -15,7 +15,7 @@
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11Displays.h"
 #include "platform/linux/X11HotKeys.h"
-#include "platform/linux/X11MenuKeyboard.h"
+#include "platform/linux/X11MenuInput.h"
 #include "platform/linux/X11Windows.h"
 #include "platform/linux/X11Workspace.h"
 #include "platform/linux/XkbKeyboard.h"
@@ -27,6 +27,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -53,12 +54,12 @@ public:
               [this] { return DesktopShortcutsSession::current(*_connection).readShortcuts(); })
         , _settingsFile(PropertyListDefaults::fileOfUser())
         , _defaults(_runLoop, _settingsFile)
-        , _menuKeyboard(static_cast<xcb_connection_t*>(qtX11Connection()))
+        , _menuInput(static_cast<xcb_connection_t*>(qtX11Connection()))
         , _nativeEvents(
               _runLoop,
               [this](
                   const void* event) { return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
-              [this](void* event) { return _menuKeyboard.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
+              [this](void* event) { _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
 
     Platform platform() {
         return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter, &_keyboard,
@@ -66,7 +67,7 @@ public:
     }
     QtRunLoop& runLoop() { return _runLoop; }
     LinuxAccessibility& accessibility() { return _accessibility; }
-    MenuKeyboard& menuKeyboard() { return _menuKeyboard; }
+    MenuInput& menuInput() { return _menuInput; }
     // Empty when the settings are kept in memory only.
     std::string settingsURL() const {
         return QUrl::fromLocalFile(QString::fromStdString(_settingsFile.string()))
@@ -89,7 +90,7 @@ private:
     std::filesystem::path _settingsFile;
     PropertyListDefaults _defaults;
     AutostartLoginItemList _loginItems;
-    X11MenuKeyboard _menuKeyboard;
+    X11MenuInput _menuInput;
     QtNativeEvents _nativeEvents;
 };
 
@@ -107,7 +108,7 @@ int runAgent(Desktop& desktop) {
         return 0;
     }
     const Platform platform = desktop.platform();
-    MenuView menuView(platform.displays, platform.notificationCenter, &desktop.menuKeyboard());
+    MenuView menuView(platform.displays, platform.notificationCenter, &desktop.menuInput());
     MessagePanels panels(TARRAGON_VERSION);
     AppDelegate delegate(platform, menuView, panels, desktop.settingsURL());
     instance->watchReopen(platform.runLoop, [&] { delegate.applicationShouldHandleReopen(); });
@@ -146,13 +147,16 @@ int main(int argumentCount, char** arguments) {
     if (!connection)
         return fail("no X server can be reached; is DISPLAY set?");
 
-    // The toolkit is given none of our arguments, and must not use another display than the rest of the program.
+    // The toolkit is given none of our arguments, and must not use another display than the rest of the program. Nor is
+    // it to grab the keyboard or the pointer for menus, which is done in a way that leaves others the focus.
     qputenv("QT_QPA_PLATFORM", "xcb");
-    int toolkitArgumentCount = 1;
+    std::string leaveGrabs = "-nograb";
+    std::array<char*, 3> toolkitArguments{arguments[0], leaveGrabs.data(), nullptr};
+    int toolkitArgumentCount = 2;
     QApplication::setApplicationName("Tarragon");
     QApplication::setApplicationVersion(TARRAGON_VERSION);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication application(toolkitArgumentCount, arguments);
+    QApplication application(toolkitArgumentCount, toolkitArguments.data());
     // Programs that we start choose for themselves.
     qunsetenv("QT_QPA_PLATFORM");
 

@@ -1,6 +1,6 @@
 #include "panels/MenuGrab.h"
 
-#include "platform/MenuKeyboard.h"
+#include "platform/MenuInput.h"
 
 #include <chrono>
 
@@ -12,8 +12,8 @@ namespace tarragon {
 
 namespace {
 
-// Under X Qt is told that the pointer is not to be had and answers that all is well, so there is no knowing when to
-// stop. To take what one has already changes nothing.
+// Another program may take what we have, so there is no knowing when to stop. To take what one has already changes
+// nothing.
 constexpr std::chrono::milliseconds Interval{50};
 constexpr int MostRefusals = 40;
 
@@ -24,8 +24,8 @@ bool grabsMayBeRefused() {
 
 } // namespace
 
-MenuGrab::MenuGrab(MenuKeyboard* menuKeyboard)
-    : _menuKeyboard(menuKeyboard) {
+MenuGrab::MenuGrab(MenuInput* menuInput)
+    : _menuInput(menuInput) {
     _timer.setInterval(Interval);
     QObject::connect(&_timer, &QTimer::timeout, &_timer, [this] { takeAgain(); });
 }
@@ -44,10 +44,10 @@ void MenuGrab::release() {
     _timer.stop();
     if (!_popup)
         return;
-    if (_menuKeyboard)
-        _menuKeyboard->release();
-    // Qt releases only what it took by itself.
-    if (QWindow* window = _popup->windowHandle()) {
+    if (_menuInput) {
+        _menuInput->release();
+    } else if (QWindow* window = _popup->windowHandle()) {
+        // Qt releases only what it took by itself.
         window->setMouseGrabEnabled(false);
         window->setKeyboardGrabEnabled(false);
     }
@@ -57,15 +57,12 @@ void MenuGrab::release() {
 // False when the keyboard was refused.
 bool MenuGrab::takeBoth() {
     QWindow* window = _popup->windowHandle();
-    if (!window || !takeKeyboard())
+    if (window && _menuInput)
+        return _menuInput->take(window->winId());
+    if (!window || !window->setKeyboardGrabEnabled(true))
         return false;
     window->setMouseGrabEnabled(true);
     return true;
-}
-
-bool MenuGrab::takeKeyboard() {
-    QWindow* window = _popup->windowHandle();
-    return (_menuKeyboard && _menuKeyboard->take(window->winId())) || window->setKeyboardGrabEnabled(true);
 }
 
 void MenuGrab::takeAgain() {

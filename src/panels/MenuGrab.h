@@ -7,16 +7,15 @@ class QWidget;
 
 namespace tarragon {
 
-class MenuKeyboard;
+class MenuInput;
 
 // Sees to it that a pop-up has the keyboard and the pointer. Another program may hold one of them at the moment of
 // opening, as for as long as a mouse button is down over its window; the pop-up would then not hear of a click beside
 // it, or of Escape.
 class MenuGrab {
 public:
-    // The keyboard is taken through menuKeyboard, which outlives this object, where that works; by Qt otherwise, and
-    // without one.
-    explicit MenuGrab(MenuKeyboard* menuKeyboard);
+    // Both are taken through menuInput, which outlives this object; by Qt without one.
+    explicit MenuGrab(MenuInput* menuInput);
 
     // Asks for both again and again until release is called. A pop-up that does not get the keyboard in time is closed,
     // for nobody could be sure to get rid of it. The widget is shown.
@@ -25,10 +24,9 @@ public:
 
 private:
     bool takeBoth();
-    bool takeKeyboard();
     void takeAgain();
 
-    MenuKeyboard* _menuKeyboard;
+    MenuInput* _menuInput;
     QPointer<QWidget> _popup;
     QTimer _timer;
     int _refusals = 0;

@@ -36,10 +36,10 @@ std::vector<QRect> screenRectangles() {
 
 } // namespace
 
-MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuKeyboard* menuKeyboard)
+MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput* menuInput)
     : _displays(displays)
     , _notificationCenter(notificationCenter)
-    , _grab(menuKeyboard) {
+    , _grab(menuInput) {
     _actionTimer.setSingleShot(true);
     QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
     // The style would keep a picture of every arrow that it draws, under a name that holds the palette of the window.

@@ -15,7 +15,7 @@
 
 namespace tarragon {
 
-class MenuKeyboard;
+class MenuInput;
 class MenuTracking;
 class MenuWindow;
 
@@ -25,8 +25,8 @@ class MenuWindow;
 // that holds the item as its object.
 class MenuView : public MenuPresenter {
 public:
-    // menuKeyboard, which is not owned, is how a menu gets the keyboard; nullptr leaves that to Qt.
-    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuKeyboard* menuKeyboard = nullptr);
+    // menuInput, which is not owned, is how a menu gets the keyboard and the pointer; nullptr leaves that to Qt.
+    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput* menuInput = nullptr);
     // Closes what is open; the delegates do not hear of it, for they may be gone.
     ~MenuView() override;
     MenuView(const MenuView&) = delete;

@@ -1,0 +1,48 @@
+#include "FocusWatch.h"
+
+#include <cstdlib>
+#include <memory>
+
+namespace tarragon::e2e {
+
+namespace {
+
+struct FreeMemory {
+    void operator()(void* memory) const { std::free(memory); }
+};
+template <typename T>
+using Owned = std::unique_ptr<T, FreeMemory>;
+
+xcb_window_t focusedWindow(XDisplay& display) {
+    xcb_connection_t* connection = display.connection();
+    Owned<xcb_get_input_focus_reply_t> focus(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    return focus ? focus->focus : xcb_window_t(XCB_WINDOW_NONE);
+}
+
+} // namespace
+
+FocusWatch::FocusWatch(XDisplay& display)
+    : _display(display)
+    , _window(focusedWindow(display)) {
+    std::uint32_t mask = XCB_EVENT_MASK_FOCUS_CHANGE;
+    xcb_change_window_attributes(display.connection(), _window, XCB_CW_EVENT_MASK, &mask);
+}
+
+FocusWatch::~FocusWatch() {
+    std::uint32_t mask = 0;
+    xcb_change_window_attributes(_display.connection(), _window, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(_display.connection());
+}
+
+int FocusWatch::changes() {
+    // The server answers after everything that it had to tell before.
+    focusedWindow(_display);
+    while (Owned<xcb_generic_event_t> event{xcb_poll_for_event(_display.connection())}) {
+        int type = event->response_type & 0x7F;
+        _changes += type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT ? 1 : 0;
+    }
+    return _changes;
+}
+
+} // namespace tarragon::e2e
