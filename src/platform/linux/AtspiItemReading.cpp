@@ -3,6 +3,7 @@
 #include "platform/linux/AtspiAttributes.h"
 #include "platform/linux/AtspiRole.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace tarragon {
@@ -90,6 +91,14 @@ void AtspiItemReading::readItemsOfAllLevels(const AtspiNode& container, Place pl
     }
 }
 
+bool AtspiItemReading::haveVanished(const std::vector<AtspiReference>& items) const {
+    return std::ranges::any_of(items, [this](const AtspiReference& reference) {
+        const AtspiNode& node = _nodes.at(reference);
+        const bool isNameless = node.role == AtspiRoleSeparator || node.role == AtspiRoleTearoffMenuItem;
+        return !isNameless && node.missing(AtspiFieldName) == 0 && !node.name;
+    });
+}
+
 void AtspiItemReading::takeKinds(const AtspiNode& container) {
     if (!container.kinds.areKnown() || !container.children)
         return;
@@ -120,9 +129,11 @@ void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kin
         node.states = kind.isChecked ? usual | bitOf(AtspiState::Checked) : usual;
         node.asked |= AtspiFieldStates;
     }
-    // What opens a menu has no keys, nor has a line between items.
+    // What opens a menu has no keys, and lines between items have no name either.
     if (kind.role != AtspiRoleMenuItem)
         node.asked |= AtspiFieldKeyBinding;
+    if (kind.role != AtspiRoleMenuItem && kind.role != AtspiRoleMenu)
+        node.asked |= AtspiFieldName;
 }
 
 void AtspiItemReading::readItemsAlone(const Level& level) {
@@ -151,7 +162,10 @@ void AtspiItemReading::tellSeparatorsApart(const Level& level) {
         AtspiNode& node = _nodes.at(reference);
         if ((node.asked & AtspiFieldRole) != 0)
             continue;
-        const bool hasName = node.name && !node.name->empty();
+        // What refuses everything has gone.
+        if (!node.name)
+            continue;
+        const bool hasName = !node.name->empty();
         if (hasName || node.hasNoAction) {
             node.asked |= AtspiFieldRole;
             node.role = hasName ? AtspiRoleMenuItem : AtspiRoleSeparator;
@@ -180,7 +194,11 @@ AtspiItemReading::Level AtspiItemReading::readNextLevel(const Level& level) {
         if (!hasImpliedMenu(_nodes.at(reference), level.place))
             continue;
         menus.push_back(reference);
-        unread.emplace_back(reference, fieldsOfContainer(_toolkit, _nodes.at(reference).childCount.value_or(-1)));
+        const std::int64_t childCount = _nodes.at(reference).childCount.value_or(-1);
+        if (isLong(_toolkit, childCount))
+            _nodes.fetchChildrenOneByOne(_connection, reference);
+        else
+            unread.emplace_back(reference, fieldsOfContainer(_toolkit, childCount));
     }
     _nodes.fetch(_connection, unread);
 

@@ -21,16 +21,25 @@ public:
 
     // What tells items and menus apart.
     void readKinds(const std::vector<AtspiReference>& objects, AtspiElement::Place place);
-    // What is to be asked of an object whose items are to be read. The number of its children is -1 when not known.
+    // The children of such an object are not asked for as a list. The number of children is -1 when not known.
+    static bool isLong(AtspiToolkit toolkit, std::int64_t childCount) {
+        return toolkit == AtspiToolkit::Gtk && childCount > LongMenu;
+    }
+    // What is to be asked of an object whose items are to be read, unless it is long.
     static AtspiFields fieldsOfContainer(AtspiToolkit toolkit, std::int64_t childCount);
     // What stands below an item.
     void readMenus(const std::vector<AtspiReference>& menus);
     // All that the items of a container can tell, and what kind of menus they open.
     void readItems(const AtspiNode& container, AtspiElement::Place place);
+    // Some of the items that were read have gone since their list was made.
+    bool haveVanished(const std::vector<AtspiReference>& items) const;
     // The same for these items and for those of all menus below them, level by level.
     void readItemsOfAllLevels(const AtspiNode& container, AtspiElement::Place place);
 
 private:
+    // This toolkit makes a list of all children for each of them that it names.
+    static constexpr std::int64_t LongMenu = 1000;
+
     // Items that stand in places of the same kind.
     struct Level {
         std::vector<AtspiReference> items;

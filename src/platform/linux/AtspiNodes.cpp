@@ -3,6 +3,9 @@
 #include "platform/linux/AtspiConnection.h"
 #include "platform/linux/AtspiRole.h"
 
+#include <algorithm>
+#include <unordered_set>
+
 namespace tarragon {
 
 namespace {
@@ -10,6 +13,8 @@ namespace {
 constexpr const char* Accessible = "org.a11y.atspi.Accessible";
 // Contents of text fields are shown shortened.
 constexpr std::int32_t TextPreview = 200;
+// Lists of lying applications are cut off here.
+constexpr std::int64_t MostChildren = 100'000;
 
 void addRequests(
     std::vector<AtspiRequest>& requests, const AtspiReference& reference, AtspiNode& node, AtspiFields fields) {
@@ -95,6 +100,36 @@ void AtspiNodes::fetch(AtspiConnection& connection, const Wanted& wanted) {
             addKindRequests(requests, reference, node.kinds);
     }
     connection.run(requests);
+}
+
+void AtspiNodes::fetchChildrenOneByOne(AtspiConnection& connection, const AtspiReference& reference) {
+    AtspiNode& node = at(reference);
+    if (node.missing(AtspiFieldChildren) == 0)
+        return;
+    node.asked |= AtspiFieldChildren;
+    node.asked &= ~AtspiFieldChildCount;
+    node.childCount.reset();
+    fetch(connection, reference, AtspiFieldChildCount);
+    if (!node.childCount)
+        return;
+    const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(*node.childCount, 0, MostChildren));
+    std::vector<AtspiReference> found(static_cast<std::size_t>(count));
+    std::vector<AtspiRequest> requests;
+    requests.reserve(found.size());
+    for (std::int32_t index = 0; index < count; ++index) {
+        requests.push_back({reference, Accessible, "GetChildAtIndex", index,
+            [child = &found[static_cast<std::size_t>(index)]](
+                AtspiReply& reply) { *child = reply.readReference().value_or(AtspiReference{}); }});
+    }
+    connection.run(requests);
+    // While they were asked for some may have gone or moved up.
+    std::unordered_set<AtspiReference, AtspiReferenceHash> seen;
+    std::erase_if(found, [&](const AtspiReference& child) { return child.isNull() || !seen.insert(child).second; });
+    node.children = std::move(found);
+}
+
+void AtspiNodes::forget(const AtspiReference& reference) {
+    at(reference) = {};
 }
 
 } // namespace tarragon

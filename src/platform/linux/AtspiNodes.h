@@ -21,6 +21,11 @@ public:
     const AtspiNode& fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields);
     // Asks for what is not known yet, everything in flight at once.
     void fetch(AtspiConnection& connection, const Wanted& wanted);
+    // Asks for each child by itself rather than for the list of them, which some applications take long for: so their
+    // answers keep coming, and they answer others meanwhile.
+    void fetchChildrenOneByOne(AtspiConnection& connection, const AtspiReference& reference);
+    // What is asked about it next is asked anew.
+    void forget(const AtspiReference& reference);
 
 private:
     std::unordered_map<AtspiReference, AtspiNode, AtspiReferenceHash> _nodes;

@@ -172,6 +172,7 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& element) 
     if (hasImpliedMenu(node, handle.place)) {
         auto menu = relative(handle, Kind::ItemMenu);
         menu->reference = handle.reference;
+        menu->childCount = handle.childCount;
         menu->parent = element;
         menu->place = Place::UnderItem;
         return std::vector<Element>{Element(std::move(menu))};
@@ -186,14 +187,13 @@ std::optional<std::vector<Element>> AtspiTree::children(const Element& parent, c
 std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     const Element& parent, const AtspiReference& container, Place place) {
     const AtspiElement& handle = *AtspiElement::of(parent);
-    const auto& references = _nodes.fetch(_connection, container, AtspiFieldChildren).children;
-    if (!references)
+    const bool isTold = readList(handle, container, place);
+    const auto& references = _nodes.at(container).children;
+    if (!isTold || !references)
         return {};
     std::vector<Element> result;
     if (handle.steps >= AtspiElement::StepLimit)
         return result;
-    if (place != Place::Elsewhere)
-        readChildren(container, place, handle.toolkit);
     // Qt keeps hidden items in the tree, and the states of a closed menu's items do not tell. Only those that are to be
     // seen take room, once the menu has been laid out.
     const bool roomTells = place == Place::InMenu && handle.toolkit == AtspiToolkit::Qt
@@ -217,13 +217,46 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
     return result;
 }
 
+bool AtspiTree::readList(const AtspiElement& parent, const AtspiReference& container, Place place) {
+    // Applications put others in the place of their items whenever they like, also between the list and the items.
+    constexpr int attempts = 3;
+    AtspiItemReading reading(_connection, _nodes, parent.toolkit);
+    AtspiNode& node = _nodes.at(container);
+    for (int attempt = 1;; ++attempt) {
+        fetchList(parent, container);
+        if (!node.children || place == Place::Elsewhere || parent.steps >= AtspiElement::StepLimit)
+            return node.children.has_value();
+        readChildren(container, place, parent.toolkit);
+        if (_reading != Reading::OneLevel || attempt == attempts || !reading.haveVanished(*node.children))
+            return true;
+        for (const AtspiReference& reference : *node.children)
+            _nodes.forget(reference);
+        node.children.reset();
+        node.asked &= ~(AtspiFieldChildren | AtspiFieldKinds);
+    }
+}
+
+void AtspiTree::fetchList(const AtspiElement& parent, const AtspiReference& container) {
+    if (AtspiItemReading::isLong(parent.toolkit, parent.childCount)) {
+        _nodes.fetchChildrenOneByOne(_connection, container);
+        return;
+    }
+    const bool isNews = _reading != Reading::OneAttribute && _nodes.at(container).missing(AtspiFieldChildren) != 0;
+    _nodes.fetch(_connection, container,
+        isNews ? AtspiItemReading::fieldsOfContainer(parent.toolkit, parent.childCount) : AtspiFieldChildren);
+}
+
 void AtspiTree::readWithChildren(const AtspiElement& element) {
     AtspiFields fields = AtspiFieldRole | AtspiFieldChildren;
+    const bool isItem = element.place == Place::InMenu || element.place == Place::InMenuBar;
     if (_reading != Reading::OneAttribute && _nodes.at(element.reference).missing(AtspiFieldChildren) != 0) {
         // A menu bar is the only other thing that the reading of menus begins with, and never long.
         const std::int64_t childCount = element.place == Place::Elsewhere ? 0 : element.childCount;
         fields |= AtspiItemReading::fieldsOfContainer(element.toolkit, childCount);
     }
+    // Their menus tell what they hold when they are asked.
+    if (isItem && AtspiItemReading::isLong(element.toolkit, element.childCount))
+        fields = AtspiFieldRole;
     _nodes.fetch(_connection, element.reference, fields);
 }
 

@@ -43,6 +43,9 @@ private:
         const Element& parent, const AtspiReference& container, AtspiElement::Place place);
     // Its role and children, and what else serves to read the children by.
     void readWithChildren(const AtspiElement& element);
+    // Which they are, and what menus need of each. False when that cannot be had.
+    bool readList(const AtspiElement& parent, const AtspiReference& container, AtspiElement::Place place);
+    void fetchList(const AtspiElement& parent, const AtspiReference& container);
     void readChildren(const AtspiReference& container, AtspiElement::Place place, AtspiToolkit toolkit);
 
     AtspiConnection& _connection;

@@ -235,7 +235,7 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         return true;
     }
     if (beforeReply)
-        beforeReply();
+        beforeReply(path);
     if (answersNonsense) {
         sd_bus_reply_method_return(message, "a{sv}(ys)", 1, "x", "d", 1.5, 7, "nonsense");
         return true;
@@ -274,6 +274,18 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         sd_bus_message_close_container(reply);
         sd_bus_send(nullptr, reply, nullptr);
         sd_bus_message_unref(reply);
+    } else if (member == "GetChildAtIndex") {
+        std::int32_t index = 0;
+        sd_bus_message_read(message, "i", &index);
+        const bool exists = index >= 0 && static_cast<std::size_t>(index) < object.children.size();
+        sd_bus_reply_method_return(message, "(so)", _busName.c_str(),
+            exists ? object.children[static_cast<std::size_t>(index)].c_str() : "/org/a11y/atspi/null");
+    } else if (member == "GetChildAtIndex") {
+        std::int32_t index = 0;
+        sd_bus_message_read(message, "i", &index);
+        const bool exists = index >= 0 && static_cast<std::size_t>(index) < object.children.size();
+        sd_bus_reply_method_return(message, "(so)", _busName.c_str(),
+            exists ? object.children[static_cast<std::size_t>(index)].c_str() : "/org/a11y/atspi/null");
     } else if (member == "Get") {
         const char* propertyInterface = nullptr;
         const char* property = nullptr;

@@ -76,7 +76,7 @@ public:
     bool isSilent = false; // reads, and answers nothing
     bool searches = true; // answers which objects match a rule
     bool answersNonsense = false; // replies of other types than announced
-    std::function<void()> beforeReply;
+    std::function<void(const std::string& path)> beforeReply; // to a call for that object
 
 private:
     void serve();

@@ -134,6 +134,77 @@ TEST_F(AtspiTreeTest, AsksEachPlainItemOfAGtkMenuForItsNameAndKey) {
     EXPECT_EQ(connection.statistics().messagesSent - before, 100U + 80U + 20U + 7U);
 }
 
+TEST_F(AtspiTreeTest, AsksALineInAGtkMenuForNothing) {
+    makeGtkMenu(4);
+    application.change([&] { application.objects["/bar/file/2"] = {AtspiRoleSeparator, "", Visible, {}, "", ""}; });
+    const auto asked = [&] { return application.calls("Get") + application.calls("GetKeyBinding"); };
+    const auto before = asked();
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar, 4)),
+        (std::vector<std::string>{"Item 0", "Item 1", "", "Item 3"}));
+    EXPECT_EQ(asked() - before, 3U + 3U);
+}
+
+TEST_F(AtspiTreeTest, AsksForTheChildrenOfALongMenuOneByOne) {
+    makeGtkMenu(1200);
+    const Element file = element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar, 1100);
+    const auto menus = elements(tree.attributeValue(file, attribute::Children));
+    ASSERT_EQ(menus.size(), 1U);
+    // Whoever does not go into the menu costs nothing.
+    EXPECT_EQ(application.calls("GetChildAtIndex"), 0U);
+    const auto titles = readLevel(tree, file);
+    ASSERT_EQ(titles.size(), 1200U);
+    EXPECT_EQ(titles.front(), "Item 0");
+    EXPECT_EQ(titles.back(), "Item 1199");
+    EXPECT_EQ(application.calls("GetChildren"), 0U);
+    EXPECT_EQ(application.calls("GetChildAtIndex"), 1200U);
+}
+
+TEST_F(AtspiTreeTest, ShowsAnItemOfALongMenuOnceThatIsToldTwice) {
+    makeGtkMenu(1200);
+    application.change([&] { application.objects["/bar/file"].children[7] = "/bar/file/6"; });
+    const auto titles = readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar, 1200));
+    EXPECT_EQ(titles.size(), 1199U);
+    EXPECT_EQ(std::ranges::count(titles, "Item 6"), 1);
+}
+
+TEST_F(AtspiTreeTest, ReadsAMenuAgainWhoseItemsWereReplacedMeanwhile) {
+    for (const AtspiToolkit toolkit : {AtspiToolkit::Gtk, AtspiToolkit::Qt}) {
+        const bool isGtk = toolkit == AtspiToolkit::Gtk;
+        if (isGtk)
+            makeGtkMenu(3);
+        else
+            makeQtMenu(3);
+        const std::string menu = isGtk ? "/bar/file" : "/popup";
+        application.change([&] {
+            // The first question about an item finds others in its place.
+            application.beforeReply = [this, menu, isDone = false](const std::string& path) mutable {
+                if (isDone || !path.starts_with(menu + "/"))
+                    return;
+                isDone = true;
+                auto& objects = application.objects;
+                for (std::string& child : objects[menu].children) {
+                    auto item = objects.extract(child);
+                    item.key() = child = child + "new";
+                    item.mapped().name = "New " + item.mapped().name;
+                    objects.insert(std::move(item));
+                }
+            };
+        });
+        AtspiNodes nodes;
+        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+                      element("/bar/file", toolkit, Place::InMenuBar, isGtk ? 3 : -1)),
+            (std::vector<std::string>{"New Item 0", "New Item 1", "New Item 2"}));
+    }
+}
+
+TEST_F(AtspiTreeTest, ShowsWhatIsLeftOfAMenuThatNeverComesToRest) {
+    makeGtkMenu(3);
+    application.change([&] { application.objects.erase("/bar/file/1"); });
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar, 3)),
+        (std::vector<std::string>{"Item 0", "Item 2"}));
+    EXPECT_EQ(application.calls("GetChildren"), 3U);
+}
+
 TEST_F(AtspiTreeTest, SearchesNoLongMenus) {
     // The toolkit's searches take longer for each child the more children there are.
     makeGtkMenu(101);
@@ -440,7 +511,7 @@ TEST_F(AtspiTreeTest, AsksAnApplicationAgainOnceItAnsweredTheProbe) {
         application.objects["/org/a11y/atspi/accessible/root"] = {AtspiRoleApplication, "App", Visible, {}, "", ""};
         application.objects["/x"] = {AtspiRoleMenuItem, "X", Visible, {}, "", ""};
         // Gives no answer in time, then goes on with its work as if nothing had been.
-        application.beforeReply = [&, first = true]() mutable {
+        application.beforeReply = [&, first = true](const auto&) mutable {
             if (first)
                 std::this_thread::sleep_for(1200ms);
             first = false;
@@ -461,7 +532,7 @@ TEST_F(AtspiTreeTest, AsksAnApplicationAgainOnceItAnsweredTheProbe) {
 
 TEST_F(AtspiTreeTest, HearsASlowApplicationOut) {
     makeGtkMenu(800);
-    application.change([&] { application.beforeReply = [] { std::this_thread::sleep_for(1ms); }; });
+    application.change([&] { application.beforeReply = [](const auto&) { std::this_thread::sleep_for(1ms); }; });
     const auto start = Clock::now();
     connection.beginOperation();
     EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)).size(), 800U);
