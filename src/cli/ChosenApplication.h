@@ -19,6 +19,9 @@ public:
     Element elementAtPosition(const Point& pointCG) override { return _accessibility.elementAtPosition(pointCG); }
     std::optional<std::int64_t> processIdentifier(const Element& element) override;
     std::optional<std::vector<std::string>> attributeNames(const Element& element) override;
+    bool hasAttribute(const Element& element, std::string_view attribute) override {
+        return _accessibility.hasAttribute(element, attribute);
+    }
     Value copyAttributeValue(const Element& element, std::string_view attribute) override;
     std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) override;
     bool isAttributeSettable(const Element& element, std::string_view attribute) override;
@@ -28,6 +31,9 @@ public:
     bool performAction(const Element& element, std::string_view action) override;
     void beginReadBatch(ReadBatchDepth depth) override { _accessibility.beginReadBatch(depth); }
     void endReadBatch() override { _accessibility.endReadBatch(); }
+    void readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) override {
+        _accessibility.readAhead(elements, attributes);
+    }
 
 private:
     Accessibility& _accessibility;

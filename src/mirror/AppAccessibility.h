@@ -126,6 +126,7 @@ private:
     void completeRootMenu();
     void fillSubmenu(Menu& menu);
     void fillFromCache(Menu& menu);
+    void readStatesAhead(const Menu& menu);
     void refreshState(MenuItem& item);
     std::vector<std::shared_ptr<MenuItem>> cacheableItems();
     void showAppleMenuOrRemoveIt();

@@ -8,6 +8,9 @@
 #include "mirror/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
+#include <array>
+#include <vector>
+
 namespace tarragon {
 
 namespace {
@@ -61,7 +64,7 @@ void AppAccessibility::fillSubmenu(Menu& menu) {
 
 void AppAccessibility::fillFromCache(Menu& menu) {
     menu.removeAllItems();
-    const Element realMenu = converter().processSingleIterationSubAXMenuAsNSMenu(elementOfOwner(menu));
+    converter().processSingleIterationSubAXMenuAsNSMenu(elementOfOwner(menu));
     const auto appName = focusedAppName();
     if (!appName || !menu.supermenu())
         return;
@@ -70,15 +73,26 @@ void AppAccessibility::fillFromCache(Menu& menu) {
     if (!filled)
         return;
     const bool refresh = filled->numberOfItems() <= MostRefreshedItems;
-    // One read for the whole menu brings what the items are asked for one by one below.
     if (refresh)
-        menuItemsIn(realMenu);
+        readStatesAhead(*filled);
     for (const auto& item : filled->items()) {
         menu.addItem(item->copy());
         if (refresh)
             refreshState(*menu.items().back());
     }
     removeDuplicateMenuItems(menu);
+}
+
+// One read for the whole menu, of what its items are asked for one by one.
+void AppAccessibility::readStatesAhead(const Menu& menu) {
+    std::vector<Element> elements;
+    elements.reserve(menu.numberOfItems());
+    for (const auto& item : menu.items()) {
+        if (!item->isSeparatorItem())
+            elements.push_back(elementOf(*item));
+    }
+    static constexpr std::array attributes{attribute::Enabled, attribute::MenuItemMarkChar};
+    _platform.accessibility.readAhead(elements, attributes);
 }
 
 void AppAccessibility::refreshState(MenuItem& item) {

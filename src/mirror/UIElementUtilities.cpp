@@ -51,10 +51,7 @@ void UIElementUtilities::performAction(Accessibility& accessibility, std::string
 
 Value UIElementUtilities::valueOfAttribute(
     Accessibility& accessibility, std::string_view attribute, const Element& element) {
-    if (!element)
-        return {};
-    const auto names = accessibility.attributeNames(element);
-    if (!names || std::ranges::find(*names, attribute) == names->end())
+    if (!element || !accessibility.hasAttribute(element, attribute))
         return {};
     return accessibility.copyAttributeValue(element, attribute);
 }

@@ -2,8 +2,10 @@
 
 #include "platform/Value.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +42,11 @@ public:
 
     virtual std::optional<std::int64_t> processIdentifier(const Element& element) = 0;
     virtual std::optional<std::vector<std::string>> attributeNames(const Element& element) = 0;
+    // True when the attribute is among the names. For those who ask for one attribute after the other.
+    virtual bool hasAttribute(const Element& element, std::string_view attribute) {
+        const auto names = attributeNames(element);
+        return names && std::ranges::find(*names, attribute) != names->end();
+    }
     virtual Value copyAttributeValue(const Element& element, std::string_view attribute) = 0;
     // The number of elements of an attribute that holds several, without fetching them.
     virtual std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) = 0;
@@ -58,6 +65,10 @@ public:
     // batch of the thread ends the snapshot is dropped. Outside a batch every read is live.
     virtual void beginReadBatch(ReadBatchDepth depth) = 0;
     virtual void endReadBatch() = 0;
+    // Within a batch: the reads of these attributes of these elements that follow are fetched at once. Changes nothing
+    // but the time that they take, and nothing at all outside a batch.
+    virtual void readAhead([[maybe_unused]] std::span<const Element> elements,
+        [[maybe_unused]] std::span<const std::string_view> attributes) { }
 };
 
 // Opens a read batch for its lifetime, on the thread that makes and destroys it.

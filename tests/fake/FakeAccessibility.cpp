@@ -232,6 +232,18 @@ void FakeAccessibility::beginReadBatch(ReadBatchDepth depth) {
         ++_batchCount;
 }
 
+void FakeAccessibility::readAhead(
+    std::span<const Element> elements, [[maybe_unused]] std::span<const std::string_view> attributes) {
+    const std::lock_guard lock(_mutex);
+    if (openBatches() > 0)
+        _readAhead.insert(_readAhead.end(), elements.begin(), elements.end());
+}
+
+std::vector<Element> FakeAccessibility::elementsReadAhead() const {
+    const std::lock_guard lock(_mutex);
+    return _readAhead;
+}
+
 void FakeAccessibility::endReadBatch() {
     const Lock lock(_mutex);
     _calls.push_back({Operation::EndReadBatch, {}, {}, {}});

@@ -106,6 +106,8 @@ public:
     ReadBatchDepth deepestBatch() const;
     // Of the calling thread.
     int openBatches() const;
+    // What was announced within a batch.
+    std::vector<Element> elementsReadAhead() const;
 
     // Faults. An element's fault holds for it alone, a process's for all its elements.
     void setFault(const Element& element, FakeFault fault);
@@ -135,6 +137,7 @@ public:
     bool performAction(const Element& element, std::string_view action) override;
     void beginReadBatch(ReadBatchDepth depth) override;
     void endReadBatch() override;
+    void readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) override;
 
 private:
     struct Action {
@@ -177,6 +180,7 @@ private:
     std::size_t _callCount = 0;
     std::size_t _callsOutsideBatches = 0;
     std::size_t _batchCount = 0;
+    std::vector<Element> _readAhead;
     ReadBatchDepth _deepestBatch = ReadBatchDepth::OneLevel;
     std::map<std::thread::id, int> _openBatches;
 

@@ -4,6 +4,10 @@
 #include "platform/linux/AtspiRole.h"
 #include "platform/linux/MenuShortcut.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
+
 namespace tarragon {
 
 namespace {
@@ -79,6 +83,26 @@ Value valueOf(const AtspiNode& node, std::string_view role) {
     return valueFrom(node.number);
 }
 
+using AttributeGroups = std::array<std::span<const std::string_view>, 4>;
+
+AttributeGroups attributeGroupsOfRole(std::string_view role) {
+    static constexpr std::array all{
+        attribute::Role, attribute::RoleDescription, attribute::Parent, attribute::Children};
+    static constexpr std::array placed{attribute::Enabled, attribute::Position, attribute::Size};
+    static constexpr std::array titled{attribute::Title};
+    static constexpr std::array items{attribute::MenuItemMarkChar, attribute::MenuItemCmdChar,
+        attribute::MenuItemCmdModifiers, attribute::MenuItemCmdGlyph, attribute::MenuItemShortcutText};
+    static constexpr std::array others{
+        attribute::Description, attribute::Focused, attribute::Value, std::string_view("AXWindow")};
+    if (role == role::Menu)
+        return {all};
+    if (role == role::MenuBar)
+        return {all, placed};
+    if (role == role::MenuItem || role == role::MenuBarItem)
+        return {all, placed, titled, items};
+    return {all, placed, titled, others};
+}
+
 } // namespace
 
 AtspiFields fieldsForAttribute(std::string_view attribute) {
@@ -114,23 +138,15 @@ std::string_view roleOfNode(const AtspiNode& node, Place place) {
 
 std::vector<std::string> attributeNamesOfRole(std::string_view role) {
     std::vector<std::string> names;
-    const auto add = [&names](std::initializer_list<std::string_view> added) {
-        names.insert(names.end(), added.begin(), added.end());
-    };
-    add({attribute::Role, attribute::RoleDescription, attribute::Parent, attribute::Children});
-    if (role == role::Menu)
-        return names;
-    add({attribute::Enabled, attribute::Position, attribute::Size});
-    if (role == role::MenuBar)
-        return names;
-    add({attribute::Title});
-    if (role == role::MenuItem || role == role::MenuBarItem) {
-        add({attribute::MenuItemMarkChar, attribute::MenuItemCmdChar, attribute::MenuItemCmdModifiers,
-            attribute::MenuItemCmdGlyph, attribute::MenuItemShortcutText});
-        return names;
-    }
-    add({attribute::Description, attribute::Focused, attribute::Value, "AXWindow"});
+    for (const std::span<const std::string_view> group : attributeGroupsOfRole(role))
+        names.insert(names.end(), group.begin(), group.end());
     return names;
+}
+
+bool roleHasAttribute(std::string_view role, std::string_view attribute) {
+    return std::ranges::any_of(attributeGroupsOfRole(role), [attribute](std::span<const std::string_view> group) {
+        return std::ranges::find(group, attribute) != group.end();
+    });
 }
 
 Value attributeOfNode(const AtspiNode& node, Place place, std::string_view attribute) {

@@ -19,6 +19,7 @@ AtspiFields fieldsForAttribute(std::string_view attribute);
 // The role in the vocabulary of the system; empty when the object does not tell.
 std::string_view roleOfNode(const AtspiNode& node, AtspiElement::Place place);
 std::vector<std::string> attributeNamesOfRole(std::string_view role);
+bool roleHasAttribute(std::string_view role, std::string_view attribute);
 Value attributeOfNode(const AtspiNode& node, AtspiElement::Place place, std::string_view attribute);
 
 // An item that has a menu of its own without an object for it: its children stand in that menu.

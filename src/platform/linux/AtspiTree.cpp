@@ -45,17 +45,13 @@ bool isLeaf(const AtspiNode& node, AtspiToolkit toolkit) {
 } // namespace
 
 std::optional<std::vector<std::string>> AtspiTree::attributeNames(const Element& element) {
-    const AtspiElement& handle = *AtspiElement::of(element);
-    if (handle.kind == Kind::ItemMenu)
-        return attributeNamesOfRole(role::Menu);
-    // Whoever begins with an item goes on with the menu that it opens.
-    const bool isItem = handle.place == Place::InMenu || handle.place == Place::InMenuBar;
-    if (_reading != Reading::OneAttribute && isItem && !_nodes.at(handle.reference).role)
-        readWithChildren(handle);
-    const std::string_view role = roleOf(handle);
-    if (role.empty())
-        return {};
-    return attributeNamesOfRole(role);
+    const std::string_view role = roleFirst(*AtspiElement::of(element));
+    return role.empty() ? std::nullopt : std::optional(attributeNamesOfRole(role));
+}
+
+bool AtspiTree::hasAttribute(const Element& element, std::string_view attribute) {
+    const std::string_view role = roleFirst(*AtspiElement::of(element));
+    return !role.empty() && roleHasAttribute(role, attribute);
 }
 
 Value AtspiTree::attributeValue(const Element& element, std::string_view attribute) {
@@ -113,6 +109,19 @@ std::optional<std::vector<std::string>> AtspiTree::actionNames(const AtspiElemen
     }
     _connection.run(requests);
     return names;
+}
+
+std::string_view AtspiTree::roleFirst(const AtspiElement& element) {
+    if (element.kind == Kind::ItemMenu)
+        return role::Menu;
+    const bool isKnown = _reading == Reading::OneAttribute || _nodes.at(element.reference).role;
+    // What was found in a menu is an item of it, whatever else it is.
+    if (!isKnown && element.place == Place::InMenu)
+        return role::MenuItem;
+    // Whoever begins with an item of a menu bar goes on with the menu that it opens.
+    if (!isKnown && element.place == Place::InMenuBar)
+        readWithChildren(element);
+    return roleOf(element);
 }
 
 std::string_view AtspiTree::roleOf(const AtspiElement& element) {

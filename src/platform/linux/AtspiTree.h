@@ -28,6 +28,7 @@ public:
 
     // The element must be a node or the menu of an item.
     std::optional<std::vector<std::string>> attributeNames(const Element& element);
+    bool hasAttribute(const Element& element, std::string_view attribute);
     Value attributeValue(const Element& element, std::string_view attribute);
     std::optional<std::vector<Element>> children(const Element& element);
     // Children of an object that has no element of its own: those of a window's frame.
@@ -38,6 +39,8 @@ public:
 private:
     AtspiElement::Place placeOf(const AtspiElement& element);
     std::string_view roleOf(const AtspiElement& element);
+    // The same for whoever begins to ask about an element.
+    std::string_view roleFirst(const AtspiElement& element);
     Element parentOf(const AtspiElement& element);
     std::optional<std::vector<Element>> childrenInPlace(
         const Element& parent, const AtspiReference& container, AtspiElement::Place place);

@@ -84,11 +84,12 @@ public:
         constexpr int patientTimes = 4;
         const bool readsAll = _batch != nullptr && _batch->reading == AtspiTree::Reading::AllLevels;
         const bool continues = _batch != nullptr && std::exchange(_batch->hasBegun, true);
-        _client.begin(continues ? AtspiConnection::Start::Continued : AtspiConnection::Start::Fresh,
-            readsAll ? patientTimes : 1);
+        _client.begin(
+            continues ? AtspiConnection::Start::Continued : AtspiConnection::Start::Fresh, readsAll ? patientTimes : 1);
     }
 
     Client& client() { return _client; }
+    bool isInBatch() const { return _batch != nullptr; }
     // nullptr outside a batch.
     KnownAttributes* known() { return _batch != nullptr ? &_batch->known : nullptr; }
     AtspiNodes& nodes() { return _batch != nullptr ? _batch->nodes : _ownNodes; }
@@ -140,6 +141,23 @@ void LinuxAccessibility::endReadBatch() {
     const auto found = _batches.find(std::this_thread::get_id());
     if (found != _batches.end() && --found->second->nesting == 0)
         _batches.erase(found);
+}
+
+void LinuxAccessibility::readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) {
+    Operation operation(*this);
+    if (!operation.isInBatch())
+        return;
+    AtspiFields fields = AtspiFieldNone;
+    for (const std::string_view attribute : attributes)
+        fields |= fieldsForAttribute(attribute);
+    AtspiNodes::Wanted wanted;
+    wanted.reserve(elements.size());
+    for (const Element& element : elements) {
+        const AtspiElement* handle = AtspiElement::of(element);
+        if (handle != nullptr && handle->kind == Kind::Node && operation.reaches(*handle))
+            wanted.emplace_back(handle->reference, fields);
+    }
+    operation.nodes().fetch(operation.client().connection, wanted);
 }
 
 AtspiStatistics LinuxAccessibility::statistics() {
@@ -210,6 +228,14 @@ std::optional<std::vector<std::string>> LinuxAccessibility::attributeNames(const
     }
     Operation operation(*this);
     return operation.reaches(*handle) ? operation.tree().attributeNames(element) : std::nullopt;
+}
+
+bool LinuxAccessibility::hasAttribute(const Element& element, std::string_view attribute) {
+    const AtspiElement* handle = AtspiElement::of(element);
+    if (handle == nullptr || (handle->kind != Kind::Node && handle->kind != Kind::ItemMenu))
+        return Accessibility::hasAttribute(element, attribute);
+    Operation operation(*this);
+    return operation.reaches(*handle) && operation.tree().hasAttribute(element, attribute);
 }
 
 Value LinuxAccessibility::copyAttributeValue(const Element& element, std::string_view attribute) {

@@ -33,6 +33,7 @@ public:
 
     std::optional<std::int64_t> processIdentifier(const Element& element) override;
     std::optional<std::vector<std::string>> attributeNames(const Element& element) override;
+    bool hasAttribute(const Element& element, std::string_view attribute) override;
     Value copyAttributeValue(const Element& element, std::string_view attribute) override;
     std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) override;
     bool isAttributeSettable(const Element& element, std::string_view attribute) override;
@@ -44,6 +45,7 @@ public:
 
     void beginReadBatch(ReadBatchDepth depth) override;
     void endReadBatch() override;
+    void readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) override;
 
     // What the calling thread's connection has sent so far.
     AtspiStatistics statistics();

@@ -214,6 +214,28 @@ TEST_F(AtspiTreeTest, SearchesNoLongMenus) {
     EXPECT_EQ(application.calls("GetMatches"), 0U);
 }
 
+TEST_F(AtspiTreeTest, KnowsWithinABatchThatWhatStoodInAMenuIsAnItemOfIt) {
+    makeGtkMenu(2);
+    const Element entry = element("/bar/file/1", AtspiToolkit::Gtk, Place::InMenu);
+    EXPECT_TRUE(tree.hasAttribute(entry, attribute::MenuItemMarkChar));
+    EXPECT_FALSE(tree.hasAttribute(entry, attribute::Focused));
+    EXPECT_EQ(connection.statistics().messagesSent, 0U);
+    EXPECT_EQ(tree.attributeValue(entry, attribute::Enabled), Value(true));
+    EXPECT_EQ(connection.statistics().messagesSent, 1U);
+}
+
+TEST_F(AtspiTreeTest, HasTheAttributesThatItNames) {
+    makeGtkMenu(2);
+    for (const char* path : {"/bar", "/bar/file", "/bar/file/0"}) {
+        const Element object = element(path, AtspiToolkit::Gtk);
+        const auto names = tree.attributeNames(object).value();
+        for (const std::string_view name : {attribute::Role, attribute::Title, attribute::Enabled,
+                 attribute::MenuItemMarkChar, attribute::Focused, attribute::Description})
+            EXPECT_EQ(tree.hasAttribute(object, name), std::ranges::count(names, name) == 1) << path << " " << name;
+    }
+    EXPECT_FALSE(tree.hasAttribute(element("/missing", AtspiToolkit::Gtk), attribute::Role));
+}
+
 TEST_F(AtspiTreeTest, KnowsFromTheMenuBarHowLongEachMenuIs) {
     makeGtkMenu(10);
     const auto items = elements(tree.attributeValue(element("/bar", AtspiToolkit::Gtk), attribute::Children));

@@ -147,6 +147,21 @@ TEST_F(Caching, RemovesRepeatsFromTheCopies) {
     EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
 }
 
+TEST_F(Caching, ReadsTheStatesOfAllCachedItemsAtOnce) {
+    rebuildAndFill();
+    opened("File");
+    EXPECT_EQ(fake.accessibility.elementsReadAhead(),
+        (std::vector<Element>{file.itemElement("New"), file.itemElement("Wrap")}));
+}
+
+TEST_F(Caching, ReadsNothingOfALongCachedMenu) {
+    for (int index = 0; index < 73; ++index)
+        file.item("Item " + std::to_string(index));
+    rebuildAndFill();
+    EXPECT_EQ(opened("File").numberOfItems(), 76U);
+    EXPECT_THAT(fake.accessibility.elementsReadAhead(), IsEmpty());
+}
+
 TEST_F(Caching, FillsTheSubmenusOfCopiesWhenTheyOpen) {
     file.submenu("Export").item("As Text");
     rebuildAndFill();
