@@ -12,6 +12,8 @@ namespace tarragon {
 namespace {
 
 constexpr std::chrono::seconds ReconnectInterval{1};
+// More would gain little, and each costs the application.
+constexpr std::size_t DirectConnections = 2;
 
 // Never 0.
 std::uint64_t identityOf(const DBusSocket& bus) {
@@ -96,16 +98,20 @@ bool AtspiConnection::post(const AtspiRequest& request) {
 void AtspiConnection::connectDirectly(const std::string& busName, const std::string& address) {
     // Those of applications that have ended are not used again, and so would stay for good.
     for (auto& [name, known] : _peers) {
-        if (known->direct && !known->direct->exchange())
-            known->direct.reset();
+        std::erase_if(known->direct, [](const auto& socket) { return !socket->exchange(); });
     }
-    std::unique_ptr<DBusSocket>& direct = peer(busName).direct;
-    if (!direct)
-        direct = DBusSocket::connect(address);
+    auto& direct = peer(busName).direct;
+    while (direct.size() < DirectConnections) {
+        std::unique_ptr<DBusSocket> socket = DBusSocket::connect(address);
+        if (!socket)
+            return;
+        direct.push_back(std::move(socket));
+    }
 }
 
-DBusSocket* AtspiConnection::socketOf(const AtspiPeer& peer) const {
-    return peer.direct && peer.direct->isOpen() ? peer.direct.get() : _bus.get();
+DBusSocket* AtspiConnection::socketOf(AtspiPeer& peer) const {
+    DBusSocket* const direct = peer.nextDirect();
+    return direct != nullptr ? direct : _bus.get();
 }
 
 bool AtspiConnection::mayAsk(const std::string& busName) {

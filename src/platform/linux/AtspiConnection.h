@@ -68,8 +68,8 @@ private:
     void close();
     void probe(const std::string& busName, AtspiPeer& peer);
     AtspiPeer& peer(const std::string& busName);
-    // Over which its requests go.
-    DBusSocket* socketOf(const AtspiPeer& peer) const;
+    // Over which its next request goes.
+    DBusSocket* socketOf(AtspiPeer& peer) const;
 
     AtspiSessionBus& _sessionBus;
     std::unique_ptr<DBusSocket> _bus;

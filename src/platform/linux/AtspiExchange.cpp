@@ -131,8 +131,9 @@ void AtspiConnection::Exchange::giveUpTheSilent() {
     }
     // The application may still answer over the bus: a dialog of its own can keep it from looking elsewhere.
     for (AtspiPeer* peer : silent) {
-        std::erase(_sockets, peer->direct.get());
-        peer->direct.reset();
+        for (const auto& socket : peer->direct)
+            std::erase(_sockets, socket.get());
+        peer->direct.clear();
     }
 }
 
@@ -171,8 +172,7 @@ void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
     }
     std::erase(_sockets, socket);
     for (AtspiPeer* peer : _peers) {
-        if (peer->direct.get() == socket)
-            peer->direct.reset();
+        peer->dropDirect(socket);
     }
     for (const std::size_t index : unanswered)
         send(index);

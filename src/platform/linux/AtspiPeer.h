@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace tarragon {
 
@@ -20,12 +21,29 @@ public:
             suspension.noteReply();
     }
 
+    // The connections without the bus take turns, for an application takes one message from each in a round of its
+    // loop, and a round costs it as much as a message. nullptr when none is open.
+    DBusSocket* nextDirect() {
+        for (std::size_t tried = 0; tried < direct.size(); ++tried) {
+            DBusSocket* const socket = direct[++_turn % direct.size()].get();
+            if (socket->isOpen())
+                return socket;
+        }
+        return nullptr;
+    }
+    void dropDirect(const DBusSocket* socket) {
+        std::erase_if(direct, [socket](const auto& owned) { return owned.get() == socket; });
+    }
+
     AtspiSuspension suspension;
     AtspiPatience patience{AtspiPatience::Clock::time_point{}};
     std::uint64_t operation = 0; // the one that the patience belongs to
     std::size_t pending = 0; // requests without answer
     std::uint32_t probe = 0; // the call that is under way, 0 when there is none
-    std::unique_ptr<DBusSocket> direct; // without the bus in between, where there is such a connection
+    std::vector<std::unique_ptr<DBusSocket>> direct; // without the bus in between, where there are such connections
+
+private:
+    std::size_t _turn = 0;
 };
 
 } // namespace tarragon
