@@ -200,6 +200,16 @@ bool takesRoom(const AtspiNode& node) {
     return node.extents && node.extents->size.width > 0 && node.extents->size.height > 0;
 }
 
+std::optional<Rect> placeBetween(const AtspiNode& before, const AtspiNode& after) {
+    if (!takesRoom(before) || !takesRoom(after))
+        return {};
+    const double end = before.extents->origin.y + before.extents->size.height;
+    const double height = after.extents->origin.y - end;
+    if (after.extents->origin.x != before.extents->origin.x || height < 0)
+        return {};
+    return Rect{{before.extents->origin.x, end}, {before.extents->size.width, height}};
+}
+
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames) {
     for (std::size_t index = 0; index < actionNames.size(); ++index) {
         const std::string& name = actionNames[index];

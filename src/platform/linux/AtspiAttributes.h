@@ -30,6 +30,9 @@ AtspiElement::Place placeOfChildren(std::uint32_t role, AtspiElement::Place plac
 bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit);
 // It has a place on the screen, or would have if its menu were open.
 bool takesRoom(const AtspiNode& node);
+// Where an item is that stands between two others of a menu whose items follow one another without gaps: an empty place
+// when it is hidden. Nothing when these two do not tell, because one is hidden itself or begins another column.
+std::optional<Rect> placeBetween(const AtspiNode& before, const AtspiNode& after);
 
 // The position of the action that chooses, presses or opens, by the names that are not translated.
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames);

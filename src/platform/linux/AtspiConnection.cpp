@@ -1,7 +1,7 @@
 #include "platform/linux/AtspiConnection.h"
 
+#include "platform/linux/AtspiCall.h"
 #include "platform/linux/AtspiExchange.h"
-#include "platform/linux/AtspiMessage.h"
 #include "platform/linux/AtspiSessionBus.h"
 
 #include <algorithm>
@@ -84,8 +84,7 @@ bool AtspiConnection::post(const AtspiRequest& request) {
     if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
         return false;
     // Over the bus: what is pressed may open a dialog, until whose end some applications hear nothing over a socket.
-    const DBusMessagePointer message = messageFor(request, true);
-    if (!message || !_bus->send(message.get()))
+    if (!_bus->send(callFor(request, true)))
         return false;
     ++_statistics.messagesSent;
     if (_bus->flush(Clock::now() + AtspiPatience::Silence))
@@ -134,9 +133,9 @@ void AtspiConnection::probe(const std::string& busName, AtspiPeer& peer) {
     if (peer.probe != 0)
         _bus->forget(peer.probe);
     // A question to the user interface itself. A ping would be answered by a library's own thread, hung or not.
-    const DBusMessagePointer message = messageFor(
-        {{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}}, true);
-    peer.probe = message ? _bus->call(message.get(), peer) : 0;
+    peer.probe = _bus->call(
+        callFor({{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}}, true),
+        peer);
     if (peer.probe == 0)
         return;
     ++_statistics.messagesSent;

@@ -31,6 +31,7 @@ public:
     std::uint64_t busIdentity = 0; // the accessibility bus on which the reference holds
     AtspiReference reference; // of the item, for an item's menu
     std::int64_t childCount = -1; // when it was read; -1 when that is not known
+    AtspiReference menu; // that it opened when it was read; null when that is not known
     Element parent; // nil when it has to be asked for
     // Steps down from, or up to, the element that started this chain of parents and children. Trees of lying
     // applications are cut off where it exceeds the limit.

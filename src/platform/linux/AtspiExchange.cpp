@@ -1,6 +1,6 @@
 #include "platform/linux/AtspiExchange.h"
 
-#include "platform/linux/AtspiMessage.h"
+#include "platform/linux/AtspiCall.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -58,16 +58,13 @@ void AtspiConnection::Exchange::send(std::size_t index) {
     if (!_lastMayBeAsked || _lastPeer->suspension.isSuspended())
         return;
     DBusSocket* const socket = _connection.socketOf(*_lastPeer);
-    const DBusMessagePointer message = messageFor(request, socket == _connection._bus.get());
-    if (!message)
-        return;
     Pending& pending = _pending[index];
     pending.exchange = this;
     pending.request = &request;
     pending.peer = _lastPeer;
     pending.socket = socket;
     // The time-out is ours to keep: it depends on what else the application answers.
-    pending.call = socket->call(message.get(), pending);
+    pending.call = socket->call(callFor(request, socket == _connection._bus.get()), pending);
     if (pending.call == 0)
         return;
     ++_connection._statistics.messagesSent;

@@ -48,7 +48,7 @@ AtspiFields AtspiItemReading::kindFields(Place place) const {
 
 void AtspiItemReading::readKinds(const std::vector<AtspiReference>& objects, Place place) {
     _nodes.fetch(_connection, wanted(objects, kindFields(place)));
-    tellSeparatorsApart({objects, place});
+    tellSeparatorsApart(levelOf(objects, place));
 }
 
 void AtspiItemReading::readMenus(const std::vector<AtspiReference>& menus) {
@@ -75,14 +75,14 @@ AtspiFields AtspiItemReading::fieldsOfContainer(AtspiToolkit toolkit, std::int64
 
 void AtspiItemReading::readItems(const AtspiNode& container, Place place) {
     takeKinds(container);
-    const Level level{*container.children, place};
+    const Level level = levelOf(*container.children, place);
     readItemsAlone(level);
     readMenus(menusOf(level));
 }
 
 void AtspiItemReading::readItemsOfAllLevels(const AtspiNode& container, Place place) {
     takeKinds(container);
-    Level level{*container.children, place};
+    Level level = levelOf(*container.children, place);
     std::size_t count = 0;
     for (int depth = 0; depth < DeepestLevel && !level.items.empty() && count < MostItems; ++depth) {
         count += level.items.size();
@@ -137,6 +137,10 @@ void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kin
 }
 
 void AtspiItemReading::readItemsAlone(const Level& level) {
+    if (_toolkit == AtspiToolkit::Qt && level.place == Place::InMenu) {
+        readItemsOfQtMenus(level);
+        return;
+    }
     const AtspiFields kind = kindFields(level.place) | AtspiFieldKeyBinding;
     AtspiNodes::Wanted unread;
     unread.reserve(level.items.size());
@@ -154,6 +158,48 @@ void AtspiItemReading::readItemsAlone(const Level& level) {
     tellSeparatorsApart(level);
 }
 
+void AtspiItemReading::readItemsOfQtMenus(const Level& level) {
+    AtspiNodes::Wanted wanted;
+    wanted.reserve(level.items.size());
+    std::size_t begin = 0;
+    for (const std::size_t end : level.ends) {
+        // Whether an item between two others takes room is told by theirs.
+        for (std::size_t index = begin; index < end; ++index) {
+            const bool tellsOthers = (index - begin) % 2 == 0 || index + 1 == end;
+            wanted.emplace_back(level.items[index], tellsOthers ? AtspiFieldName | AtspiFieldExtents : AtspiFieldName);
+        }
+        begin = end;
+    }
+    _nodes.fetch(_connection, wanted);
+    takePlacesBetween(level);
+
+    // Lines have no names, no states, no keys and nothing below them.
+    for (auto& [reference, fields] : wanted) {
+        const AtspiNode& node = _nodes.at(reference);
+        const bool hasName = node.name && !node.name->empty();
+        fields = AtspiFieldExtents | AtspiFieldKeyBinding;
+        if (hasName)
+            fields |= AtspiFieldStates | AtspiFieldChildren;
+    }
+    _nodes.fetch(_connection, wanted);
+    tellSeparatorsApart(level);
+}
+
+void AtspiItemReading::takePlacesBetween(const Level& level) {
+    std::size_t begin = 0;
+    for (const std::size_t end : level.ends) {
+        for (std::size_t index = begin + 1; index + 1 < end; ++index) {
+            AtspiNode& node = _nodes.at(level.items[index]);
+            if (node.missing(AtspiFieldExtents) == 0)
+                continue;
+            node.extents = placeBetween(_nodes.at(level.items[index - 1]), _nodes.at(level.items[index + 1]));
+            if (node.extents)
+                node.asked |= AtspiFieldExtents;
+        }
+        begin = end;
+    }
+}
+
 void AtspiItemReading::tellSeparatorsApart(const Level& level) {
     if (_toolkit != AtspiToolkit::Qt || !holdsItems(level.place))
         return;
@@ -169,11 +215,14 @@ void AtspiItemReading::tellSeparatorsApart(const Level& level) {
         if (hasName || node.hasNoAction) {
             node.asked |= AtspiFieldRole;
             node.role = hasName ? AtspiRoleMenuItem : AtspiRoleSeparator;
+            // A line has nothing else to tell.
+            if (!hasName)
+                node.asked |= AtspiFieldStates | AtspiFieldChildren;
         } else {
             unknown.push_back(reference);
         }
     }
-    _nodes.fetch(_connection, wanted(unknown, AtspiFieldRole));
+    _nodes.fetch(_connection, wanted(unknown, AtspiFieldRole | AtspiFieldStates));
 }
 
 std::vector<AtspiReference> AtspiItemReading::menusOf(const Level& level) {
@@ -202,7 +251,7 @@ AtspiItemReading::Level AtspiItemReading::readNextLevel(const Level& level) {
     }
     _nodes.fetch(_connection, unread);
 
-    Level next{{}, Place::InMenu};
+    Level next{{}, Place::InMenu, {}};
     for (const AtspiReference& reference : menus) {
         AtspiNode& menu = _nodes.at(reference);
         // A tree that bites its own tail is read once around.
@@ -211,6 +260,7 @@ AtspiItemReading::Level AtspiItemReading::readNextLevel(const Level& level) {
         menu.isReadBelow = true;
         takeKinds(menu);
         next.items.insert(next.items.end(), menu.children->begin(), menu.children->end());
+        next.ends.push_back(next.items.size());
     }
     return next;
 }

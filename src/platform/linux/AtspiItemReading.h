@@ -4,6 +4,7 @@
 #include "platform/linux/AtspiNodes.h"
 #include "platform/linux/AtspiRole.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -40,11 +41,15 @@ private:
     // This toolkit makes a list of all children for each of them that it names.
     static constexpr std::int64_t LongMenu = 1000;
 
-    // Items that stand in places of the same kind.
+    // The items of one menu, or of several that stand in places of the same kind, one after the other.
     struct Level {
         std::vector<AtspiReference> items;
         AtspiElement::Place place;
+        std::vector<std::size_t> ends; // of each menu: the position after its last item
     };
+    static Level levelOf(const std::vector<AtspiReference>& items, AtspiElement::Place place) {
+        return {items, place, {items.size()}};
+    }
 
     // What a search tells of an object.
     struct Kind {
@@ -58,6 +63,9 @@ private:
     void takeKinds(const AtspiNode& container);
     void takeKind(const AtspiReference& reference, const Kind& kind);
     void readItemsAlone(const Level& level);
+    // Asks less of each item by asking once more often.
+    void readItemsOfQtMenus(const Level& level);
+    void takePlacesBetween(const Level& level);
     void tellSeparatorsApart(const Level& level);
     // The menus that items open, in the toolkits where these are objects of their own.
     std::vector<AtspiReference> menusOf(const Level& level);

@@ -219,7 +219,10 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
         auto child = relative(handle, Kind::Node);
         child->reference = reference;
         child->place = place;
-        child->childCount = _nodes.at(reference).childCount.value_or(-1);
+        const AtspiNode& node = _nodes.at(reference);
+        child->childCount = node.childCount.value_or(-1);
+        if (node.children && node.children->size() == 1 && handle.toolkit == AtspiToolkit::Qt)
+            child->menu = node.children->front();
         child->parent = parent;
         result.emplace_back(std::move(child));
     }
@@ -256,17 +259,20 @@ void AtspiTree::fetchList(const AtspiElement& parent, const AtspiReference& cont
 }
 
 void AtspiTree::readWithChildren(const AtspiElement& element) {
-    AtspiFields fields = AtspiFieldRole | AtspiFieldChildren;
-    const bool isItem = element.place == Place::InMenu || element.place == Place::InMenuBar;
+    AtspiNodes::Wanted wanted{{element.reference, AtspiFieldRole | AtspiFieldChildren}};
     if (_reading != Reading::OneAttribute && _nodes.at(element.reference).missing(AtspiFieldChildren) != 0) {
         // A menu bar is the only other thing that the reading of menus begins with, and never long.
         const std::int64_t childCount = element.place == Place::Elsewhere ? 0 : element.childCount;
-        fields |= AtspiItemReading::fieldsOfContainer(element.toolkit, childCount);
+        wanted[0].second |= AtspiItemReading::fieldsOfContainer(element.toolkit, childCount);
+        // Most likely it opens the same menu as before.
+        if (!element.menu.isNull())
+            wanted.emplace_back(element.menu, AtspiFieldChildren);
     }
     // Their menus tell what they hold when they are asked.
+    const bool isItem = element.place == Place::InMenu || element.place == Place::InMenuBar;
     if (isItem && AtspiItemReading::isLong(element.toolkit, element.childCount))
-        fields = AtspiFieldRole;
-    _nodes.fetch(_connection, element.reference, fields);
+        wanted[0].second = AtspiFieldRole;
+    _nodes.fetch(_connection, wanted);
 }
 
 void AtspiTree::readChildren(const AtspiReference& container, Place place, AtspiToolkit toolkit) {

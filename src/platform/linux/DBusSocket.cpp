@@ -17,6 +17,9 @@ namespace {
 constexpr std::size_t LongestMessage = 8UL * 1024 * 1024;
 constexpr std::size_t ReadSize = 64UL * 1024;
 constexpr std::size_t LongestGreeting = 4096;
+// Within every message.
+constexpr std::size_t FlagsOffset = 2;
+constexpr std::size_t SerialOffset = 8;
 
 // A connected socket, or -1.
 int connectTo(std::string_view path, bool isAbstract) {
@@ -109,27 +112,36 @@ bool DBusSocket::registerWithBus(Clock::time_point deadline) {
 }
 
 bool DBusSocket::append(DBusMessage* message) {
-    if (!isOpen())
+    char* data = nullptr;
+    int length = 0;
+    // Only numbered messages may be written.
+    dbus_message_set_serial(message, 1);
+    if (!dbus_message_marshal(message, &data, &length))
+        return false;
+    const bool isAppended = append({data, static_cast<std::size_t>(length)}, data[FlagsOffset]);
+    dbus_free(data);
+    return isAppended;
+}
+
+bool DBusSocket::append(std::string_view message, char flags) {
+    if (!isOpen() || message.size() < DBUS_MINIMUM_HEADER_SIZE)
         return false;
     if (++_lastSerial == 0)
         ++_lastSerial;
-    dbus_message_set_serial(message, _lastSerial);
-    char* data = nullptr;
-    int length = 0;
-    if (!dbus_message_marshal(message, &data, &length))
-        return false;
-    _outgoing.insert(_outgoing.end(), data, data + length);
-    dbus_free(data);
+    const std::size_t begin = _outgoing.size();
+    _outgoing.insert(_outgoing.end(), message.begin(), message.end());
+    _outgoing[begin + FlagsOffset] = flags;
+    std::memcpy(_outgoing.data() + begin + SerialOffset, &_lastSerial, sizeof _lastSerial);
     return true;
 }
 
-bool DBusSocket::send(DBusMessage* message) {
-    dbus_message_set_no_reply(message, TRUE);
-    return append(message);
+bool DBusSocket::send(std::string_view call) {
+    return append(call, DBUS_HEADER_FLAG_NO_REPLY_EXPECTED);
 }
 
-std::uint32_t DBusSocket::call(DBusMessage* message, DBusReplyReceiver& receiver) {
-    if (!append(message))
+std::uint32_t DBusSocket::call(std::string_view call, DBusReplyReceiver& receiver) {
+    constexpr char noFlags = 0;
+    if (!append(call, noFlags))
         return 0;
     _receivers[_lastSerial] = &receiver;
     return _lastSerial;
@@ -271,9 +283,10 @@ bool DBusSocket::flush(Clock::time_point deadline) {
 
 DBusMessagePointer DBusSocket::callAndWait(DBusMessage* message, Clock::time_point deadline) {
     ReplyKeeper keeper;
-    const std::uint32_t number = call(message, keeper);
-    if (number == 0)
+    if (!append(message))
         return nullptr;
+    const std::uint32_t number = _lastSerial;
+    _receivers[number] = &keeper;
     while (exchange() && !keeper.reply && Clock::now() < deadline && wait(deadline)) { }
     forget(number);
     return std::move(keeper.reply);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -39,11 +40,12 @@ public:
     // false when the bus did not let us in.
     bool registerWithBus(Clock::time_point deadline);
 
-    // Gathers a message; exchange writes it.
-    bool send(DBusMessage* message);
+    // Gathers a method call that nobody waits for the answer of; exchange writes it. The bytes are those of a whole
+    // message.
+    bool send(std::string_view call);
     // The same, and hands the answer to the receiver, which is forgotten then. Gives the number of the call, 0 when it
     // cannot be made.
-    std::uint32_t call(DBusMessage* message, DBusReplyReceiver& receiver);
+    std::uint32_t call(std::string_view call, DBusReplyReceiver& receiver);
     // The answer to this call is not wanted any more.
     void forget(std::uint32_t call) { _receivers.erase(call); }
 
@@ -76,6 +78,8 @@ private:
     bool takeMessages();
     void handle(DBusMessage* message);
     bool append(DBusMessage* message);
+    // The same of a message's bytes, which get the number and these flags.
+    bool append(std::string_view message, char flags);
 
     int _descriptor;
     bool _letIn = false;

@@ -254,7 +254,7 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         sd_bus_reply_method_return(message, "au", 2, static_cast<std::uint32_t>(object.states),
             static_cast<std::uint32_t>(object.states >> 32U));
     } else if (member == "GetExtents" && object.hasExtents) {
-        sd_bus_reply_method_return(message, "(iiii)", 10, 20, 300, object.height);
+        sd_bus_reply_method_return(message, "(iiii)", 10, object.top, 300, object.height);
     } else if (member == "GetKeyBinding" && object.hasAction) {
         sd_bus_reply_method_return(message, "s", object.keyBinding.c_str());
     } else if (member == "GetMatches" && searches) {

@@ -42,6 +42,7 @@ struct FakeAccessible {
     bool hasExtents = true; // answers where it is
     int height = 40;
     bool hasAction = true; // can be asked for the key binding of one
+    int top = 20;
 };
 
 // An application on the bus: accessible objects as plain records, served by a thread of their own, with the faults

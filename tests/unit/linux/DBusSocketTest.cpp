@@ -93,6 +93,12 @@ std::string answer(std::uint32_t call, const std::string& text) {
     return marshalled(message.get());
 }
 
+// What is to be numbered by the socket.
+std::string callOf(const DBusMessagePointer& message) {
+    dbus_message_set_serial(message.get(), 1);
+    return marshalled(message.get());
+}
+
 class DBusSocketTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -109,7 +115,7 @@ protected:
 };
 
 TEST_F(DBusSocketTest, SaysWhoWeAreAndSendsNothingElseUntilItIsLetIn) {
-    ASSERT_NE(socket->call(message.get(), receiver), 0U);
+    ASSERT_NE(socket->call(callOf(message), receiver), 0U);
     EXPECT_TRUE(socket->exchange());
     const std::string greeting = other.heard();
     EXPECT_EQ(greeting.substr(0, 15), std::string("\0AUTH EXTERNAL ", 15));
@@ -125,9 +131,9 @@ TEST_F(DBusSocketTest, GathersMessagesUntilTheyAreExchanged) {
     other.say("OK 1\r\n");
     ASSERT_TRUE(socket->exchange());
     other.heard();
-    socket->call(message.get(), receiver);
+    socket->call(callOf(message), receiver);
     const DBusMessagePointer second(dbus_message_copy(message.get()));
-    socket->call(second.get(), receiver);
+    socket->call(callOf(second), receiver);
     EXPECT_EQ(other.heard(), "");
     socket->exchange();
     EXPECT_GT(other.heard().size(), 100U);
@@ -135,9 +141,9 @@ TEST_F(DBusSocketTest, GathersMessagesUntilTheyAreExchanged) {
 
 TEST_F(DBusSocketTest, HandsEachAnswerToWhoAsked) {
     Receiver another;
-    const auto first = socket->call(message.get(), receiver);
+    const auto first = socket->call(callOf(message), receiver);
     const DBusMessagePointer copy(dbus_message_copy(message.get()));
-    const auto second = socket->call(copy.get(), another);
+    const auto second = socket->call(callOf(copy), another);
     other.say("OK 1\r\n" + answer(second, "second") + answer(first, "first") + answer(first, "again"));
     EXPECT_TRUE(socket->exchange());
     EXPECT_EQ(receiver.text, "first");
@@ -146,7 +152,7 @@ TEST_F(DBusSocketTest, HandsEachAnswerToWhoAsked) {
 }
 
 TEST_F(DBusSocketTest, PutsAnswersTogetherThatComeInPieces) {
-    const auto call = socket->call(message.get(), receiver);
+    const auto call = socket->call(callOf(message), receiver);
     for (const char byte : "OK 1\r\n" + answer(call, "in pieces")) {
         EXPECT_EQ(receiver.replies, 0);
         other.say(std::string(1, byte));
@@ -156,7 +162,7 @@ TEST_F(DBusSocketTest, PutsAnswersTogetherThatComeInPieces) {
 }
 
 TEST_F(DBusSocketTest, ForgetsCallsWhoseAnswerIsNotWanted) {
-    const auto call = socket->call(message.get(), receiver);
+    const auto call = socket->call(callOf(message), receiver);
     socket->forget(call);
     other.say("OK 1\r\n" + answer(call, "late"));
     EXPECT_TRUE(socket->exchange());
@@ -167,7 +173,7 @@ TEST_F(DBusSocketTest, IsLostWhenItIsRefused) {
     other.say("REJECTED EXTERNAL\r\n");
     EXPECT_FALSE(socket->exchange());
     EXPECT_FALSE(socket->isOpen());
-    EXPECT_EQ(socket->call(message.get(), receiver), 0U);
+    EXPECT_EQ(socket->call(callOf(message), receiver), 0U);
 }
 
 TEST_F(DBusSocketTest, IsLostWhenItHearsNonsense) {
@@ -181,7 +187,7 @@ TEST_F(DBusSocketTest, IsLostWhenTheGreetingNeverEnds) {
 }
 
 TEST_F(DBusSocketTest, TakesWhatWasSaidBeforeTheEnd) {
-    const auto call = socket->call(message.get(), receiver);
+    const auto call = socket->call(callOf(message), receiver);
     other.say("OK 1\r\n");
     ASSERT_TRUE(socket->exchange());
     other.say(answer(call, "goodbye"));
@@ -193,7 +199,7 @@ TEST_F(DBusSocketTest, TakesWhatWasSaidBeforeTheEnd) {
 }
 
 TEST_F(DBusSocketTest, SkipsAMessageThatIsTooLongAndGoesOn) {
-    const auto call = socket->call(message.get(), receiver);
+    const auto call = socket->call(callOf(message), receiver);
     other.say("OK 1\r\n");
     ASSERT_TRUE(socket->exchange());
     const std::string huge = answer(12345, std::string(9'000'000, 'x'));
@@ -224,7 +230,7 @@ TEST_F(DBusSocketTest, WaitsNoLongerThanTold) {
 }
 
 TEST_F(DBusSocketTest, CannotFlushToSomebodyWhoDoesNotLetItIn) {
-    EXPECT_TRUE(socket->send(message.get()));
+    EXPECT_TRUE(socket->send(callOf(message)));
     EXPECT_FALSE(socket->flush(Clock::now() + 20ms));
 }
 
