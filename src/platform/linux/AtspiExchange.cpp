@@ -77,12 +77,12 @@ void AtspiConnection::Exchange::send(std::size_t index) {
     ++_inFlight;
 }
 
-void AtspiConnection::Exchange::receive(Pending& pending, DBusMessage* reply) {
+void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& reply) {
     pending.call = 0;
     pending.peer->patience.noteReply(Clock::now());
     --pending.peer->pending;
     --_inFlight;
-    if (dbus_message_get_type(reply) == DBUS_MESSAGE_TYPE_ERROR) {
+    if (reply.type == DBusIncoming::Type::Error) {
         receiveError(pending, reply);
         return;
     }
@@ -92,17 +92,16 @@ void AtspiConnection::Exchange::receive(Pending& pending, DBusMessage* reply) {
     pending.request->handleReply(answer);
 }
 
-void AtspiConnection::Exchange::receiveError(const Pending& pending, DBusMessage* error) {
-    const bool isFromBus =
-        pending.socket == _connection._bus.get() && dbus_message_has_sender(error, DBUS_SERVICE_DBUS) != FALSE;
+void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusIncoming& error) {
+    const bool isFromBus = pending.socket == _connection._bus.get() && error.sender == DBUS_SERVICE_DBUS;
     const std::string& busName = pending.request->target.busName;
     if (!isFromBus) {
         if (pending.request->handleError)
             pending.request->handleError();
         return;
     }
-    const bool isAboutName = dbus_message_is_error(error, DBUS_ERROR_SERVICE_UNKNOWN) != FALSE
-        || dbus_message_is_error(error, DBUS_ERROR_NAME_HAS_NO_OWNER) != FALSE;
+    const bool isAboutName =
+        error.errorName == DBUS_ERROR_SERVICE_UNKNOWN || error.errorName == DBUS_ERROR_NAME_HAS_NO_OWNER;
     // Other names may find an owner again; and the bus itself says this of the names that it is asked about.
     if (isAboutName && busName.starts_with(':'))
         _connection._gone.insert(busName);

@@ -24,7 +24,7 @@ public:
 private:
     class Pending final : public DBusReplyReceiver {
     public:
-        void receive(DBusMessage* reply) override { exchange->receive(*this, reply); }
+        void receive(const DBusIncoming& reply) override { exchange->receive(*this, reply); }
 
         Exchange* exchange = nullptr;
         const AtspiRequest* request = nullptr;
@@ -34,8 +34,8 @@ private:
     };
 
     void send(std::size_t index);
-    void receive(Pending& pending, DBusMessage* reply);
-    void receiveError(const Pending& pending, DBusMessage* error);
+    void receive(Pending& pending, const DBusIncoming& reply);
+    void receiveError(const Pending& pending, const DBusIncoming& error);
     void giveUp(Pending& pending);
     void giveUpTheSilent();
     // Handles what has arrived. False when the bus broke.

@@ -2,6 +2,8 @@
 
 #include "platform/linux/AtspiPatience.h"
 #include "platform/linux/AtspiSuspension.h"
+#include "platform/linux/DBusIncoming.h"
+#include "platform/linux/DBusMessage.h"
 #include "platform/linux/DBusSocket.h"
 
 #include <cstddef>
@@ -15,9 +17,9 @@ namespace tarragon {
 class AtspiPeer final : public DBusReplyReceiver {
 public:
     // An error is an answer too, when somebody at home said it and not the bus.
-    void receive(DBusMessage* reply) override {
+    void receive(const DBusIncoming& reply) override {
         probe = 0;
-        if (!dbus_message_has_sender(reply, DBUS_SERVICE_DBUS))
+        if (reply.sender != DBUS_SERVICE_DBUS)
             suspension.noteReply();
     }
 

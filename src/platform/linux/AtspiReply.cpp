@@ -1,143 +1,135 @@
 #include "platform/linux/AtspiReply.h"
 
-#include <cstring>
+#include "platform/linux/DBusMessage.h"
+
+#include <algorithm>
 
 namespace tarragon {
 
 namespace {
 
-// Cut between two characters, never within one.
-std::string shortened(const char* text) {
-    std::size_t length = ::strnlen(text, AtspiReply::TextLimit + 1);
-    if (length > AtspiReply::TextLimit) {
-        length = AtspiReply::TextLimit;
-        while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U)
-            --length;
-    }
-    return {text, length};
-}
+constexpr std::size_t AlignmentOfStructures = 8;
 
-// The next value of an iterator, which then stands at the one after it.
-const char* readText(DBusMessageIter& next) {
-    const char* text = nullptr;
-    dbus_message_iter_get_basic(&next, &text);
-    dbus_message_iter_next(&next);
-    return text;
-}
-
-std::optional<AtspiReference> readReferenceAt(DBusMessageIter& next) {
-    if (dbus_message_iter_get_arg_type(&next) != DBUS_TYPE_STRUCT)
-        return {};
-    DBusMessageIter fields;
-    dbus_message_iter_recurse(&next, &fields);
-    if (dbus_message_iter_get_arg_type(&fields) != DBUS_TYPE_STRING)
-        return {};
-    const char* busName = readText(fields);
-    if (dbus_message_iter_get_arg_type(&fields) != DBUS_TYPE_OBJECT_PATH)
-        return {};
-    const char* path = readText(fields);
-    dbus_message_iter_next(&next);
-    return AtspiReference{busName, path};
+// Cut between two characters, never within one. Nothing when it is no text at all.
+std::optional<std::string> shortened(std::string_view text) {
+    std::size_t length = std::min(text.size(), AtspiReply::TextLimit);
+    while (length > 0 && length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U)
+        --length;
+    std::string result(text.substr(0, length));
+    return dbus_validate_utf8(result.c_str(), nullptr) ? std::optional(std::move(result)) : std::nullopt;
 }
 
 } // namespace
 
-AtspiReply::AtspiReply(DBusMessage* message) {
-    dbus_message_iter_init(message, &_next);
-}
-
-template <typename T>
-T AtspiReply::read() {
-    T value{};
-    dbus_message_iter_get_basic(&_next, &value);
-    dbus_message_iter_next(&_next);
-    return value;
+bool AtspiReply::takeTypes(std::string_view types) {
+    if (_values.hasFailed() || !_types.starts_with(types))
+        return false;
+    _types.remove_prefix(types.size());
+    return true;
 }
 
 std::optional<std::string> AtspiReply::readString() {
-    if (nextType() != DBUS_TYPE_STRING && nextType() != DBUS_TYPE_OBJECT_PATH)
+    if (!takeTypes("s") && !takeTypes("o"))
         return {};
-    return shortened(readText(_next));
+    const std::string_view text = _values.readText();
+    return _values.hasFailed() ? std::nullopt : shortened(text);
+}
+
+template <typename Number>
+std::optional<std::int64_t> AtspiReply::readAs() {
+    const auto number = static_cast<std::int64_t>(_values.readNumber<Number>());
+    return _values.hasFailed() ? std::nullopt : std::optional(number);
 }
 
 std::optional<std::int64_t> AtspiReply::readInteger() {
-    switch (nextType()) {
-    case DBUS_TYPE_BYTE:
-        return read<std::uint8_t>();
-    case DBUS_TYPE_INT16:
-        return read<std::int16_t>();
-    case DBUS_TYPE_UINT16:
-        return read<std::uint16_t>();
-    case DBUS_TYPE_INT32:
-        return read<std::int32_t>();
-    case DBUS_TYPE_UINT32:
-        return read<std::uint32_t>();
-    case DBUS_TYPE_INT64:
-        return read<std::int64_t>();
-    case DBUS_TYPE_UINT64:
-        return static_cast<std::int64_t>(read<std::uint64_t>());
-    default:
-        return {};
-    }
+    if (takeTypes("i"))
+        return readAs<std::int32_t>();
+    if (takeTypes("u"))
+        return readAs<std::uint32_t>();
+    if (takeTypes("x"))
+        return readAs<std::int64_t>();
+    if (takeTypes("t"))
+        return readAs<std::uint64_t>();
+    if (takeTypes("n"))
+        return readAs<std::int16_t>();
+    if (takeTypes("q"))
+        return readAs<std::uint16_t>();
+    if (takeTypes("y"))
+        return readAs<std::uint8_t>();
+    return {};
 }
 
 std::optional<double> AtspiReply::readNumber() {
-    if (nextType() == DBUS_TYPE_DOUBLE)
-        return read<double>();
+    if (takeTypes("d")) {
+        const auto number = _values.readNumber<double>();
+        return _values.hasFailed() ? std::nullopt : std::optional(number);
+    }
     if (const auto integer = readInteger())
         return static_cast<double>(*integer);
     return {};
 }
 
 std::optional<bool> AtspiReply::readBoolean() {
-    if (nextType() != DBUS_TYPE_BOOLEAN)
+    if (!takeTypes("b"))
         return {};
-    return read<dbus_bool_t>() != FALSE;
+    const auto number = readAs<std::uint32_t>();
+    return number ? std::optional(*number != 0) : std::nullopt;
+}
+
+std::optional<AtspiReference> AtspiReply::readReferenceFields() {
+    _values.align(AlignmentOfStructures);
+    const std::string_view busName = _values.readText();
+    const std::string_view path = _values.readText();
+    if (_values.hasFailed())
+        return {};
+    return AtspiReference{std::string(busName), std::string(path)};
 }
 
 std::optional<AtspiReference> AtspiReply::readReference() {
-    return readReferenceAt(_next);
+    if (!takeTypes("(so)"))
+        return {};
+    return readReferenceFields();
 }
 
 std::optional<std::vector<AtspiReference>> AtspiReply::readReferences() {
-    if (nextType() != DBUS_TYPE_ARRAY || dbus_message_iter_get_element_type(&_next) != DBUS_TYPE_STRUCT)
+    if (!takeTypes("a(so)"))
         return {};
-    DBusMessageIter elements;
-    dbus_message_iter_recurse(&_next, &elements);
-    dbus_message_iter_next(&_next);
+    const auto length = _values.readNumber<std::uint32_t>();
+    _values.align(AlignmentOfStructures);
+    if (_values.hasFailed() || length > _values.remaining())
+        return {};
+    const std::size_t end = _values.position() + length;
     std::vector<AtspiReference> references;
-    while (references.size() < ChildrenLimit) {
-        auto reference = readReferenceAt(elements);
+    while (_values.position() < end && references.size() < ChildrenLimit) {
+        auto reference = readReferenceFields();
         if (!reference)
             break;
         if (!reference->isNull())
             references.push_back(std::move(*reference));
     }
+    if (_values.position() < end)
+        _values.skipTo(end);
     return references;
 }
 
 std::optional<std::uint64_t> AtspiReply::readStates() {
-    if (nextType() != DBUS_TYPE_ARRAY || dbus_message_iter_get_element_type(&_next) != DBUS_TYPE_UINT32)
+    if (!takeTypes("au"))
         return {};
-    DBusMessageIter elements;
-    dbus_message_iter_recurse(&_next, &elements);
-    dbus_message_iter_next(&_next);
+    const auto length = _values.readNumber<std::uint32_t>();
+    if (_values.hasFailed() || length > _values.remaining())
+        return {};
+    const std::size_t end = _values.position() + length;
     std::uint64_t states = 0;
-    for (unsigned shift = 0; shift < 64 && dbus_message_iter_get_arg_type(&elements) == DBUS_TYPE_UINT32; shift += 32) {
-        std::uint32_t word = 0;
-        dbus_message_iter_get_basic(&elements, &word);
-        dbus_message_iter_next(&elements);
-        states |= static_cast<std::uint64_t>(word) << shift;
-    }
+    for (unsigned shift = 0; shift < 64 && _values.position() < end; shift += 32)
+        states |= std::uint64_t{_values.readNumber<std::uint32_t>()} << shift;
+    if (_values.position() < end)
+        _values.skipTo(end);
     return states;
 }
 
 std::optional<Rect> AtspiReply::readRect() {
-    if (nextType() == DBUS_TYPE_STRUCT) {
-        DBusMessageIter fields;
-        dbus_message_iter_recurse(&_next, &fields);
-        _next = fields;
-    }
+    if (takeTypes("("))
+        _values.align(AlignmentOfStructures);
     const auto x = readInteger();
     const auto y = readInteger();
     const auto width = readInteger();
@@ -149,12 +141,10 @@ std::optional<Rect> AtspiReply::readRect() {
 }
 
 bool AtspiReply::enterVariant() {
-    if (nextType() != DBUS_TYPE_VARIANT)
+    if (!takeTypes("v"))
         return false;
-    DBusMessageIter value;
-    dbus_message_iter_recurse(&_next, &value);
-    _next = value;
-    return true;
+    _types = _values.readSignature();
+    return !_values.hasFailed();
 }
 
 } // namespace tarragon

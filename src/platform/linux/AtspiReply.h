@@ -2,24 +2,28 @@
 
 #include "platform/Geometry.h"
 #include "platform/linux/AtspiReference.h"
-#include "platform/linux/DBusMessage.h"
+#include "platform/linux/DBusIncoming.h"
+#include "platform/linux/DBusReader.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarragon {
 
 // Reads one reply of an application, leniently: whatever is not as expected gives nothing, and what can be had of it
-// is kept. Values are read in the order in which they stand. Does not own the message.
+// is kept. Values are read in the order in which they stand. Valid as long as the bytes of the message.
 class AtspiReply {
 public:
     // More children, or longer texts, than any menu for people has are cut off here.
     static constexpr std::size_t ChildrenLimit = 20'000;
     static constexpr std::size_t TextLimit = 16'384;
 
-    explicit AtspiReply(DBusMessage* message);
+    explicit AtspiReply(const DBusIncoming& message)
+        : _types(message.signature)
+        , _values(message.arguments) { }
 
     std::optional<std::string> readString(); // strings and object paths
     std::optional<std::int64_t> readInteger(); // of any width
@@ -34,13 +38,15 @@ public:
     bool enterVariant();
 
 private:
-    // The type of the next value; DBUS_TYPE_INVALID at the end.
-    int nextType() { return dbus_message_iter_get_arg_type(&_next); }
-    // Reads a basic value of this type, which the next one has.
-    template <typename T>
-    T read();
+    // True when the next values are of these types, which then are behind us.
+    bool takeTypes(std::string_view types);
+    template <typename Number>
+    std::optional<std::int64_t> readAs();
+    // The fields of a reference, of which the types are known.
+    std::optional<AtspiReference> readReferenceFields();
 
-    DBusMessageIter _next = {};
+    std::string_view _types; // of the values that have not been read
+    DBusReader _values;
 };
 
 } // namespace tarragon

@@ -44,20 +44,20 @@ bool AtspiSessionBus::ensureOpen() {
     return _bus != nullptr;
 }
 
-DBusMessagePointer AtspiSessionBus::answerTo(const DBusMessagePointer& call) {
+std::string AtspiSessionBus::answerTo(const DBusMessagePointer& call) {
     if (!call || !ensureOpen())
-        return nullptr;
-    DBusMessagePointer reply = _bus->callAndWait(call.get(), DBusSocket::Clock::now() + Patience);
-    if (reply && dbus_message_get_type(reply.get()) != DBUS_MESSAGE_TYPE_METHOD_RETURN)
-        reply.reset();
-    return reply;
+        return {};
+    std::string reply = _bus->callAndWait(call.get(), DBusSocket::Clock::now() + Patience);
+    const auto answer = DBusIncoming::parse(reply);
+    return answer && answer->type == DBusIncoming::Type::Return ? reply : std::string();
 }
 
 std::string AtspiSessionBus::accessibilityBusAddress() {
     if (const char* address = std::getenv("AT_SPI_BUS_ADDRESS"); address != nullptr && *address != '\0')
         return address;
-    const DBusMessagePointer reply = answerTo(newCall(Service, "GetAddress"));
-    return reply ? AtspiReply(reply.get()).readString().value_or(std::string()) : std::string();
+    const std::string reply = answerTo(newCall(Service, "GetAddress"));
+    const auto answer = DBusIncoming::parse(reply);
+    return answer ? AtspiReply(*answer).readString().value_or(std::string()) : std::string();
 }
 
 bool AtspiSessionBus::isEnabled() {
@@ -66,10 +66,11 @@ bool AtspiSessionBus::isEnabled() {
         || !dbus_message_append_args(
             call.get(), DBUS_TYPE_STRING, &StatusInterface, DBUS_TYPE_STRING, &EnabledProperty, DBUS_TYPE_INVALID))
         return false;
-    const DBusMessagePointer reply = answerTo(call);
-    if (!reply)
+    const std::string reply = answerTo(call);
+    const auto answer = DBusIncoming::parse(reply);
+    if (!answer)
         return false;
-    AtspiReply value(reply.get());
+    AtspiReply value(*answer);
     return value.enterVariant() && value.readBoolean().value_or(false);
 }
 
@@ -87,7 +88,7 @@ bool AtspiSessionBus::enable() {
         || !dbus_message_iter_append_basic(&variant, DBUS_TYPE_BOOLEAN, &enabled)
         || !dbus_message_iter_close_container(&arguments, &variant))
         return false;
-    return answerTo(call) != nullptr;
+    return !answerTo(call).empty();
 }
 
 } // namespace tarragon

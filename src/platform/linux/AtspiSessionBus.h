@@ -24,8 +24,8 @@ public:
 
 private:
     bool ensureOpen();
-    // The answer to a call; nullptr when there is none, or a refusal.
-    DBusMessagePointer answerTo(const DBusMessagePointer& call);
+    // The bytes of the answer to a call; none when there is none, or a refusal.
+    std::string answerTo(const DBusMessagePointer& call);
 
     std::unique_ptr<DBusSocket> _bus;
 };

@@ -66,8 +66,8 @@ bool mayRetry(int error) {
 
 class ReplyKeeper final : public DBusReplyReceiver {
 public:
-    void receive(DBusMessage* message) override { reply.reset(dbus_message_ref(message)); }
-    DBusMessagePointer reply;
+    void receive(const DBusIncoming& message) override { reply = message.bytes; }
+    std::string reply;
 };
 
 } // namespace
@@ -107,8 +107,9 @@ void DBusSocket::close() {
 bool DBusSocket::registerWithBus(Clock::time_point deadline) {
     const DBusMessagePointer hello(
         dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "Hello"));
-    const DBusMessagePointer reply = hello ? callAndWait(hello.get(), deadline) : nullptr;
-    return reply && dbus_message_get_type(reply.get()) == DBUS_MESSAGE_TYPE_METHOD_RETURN;
+    const std::string reply = hello ? callAndWait(hello.get(), deadline) : std::string();
+    const auto answer = DBusIncoming::parse(reply);
+    return answer && answer->type == DBusIncoming::Type::Return;
 }
 
 bool DBusSocket::append(DBusMessage* message) {
@@ -212,51 +213,58 @@ bool DBusSocket::takeMessages() {
             taken += count;
             continue;
         }
-        const char* data = _incoming.data() + taken;
-        if (available < DBUS_MINIMUM_HEADER_SIZE)
-            break;
-        const int needed = dbus_message_demarshal_bytes_needed(data, static_cast<int>(available));
-        if (needed < 0)
+        const std::string_view arrived(_incoming.data() + taken, available);
+        const auto length = DBusIncoming::lengthOf(arrived);
+        if (!length)
             return false;
-        const auto length = static_cast<std::size_t>(needed);
-        if (length > LongestMessage) {
-            _skipped = length;
+        if (*length > LongestMessage) {
+            _skipped = *length;
             continue;
         }
-        if (length == 0 || length > available)
+        if (*length == 0 || *length > available)
             break;
-        const DBusMessagePointer message(dbus_message_demarshal(data, needed, nullptr));
+        const auto message = DBusIncoming::parse(arrived.substr(0, *length));
         if (!message)
             return false;
-        taken += length;
-        handle(message.get());
+        taken += *length;
+        handle(*message);
     }
     _incoming.erase(_incoming.begin(), _incoming.begin() + static_cast<std::ptrdiff_t>(taken));
     return true;
 }
 
-void DBusSocket::handle(DBusMessage* message) {
-    switch (dbus_message_get_type(message)) {
-    case DBUS_MESSAGE_TYPE_METHOD_RETURN:
-    case DBUS_MESSAGE_TYPE_ERROR:
-        if (const auto found = _receivers.find(dbus_message_get_reply_serial(message)); found != _receivers.end()) {
+void DBusSocket::handle(const DBusIncoming& message) {
+    switch (message.type) {
+    case DBusIncoming::Type::Return:
+    case DBusIncoming::Type::Error:
+        if (const auto found = _receivers.find(message.answeredNumber); found != _receivers.end()) {
             DBusReplyReceiver& receiver = *found->second;
             _receivers.erase(found);
             receiver.receive(message);
         }
         break;
-    case DBUS_MESSAGE_TYPE_METHOD_CALL:
-        // We offer nothing. Who asks without listening to the answers gets none.
-        if (!dbus_message_get_no_reply(message) && _outgoing.size() - _written < ReadSize) {
-            const DBusMessagePointer refusal(
-                dbus_message_new_error(message, DBUS_ERROR_UNKNOWN_METHOD, "There is nothing to call here"));
-            if (refusal)
-                append(refusal.get());
-        }
+    case DBusIncoming::Type::MethodCall:
+        // Who asks without listening to the answers gets none.
+        if (message.wantsAnswer && _outgoing.size() - _written < ReadSize)
+            refuse(message);
         break;
-    default:
+    case DBusIncoming::Type::Signal:
         break;
     }
+}
+
+// We offer nothing.
+void DBusSocket::refuse(const DBusIncoming& call) {
+    const DBusMessagePointer refusal(dbus_message_new(DBUS_MESSAGE_TYPE_ERROR));
+    if (!refusal || call.number == 0)
+        return;
+    const std::string caller(call.sender);
+    const bool isSound = caller.empty()
+        || (dbus_validate_bus_name(caller.c_str(), nullptr)
+            && dbus_message_set_destination(refusal.get(), caller.c_str()));
+    if (isSound && dbus_message_set_error_name(refusal.get(), DBUS_ERROR_UNKNOWN_METHOD)
+        && dbus_message_set_reply_serial(refusal.get(), call.number))
+        append(refusal.get());
 }
 
 short DBusSocket::eventsToWaitFor() const {
@@ -281,13 +289,13 @@ bool DBusSocket::flush(Clock::time_point deadline) {
     return false;
 }
 
-DBusMessagePointer DBusSocket::callAndWait(DBusMessage* message, Clock::time_point deadline) {
+std::string DBusSocket::callAndWait(DBusMessage* message, Clock::time_point deadline) {
     ReplyKeeper keeper;
     if (!append(message))
-        return nullptr;
+        return {};
     const std::uint32_t number = _lastSerial;
     _receivers[number] = &keeper;
-    while (exchange() && !keeper.reply && Clock::now() < deadline && wait(deadline)) { }
+    while (exchange() && keeper.reply.empty() && Clock::now() < deadline && wait(deadline)) { }
     forget(number);
     return std::move(keeper.reply);
 }

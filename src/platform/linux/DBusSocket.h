@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/DBusIncoming.h"
 #include "platform/linux/DBusMessage.h"
 
 #include <chrono>
@@ -15,8 +16,8 @@ namespace tarragon {
 // Gets the answer to one method call.
 class DBusReplyReceiver {
 public:
-    // A return or an error. The message is the caller's.
-    virtual void receive(DBusMessage* reply) = 0;
+    // A return or an error, valid during the call.
+    virtual void receive(const DBusIncoming& reply) = 0;
 
 protected:
     ~DBusReplyReceiver() = default;
@@ -56,8 +57,9 @@ public:
     bool wait(Clock::time_point deadline) const;
     // Exchanges until everything is written; false when that was not so at the deadline, or the connection is lost.
     bool flush(Clock::time_point deadline);
-    // Sends a call and waits for its answer. nullptr when there was none in time; an error is an answer.
-    DBusMessagePointer callAndWait(DBusMessage* message, Clock::time_point deadline);
+    // Sends a call and waits for its answer: the bytes of a message. Empty when there was none in time; an error is an
+    // answer.
+    std::string callAndWait(DBusMessage* message, Clock::time_point deadline);
 
     bool isOpen() const { return _descriptor >= 0; }
     int descriptor() const { return _descriptor; }
@@ -76,7 +78,8 @@ private:
     // Takes the line that lets us in, or not.
     bool takeGreeting();
     bool takeMessages();
-    void handle(DBusMessage* message);
+    void handle(const DBusIncoming& message);
+    void refuse(const DBusIncoming& call);
     bool append(DBusMessage* message);
     // The same of a message's bytes, which get the number and these flags.
     bool append(std::string_view message, char flags);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace tarragon {
+
+// A message that has arrived, as views of the bytes that it came in, and valid as long as these.
+struct DBusIncoming {
+    enum class Type : std::uint8_t { MethodCall = 1, Return = 2, Error = 3, Signal = 4 };
+
+    Type type = Type::Signal; // whatever is of no known type is treated as one, and that is not at all
+    bool wantsAnswer = false;
+    std::uint32_t number = 0;
+    std::uint32_t answeredNumber = 0; // 0 for what is no answer
+    std::string_view sender; // empty without a bus in between
+    std::string_view errorName;
+    std::string_view signature; // of the arguments
+    std::string_view arguments;
+    std::string_view bytes; // all of it
+
+    // The length of the message that begins here, 0 as long as too little of it is there to tell. Nothing when this is
+    // not the beginning of a message that can be read here.
+    static std::optional<std::uint64_t> lengthOf(std::string_view beginning);
+    // The bytes are as many as that. Nothing when they are no message; what the arguments are worth is not looked at.
+    static std::optional<DBusIncoming> parse(std::string_view bytes);
+};
+
+} // namespace tarragon
