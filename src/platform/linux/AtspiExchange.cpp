@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <poll.h>
+#include <thread>
 
 namespace tarragon {
 
@@ -14,6 +15,11 @@ namespace {
 constexpr std::size_t InFlightLimit = 500;
 // Requests go out in portions, so that the application is at work while we still write.
 constexpr std::size_t Portion = 32;
+// With more replies on their way, we look again after a moment rather than being woken for each: to wake us costs those
+// who answer a good part of what the answer itself costs them.
+constexpr std::size_t FewReplies = 8;
+constexpr std::chrono::microseconds NapForEachReply{8};
+constexpr std::chrono::microseconds LongestNap{200};
 
 } // namespace
 
@@ -146,7 +152,13 @@ bool AtspiConnection::Exchange::exchange() {
     return true;
 }
 
-bool AtspiConnection::Exchange::wait(Clock::time_point deadline) const {
+bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
+    const bool hasProgressed = _inFlight != _inFlightAtLastWait;
+    _inFlightAtLastWait = _inFlight;
+    if (_inFlight > FewReplies && hasProgressed) {
+        std::this_thread::sleep_for(std::min<std::chrono::microseconds>(_inFlight * NapForEachReply, LongestNap));
+        return true;
+    }
     if (_sockets.size() == 1)
         return _sockets.front()->wait(deadline) || _sockets.front() != _connection._bus.get();
     std::vector<pollfd> descriptors;

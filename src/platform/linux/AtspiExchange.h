@@ -40,7 +40,7 @@ private:
     void giveUpTheSilent();
     // Handles what has arrived. False when the bus broke.
     bool exchange();
-    bool wait(Clock::time_point deadline) const;
+    bool wait(Clock::time_point deadline);
     // What was asked over this connection is asked over the bus again.
     void loseDirect(DBusSocket* socket);
     Clock::time_point nextDeadline() const;
@@ -52,6 +52,7 @@ private:
     std::vector<DBusSocket*> _sockets; // those over which they were asked
     std::size_t _next = 0;
     std::size_t _inFlight = 0;
+    std::size_t _inFlightAtLastWait = 0;
     const std::string* _lastName = nullptr;
     AtspiPeer* _lastPeer = nullptr;
     bool _lastMayBeAsked = false;

@@ -17,7 +17,12 @@ public:
     using Wanted = std::vector<std::pair<AtspiReference, AtspiFields>>;
 
     // The node of a reference; an empty one when nothing was asked yet.
-    AtspiNode& at(const AtspiReference& reference) { return _nodes[reference]; }
+    AtspiNode& at(const AtspiReference& reference) {
+        // Most often it is the one that was asked for before.
+        if (_last == nullptr || _last->first != reference)
+            _last = &*_nodes.try_emplace(reference).first;
+        return _last->second;
+    }
     const AtspiNode& fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields);
     // Asks for what is not known yet, everything in flight at once.
     void fetch(AtspiConnection& connection, const Wanted& wanted);
@@ -28,7 +33,10 @@ public:
     void forget(const AtspiReference& reference);
 
 private:
-    std::unordered_map<AtspiReference, AtspiNode, AtspiReferenceHash> _nodes;
+    using Nodes = std::unordered_map<AtspiReference, AtspiNode, AtspiReferenceHash>;
+
+    Nodes _nodes;
+    Nodes::value_type* _last = nullptr;
 };
 
 } // namespace tarragon

@@ -10,8 +10,10 @@
 #include "platform/linux/KnownAttributes.h"
 
 #include <algorithm>
+#include <mutex>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace tarragon {
 
@@ -45,6 +47,16 @@ bool isPress(std::string_view action) {
 
 } // namespace
 
+// What one thread has read since it opened the outermost of its batches.
+struct LinuxAccessibility::Batch {
+    std::thread::id thread;
+    int nesting = 0;
+    bool hasBegun = false;
+    AtspiTree::Reading reading = AtspiTree::Reading::OneLevel;
+    AtspiNodes nodes;
+    KnownAttributes known; // of applications and windows
+};
+
 // Everything that one connection to the accessibility bus needs and has learnt. Used under its mutex.
 struct LinuxAccessibility::Client {
     std::mutex mutex;
@@ -53,6 +65,14 @@ struct LinuxAccessibility::Client {
     AtspiApplications applications{connection, getpid()};
     AtspiWindows windows{connection};
     std::uint64_t busIdentity = 0; // of what has been learnt
+    std::vector<std::unique_ptr<Batch>> batches; // of threads that have one open
+
+    // nullptr when the calling thread has none.
+    Batch* batchOfThread() const {
+        const auto found =
+            std::ranges::find(batches, std::this_thread::get_id(), [](const auto& batch) { return batch->thread; });
+        return found != batches.end() ? found->get() : nullptr;
+    }
 
     void begin(AtspiConnection::Start start, int timesPatience) {
         connection.beginOperation(start, timesPatience);
@@ -65,21 +85,13 @@ struct LinuxAccessibility::Client {
     }
 };
 
-struct LinuxAccessibility::Batch {
-    int nesting = 0;
-    bool hasBegun = false;
-    AtspiTree::Reading reading = AtspiTree::Reading::OneLevel;
-    AtspiNodes nodes;
-    KnownAttributes known; // of applications and windows
-};
-
 // One call of the seam: the thread's connection for its own, and the nodes that it reads into.
 class LinuxAccessibility::Operation {
 public:
     explicit Operation(LinuxAccessibility& accessibility)
         : _client(accessibility.clientOfThread())
         , _lock(_client.mutex)
-        , _batch(accessibility.batchOfThread()) {
+        , _batch(_client.batchOfThread()) {
         // Nobody waits at a menu that opens while all of them are read.
         constexpr int patientTimes = 4;
         const bool readsAll = _batch != nullptr && _batch->reading == AtspiTree::Reading::AllLevels;
@@ -120,27 +132,25 @@ LinuxAccessibility::Client& LinuxAccessibility::clientOfThread() {
     return std::this_thread::get_id() == _mainThread ? *_mainClient : *_otherClient;
 }
 
-LinuxAccessibility::Batch* LinuxAccessibility::batchOfThread() {
-    const std::lock_guard lock(_batchMutex);
-    const auto found = _batches.find(std::this_thread::get_id());
-    return found != _batches.end() ? found->second.get() : nullptr;
-}
-
 void LinuxAccessibility::beginReadBatch(ReadBatchDepth depth) {
-    const std::lock_guard lock(_batchMutex);
-    std::unique_ptr<Batch>& batch = _batches[std::this_thread::get_id()];
-    if (!batch)
-        batch = std::make_unique<Batch>();
+    Client& client = clientOfThread();
+    const std::lock_guard lock(client.mutex);
+    Batch* batch = client.batchOfThread();
+    if (batch == nullptr) {
+        batch = client.batches.emplace_back(std::make_unique<Batch>()).get();
+        batch->thread = std::this_thread::get_id();
+    }
     ++batch->nesting;
     if (depth == ReadBatchDepth::AllLevels)
         batch->reading = AtspiTree::Reading::AllLevels;
 }
 
 void LinuxAccessibility::endReadBatch() {
-    const std::lock_guard lock(_batchMutex);
-    const auto found = _batches.find(std::this_thread::get_id());
-    if (found != _batches.end() && --found->second->nesting == 0)
-        _batches.erase(found);
+    Client& client = clientOfThread();
+    const std::lock_guard lock(client.mutex);
+    Batch* const batch = client.batchOfThread();
+    if (batch != nullptr && --batch->nesting == 0)
+        std::erase_if(client.batches, [batch](const auto& owned) { return owned.get() == batch; });
 }
 
 void LinuxAccessibility::readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) {

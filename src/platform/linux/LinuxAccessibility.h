@@ -5,9 +5,7 @@
 #include "platform/linux/AtspiConnection.h"
 
 #include <memory>
-#include <mutex>
 #include <thread>
-#include <unordered_map>
 
 namespace tarragon {
 
@@ -56,7 +54,6 @@ private:
     class Operation;
 
     Client& clientOfThread();
-    Batch* batchOfThread();
 
     // Of the desktop itself, of applications and windows.
     Value attributeOutsideTree(Operation& operation, const Element& element, std::string_view attribute);
@@ -70,8 +67,6 @@ private:
     std::thread::id _mainThread;
     std::unique_ptr<Client> _mainClient;
     std::unique_ptr<Client> _otherClient;
-    std::mutex _batchMutex;
-    std::unordered_map<std::thread::id, std::unique_ptr<Batch>> _batches;
 };
 
 } // namespace tarragon
