@@ -111,8 +111,6 @@ void AtspiItemReading::takeKinds(const AtspiNode& container) {
         kinds[reference].role = AtspiRoleMenu;
     for (const AtspiReference& reference : container.kinds.separators)
         kinds[reference].role = AtspiRoleSeparator;
-    for (const AtspiReference& reference : container.kinds.tearoffs)
-        kinds[reference].role = AtspiRoleTearoffMenuItem;
     for (const AtspiReference& reference : *container.children)
         takeKind(reference, kinds[reference]);
 }
@@ -132,7 +130,7 @@ void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kin
     // What opens a menu has no keys, and lines between items have no name either.
     if (kind.role != AtspiRoleMenuItem)
         node.asked |= AtspiFieldKeyBinding;
-    if (kind.role != AtspiRoleMenuItem && kind.role != AtspiRoleMenu)
+    if (kind.role == AtspiRoleSeparator)
         node.asked |= AtspiFieldName;
 }
 
@@ -156,6 +154,22 @@ void AtspiItemReading::readItemsAlone(const Level& level) {
     }
     _nodes.fetch(_connection, unread);
     tellSeparatorsApart(level);
+    askRolesOfNamelessItems(level);
+}
+
+void AtspiItemReading::askRolesOfNamelessItems(const Level& level) {
+    if (_toolkit != AtspiToolkit::Gtk)
+        return;
+    // No search told what they are.
+    AtspiNodes::Wanted nameless;
+    for (const AtspiReference& reference : level.items) {
+        AtspiNode& node = _nodes.at(reference);
+        if (node.role != AtspiRoleMenuItem || !node.name || !node.name->empty())
+            continue;
+        node.asked &= ~AtspiFieldRole;
+        nameless.emplace_back(reference, AtspiFieldRole);
+    }
+    _nodes.fetch(_connection, nameless);
 }
 
 void AtspiItemReading::readItemsOfQtMenus(const Level& level) {

@@ -66,6 +66,7 @@ private:
     // Asks less of each item by asking once more often.
     void readItemsOfQtMenus(const Level& level);
     void takePlacesBetween(const Level& level);
+    void askRolesOfNamelessItems(const Level& level);
     void tellSeparatorsApart(const Level& level);
     // The menus that items open, in the toolkits where these are objects of their own.
     std::vector<AtspiReference> menusOf(const Level& level);

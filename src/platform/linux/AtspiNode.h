@@ -29,15 +29,15 @@ enum AtspiField : std::uint32_t {
 };
 using AtspiFields = std::uint32_t;
 
-// The children of an object by what they are: a handful of answers instead of two for each child.
+// The children of an object by what they are: a handful of answers instead of two for each child. Rare kinds without a
+// name are not among them.
 struct AtspiKinds {
-    static constexpr int Questions = 5;
+    static constexpr int Questions = 4;
 
     std::vector<AtspiReference> usual; // visible and enabled, as most are
     std::vector<AtspiReference> checked;
     std::vector<AtspiReference> menus;
     std::vector<AtspiReference> separators;
-    std::vector<AtspiReference> tearoffs;
     int answers = 0;
 
     // What has no answer in one respect is not known in the others.

@@ -79,7 +79,6 @@ void addKindRequests(std::vector<AtspiRequest>& requests, const AtspiReference& 
     ask(kinds.checked, {.roles = {}, .states = {AtspiState::Checked}});
     ask(kinds.menus, {.roles = {AtspiRoleMenu}, .states = {}});
     ask(kinds.separators, {.roles = {AtspiRoleSeparator}, .states = {}});
-    ask(kinds.tearoffs, {.roles = {AtspiRoleTearoffMenuItem}, .states = {}});
 }
 
 } // namespace
