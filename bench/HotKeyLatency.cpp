@@ -1,113 +1,118 @@
 #include "HotKeyLatency.h"
 
+#include "MenuWatcher.h"
 #include "Wait.h"
 
-#include <xcb/xcb.h>
-#include <xcb/xtest.h>
+#include <X11/keysym.h>
 
-#include <poll.h>
-
-#include <chrono>
-#include <cstdlib>
-#include <memory>
 #include <stdexcept>
+#include <thread>
 
 namespace tarragon {
 
 namespace {
 
-using e2e::Clock;
+using e2e::Duration;
+using e2e::waitUntil;
 
-// A connection of its own that hears of every window that is mapped or unmapped below the root.
-class Watcher {
+// A user who opens and leaves the mirrored menu again and again.
+class User {
 public:
-    explicit Watcher(e2e::XDisplay& display)
-        : _connection(display.connection())
-        , _root(display.root()) {
-        const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-        xcb_change_window_attributes(_connection, _root, XCB_CW_EVENT_MASK, &events);
-        drain();
+    User(e2e::Desktop& desktop, e2e::Agent& agent)
+        : _desktop(desktop)
+        , _agent(agent) {
+        // The program notices by itself that the application came to the front; until then there is nothing to show.
+        if (!waitUntil([&] {
+                agent.pressHotKey();
+                return waitUntil([&] { return !agent.openMenus().empty(); }, Duration(1000));
+            }))
+            throw std::runtime_error("the hot key opens no pop-up");
     }
-    ~Watcher() {
-        const std::uint32_t none = 0;
-        xcb_change_window_attributes(_connection, _root, XCB_CW_EVENT_MASK, &none);
-        drain();
-    }
-    Watcher(const Watcher&) = delete;
-    Watcher& operator=(const Watcher&) = delete;
+    ~User() { _desktop.input().releaseAll(); }
+    User(const User&) = delete;
+    User& operator=(const User&) = delete;
 
-    void key(std::uint8_t type, xcb_keycode_t code) {
-        xcb_test_fake_input(_connection, type, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-        xcb_flush(_connection);
+    double openPopUp(int round) {
+        e2e::SyntheticInput& input = _desktop.input();
+        const e2e::HotKey& hotKey = _agent.hotKey();
+        input.moveTo(200 + 7 * round, 150 + 5 * round);
+        MenuWatcher watcher(_desktop.display());
+        for (const xcb_keysym_t modifier : hotKey.modifierSymbols)
+            watcher.press(input.keyCodeOf(modifier));
+        const double time = watcher.timeToMenu(input.keyCodeOf(hotKey.symbol));
+        watcher.release(input.keyCodeOf(hotKey.symbol));
+        for (const xcb_keysym_t modifier : hotKey.modifierSymbols)
+            watcher.release(input.keyCodeOf(modifier));
+        return time;
     }
 
-    // The time at which a window past the window manager was mapped.
-    Clock::time_point waitForPopUp() {
-        const auto deadline = Clock::now() + std::chrono::seconds(5);
-        while (Clock::now() < deadline) {
-            while (auto* raw = xcb_poll_for_event(_connection)) {
-                const std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event(raw, &std::free);
-                if ((event->response_type & 0x7F) != XCB_MAP_NOTIFY)
-                    continue;
-                if (reinterpret_cast<const xcb_map_notify_event_t*>(event.get())->override_redirect)
-                    return Clock::now();
+    double openFirstSubmenu() {
+        if (!waitUntil([&] { return _desktop.display().keyboardIsGrabbed(); }))
+            throw std::runtime_error("the pop-up does not take the keyboard");
+        _desktop.input().tap(XK_Down);
+        // Marking the title, and the painting of it, is no part of what the next key does.
+        std::this_thread::sleep_for(Duration(50));
+        MenuWatcher watcher(_desktop.display());
+        const xcb_keycode_t right = _desktop.input().keyCodeOf(XK_Right);
+        const double time = watcher.timeToMenu(right);
+        watcher.release(right);
+        return time;
+    }
+
+    void close() {
+        // Pressed again when the menu that was just mapped had no ear for it yet; each press leaves one menu.
+        const bool closed = waitUntil([&] {
+            const std::size_t before = _agent.openMenus().size();
+            if (before > 0) {
+                _desktop.input().tap(XK_Escape);
+                waitUntil([&] { return _agent.openMenus().size() < before; }, Duration(500));
             }
-            pollfd descriptor{xcb_get_file_descriptor(_connection), POLLIN, 0};
-            poll(&descriptor, 1, 100);
-        }
-        throw std::runtime_error("the hot key opened no pop-up");
+            // The keyboard is given back a moment after the menu has gone.
+            return _agent.openMenus().empty()
+                && waitUntil([&] { return !_desktop.display().keyboardIsGrabbed(); }, Duration(500));
+        });
+        if (!closed)
+            throw std::runtime_error("the pop-up does not close");
     }
 
-    void drain() {
-        std::free(xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
-        while (auto* event = xcb_poll_for_event(_connection))
-            std::free(event);
+    // Fillings follow one another, and a rebuild of the menus starts more of them.
+    void waitForFillings(Duration rest) {
+        if (!waitUntil([&] { return e2e::holdsFor(rest, [&] { return !_agent.isReadingAhead(); }); }, Duration(60000)))
+            throw std::runtime_error("the menu cache is not filled");
     }
 
 private:
-    xcb_connection_t* _connection;
-    xcb_window_t _root;
+    e2e::Desktop& _desktop;
+    e2e::Agent& _agent;
 };
 
 } // namespace
 
-Samples measureHotKeyLatency(e2e::Desktop& desktop, e2e::Agent& agent, int presses) {
-    constexpr xcb_keysym_t Escape = 0xFF1B;
-    e2e::SyntheticInput& input = desktop.input();
-    const e2e::HotKey hotKey = agent.hotKey();
-    // The program notices by itself that the application came to the front; until then there is nothing to show.
-    if (!e2e::waitUntil([&] {
-            agent.pressHotKey();
-            return e2e::waitUntil([&] { return !agent.openMenus().empty(); }, e2e::Duration(1000));
-        }))
-        throw std::runtime_error("the hot key opens no pop-up");
-
-    Samples latencies;
+OpeningTimes measureHotKeyLatency(e2e::Desktop& desktop, e2e::Agent& agent, int presses) {
+    User user(desktop, agent);
+    OpeningTimes times;
     for (int press = 0; press < presses; ++press) {
-        // Pressed again when the menu that was just mapped had no ear for it yet.
-        if (!e2e::waitUntil([&] {
-                input.tap(Escape);
-                // The keyboard is given back a moment after the menu has gone.
-                return e2e::waitUntil(
-                    [&] { return agent.openMenus().empty() && !desktop.display().keyboardIsGrabbed(); },
-                    e2e::Duration(500));
-            }))
-            throw std::runtime_error("the pop-up does not close");
-        input.moveTo(200 + 7 * press, 150 + 5 * press);
-        Watcher watcher(desktop.display());
-        for (const xcb_keysym_t modifier : hotKey.modifierSymbols)
-            watcher.key(XCB_KEY_PRESS, input.keyCodeOf(modifier));
-        watcher.drain();
-        const auto start = Clock::now();
-        watcher.key(XCB_KEY_PRESS, input.keyCodeOf(hotKey.symbol));
-        const auto mapped = watcher.waitForPopUp();
-        latencies.add(std::chrono::duration<double, std::milli>(mapped - start).count());
-        watcher.key(XCB_KEY_RELEASE, input.keyCodeOf(hotKey.symbol));
-        for (const xcb_keysym_t modifier : hotKey.modifierSymbols)
-            watcher.key(XCB_KEY_RELEASE, input.keyCodeOf(modifier));
+        user.close();
+        times.whileReadingAhead += agent.isReadingAhead() ? 1 : 0;
+        times.popUp.add(user.openPopUp(press));
     }
-    input.tap(Escape);
-    return latencies;
+    user.close();
+    return times;
+}
+
+OpeningTimes measureFilledOpenings(e2e::Desktop& desktop, e2e::Agent& agent, int openings) {
+    User user(desktop, agent);
+    // A program that has just started rebuilds its menus once more after a second.
+    user.waitForFillings(Duration(1500));
+    OpeningTimes times;
+    for (int opening = 0; opening < openings; ++opening) {
+        user.close();
+        user.waitForFillings(Duration(0));
+        times.popUp.add(user.openPopUp(opening));
+        times.submenu.add(user.openFirstSubmenu());
+    }
+    user.close();
+    return times;
 }
 
 } // namespace tarragon

@@ -8,6 +8,8 @@ namespace tarragon {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 struct Unreference {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
@@ -75,17 +77,17 @@ void readItem(AtspiAccessible* item) {
     }
 }
 
-std::size_t walkBelow(AtspiAccessible* element, int levels) {
+std::size_t walkBelow(AtspiAccessible* element, int levels, Clock::time_point end = Clock::time_point::max()) {
     std::size_t read = 0;
     const int count = childCountOf(element);
-    for (int index = 0; index < count; ++index) {
+    for (int index = 0; index < count && Clock::now() < end; ++index) {
         const Accessible child = childAt(element, index);
         if (!child)
             continue;
         readItem(child.get());
         ++read;
         if (levels > 1)
-            read += walkBelow(child.get(), levels - 1);
+            read += walkBelow(child.get(), levels - 1, end);
         else
             childCountOf(child.get());
     }
@@ -109,8 +111,9 @@ std::size_t walkWholeMenuBar(int processIdentifier) {
     return walkBelow(menuBar, AllLevels);
 }
 
-std::size_t walkOneMenu(int processIdentifier, int position) {
+std::size_t walkOneMenu(int processIdentifier, int position, std::chrono::seconds limit) {
     start();
+    const auto end = Clock::now() + limit;
     AtspiAccessible* menuBar = menuBarOf(processIdentifier);
     if (!menuBar)
         return 0;
@@ -124,7 +127,7 @@ std::size_t walkOneMenu(int processIdentifier, int position) {
         if (popUp && childCountOf(popUp.get()) > 0)
             menu = std::move(popUp);
     }
-    return walkBelow(menu.get(), 1);
+    return walkBelow(menu.get(), 1, end);
 }
 
 } // namespace tarragon

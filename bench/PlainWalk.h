@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 
 namespace tarragon {
@@ -10,7 +11,7 @@ namespace tarragon {
 // Items read of the whole menu bar of the process's first window; 0 when it has none.
 std::size_t walkWholeMenuBar(int processIdentifier);
 
-// Items read of one top-level menu, by its position in the menu bar.
-std::size_t walkOneMenu(int processIdentifier, int position);
+// Items read of one top-level menu, by its position in the menu bar. The walk stops where it is when the time is up.
+std::size_t walkOneMenu(int processIdentifier, int position, std::chrono::seconds limit = std::chrono::hours(1));
 
 } // namespace tarragon

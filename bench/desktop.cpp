@@ -1,6 +1,7 @@
-// Measures the program on a desktop of its own: reading menus beside a plain walk, the hot key, and the idle agent's
-// memory beside a bare program of the same toolkit.
+// Measures the program on a desktop of its own: reading menus beside a plain walk, long ones among them, the hot key
+// with the menu cache as it is and filled, and the idle agent's memory beside a bare program of the same toolkit.
 
+#include "CrowdApplication.h"
 #include "HotKeyLatency.h"
 #include "Statistics.h"
 
@@ -37,6 +38,22 @@ void measureReading(Desktop& desktop) {
     }
 }
 
+void measureGrowth(Desktop& desktop) {
+    constexpr Duration LongestReading(180000);
+    std::puts("\nOne long menu of a real application, beside the plain walk of it (medians, in turns):");
+    for (const Toolkit toolkit : {Toolkit::Gtk, Toolkit::Qt}) {
+        for (const int items : {100, 1000, 10000}) {
+            const CrowdApplication application(desktop, toolkit, items);
+            const auto reading = desktop.start({BENCH_READ_CROWD, CrowdApplication::nameOf(toolkit),
+                std::to_string(application.identifier()), std::to_string(items), items > 100 ? "3" : "15"});
+            if (reading->waitForExit(LongestReading) != 0)
+                throw std::runtime_error("a long menu cannot be read: " + reading->standardError());
+            std::fputs(reading->standardOutput().c_str(), stdout);
+            std::fflush(stdout);
+        }
+    }
+}
+
 // Kilobytes; 0 when the process is gone.
 long residentMemoryOf(pid_t process) {
     std::ifstream status("/proc/" + std::to_string(process) + "/status");
@@ -47,14 +64,47 @@ long residentMemoryOf(pid_t process) {
     return 0;
 }
 
+void printOpening(const char* what, const Samples& times) {
+    std::printf("%s median %.2f ms, 95th percentile %.2f ms", what, times.median(), times.quantile(0.95));
+}
+
 void measureHotKey(Desktop& desktop) {
     // The agent registers its hot key when there is an application to mirror.
     const TestApplication application(desktop, ApplicationKind::Mousepad);
     Agent agent(desktop, usualHotKey());
-    const Samples latencies = measureHotKeyLatency(desktop, agent, 100);
+    const OpeningTimes times = measureHotKeyLatency(desktop, agent, 100);
     std::printf(
-        "\nHot key to mapped pop-up, %zu presses: median %.2f ms, 95th percentile %.2f ms (a frame is 16.7 ms)\n",
-        latencies.count(), latencies.median(), latencies.quantile(0.95));
+        "\nHot key to mapped pop-up, %zu presses right after the start, the menu cache still being filled at %d:",
+        times.popUp.count(), times.whileReadingAhead);
+    printOpening("", times.popUp);
+    std::puts(" (a frame is 16.7 ms)");
+}
+
+void printFilledOpenings(Desktop& desktop, const std::string& what) {
+    Agent agent(desktop, usualHotKey());
+    const OpeningTimes times = measureFilledOpenings(desktop, agent, 100);
+    std::printf("  %-42s", what.c_str());
+    printOpening("pop-up", times.popUp);
+    printOpening("; first submenu", times.submenu);
+    std::puts("");
+    std::fflush(stdout);
+}
+
+void measureFilledHotKey(Desktop& desktop) {
+    std::puts(
+        "The same with all fillings of the menu cache ended, 100 openings, and from the key to the first submenu:");
+    {
+        const TestApplication application(desktop, ApplicationKind::Mousepad);
+        // Of several menus the cache keeps the one that was filled last, which the first one hardly ever is.
+        printFilledOpenings(desktop, "mousepad, File (seldom the cached menu)");
+    }
+    // An only menu is the one that the cache keeps.
+    constexpr int Items = 20;
+    for (const Toolkit toolkit : {Toolkit::Gtk, Toolkit::Qt}) {
+        const CrowdApplication application(desktop, toolkit, Items);
+        printFilledOpenings(
+            desktop, CrowdApplication::nameOf(toolkit) + ", " + std::to_string(Items) + " items from the cache");
+    }
 }
 
 void measureMemory(Desktop& desktop) {
@@ -86,7 +136,9 @@ int main() {
     try {
         Desktop desktop(WindowManager::Openbox);
         measureReading(desktop);
+        measureGrowth(desktop);
         measureHotKey(desktop);
+        measureFilledHotKey(desktop);
         measureMemory(desktop);
     } catch (const std::exception& error) {
         std::cerr << "bench: " << error.what() << "\n";
