@@ -14,7 +14,7 @@ namespace {
 // As many requests are on their way at most: enough to keep application and bus busy, few enough for every bus.
 constexpr std::size_t InFlightLimit = 500;
 // Requests go out in portions, so that the application is at work while we still write.
-constexpr std::size_t Portion = 32;
+constexpr std::size_t Portion = 8;
 // With more replies on their way, we look again after a moment rather than being woken for each: to wake us costs those
 // who answer a good part of what the answer itself costs them.
 constexpr std::size_t FewReplies = 8;
