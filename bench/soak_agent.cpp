@@ -68,7 +68,7 @@ int main(int argumentCount, char** arguments) {
     X11MenuInput menuInput(toolkitConnection);
     const QtNativeEvents nativeEvents(
         runLoop, [&](const void* event) { return hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
-        [&](void* event) { menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); });
+        [&](void* event) { return menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); });
 
     const Platform platform{
         accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter, nullptr, {}};

@@ -59,7 +59,7 @@ public:
               _runLoop,
               [this](
                   const void* event) { return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
-              [this](void* event) { _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
+              [this](void* event) { return _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
 
     Platform platform() {
         return {_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter, &_keyboard,

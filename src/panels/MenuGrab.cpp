@@ -41,12 +41,12 @@ void MenuGrab::acquire(QWidget& popup) {
 }
 
 void MenuGrab::release() {
-    _timer.stop();
-    if (!_popup)
+    if (!_timer.isActive())
         return;
+    _timer.stop();
     if (_menuInput) {
         _menuInput->release();
-    } else if (QWindow* window = _popup->windowHandle()) {
+    } else if (QWindow* window = _popup ? _popup->windowHandle() : nullptr) {
         // Qt releases only what it took by itself.
         window->setMouseGrabEnabled(false);
         window->setKeyboardGrabEnabled(false);
@@ -67,7 +67,7 @@ bool MenuGrab::takeBoth() {
 
 void MenuGrab::takeAgain() {
     if (!_popup) {
-        _timer.stop();
+        release();
         return;
     }
     _refusals = takeBoth() ? 0 : _refusals + 1;

@@ -205,7 +205,10 @@ std::optional<Rect> placeBetween(const AtspiNode& before, const AtspiNode& after
         return {};
     const double end = before.extents->origin.y + before.extents->size.height;
     const double height = after.extents->origin.y - end;
-    if (after.extents->origin.x != before.extents->origin.x || height < 0)
+    // Where points are not pixels, a place may be off by one.
+    constexpr double leastHeight = 3;
+    const bool isCertain = height == 0 || height >= leastHeight;
+    if (after.extents->origin.x != before.extents->origin.x || !isCertain)
         return {};
     return Rect{{before.extents->origin.x, end}, {before.extents->size.width, height}};
 }

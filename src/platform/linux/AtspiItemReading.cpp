@@ -160,7 +160,7 @@ void AtspiItemReading::readItemsAlone(const Level& level) {
 void AtspiItemReading::askRolesOfNamelessItems(const Level& level) {
     if (_toolkit != AtspiToolkit::Gtk)
         return;
-    // No search told what they are.
+    // The searches do not tell tear-offs from items.
     AtspiNodes::Wanted nameless;
     for (const AtspiReference& reference : level.items) {
         AtspiNode& node = _nodes.at(reference);

@@ -32,10 +32,10 @@ public:
     void readMenus(const std::vector<AtspiReference>& menus);
     // All that the items of a container can tell, and what kind of menus they open.
     void readItems(const AtspiNode& container, AtspiElement::Place place);
-    // Some of the items that were read have gone since their list was made.
-    bool haveVanished(const std::vector<AtspiReference>& items) const;
     // The same for these items and for those of all menus below them, level by level.
     void readItemsOfAllLevels(const AtspiNode& container, AtspiElement::Place place);
+    // Some of the items that were read have gone since their list was made.
+    bool haveVanished(const std::vector<AtspiReference>& items) const;
 
 private:
     // This toolkit makes a list of all children for each of them that it names.

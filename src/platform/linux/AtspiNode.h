@@ -29,8 +29,8 @@ enum AtspiField : std::uint32_t {
 };
 using AtspiFields = std::uint32_t;
 
-// The children of an object by what they are: a handful of answers instead of two for each child. Rare kinds without a
-// name are not among them.
+// The children of an object by what they are: a handful of answers instead of two for each child. Tear-offs
+// are not told from items.
 struct AtspiKinds {
     static constexpr int Questions = 4;
 

@@ -127,8 +127,4 @@ void AtspiNodes::fetchChildrenOneByOne(AtspiConnection& connection, const AtspiR
     node.children = std::move(found);
 }
 
-void AtspiNodes::forget(const AtspiReference& reference) {
-    at(reference) = {};
-}
-
 } // namespace tarragon

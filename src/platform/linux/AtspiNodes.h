@@ -16,6 +16,10 @@ class AtspiNodes {
 public:
     using Wanted = std::vector<std::pair<AtspiReference, AtspiFields>>;
 
+    AtspiNodes() = default;
+    AtspiNodes(const AtspiNodes&) = delete;
+    AtspiNodes& operator=(const AtspiNodes&) = delete;
+
     // The node of a reference; an empty one when nothing was asked yet.
     AtspiNode& at(const AtspiReference& reference) {
         // Most often it is the one that was asked for before.
@@ -29,8 +33,6 @@ public:
     // Asks for each child by itself rather than for the list of them, which some applications take long for: so their
     // answers keep coming, and they answer others meanwhile.
     void fetchChildrenOneByOne(AtspiConnection& connection, const AtspiReference& reference);
-    // What is asked about it next is asked anew.
-    void forget(const AtspiReference& reference);
 
 private:
     using Nodes = std::unordered_map<AtspiReference, AtspiNode, AtspiReferenceHash>;

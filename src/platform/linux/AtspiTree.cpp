@@ -230,22 +230,29 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
 }
 
 bool AtspiTree::readList(const AtspiElement& parent, const AtspiReference& container, Place place) {
-    // Applications put others in the place of their items whenever they like, also between the list and the items.
     constexpr int attempts = 3;
-    AtspiItemReading reading(_connection, _nodes, parent.toolkit);
+    const AtspiItemReading reading(_connection, _nodes, parent.toolkit);
     AtspiNode& node = _nodes.at(container);
-    for (int attempt = 1;; ++attempt) {
-        fetchList(parent, container);
-        if (!node.children || place == Place::Elsewhere || parent.steps >= AtspiElement::StepLimit)
-            return node.children.has_value();
-        readChildren(container, place, parent.toolkit);
-        if (_reading != Reading::OneLevel || attempt == attempts || !reading.haveVanished(*node.children))
-            return true;
-        for (const AtspiReference& reference : *node.children)
-            _nodes.forget(reference);
-        node.children.reset();
+    fetchList(parent, container);
+    if (!node.children || place == Place::Elsewhere || parent.steps >= AtspiElement::StepLimit)
+        return node.children.has_value();
+    readChildren(container, place, parent.toolkit);
+    if (_reading != Reading::OneLevel)
+        return true;
+    // Applications put others in the place of their items whenever they like, also between the list and the items.
+    for (int attempt = 1; attempt < attempts && reading.haveVanished(*node.children); ++attempt) {
+        const std::vector<AtspiReference> former = *node.children;
         node.asked &= ~(AtspiFieldChildren | AtspiFieldKinds);
+        node.children.reset();
+        fetchList(parent, container);
+        // It has fallen silent, or has items that tell nothing.
+        if (!node.children)
+            node.children = former;
+        if (*node.children == former)
+            break;
+        readChildren(container, place, parent.toolkit);
     }
+    return true;
 }
 
 void AtspiTree::fetchList(const AtspiElement& parent, const AtspiReference& container) {

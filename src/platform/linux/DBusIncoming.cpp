@@ -35,9 +35,18 @@ struct Head {
     std::uint32_t lengthOfFields;
 };
 
+bool isOfOtherOrder(char order) {
+    return (order == 'l' || order == 'B') && order != DBusWriter::ByteOrder;
+}
+
+// As the other byte order has it.
+std::uint32_t swapped(std::uint32_t number) {
+    return number >> 24U | (number >> 8U & 0xFF00U) | (number << 8U & 0xFF0000U) | number << 24U;
+}
+
 enum Field : std::uint8_t { FieldErrorName = 4, FieldAnsweredNumber = 5, FieldSender = 7, FieldSignature = 8 };
 
-// False for a field of a kind that no message has.
+// False for a field of a kind that is not known, behind which nothing can be read.
 bool readField(DBusReader& reader, DBusIncoming& message) {
     reader.align(Alignment);
     const auto field = reader.readNumber<std::uint8_t>();
@@ -68,42 +77,54 @@ bool readField(DBusReader& reader, DBusIncoming& message) {
     default:
         break;
     }
-    return !reader.hasFailed();
+    return true;
 }
 
 } // namespace
 
 std::optional<std::uint64_t> DBusIncoming::lengthOf(std::string_view beginning) {
-    // Programs of one machine write in one byte order.
-    if (!beginning.empty() && beginning.front() != DBusWriter::ByteOrder)
+    const char order = beginning.empty() ? DBusWriter::ByteOrder : beginning.front();
+    if (order != DBusWriter::ByteOrder && !isOfOtherOrder(order))
         return {};
     if (beginning.size() < FixedSize)
         return 0;
     DBusReader reader(beginning);
-    const Head head(reader);
+    Head head(reader);
+    if (isOfOtherOrder(order)) {
+        head.lengthOfFields = swapped(head.lengthOfFields);
+        head.lengthOfArguments = swapped(head.lengthOfArguments);
+    }
     return head.beginOfArguments() + head.lengthOfArguments;
 }
 
 std::optional<DBusIncoming> DBusIncoming::parse(std::string_view bytes) {
     constexpr std::uint8_t version = 1;
     constexpr std::uint8_t noAnswerExpected = 1;
+    DBusIncoming message;
+    message.bytes = bytes;
     DBusReader reader(bytes);
     const Head head(reader);
+    // Programs of one machine usually write in one byte order; nobody else has to be understood.
+    if (isOfOtherOrder(head.order))
+        return message;
     const bool isWhole = head.beginOfArguments() + head.lengthOfArguments == bytes.size();
     if (reader.hasFailed() || head.order != DBusWriter::ByteOrder || head.version != version || !isWhole)
         return {};
-    DBusIncoming message;
     if (head.type >= static_cast<std::uint8_t>(Type::MethodCall) && head.type < static_cast<std::uint8_t>(Type::Signal))
         message.type = static_cast<Type>(head.type);
     message.wantsAnswer = (head.flags & noAnswerExpected) == 0;
     message.number = head.number;
     message.arguments = bytes.substr(head.beginOfArguments());
-    message.bytes = bytes;
-    while (reader.position() < FixedSize + head.lengthOfFields) {
-        if (!readField(reader, message))
+    const std::uint64_t endOfFields = FixedSize + std::uint64_t{head.lengthOfFields};
+    while (reader.position() < endOfFields) {
+        if (!readField(reader, message)) {
+            message.type = Type::Signal;
+            break;
+        }
+        if (reader.hasFailed() || reader.position() > endOfFields)
             return {};
     }
-    return message;
+    return reader.hasFailed() ? std::nullopt : std::optional(message);
 }
 
 } // namespace tarragon

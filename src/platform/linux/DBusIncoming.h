@@ -10,7 +10,8 @@ namespace tarragon {
 struct DBusIncoming {
     enum class Type : std::uint8_t { MethodCall = 1, Return = 2, Error = 3, Signal = 4 };
 
-    Type type = Type::Signal; // whatever is of no known type is treated as one, and that is not at all
+    // Whatever cannot be understood counts as a signal, which nobody here listens to.
+    Type type = Type::Signal;
     bool wantsAnswer = false;
     std::uint32_t number = 0;
     std::uint32_t answeredNumber = 0; // 0 for what is no answer
@@ -23,7 +24,8 @@ struct DBusIncoming {
     // The length of the message that begins here, 0 as long as too little of it is there to tell. Nothing when this is
     // not the beginning of a message that can be read here.
     static std::optional<std::uint64_t> lengthOf(std::string_view beginning);
-    // The bytes are as many as that. Nothing when they are no message; what the arguments are worth is not looked at.
+    // The bytes are as many as that. Nothing when they are no message; what the arguments are worth is not looked at,
+    // nor anything in a message of the other byte order.
     static std::optional<DBusIncoming> parse(std::string_view bytes);
 };
 

@@ -10,7 +10,6 @@
 namespace tarragon {
 
 class AtspiElement;
-class AtspiNodes;
 struct AtspiApplication;
 
 // The accessibility interface over AT-SPI and the X server. Applications and windows are the X server's; menu bars,

@@ -15,7 +15,8 @@ namespace tarragon {
 // toolkit is to be kept from grabbing anything, and the pointer is grabbed here as well.
 //
 // Key events of such a grab are reported for the other application's window. The toolkit knows nothing of that window,
-// so they are given the menu's before the toolkit sees them.
+// so they are given the menu's before the toolkit sees them. Nor is it to see that a grab with the menu's window, which
+// is made where no window has the focus, gives way to one with a window that has got it: it would close the menu.
 //
 // The connection is the toolkit's own and outlives this object. Main thread only.
 class X11MenuInput : public MenuInput {
@@ -26,12 +27,14 @@ public:
     bool take(std::uint64_t window) override;
     void release() override;
 
-    // To be called with every event of the connection before the toolkit sees it.
-    void redirect(xcb_generic_event_t* event) const;
+    // To be called with every event of the connection before the toolkit sees it. True when the toolkit is not to see
+    // it at all.
+    bool redirect(xcb_generic_event_t* event) const;
 
 private:
     bool takeKeyboard();
     void takePointers();
+    void takeCorePointer();
     xcb_window_t focusedWindow() const;
     std::vector<std::uint16_t> pointers() const;
 

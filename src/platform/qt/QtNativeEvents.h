@@ -16,8 +16,8 @@ public:
     // Gets an xcb_generic_event_t, which belongs to the caller. True when nobody else is to see the event.
     using Handler = std::function<bool(const void* event)>;
 
-    // May change the event before anybody else sees it, at once, also during a pause.
-    using Adjustment = std::function<void(void* event)>;
+    // May change the event before anybody else sees it, at once, also during a pause. True when nobody else is to.
+    using Adjustment = std::function<bool(void* event)>;
 
     explicit QtNativeEvents(QtRunLoop& runLoop, Handler handler, Adjustment adjustment = {});
     ~QtNativeEvents() override;

@@ -280,12 +280,6 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         const bool exists = index >= 0 && static_cast<std::size_t>(index) < object.children.size();
         sd_bus_reply_method_return(message, "(so)", _busName.c_str(),
             exists ? object.children[static_cast<std::size_t>(index)].c_str() : "/org/a11y/atspi/null");
-    } else if (member == "GetChildAtIndex") {
-        std::int32_t index = 0;
-        sd_bus_message_read(message, "i", &index);
-        const bool exists = index >= 0 && static_cast<std::size_t>(index) < object.children.size();
-        sd_bus_reply_method_return(message, "(so)", _busName.c_str(),
-            exists ? object.children[static_cast<std::size_t>(index)].c_str() : "/org/a11y/atspi/null");
     } else if (member == "Get") {
         const char* propertyInterface = nullptr;
         const char* property = nullptr;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -163,11 +164,29 @@ TEST(DBusIncomingTest, SurvivesEveryOtherValueOfEveryByte) {
     }
 }
 
-TEST(DBusIncomingTest, DoesNotReadTheOtherByteOrder) {
+TEST(DBusIncomingTest, StepsOverTheOtherByteOrder) {
     std::string bytes = richAnswer();
     bytes[0] = bytes[0] == 'l' ? 'B' : 'l';
+    for (const std::size_t position : {4U, 12U})
+        std::reverse(bytes.begin() + position, bytes.begin() + position + 4);
+    EXPECT_EQ(DBusIncoming::lengthOf(bytes), bytes.size());
+    const auto message = DBusIncoming::parse(bytes);
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->type, DBusIncoming::Type::Signal);
+    EXPECT_FALSE(AtspiReply(*message).readReferences());
+    bytes[0] = 'x';
     EXPECT_FALSE(DBusIncoming::lengthOf(bytes));
     EXPECT_FALSE(DBusIncoming::parse(bytes));
+}
+
+TEST(DBusIncomingTest, StepsOverAMessageWithAFieldOfAnUnknownKind) {
+    std::string bytes = richAnswer();
+    // The type of the first field.
+    ASSERT_EQ(bytes[17], 1);
+    bytes[18] = 'x';
+    const auto message = DBusIncoming::parse(bytes);
+    ASSERT_TRUE(message);
+    EXPECT_EQ(message->type, DBusIncoming::Type::Signal);
 }
 
 TEST(DBusIncomingTest, TakesNoInvalidTextForATitle) {
