@@ -15,8 +15,8 @@ class KnownAttributes {
 public:
     // nullptr when it was not read yet; a nil value was read and is not there. Valid until the next call.
     const Value* find(const Element& element, std::string_view attribute) const {
-        const auto found = std::ranges::find_if(_entries,
-            [&](const Entry& entry) { return entry.attribute == attribute && entry.element == element; });
+        const auto found = std::ranges::find_if(
+            _entries, [&](const Entry& entry) { return entry.attribute == attribute && entry.element == element; });
         return found != _entries.end() ? &found->value : nullptr;
     }
     void remember(const Element& element, std::string_view attribute, Value value) {
