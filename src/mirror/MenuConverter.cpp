@@ -80,12 +80,11 @@ bool MenuConverter::processSubAXMenuAsNSMenu(const Element& element, Menu& paren
     return areTold;
 }
 
-Element MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& element) {
+void MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& element) {
     for (const Element& child : childrenOf(element)) {
         if (isMenu(child))
-            return child;
+            return;
     }
-    return {};
 }
 
 std::vector<Element> MenuConverter::childrenOf(const Element& element) {

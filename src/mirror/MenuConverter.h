@@ -46,8 +46,8 @@ public:
     // Converts the children of every menu among the element's children. False when the application did not tell them.
     bool processSubAXMenuAsNSMenu(const Element& element, Menu& parent);
     // Reads the children's roles up to the first menu and builds nothing: wakes an application that fills its menus
-    // when they are looked at. Answers that menu; nil when there is none.
-    Element processSingleIterationSubAXMenuAsNSMenu(const Element& element);
+    // when they are looked at.
+    void processSingleIterationSubAXMenuAsNSMenu(const Element& element);
 
     ItemDescription getMenuItemForElement(const Element& element);
     std::shared_ptr<ProxyMenuItem> createActionNodeWith(const Element& element, const std::shared_ptr<MenuItem>& item);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace tarragon {
 
@@ -119,8 +120,10 @@ void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kin
     constexpr std::uint64_t usual =
         bitOf(AtspiState::Visible) | bitOf(AtspiState::Sensitive) | bitOf(AtspiState::Enabled);
     AtspiNode& node = _nodes.at(reference);
-    if (node.missing(AtspiFieldRole) != 0)
+    if (node.missing(AtspiFieldRole) != 0) {
         node.role = kind.role;
+        node.isRoleAssumed = kind.role == AtspiRoleMenuItem;
+    }
     node.asked |= AtspiFieldRole;
     // The others are asked one by one what they are.
     if (kind.isUsual && node.missing(AtspiFieldStates) != 0) {
@@ -158,13 +161,12 @@ void AtspiItemReading::readItemsAlone(const Level& level) {
 }
 
 void AtspiItemReading::askRolesOfNamelessItems(const Level& level) {
-    if (_toolkit != AtspiToolkit::Gtk)
-        return;
-    // The searches do not tell tear-offs from items.
+    // The searches do not tell tear-offs from items, but these have no labels.
     AtspiNodes::Wanted nameless;
     for (const AtspiReference& reference : level.items) {
         AtspiNode& node = _nodes.at(reference);
-        if (node.role != AtspiRoleMenuItem || !node.name || !node.name->empty())
+        const bool isNameless = node.name && node.name->empty();
+        if (!isNameless || !std::exchange(node.isRoleAssumed, false))
             continue;
         node.asked &= ~AtspiFieldRole;
         nameless.emplace_back(reference, AtspiFieldRole);

@@ -29,8 +29,8 @@ enum AtspiField : std::uint32_t {
 };
 using AtspiFields = std::uint32_t;
 
-// The children of an object by what they are: a handful of answers instead of two for each child. Tear-offs
-// are not told from items.
+// The children of an object by what they are: a handful of answers instead of two for each child. They do not tell
+// tear-offs from items.
 struct AtspiKinds {
     static constexpr int Questions = 4;
 
@@ -60,6 +60,7 @@ struct AtspiNode {
     std::optional<std::string> text; // contents of a text field
     std::optional<double> number; // value of a slider, a scroll bar ...
     AtspiKinds kinds; // of its children
+    bool isRoleAssumed = false; // it is none of the other kinds
     bool isReadBelow = false; // the items of this menu were read, and those of all menus below
 
     bool has(AtspiState state) const { return states && ((*states >> static_cast<unsigned>(state)) & 1U) != 0; }

@@ -1,7 +1,7 @@
 #include "platform/linux/DBusIncoming.h"
 
+#include "MarshalledMessage.h"
 #include "platform/linux/AtspiReply.h"
-#include "platform/linux/DBusMessage.h"
 
 #include <gtest/gtest.h>
 
@@ -11,16 +11,6 @@
 
 namespace tarragon {
 namespace {
-
-std::string marshalled(DBusMessage* message) {
-    dbus_message_set_serial(message, 7);
-    char* data = nullptr;
-    int length = 0;
-    EXPECT_TRUE(dbus_message_marshal(message, &data, &length));
-    std::string bytes(data, static_cast<std::size_t>(length));
-    dbus_free(data);
-    return bytes;
-}
 
 DBusMessagePointer newAnswer() {
     DBusMessagePointer message(dbus_message_new(DBUS_MESSAGE_TYPE_METHOD_RETURN));
@@ -49,7 +39,7 @@ std::string richAnswer() {
     dbus_message_iter_open_container(&arguments, DBUS_TYPE_VARIANT, "s", &fields);
     dbus_message_iter_append_basic(&fields, DBUS_TYPE_STRING, &text);
     dbus_message_iter_close_container(&arguments, &fields);
-    return marshalled(message.get());
+    return marshalled(message.get(), 7);
 }
 
 std::string numbersAnswer() {
@@ -75,7 +65,7 @@ std::string numbersAnswer() {
     for (const std::int32_t number : {1, -2, 30, 40})
         dbus_message_iter_append_basic(&inner, DBUS_TYPE_INT32, &number);
     dbus_message_iter_close_container(&arguments, &inner);
-    return marshalled(message.get());
+    return marshalled(message.get(), 7);
 }
 
 // Everything that one may ask of a message; the answers do not matter.
@@ -137,7 +127,7 @@ TEST(DBusIncomingTest, KnowsErrorsByTheirNames) {
     const DBusMessagePointer error(dbus_message_new(DBUS_MESSAGE_TYPE_ERROR));
     dbus_message_set_error_name(error.get(), DBUS_ERROR_SERVICE_UNKNOWN);
     dbus_message_set_reply_serial(error.get(), 3);
-    const std::string bytes = marshalled(error.get());
+    const std::string bytes = marshalled(error.get(), 7);
     const auto message = DBusIncoming::parse(bytes);
     ASSERT_TRUE(message);
     EXPECT_EQ(message->type, DBusIncoming::Type::Error);
@@ -193,7 +183,7 @@ TEST(DBusIncomingTest, TakesNoInvalidTextForATitle) {
     const DBusMessagePointer message = newAnswer();
     const char* text = "valid";
     dbus_message_append_args(message.get(), DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
-    std::string bytes = marshalled(message.get());
+    std::string bytes = marshalled(message.get(), 7);
     bytes[bytes.find("valid")] = '\xff';
     const auto incoming = DBusIncoming::parse(bytes);
     ASSERT_TRUE(incoming);

@@ -1,4 +1,5 @@
 #include "platform/linux/DBusSocket.h"
+#include "MarshalledMessage.h"
 #include "platform/linux/AtspiReply.h"
 
 #include <chrono>
@@ -74,28 +75,17 @@ public:
     std::string text;
 };
 
-std::string marshalled(DBusMessage* message) {
-    char* data = nullptr;
-    int length = 0;
-    EXPECT_TRUE(dbus_message_marshal(message, &data, &length));
-    std::string bytes(data, static_cast<std::size_t>(length));
-    dbus_free(data);
-    return bytes;
-}
-
 std::string answer(std::uint32_t call, const std::string& text) {
     const DBusMessagePointer message(dbus_message_new(DBUS_MESSAGE_TYPE_METHOD_RETURN));
-    dbus_message_set_serial(message.get(), 77);
     dbus_message_set_reply_serial(message.get(), call);
     const char* characters = text.c_str();
     dbus_message_append_args(message.get(), DBUS_TYPE_STRING, &characters, DBUS_TYPE_INVALID);
-    return marshalled(message.get());
+    return marshalled(message.get(), 77);
 }
 
 // What is to be numbered by the socket.
 std::string callOf(const DBusMessagePointer& message) {
-    dbus_message_set_serial(message.get(), 1);
-    return marshalled(message.get());
+    return marshalled(message.get(), 1);
 }
 
 class DBusSocketTest : public ::testing::Test {
@@ -215,10 +205,14 @@ TEST_F(DBusSocketTest, RefusesWhatIsAskedOfIt) {
     other.say("OK 1\r\n");
     ASSERT_TRUE(socket->exchange());
     other.heard();
-    dbus_message_set_serial(message.get(), 5);
-    other.say(marshalled(message.get()));
+    other.say(marshalled(message.get(), 5));
     EXPECT_TRUE(socket->exchange());
-    EXPECT_NE(other.heard().find("UnknownMethod"), std::string::npos);
+    const std::string heard = other.heard();
+    const auto refusal = DBusIncoming::parse(heard);
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->type, DBusIncoming::Type::Error);
+    EXPECT_EQ(refusal->errorName, DBUS_ERROR_UNKNOWN_METHOD);
+    EXPECT_EQ(refusal->answeredNumber, 5U);
 }
 
 TEST_F(DBusSocketTest, WaitsNoLongerThanTold) {
