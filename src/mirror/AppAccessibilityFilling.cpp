@@ -32,16 +32,18 @@ Element elementOfOwner(const Menu& menu) {
 } // namespace
 
 void AppAccessibility::menuNeedsUpdate(Menu& menu) {
+    const bool isRoot = &menu == _menu.get();
+    const bool isOurs = menu.sharedTitle() != cocoaMenuTitle();
+    if (isOurs && !isRoot && cacheExistsForMenu(menu)) {
+        fillFromCache(menu);
+        return;
+    }
     const ReadBatch batch(_platform.accessibility);
-    if (menu.sharedTitle() != cocoaMenuTitle()) {
-        if (&menu == _menu.get()) {
+    if (isOurs) {
+        if (isRoot)
             completeRootMenu();
-        } else if (cacheExistsForMenu(menu)) {
-            fillFromCache(menu);
-            return;
-        } else {
+        else
             fillSubmenu(menu);
-        }
     }
     if (focusedAppName() == "Finder")
         removeDuplicateMenuItems(menu);
@@ -63,6 +65,8 @@ void AppAccessibility::fillSubmenu(Menu& menu) {
 }
 
 void AppAccessibility::fillFromCache(Menu& menu) {
+    // What the items are is known.
+    const ReadBatch batch(_platform.accessibility, ReadBatchDepth::AsAsked);
     menu.removeAllItems();
     converter().processSingleIterationSubAXMenuAsNSMenu(elementOfOwner(menu));
     const auto appName = focusedAppName();

@@ -14,7 +14,7 @@ namespace tarragon {
 
 // How much the first read of an element's children within a read batch fetches: what the children can tell, or the same
 // for everything below them as well.
-enum class ReadBatchDepth : std::uint8_t { OneLevel, AllLevels };
+enum class ReadBatchDepth : std::uint8_t { AsAsked, OneLevel, AllLevels };
 
 // The user-interface elements of other processes. Failures are silent by design: a call that fails, an application that
 // is gone or does not answer in time, access that is not granted give nil, an empty optional or false, never an
@@ -60,9 +60,9 @@ public:
     virtual bool performAction(const Element& element, std::string_view action) = 0;
 
     // Read batches nest; use ReadBatch. Within a batch the first read of an element's "AXChildren" fetches everything
-    // that a menu item can have for all of them at once, and later reads are served from that snapshot; so is what an
-    // application or a window has told before. The deepest of the batches that were opened counts. When the outermost
-    // batch of the thread ends the snapshot is dropped. Outside a batch every read is live.
+    // that a menu item can have for all of them at once, unless its depth is AsAsked, and later reads are served from
+    // that snapshot; so is what an application or a window has told before. The deepest of the batches that were opened
+    // counts. When the outermost batch of the thread ends the snapshot is dropped. Outside a batch every read is live.
     virtual void beginReadBatch(ReadBatchDepth depth) = 0;
     virtual void endReadBatch() = 0;
     // Within a batch: the reads of these attributes of these elements that follow are fetched at once. Changes nothing

@@ -181,7 +181,7 @@ private:
     std::size_t _callsOutsideBatches = 0;
     std::size_t _batchCount = 0;
     std::vector<Element> _readAhead;
-    ReadBatchDepth _deepestBatch = ReadBatchDepth::OneLevel;
+    ReadBatchDepth _deepestBatch = ReadBatchDepth::AsAsked;
     std::map<std::thread::id, int> _openBatches;
 
     std::map<std::int64_t, FakeFault> _processFaults;

@@ -211,7 +211,7 @@ void FakeAccessibility::clearCalls() {
     _callCount = 0;
     _callsOutsideBatches = 0;
     _batchCount = 0;
-    _deepestBatch = ReadBatchDepth::OneLevel;
+    _deepestBatch = ReadBatchDepth::AsAsked;
 }
 
 std::vector<std::pair<Element, std::string>> FakeAccessibility::performedActions() const {

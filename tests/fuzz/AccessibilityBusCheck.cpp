@@ -3,6 +3,7 @@
 #include "fuzz/ScriptedBus.h"
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiMenuMemory.h"
 #include "platform/linux/AtspiNodes.h"
 #include "platform/linux/AtspiSessionBus.h"
 #include "platform/linux/AtspiTree.h"
@@ -68,15 +69,19 @@ void checkReaderSurvives(std::span<const std::uint8_t> answers) {
 
     AtspiSessionBus sessionBus;
     AtspiConnection connection(sessionBus);
-    AtspiNodes nodes;
     auto handle = std::make_shared<AtspiElement>();
     handle->kind = AtspiElement::Kind::Node;
     handle->toolkit = static_cast<AtspiToolkit>(mode % 3);
     handle->childCount = mode % 5 == 0 ? -1 : 5;
     handle->reference = {ScriptedBus::BusName, ScriptedBus::objectPath(0)};
-    Walk walk(AtspiTree(connection, nodes, static_cast<AtspiTree::Reading>(mode / 3 % 3)));
-    walk.read(Element(handle), 0);
-    walk.climb(Element(handle));
+    // The second time with what the first has left.
+    AtspiMenuMemory memory;
+    for (int time = 0; time < 2; ++time) {
+        AtspiNodes nodes;
+        Walk walk(AtspiTree(connection, nodes, memory, static_cast<AtspiTree::Reading>(mode / 3 % 4)));
+        walk.read(Element(handle), 0);
+        walk.climb(Element(handle));
+    }
 }
 
 } // namespace tarragon

@@ -49,7 +49,7 @@ void AtspiApplications::refresh() {
     _connection.run({{{"org.a11y.atspi.Registry", RootPath}, "org.a11y.atspi.Accessible", "GetChildren", {},
         [&roots](AtspiReply& reply) { roots = reply.readReferences().value_or(std::vector<AtspiReference>{}); }}});
 
-    std::vector<AtspiRequest> requests;
+    AtspiRequests requests;
     for (const AtspiReference& root : roots) {
         const auto [position, isNew] = _entries.try_emplace(root.busName, Entry{root, 0, {}});
         if (!isNew)

@@ -196,23 +196,6 @@ bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit) {
     return node.name && !node.name->empty();
 }
 
-bool takesRoom(const AtspiNode& node) {
-    return node.extents && node.extents->size.width > 0 && node.extents->size.height > 0;
-}
-
-std::optional<Rect> placeBetween(const AtspiNode& before, const AtspiNode& after) {
-    if (!takesRoom(before) || !takesRoom(after))
-        return {};
-    const double end = before.extents->origin.y + before.extents->size.height;
-    const double height = after.extents->origin.y - end;
-    // Where points are not pixels, a place may be off by one.
-    constexpr double leastHeight = 3;
-    const bool isCertain = height == 0 || height >= leastHeight;
-    if (after.extents->origin.x != before.extents->origin.x || !isCertain)
-        return {};
-    return Rect{{before.extents->origin.x, end}, {before.extents->size.width, height}};
-}
-
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames) {
     for (std::size_t index = 0; index < actionNames.size(); ++index) {
         const std::string& name = actionNames[index];

@@ -28,11 +28,6 @@ bool hasImpliedMenu(const AtspiNode& node, AtspiElement::Place place);
 AtspiElement::Place placeOfChildren(std::uint32_t role, AtspiElement::Place place);
 // False for what belongs to a menu's tree but is not to be seen in the menu.
 bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit);
-// It has a place on the screen, or would have if its menu were open.
-bool takesRoom(const AtspiNode& node);
-// Where an item is that stands between two others of a menu whose items follow one another without gaps: an empty place
-// when it is hidden. Nothing when these two do not tell, because one is hidden itself or begins another column.
-std::optional<Rect> placeBetween(const AtspiNode& before, const AtspiNode& after);
 
 // The position of the action that chooses, presses or opens, by the names that are not translated.
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames);

@@ -67,10 +67,9 @@ void AtspiConnection::beginOperation(Start start, int timesPatience) {
     _timesPatience = timesPatience;
 }
 
-void AtspiConnection::run(const std::vector<AtspiRequest>& requests) {
+void AtspiConnection::run(const AtspiRequests& requests) {
     if (requests.empty() || !ensureOpen())
         return;
-    ++_statistics.roundTrips;
     bool connected = false;
     {
         Exchange exchange(*this, requests);

@@ -18,7 +18,7 @@ class DBusSocket;
 
 struct AtspiStatistics {
     std::uint64_t messagesSent = 0;
-    // How often we waited for replies: requests that are in flight together count once.
+    // How often we waited for answers before we could ask on: requests that do not depend on each other count once.
     std::uint64_t roundTrips = 0;
 };
 
@@ -45,8 +45,9 @@ public:
     // Patience is measured from here; call it at the start of every operation of the seam. Waits the given number of
     // times as long as usual. A fresh start notices a bus that has ended, a continued one costs nothing.
     void beginOperation(Start start = Start::Fresh, int timesPatience = 1);
-    // Sends all requests and waits for their replies. Returns when every request was answered or given up.
-    void run(const std::vector<AtspiRequest>& requests);
+    // Sends all requests and waits for their replies; who handles the end of one may add others to them. Returns when
+    // every request was answered or given up.
+    void run(const AtspiRequests& requests);
     // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.
     bool post(const AtspiRequest& request);
 

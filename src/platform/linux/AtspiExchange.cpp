@@ -30,12 +30,13 @@ AtspiConnection::Exchange::~Exchange() {
     }
     for (AtspiPeer* peer : _peers)
         peer->pending = 0;
+    _connection._statistics.roundTrips += _rounds.empty() ? 0 : std::ranges::max(_rounds);
 }
 
 bool AtspiConnection::Exchange::run() {
     while (true) {
         while (_next < _requests.size() && _inFlight < InFlightLimit) {
-            send(_next++);
+            sendNext();
             if (_next % Portion == 0 && !exchange())
                 return false;
         }
@@ -53,8 +54,18 @@ bool AtspiConnection::Exchange::run() {
     }
 }
 
-void AtspiConnection::Exchange::send(std::size_t index) {
-    const AtspiRequest& request = _requests[index];
+void AtspiConnection::Exchange::sendNext() {
+    Pending& pending = _pending.emplace_back();
+    pending.exchange = this;
+    pending.request = &_requests[_next];
+    pending.round = _rounds[_next];
+    ++_next;
+    if (!send(pending))
+        end(pending);
+}
+
+bool AtspiConnection::Exchange::send(Pending& pending) {
+    const AtspiRequest& request = *pending.request;
     const std::string& busName = request.target.busName;
     if (_lastName == nullptr || *_lastName != busName) {
         _lastName = &busName;
@@ -62,17 +73,14 @@ void AtspiConnection::Exchange::send(std::size_t index) {
         _lastMayBeAsked = !_connection.isGone(busName) && _connection.mayAsk(busName);
     }
     if (!_lastMayBeAsked || _lastPeer->suspension.isSuspended())
-        return;
+        return false;
     DBusSocket* const socket = _connection.socketOf(*_lastPeer);
-    Pending& pending = _pending[index];
-    pending.exchange = this;
-    pending.request = &request;
     pending.peer = _lastPeer;
     pending.socket = socket;
     // The time-out is ours to keep: it depends on what else the application answers.
     pending.call = socket->call(callFor(request, socket == _connection._bus.get()), pending);
     if (pending.call == 0)
-        return;
+        return false;
     ++_connection._statistics.messagesSent;
     if (pending.peer->pending++ == 0)
         pending.peer->patience.noteReply(Clock::now());
@@ -81,6 +89,14 @@ void AtspiConnection::Exchange::send(std::size_t index) {
     if (std::ranges::find(_sockets, socket) == _sockets.end())
         _sockets.push_back(socket);
     ++_inFlight;
+    return true;
+}
+
+void AtspiConnection::Exchange::end(const Pending& pending) {
+    if (!pending.request->handleEnd)
+        return;
+    pending.request->handleEnd();
+    _rounds.resize(_requests.size(), pending.round + 1);
 }
 
 void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& reply) {
@@ -90,12 +106,11 @@ void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& re
     --_inFlight;
     if (reply.type == DBusIncoming::Type::Error) {
         receiveError(pending, reply);
-        return;
+    } else if (pending.request->handleReply) {
+        AtspiReply answer(reply);
+        pending.request->handleReply(answer);
     }
-    if (!pending.request->handleReply)
-        return;
-    AtspiReply answer(reply);
-    pending.request->handleReply(answer);
+    end(pending);
 }
 
 void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusIncoming& error) {
@@ -127,6 +142,7 @@ void AtspiConnection::Exchange::giveUpTheSilent() {
         if (pending.call == 0 || !pending.peer->patience.isExhausted(now))
             continue;
         giveUp(pending);
+        end(pending);
         pending.peer->suspension.noteTimeout();
         _connection.probe(pending.request->target.busName, *pending.peer);
         silent.push_back(pending.peer);
@@ -170,20 +186,21 @@ bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
 }
 
 void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
-    std::vector<std::size_t> unanswered;
-    for (std::size_t index = 0; index < _pending.size(); ++index) {
-        Pending& pending = _pending[index];
+    std::vector<Pending*> unanswered;
+    for (Pending& pending : _pending) {
         if (pending.call == 0 || pending.socket != socket)
             continue;
         giveUp(pending);
-        unanswered.push_back(index);
+        unanswered.push_back(&pending);
     }
     std::erase(_sockets, socket);
     for (AtspiPeer* peer : _peers) {
         peer->dropDirect(socket);
     }
-    for (const std::size_t index : unanswered)
-        send(index);
+    for (Pending* pending : unanswered) {
+        if (!send(*pending))
+            end(*pending);
+    }
 }
 
 AtspiConnection::Clock::time_point AtspiConnection::Exchange::nextDeadline() const {

@@ -3,6 +3,7 @@
 #include "platform/linux/AtspiConnection.h"
 #include "platform/linux/AtspiPeer.h"
 
+#include <deque>
 #include <vector>
 
 namespace tarragon {
@@ -10,10 +11,10 @@ namespace tarragon {
 // The requests of one run and who still owes a reply.
 class AtspiConnection::Exchange {
 public:
-    Exchange(AtspiConnection& connection, const std::vector<AtspiRequest>& requests)
+    Exchange(AtspiConnection& connection, const AtspiRequests& requests)
         : _connection(connection)
         , _requests(requests)
-        , _pending(requests.size()) { }
+        , _rounds(requests.size(), 1) { }
     ~Exchange();
     Exchange(const Exchange&) = delete;
     Exchange& operator=(const Exchange&) = delete;
@@ -31,9 +32,14 @@ private:
         AtspiPeer* peer = nullptr;
         DBusSocket* socket = nullptr;
         std::uint32_t call = 0; // 0 when no reply is expected (any more)
+        std::uint32_t round = 0;
     };
 
-    void send(std::size_t index);
+    void sendNext();
+    // False when it is not to be asked.
+    bool send(Pending& pending);
+    // No answer is expected any more.
+    void end(const Pending& pending);
     void receive(Pending& pending, const DBusIncoming& reply);
     void receiveError(const Pending& pending, const DBusIncoming& error);
     void giveUp(Pending& pending);
@@ -46,8 +52,9 @@ private:
     Clock::time_point nextDeadline() const;
 
     AtspiConnection& _connection;
-    const std::vector<AtspiRequest>& _requests;
-    std::vector<Pending> _pending;
+    const AtspiRequests& _requests; // grow while we run
+    std::vector<std::uint32_t> _rounds; // of each request: one more than that whose end it was added at
+    std::deque<Pending> _pending; // of each request that was sent; sockets point to them
     std::vector<AtspiPeer*> _peers; // those that were asked something
     std::vector<DBusSocket*> _sockets; // those over which they were asked
     std::size_t _next = 0;

@@ -1,6 +1,7 @@
 #include "platform/linux/AtspiItemReading.h"
 
 #include "platform/linux/AtspiAttributes.h"
+#include "platform/linux/AtspiMenuMemory.h"
 #include "platform/linux/AtspiRole.h"
 
 #include <algorithm>
@@ -16,6 +17,10 @@ using Place = AtspiElement::Place;
 // Trees of lying applications are cut off here.
 constexpr int DeepestLevel = 16;
 constexpr std::size_t MostItems = 100'000;
+// Of the items of a Qt menu every such one is asked where it is, and those that stand between follow from that.
+constexpr std::size_t Landmarks = 4;
+// So many are asked about together. A multiple of the other.
+constexpr std::size_t PortionOfQtMenu = 32;
 
 bool holdsItems(Place place) {
     return place == Place::InMenu || place == Place::InMenuBar;
@@ -25,7 +30,12 @@ constexpr std::uint64_t bitOf(AtspiState state) {
     return 1ULL << static_cast<unsigned>(state);
 }
 
-AtspiNodes::Wanted wanted(const std::vector<AtspiReference>& references, AtspiFields fields) {
+// Of Qt items, once their children are known.
+bool opensMenu(const AtspiNode& node) {
+    return node.children && !node.children->empty();
+}
+
+AtspiNodes::Wanted wanted(std::span<const AtspiReference> references, AtspiFields fields) {
     AtspiNodes::Wanted result;
     result.reserve(references.size());
     for (const AtspiReference& reference : references)
@@ -49,47 +59,74 @@ AtspiFields AtspiItemReading::kindFields(Place place) const {
 
 void AtspiItemReading::readKinds(const std::vector<AtspiReference>& objects, Place place) {
     _nodes.fetch(_connection, wanted(objects, kindFields(place)));
-    tellSeparatorsApart(levelOf(objects, place));
+    _nodes.fetch(_connection, takeSeparators(objects, place));
 }
 
-void AtspiItemReading::readMenus(const std::vector<AtspiReference>& menus) {
-    if (_toolkit != AtspiToolkit::Qt) {
-        _nodes.fetch(_connection, wanted(menus, kindFields(Place::UnderItem)));
-        return;
-    }
+AtspiFields AtspiItemReading::kindOfMenu(const AtspiReference& menu) {
+    AtspiNode& node = _nodes.at(menu);
     // In this toolkit nothing but menus stands below an item of a menu.
-    for (const AtspiReference& reference : menus) {
-        AtspiNode& node = _nodes.at(reference);
-        if (node.missing(AtspiFieldRole) == 0)
-            continue;
+    if (_toolkit == AtspiToolkit::Qt && node.missing(AtspiFieldRole) != 0) {
         node.role = AtspiRolePopupMenu;
         node.asked |= AtspiFieldRole;
     }
+    return kindFields(Place::UnderItem);
 }
 
-AtspiFields AtspiItemReading::fieldsOfContainer(AtspiToolkit toolkit, std::int64_t childCount) {
-    // Only this toolkit searches for us, and it takes longer for each child the more of them there are.
+void AtspiItemReading::readMenus(const std::vector<AtspiReference>& menus) {
+    for (const AtspiReference& menu : menus)
+        _inquiry.ask({{menu, kindOfMenu(menu)}}, [] {});
+    _inquiry.run();
+}
+
+void AtspiItemReading::addWanted(
+    AtspiNodes::Wanted& wanted, const AtspiReference& container, std::int64_t childCount) const {
+    // Only this toolkit searches for us. Of few children it is quicker to ask each, and the more there are the longer a
+    // search takes for each of them.
+    constexpr std::int64_t fewestChildren = 3;
     constexpr std::int64_t mostChildren = 100;
-    const bool searches = toolkit == AtspiToolkit::Gtk && childCount >= 0 && childCount <= mostChildren;
-    return searches ? AtspiFieldChildren | AtspiFieldKinds : AtspiFieldChildren;
+    const bool searches = _toolkit == AtspiToolkit::Gtk && childCount >= fewestChildren && childCount <= mostChildren;
+    wanted.emplace_back(container, searches ? AtspiFieldChildren | AtspiFieldKinds : AtspiFieldChildren);
+    const AtspiNodes::Wanted items = _memory.itemsOf(container);
+    wanted.insert(wanted.end(), items.begin(), items.end());
 }
 
-void AtspiItemReading::readItems(const AtspiNode& container, Place place) {
-    takeKinds(container);
-    const Level level = levelOf(*container.children, place);
-    readItemsAlone(level);
-    readMenus(menusOf(level));
+void AtspiItemReading::readContainer(const AtspiReference& container, std::int64_t childCount) {
+    AtspiNodes::Wanted wanted;
+    addWanted(wanted, container, childCount);
+    _nodes.fetch(_connection, wanted);
 }
 
-void AtspiItemReading::readItemsOfAllLevels(const AtspiNode& container, Place place) {
-    takeKinds(container);
-    Level level = levelOf(*container.children, place);
-    std::size_t count = 0;
-    for (int depth = 0; depth < DeepestLevel && !level.items.empty() && count < MostItems; ++depth) {
-        count += level.items.size();
-        readItemsAlone(level);
-        level = readNextLevel(level);
+void AtspiItemReading::readItems(const AtspiReference& container, Place place) {
+    readLevels(container, place, 0);
+}
+
+void AtspiItemReading::readItemsOfAllLevels(const AtspiReference& container, Place place) {
+    readLevels(container, place, DeepestLevel);
+}
+
+void AtspiItemReading::readLevels(const AtspiReference& container, Place place, int levelsBelow) {
+    askItems(container, place, levelsBelow);
+    _inquiry.run();
+    for (const AtspiReference& read : _containers)
+        remember(read);
+    _containers.clear();
+}
+
+void AtspiItemReading::remember(const AtspiReference& container) {
+    AtspiNodes::Wanted asked;
+    for (const AtspiReference& item : *_nodes.at(container).children) {
+        AtspiNode& node = _nodes.at(item);
+        AtspiFields fields = node.requested;
+        if (_toolkit == AtspiToolkit::Gtk) {
+            // Items are menus themselves: what is in them is asked when they open.
+            fields &= ~(AtspiFieldChildren | AtspiFieldKinds);
+        } else if (_toolkit == AtspiToolkit::Qt && opensMenu(node)) {
+            takeMenuOpener(node);
+            fields &= ~AtspiFieldKeyBinding;
+        }
+        asked.emplace_back(item, fields);
     }
+    _memory.remember(container, std::move(asked));
 }
 
 bool AtspiItemReading::haveVanished(const std::vector<AtspiReference>& items) const {
@@ -126,26 +163,46 @@ void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kin
     }
     node.asked |= AtspiFieldRole;
     // The others are asked one by one what they are.
-    if (kind.isUsual && node.missing(AtspiFieldStates) != 0) {
-        node.states = kind.isChecked ? usual | bitOf(AtspiState::Checked) : usual;
+    if (kind.isUsual) {
+        // It need not have been asked.
+        node.requested &= ~AtspiFieldStates;
+        if (node.missing(AtspiFieldStates) != 0)
+            node.states = kind.isChecked ? usual | bitOf(AtspiState::Checked) : usual;
         node.asked |= AtspiFieldStates;
     }
-    // What opens a menu has no keys, and lines between items have no name either.
+    // Lines between items have no keys and no names.
     if (kind.role != AtspiRoleMenuItem)
-        node.asked |= AtspiFieldKeyBinding;
+        takeMenuOpener(node);
     if (kind.role == AtspiRoleSeparator)
         node.asked |= AtspiFieldName;
 }
 
-void AtspiItemReading::readItemsAlone(const Level& level) {
-    if (_toolkit == AtspiToolkit::Qt && level.place == Place::InMenu) {
-        readItemsOfQtMenus(level);
-        return;
+void AtspiItemReading::askItems(const AtspiReference& container, Place place, int levelsBelow) {
+    const AtspiNode& node = _nodes.at(container);
+    takeKinds(node);
+    _containers.push_back(container);
+    const Items items{*node.children, 0, node.children->size(), place, levelsBelow};
+    _itemCount += items.end;
+    if (_toolkit != AtspiToolkit::Qt) {
+        askItemsAndMenusBelow(items);
+    } else if (place != Place::InMenu) {
+        askMenusOfQtItems(items, items.meant());
+        AtspiNodes::Wanted wanted;
+        for (const AtspiReference& reference : items.meant())
+            wanted.emplace_back(reference,
+                opensMenu(_nodes.at(reference)) ? kindFields(place) : kindFields(place) | AtspiFieldKeyBinding);
+        _inquiry.ask(wanted, [this, items] { _inquiry.ask(takeSeparators(items.meant(), items.place), [] {}); });
+    } else {
+        for (std::size_t begin = 0; begin < items.end; begin += PortionOfQtMenu)
+            askPlacesInQtMenu({items.ofMenu, begin, std::min(begin + PortionOfQtMenu, items.end), place, levelsBelow});
     }
-    const AtspiFields kind = kindFields(level.place) | AtspiFieldKeyBinding;
+}
+
+void AtspiItemReading::askItemsAndMenusBelow(const Items& items) {
+    const AtspiFields kind = kindFields(items.place) | AtspiFieldKeyBinding;
     AtspiNodes::Wanted unread;
-    unread.reserve(level.items.size());
-    for (const AtspiReference& reference : level.items) {
+    unread.reserve(items.end);
+    for (const AtspiReference& reference : items.ofMenu) {
         const AtspiNode& node = _nodes.at(reference);
         AtspiFields fields = kind;
         // Here the role tells whether an item opens a menu; elsewhere only the menu itself does.
@@ -155,15 +212,13 @@ void AtspiItemReading::readItemsAlone(const Level& level) {
             fields |= AtspiFieldChildCount;
         unread.emplace_back(reference, fields);
     }
-    _nodes.fetch(_connection, unread);
-    tellSeparatorsApart(level);
-    askRolesOfNamelessItems(level);
+    _inquiry.ask(unread, [this, items] { askNamelessItems(items); });
 }
 
-void AtspiItemReading::askRolesOfNamelessItems(const Level& level) {
+void AtspiItemReading::askNamelessItems(const Items& items) {
     // The searches do not tell tear-offs from items, but these have no labels.
     AtspiNodes::Wanted nameless;
-    for (const AtspiReference& reference : level.items) {
+    for (const AtspiReference& reference : items.meant()) {
         AtspiNode& node = _nodes.at(reference);
         const bool isNameless = node.name && node.name->empty();
         if (!isNameless || !std::exchange(node.isRoleAssumed, false))
@@ -171,114 +226,164 @@ void AtspiItemReading::askRolesOfNamelessItems(const Level& level) {
         node.asked &= ~AtspiFieldRole;
         nameless.emplace_back(reference, AtspiFieldRole);
     }
-    _nodes.fetch(_connection, nameless);
+    _inquiry.ask(nameless, [this, items] { askMenusBelow(items); });
 }
 
-void AtspiItemReading::readItemsOfQtMenus(const Level& level) {
+void AtspiItemReading::askMenusOfQtItems(const Items& items, std::span<const AtspiReference> references) {
+    _inquiry.ask(wanted(references, AtspiFieldChildren), [this, items] { askMenusBelow(items); });
+}
+
+void AtspiItemReading::askPlacesInQtMenu(const Items& items) {
     AtspiNodes::Wanted wanted;
-    wanted.reserve(level.items.size());
-    std::size_t begin = 0;
-    for (const std::size_t end : level.ends) {
-        // Whether an item between two others takes room is told by theirs.
-        for (std::size_t index = begin; index < end; ++index) {
-            const bool tellsOthers = (index - begin) % 2 == 0 || index + 1 == end;
-            wanted.emplace_back(level.items[index], tellsOthers ? AtspiFieldName | AtspiFieldExtents : AtspiFieldName);
-        }
-        begin = end;
+    wanted.reserve(items.end - items.begin + 1);
+    for (std::size_t index = items.begin; index < items.end; ++index) {
+        const bool tellsOthers = index % Landmarks == 0 || index + 1 == items.ofMenu.size();
+        wanted.emplace_back(items.ofMenu[index], tellsOthers ? AtspiFieldName | AtspiFieldExtents : AtspiFieldName);
     }
-    _nodes.fetch(_connection, wanted);
-    takePlacesBetween(level);
-
-    // Lines have no names, no states, no keys and nothing below them.
-    for (auto& [reference, fields] : wanted) {
-        const AtspiNode& node = _nodes.at(reference);
-        const bool hasName = node.name && !node.name->empty();
-        fields = AtspiFieldExtents | AtspiFieldKeyBinding;
-        if (hasName)
-            fields |= AtspiFieldStates | AtspiFieldChildren;
-    }
-    _nodes.fetch(_connection, wanted);
-    tellSeparatorsApart(level);
+    if (items.end < items.ofMenu.size())
+        wanted.emplace_back(items.ofMenu[items.end], AtspiFieldExtents);
+    _inquiry.ask(wanted, [this, items] { askItemsOfQtMenu(items); });
 }
 
-void AtspiItemReading::takePlacesBetween(const Level& level) {
-    std::size_t begin = 0;
-    for (const std::size_t end : level.ends) {
-        for (std::size_t index = begin + 1; index + 1 < end; ++index) {
-            AtspiNode& node = _nodes.at(level.items[index]);
-            if (node.missing(AtspiFieldExtents) == 0)
-                continue;
-            node.extents = placeBetween(_nodes.at(level.items[index - 1]), _nodes.at(level.items[index + 1]));
-            if (node.extents)
-                node.asked |= AtspiFieldExtents;
-        }
-        begin = end;
-    }
-}
-
-void AtspiItemReading::tellSeparatorsApart(const Level& level) {
-    if (_toolkit != AtspiToolkit::Qt || !holdsItems(level.place))
-        return;
-    std::vector<AtspiReference> unknown;
-    for (const AtspiReference& reference : level.items) {
+void AtspiItemReading::askItemsOfQtMenu(const Items& items) {
+    const bool roomTells = takePlaces(items);
+    std::vector<AtspiReference> named;
+    AtspiNodes::Wanted wanted;
+    for (const AtspiReference& reference : items.meant()) {
         AtspiNode& node = _nodes.at(reference);
-        if ((node.asked & AtspiFieldRole) != 0)
+        if (roomTells && isHidden(node))
             continue;
+        AtspiFields fields = AtspiFieldExtents;
+        if (hasName(node)) {
+            takeItem(node);
+            named.push_back(reference);
+            fields |= opensMenu(node) ? AtspiFieldStates : AtspiFieldStates | AtspiFieldKeyBinding;
+        }
+        wanted.emplace_back(reference, fields);
+    }
+    askMenusOfQtItems(items, named);
+    _inquiry.ask(wanted, [this, items] { askNamelessItemsOfQtMenu(items); });
+}
+
+void AtspiItemReading::askNamelessItemsOfQtMenu(const Items& items) {
+    const bool roomTells = takePlaces(items);
+    AtspiNodes::Wanted unknown;
+    for (const AtspiReference& reference : items.meant()) {
+        const AtspiNode& node = _nodes.at(reference);
         // What refuses everything has gone.
-        if (!node.name)
+        if ((roomTells && isHidden(node)) || !node.name || node.missing(AtspiFieldRole) == 0)
             continue;
-        const bool hasName = !node.name->empty();
-        if (hasName || node.hasNoAction) {
-            node.asked |= AtspiFieldRole;
-            node.role = hasName ? AtspiRoleMenuItem : AtspiRoleSeparator;
-            // A line has nothing else to tell.
-            if (!hasName)
-                node.asked |= AtspiFieldStates | AtspiFieldChildren;
+        unknown.emplace_back(reference, AtspiFieldRole | AtspiFieldStates | AtspiFieldKeyBinding | AtspiFieldChildren);
+    }
+    _inquiry.ask(unknown, [this, items] { askMenusBelow(items); });
+}
+
+bool AtspiItemReading::takePlaces(const Items& items) {
+    std::vector<AtspiNode*> nodes;
+    const std::size_t end = std::min(items.end + 1, items.ofMenu.size());
+    for (const AtspiReference& reference : items.ofMenu.subspan(items.begin, end - items.begin))
+        nodes.push_back(&_nodes.at(reference));
+    const MenuHeights heights = heightsIn(std::vector<const AtspiNode*>(nodes.begin(), nodes.end()));
+    AtspiNode* before = nullptr;
+    std::vector<AtspiNode*> between;
+    for (AtspiNode* node : nodes) {
+        if (node->missing(AtspiFieldExtents) != 0)
+            between.push_back(node);
+        // Who does not tell may take any room.
+        else if (!node->extents)
+            before = nullptr;
+        if (!takesRoom(*node))
+            continue;
+        if (before != nullptr)
+            takePlacesBetween(*before, *node, between, heights);
+        between.clear();
+        before = node;
+    }
+    nodes.resize(items.end - items.begin);
+    for (AtspiNode* node : nodes) {
+        if (node->missing(AtspiFieldRole) != 0 && looksLikeLine(*node, heights.ofItems))
+            takeLine(*node);
+    }
+    return before != nullptr;
+}
+
+void AtspiItemReading::takePlacesBetween(
+    const AtspiNode& before, const AtspiNode& after, std::span<AtspiNode* const> between, const MenuHeights& heights) {
+    const std::vector<Rect> places = placesBetween(before, after, between, heights);
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        between[index]->extents = places[index];
+        between[index]->asked |= AtspiFieldExtents;
+    }
+}
+
+void AtspiItemReading::takeMenuOpener(AtspiNode& node) {
+    node.keyBinding.reset();
+    node.asked |= AtspiFieldKeyBinding;
+}
+
+void AtspiItemReading::takeItem(AtspiNode& node) {
+    if (node.missing(AtspiFieldRole) != 0)
+        node.role = AtspiRoleMenuItem;
+    node.asked |= AtspiFieldRole;
+}
+
+void AtspiItemReading::takeLine(AtspiNode& node) {
+    node.role = AtspiRoleSeparator;
+    node.asked |= AtspiFieldRole | AtspiFieldStates | AtspiFieldKeyBinding | AtspiFieldChildren;
+}
+
+AtspiNodes::Wanted AtspiItemReading::takeSeparators(std::span<const AtspiReference> references, Place place) {
+    AtspiNodes::Wanted unknown;
+    if (_toolkit != AtspiToolkit::Qt || !holdsItems(place))
+        return unknown;
+    for (const AtspiReference& reference : references) {
+        AtspiNode& node = _nodes.at(reference);
+        // What refuses everything has gone.
+        if ((node.asked & AtspiFieldRole) != 0 || !node.name)
+            continue;
+        if (hasName(node)) {
+            takeItem(node);
+        } else if (node.hasNoAction) {
+            takeLine(node);
         } else {
-            unknown.push_back(reference);
+            unknown.emplace_back(reference, AtspiFieldRole | AtspiFieldStates);
         }
     }
-    _nodes.fetch(_connection, wanted(unknown, AtspiFieldRole | AtspiFieldStates));
+    return unknown;
 }
 
-std::vector<AtspiReference> AtspiItemReading::menusOf(const Level& level) {
-    std::vector<AtspiReference> menus;
-    for (const AtspiReference& reference : level.items) {
+void AtspiItemReading::askMenusBelow(const Items& items) {
+    for (const AtspiReference& reference : items.meant()) {
         const AtspiNode& node = _nodes.at(reference);
-        if (node.children && !hasImpliedMenu(node, level.place))
-            menus.insert(menus.end(), node.children->begin(), node.children->end());
+        if (hasImpliedMenu(node, items.place)) {
+            if (items.levelsBelow > 0)
+                askMenu(reference, AtspiFieldNone, node.childCount.value_or(-1), items.levelsBelow);
+        } else if (node.children) {
+            for (const AtspiReference& menu : *node.children)
+                askMenu(menu, kindOfMenu(menu), -1, items.levelsBelow);
+        }
     }
-    return menus;
 }
 
-AtspiItemReading::Level AtspiItemReading::readNextLevel(const Level& level) {
-    std::vector<AtspiReference> menus = menusOf(level);
-    readMenus(menus);
-    AtspiNodes::Wanted unread = wanted(menus, AtspiFieldChildren);
-    for (const AtspiReference& reference : level.items) {
-        if (!hasImpliedMenu(_nodes.at(reference), level.place))
-            continue;
-        menus.push_back(reference);
-        const std::int64_t childCount = _nodes.at(reference).childCount.value_or(-1);
-        if (isLong(_toolkit, childCount))
-            _nodes.fetchChildrenOneByOne(_connection, reference);
-        else
-            unread.emplace_back(reference, fieldsOfContainer(_toolkit, childCount));
+void AtspiItemReading::askMenu(const AtspiReference& reference, AtspiFields kind, std::int64_t childCount, int levels) {
+    if (levels == 0) {
+        _inquiry.ask({{reference, kind}}, [] {});
+        return;
     }
-    _nodes.fetch(_connection, unread);
-
-    Level next{{}, Place::InMenu, {}};
-    for (const AtspiReference& reference : menus) {
+    const AtspiInquiry::Next next = [this, reference, levels] {
         AtspiNode& menu = _nodes.at(reference);
         // A tree that bites its own tail is read once around.
-        if (menu.isReadBelow || !menu.children)
-            continue;
-        menu.isReadBelow = true;
-        takeKinds(menu);
-        next.items.insert(next.items.end(), menu.children->begin(), menu.children->end());
-        next.ends.push_back(next.items.size());
+        if (!menu.children || _itemCount >= MostItems || std::exchange(menu.isReadBelow, true))
+            return;
+        askItems(reference, Place::InMenu, levels - 1);
+    };
+    if (isLong(_toolkit, childCount)) {
+        _inquiry.askChildrenOneByOne(reference, next);
+        return;
     }
-    return next;
+    AtspiNodes::Wanted wanted{{reference, kind}};
+    addWanted(wanted, reference, childCount);
+    _inquiry.ask(wanted, next);
 }
 
 } // namespace tarragon

@@ -1,39 +1,47 @@
 #pragma once
 
 #include "platform/linux/AtspiElement.h"
+#include "platform/linux/AtspiInquiry.h"
+#include "platform/linux/AtspiMenuLayout.h"
 #include "platform/linux/AtspiNodes.h"
 #include "platform/linux/AtspiRole.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace tarragon {
 
 class AtspiConnection;
+class AtspiMenuMemory;
 
-// Reads what the items of menus can tell into nodes, with all requests of a step in flight at once.
+// Reads what the items of menus can tell into nodes, with as much as possible in flight at once.
 class AtspiItemReading {
 public:
-    AtspiItemReading(AtspiConnection& connection, AtspiNodes& nodes, AtspiToolkit toolkit)
+    AtspiItemReading(AtspiConnection& connection, AtspiNodes& nodes, AtspiMenuMemory& memory, AtspiToolkit toolkit)
         : _connection(connection)
         , _nodes(nodes)
+        , _memory(memory)
         , _toolkit(toolkit) { }
 
     // What tells items and menus apart.
     void readKinds(const std::vector<AtspiReference>& objects, AtspiElement::Place place);
+    // A menu bar is never long, and not asked how long it is.
+    static constexpr std::int64_t UsualLengthOfMenuBar = 8;
     // The children of such an object are not asked for as a list. The number of children is -1 when not known.
     static bool isLong(AtspiToolkit toolkit, std::int64_t childCount) {
         return toolkit == AtspiToolkit::Gtk && childCount > LongMenu;
     }
-    // What is to be asked of an object whose items are to be read, unless it is long.
-    static AtspiFields fieldsOfContainer(AtspiToolkit toolkit, std::int64_t childCount);
+    // What is to be asked of an object whose items are to be read, unless it is long, and of the items that it had.
+    void addWanted(AtspiNodes::Wanted& wanted, const AtspiReference& container, std::int64_t childCount) const;
+    void readContainer(const AtspiReference& container, std::int64_t childCount);
     // What stands below an item.
     void readMenus(const std::vector<AtspiReference>& menus);
     // All that the items of a container can tell, and what kind of menus they open.
-    void readItems(const AtspiNode& container, AtspiElement::Place place);
-    // The same for these items and for those of all menus below them, level by level.
-    void readItemsOfAllLevels(const AtspiNode& container, AtspiElement::Place place);
+    void readItems(const AtspiReference& container, AtspiElement::Place place);
+    // The same for these items and for those of all menus below them.
+    void readItemsOfAllLevels(const AtspiReference& container, AtspiElement::Place place);
     // Some of the items that were read have gone since their list was made.
     bool haveVanished(const std::vector<AtspiReference>& items) const;
 
@@ -41,15 +49,16 @@ private:
     // This toolkit makes a list of all children for each of them that it names.
     static constexpr std::int64_t LongMenu = 1000;
 
-    // The items of one menu, or of several that stand in places of the same kind, one after the other.
-    struct Level {
-        std::vector<AtspiReference> items;
+    // Some of the items of one menu, or menu bar.
+    struct Items {
+        std::span<const AtspiReference> ofMenu; // all of them
+        std::size_t begin;
+        std::size_t end;
         AtspiElement::Place place;
-        std::vector<std::size_t> ends; // of each menu: the position after its last item
+        int levelsBelow; // how many levels of menus below them are to be read
+
+        std::span<const AtspiReference> meant() const { return ofMenu.subspan(begin, end - begin); }
     };
-    static Level levelOf(const std::vector<AtspiReference>& items, AtspiElement::Place place) {
-        return {items, place, {items.size()}};
-    }
 
     // What a search tells of an object.
     struct Kind {
@@ -59,23 +68,44 @@ private:
     };
 
     AtspiFields kindFields(AtspiElement::Place place) const;
+    // What is to be asked of a menu to tell it from others; what needs no question is taken as known.
+    AtspiFields kindOfMenu(const AtspiReference& menu);
     // What is known of items from the search among the children of their container.
     void takeKinds(const AtspiNode& container);
     void takeKind(const AtspiReference& reference, const Kind& kind);
-    void readItemsAlone(const Level& level);
-    // Asks less of each item by asking once more often.
-    void readItemsOfQtMenus(const Level& level);
-    void takePlacesBetween(const Level& level);
-    void askRolesOfNamelessItems(const Level& level);
-    void tellSeparatorsApart(const Level& level);
-    // The menus that items open, in the toolkits where these are objects of their own.
-    std::vector<AtspiReference> menusOf(const Level& level);
-    // The items of the menus that the items of a level open; reads which those are.
-    Level readNextLevel(const Level& level);
+    void readLevels(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
+    void remember(const AtspiReference& container);
+    void askItems(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
+    void askItemsAndMenusBelow(const Items& items);
+    void askNamelessItems(const Items& items);
+    // Which menus they open, before all else: that leads to the most questions.
+    void askMenusOfQtItems(const Items& items, std::span<const AtspiReference> references);
+    // These three ask less of each item of such a menu by asking one after the other.
+    void askPlacesInQtMenu(const Items& items);
+    void askItemsOfQtMenu(const Items& items);
+    void askNamelessItemsOfQtMenu(const Items& items);
+    // What the places that are known tell of the items. False when none of them is to be seen, as when the menu has not
+    // been laid out.
+    bool takePlaces(const Items& items);
+    static void takePlacesBetween(const AtspiNode& before, const AtspiNode& after, std::span<AtspiNode* const> between,
+        const MenuHeights& heights);
+    // What opens a menu has no keys.
+    static void takeMenuOpener(AtspiNode& node);
+    static void takeItem(AtspiNode& node);
+    // A line between items has nothing else to tell.
+    static void takeLine(AtspiNode& node);
+    AtspiNodes::Wanted takeSeparators(std::span<const AtspiReference> references, AtspiElement::Place place);
+    void askMenusBelow(const Items& items);
+    // The menu of an item, with its own items where these are to be read as well.
+    void askMenu(const AtspiReference& menu, AtspiFields kind, std::int64_t childCount, int levels);
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;
+    AtspiMenuMemory& _memory;
     AtspiToolkit _toolkit;
+    AtspiInquiry _inquiry{_connection, _nodes};
+    std::vector<AtspiReference> _containers; // of which the items were asked
+    std::size_t _itemCount = 0;
 };
 
 } // namespace tarragon

@@ -46,7 +46,8 @@ struct AtspiKinds {
 
 // What is known of one accessible object. A field that was asked for and is empty could not be had.
 struct AtspiNode {
-    AtspiFields asked = AtspiFieldNone;
+    AtspiFields asked = AtspiFieldNone; // or told by something else
+    AtspiFields requested = AtspiFieldNone; // of those, what was really asked of the object itself
     std::optional<std::uint32_t> role;
     std::optional<std::string> name;
     std::optional<std::uint64_t> states;

@@ -3,9 +3,6 @@
 #include "platform/linux/AtspiConnection.h"
 #include "platform/linux/AtspiRole.h"
 
-#include <algorithm>
-#include <unordered_set>
-
 namespace tarragon {
 
 namespace {
@@ -13,11 +10,8 @@ namespace {
 constexpr const char* Accessible = "org.a11y.atspi.Accessible";
 // Contents of text fields are shown shortened.
 constexpr std::int32_t TextPreview = 200;
-// Lists of lying applications are cut off here.
-constexpr std::int64_t MostChildren = 100'000;
 
-void addRequests(
-    std::vector<AtspiRequest>& requests, const AtspiReference& reference, AtspiNode& node, AtspiFields fields) {
+void addFieldRequests(AtspiRequests& requests, const AtspiReference& reference, AtspiNode& node, AtspiFields fields) {
     const auto call = [&](const char* interface, const char* member, auto read) {
         requests.push_back({reference, interface, member, {}, read});
     };
@@ -64,7 +58,7 @@ void addRequests(
     }
 }
 
-void addKindRequests(std::vector<AtspiRequest>& requests, const AtspiReference& reference, AtspiKinds& kinds) {
+void addKindRequests(AtspiRequests& requests, const AtspiReference& reference, AtspiKinds& kinds) {
     const auto ask = [&](std::vector<AtspiReference>& answer, AtspiMatchRule rule) {
         requests.push_back({reference, "org.a11y.atspi.Collection", "GetMatches", std::move(rule),
             [&kinds, &answer](AtspiReply& reply) {
@@ -84,47 +78,28 @@ void addKindRequests(std::vector<AtspiRequest>& requests, const AtspiReference& 
 } // namespace
 
 const AtspiNode& AtspiNodes::fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields) {
-    fetch(connection, {{reference, fields}});
-    return at(reference);
+    const AtspiNode& node = at(reference);
+    if (node.missing(fields) != 0)
+        fetch(connection, {{reference, fields}});
+    return node;
 }
 
 void AtspiNodes::fetch(AtspiConnection& connection, const Wanted& wanted) {
-    std::vector<AtspiRequest> requests;
+    AtspiRequests requests;
+    addRequests(requests, wanted);
+    connection.run(requests);
+}
+
+void AtspiNodes::addRequests(AtspiRequests& requests, const Wanted& wanted) {
     for (const auto& [reference, fields] : wanted) {
         AtspiNode& node = at(reference);
         const AtspiFields missing = node.missing(fields);
         node.asked |= missing;
-        addRequests(requests, reference, node, missing);
+        node.requested |= missing;
+        addFieldRequests(requests, reference, node, missing);
         if ((missing & AtspiFieldKinds) != 0)
             addKindRequests(requests, reference, node.kinds);
     }
-    connection.run(requests);
-}
-
-void AtspiNodes::fetchChildrenOneByOne(AtspiConnection& connection, const AtspiReference& reference) {
-    AtspiNode& node = at(reference);
-    if (node.missing(AtspiFieldChildren) == 0)
-        return;
-    node.asked |= AtspiFieldChildren;
-    node.asked &= ~AtspiFieldChildCount;
-    node.childCount.reset();
-    fetch(connection, reference, AtspiFieldChildCount);
-    if (!node.childCount)
-        return;
-    const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(*node.childCount, 0, MostChildren));
-    std::vector<AtspiReference> found(static_cast<std::size_t>(count));
-    std::vector<AtspiRequest> requests;
-    requests.reserve(found.size());
-    for (std::int32_t index = 0; index < count; ++index) {
-        requests.push_back({reference, Accessible, "GetChildAtIndex", index,
-            [child = &found[static_cast<std::size_t>(index)]](
-                AtspiReply& reply) { *child = reply.readReference().value_or(AtspiReference{}); }});
-    }
-    connection.run(requests);
-    // While they were asked for some may have gone or moved up.
-    std::unordered_set<AtspiReference, AtspiReferenceHash> seen;
-    std::erase_if(found, [&](const AtspiReference& child) { return child.isNull() || !seen.insert(child).second; });
-    node.children = std::move(found);
 }
 
 } // namespace tarragon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/AtspiNode.h"
+#include "platform/linux/AtspiRequest.h"
 
 #include <unordered_map>
 #include <utility>
@@ -30,9 +31,9 @@ public:
     const AtspiNode& fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields);
     // Asks for what is not known yet, everything in flight at once.
     void fetch(AtspiConnection& connection, const Wanted& wanted);
-    // Asks for each child by itself rather than for the list of them, which some applications take long for: so their
-    // answers keep coming, and they answer others meanwhile.
-    void fetchChildrenOneByOne(AtspiConnection& connection, const AtspiReference& reference);
+    // Adds the questions for what is not known yet, which counts as asked from then on. Their answers go into the
+    // nodes.
+    void addRequests(AtspiRequests& requests, const Wanted& wanted);
 
 private:
     using Nodes = std::unordered_map<AtspiReference, AtspiNode, AtspiReferenceHash>;

@@ -5,6 +5,7 @@
 #include "platform/linux/AtspiState.h"
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 #include <variant>
@@ -48,6 +49,8 @@ struct AtspiRequest {
     std::function<void(AtspiReply&)> handleReply;
     // Called when the application refuses.
     std::function<void()> handleError = {};
+    // Called last, also when there is no answer and none to wait for any more. May add requests to those it is among.
+    std::function<void()> handleEnd = {};
 
     static AtspiRequest property(
         AtspiReference target, const char* interface, const char* name, std::function<void(AtspiReply&)> handleReply) {
@@ -58,5 +61,8 @@ struct AtspiRequest {
             }};
     }
 };
+
+// These stay where they are when others are added at the end.
+using AtspiRequests = std::deque<AtspiRequest>;
 
 } // namespace tarragon

@@ -3,7 +3,9 @@
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/AtspiAttributes.h"
 #include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiInquiry.h"
 #include "platform/linux/AtspiItemReading.h"
+#include "platform/linux/AtspiMenuLayout.h"
 #include "platform/linux/AtspiRole.h"
 
 #include <algorithm>
@@ -101,7 +103,7 @@ std::optional<std::vector<std::string>> AtspiTree::actionNames(const AtspiElemen
         return {};
     // The call that tells all actions at once tells translated names.
     std::vector<std::string> names(static_cast<std::size_t>(std::clamp<std::int64_t>(*count, 0, limit)));
-    std::vector<AtspiRequest> requests;
+    AtspiRequests requests;
     for (std::size_t index = 0; index < names.size(); ++index) {
         std::string* const name = &names[index];
         requests.push_back({element.reference, interface, "GetName", static_cast<std::int32_t>(index),
@@ -231,7 +233,7 @@ std::optional<std::vector<Element>> AtspiTree::childrenInPlace(
 
 bool AtspiTree::readList(const AtspiElement& parent, const AtspiReference& container, Place place) {
     constexpr int attempts = 3;
-    const AtspiItemReading reading(_connection, _nodes, parent.toolkit);
+    const AtspiItemReading reading(_connection, _nodes, _memory, parent.toolkit);
     AtspiNode& node = _nodes.at(container);
     fetchList(parent, container);
     if (!node.children || place == Place::Elsewhere || parent.steps >= AtspiElement::StepLimit)
@@ -257,43 +259,49 @@ bool AtspiTree::readList(const AtspiElement& parent, const AtspiReference& conta
 
 void AtspiTree::fetchList(const AtspiElement& parent, const AtspiReference& container) {
     if (AtspiItemReading::isLong(parent.toolkit, parent.childCount)) {
-        _nodes.fetchChildrenOneByOne(_connection, container);
+        AtspiInquiry inquiry(_connection, _nodes);
+        inquiry.askChildrenOneByOne(container, [] {});
+        inquiry.run();
         return;
     }
-    const bool isNews = _reading != Reading::OneAttribute && _nodes.at(container).missing(AtspiFieldChildren) != 0;
-    _nodes.fetch(_connection, container,
-        isNews ? AtspiItemReading::fieldsOfContainer(parent.toolkit, parent.childCount) : AtspiFieldChildren);
+    const bool isNews = readsAhead() && _nodes.at(container).missing(AtspiFieldChildren) != 0;
+    if (isNews)
+        AtspiItemReading(_connection, _nodes, _memory, parent.toolkit).readContainer(container, parent.childCount);
+    else
+        _nodes.fetch(_connection, container, AtspiFieldChildren);
 }
 
 void AtspiTree::readWithChildren(const AtspiElement& element) {
     AtspiNodes::Wanted wanted{{element.reference, AtspiFieldRole | AtspiFieldChildren}};
-    if (_reading != Reading::OneAttribute && _nodes.at(element.reference).missing(AtspiFieldChildren) != 0) {
-        // A menu bar is the only other thing that the reading of menus begins with, and never long.
-        const std::int64_t childCount = element.place == Place::Elsewhere ? 0 : element.childCount;
-        wanted[0].second |= AtspiItemReading::fieldsOfContainer(element.toolkit, childCount);
-        // Most likely it opens the same menu as before.
-        if (!element.menu.isNull())
-            wanted.emplace_back(element.menu, AtspiFieldChildren);
-    }
     // Their menus tell what they hold when they are asked.
     const bool isItem = element.place == Place::InMenu || element.place == Place::InMenuBar;
-    if (isItem && AtspiItemReading::isLong(element.toolkit, element.childCount))
+    if (isItem && AtspiItemReading::isLong(element.toolkit, element.childCount)) {
         wanted[0].second = AtspiFieldRole;
+    } else if (readsAhead() && _nodes.at(element.reference).missing(AtspiFieldChildren) != 0) {
+        // A menu bar is the only other thing that the reading of menus begins with.
+        const std::int64_t childCount =
+            element.place == Place::Elsewhere ? AtspiItemReading::UsualLengthOfMenuBar : element.childCount;
+        const AtspiItemReading reading(_connection, _nodes, _memory, element.toolkit);
+        reading.addWanted(wanted, element.reference, childCount);
+        // Most likely it opens the same menu as before.
+        if (!element.menu.isNull())
+            reading.addWanted(wanted, element.menu, -1);
+    }
     _nodes.fetch(_connection, wanted);
 }
 
 void AtspiTree::readChildren(const AtspiReference& container, Place place, AtspiToolkit toolkit) {
     AtspiNode& node = _nodes.at(container);
-    AtspiItemReading reading(_connection, _nodes, toolkit);
-    if (_reading == Reading::OneAttribute) {
-        reading.readKinds(*node.children, place);
-    } else if (place == Place::UnderItem) {
+    AtspiItemReading reading(_connection, _nodes, _memory, toolkit);
+    if (_reading != Reading::OneAttribute && place == Place::UnderItem) {
         reading.readMenus(*node.children);
+    } else if (!readsAhead()) {
+        reading.readKinds(*node.children, place);
     } else if (_reading == Reading::OneLevel) {
-        reading.readItems(node, place);
+        reading.readItems(container, place);
     } else if (!node.isReadBelow) {
         node.isReadBelow = true;
-        reading.readItemsOfAllLevels(node, place);
+        reading.readItemsOfAllLevels(container, place);
     }
 }
 

@@ -13,17 +13,19 @@
 namespace tarragon {
 
 class AtspiConnection;
+class AtspiMenuMemory;
 
 // Accessible objects as elements: their attributes, their parents and children in the shape that the system expects.
-// What is read is kept in the given nodes; when they outlive one read, children are read ahead, so that whoever walks
-// a menu, or all menus, finds all that the items can tell.
+// What is read is kept in the given nodes; when they outlive one read, children may be read ahead, so that whoever
+// walks a menu, or all menus, finds all that the items can tell.
 class AtspiTree {
 public:
-    enum class Reading : std::uint8_t { OneAttribute, OneLevel, AllLevels };
+    enum class Reading : std::uint8_t { OneAttribute, SomeAttributes, OneLevel, AllLevels };
 
-    AtspiTree(AtspiConnection& connection, AtspiNodes& nodes, Reading reading)
+    AtspiTree(AtspiConnection& connection, AtspiNodes& nodes, AtspiMenuMemory& memory, Reading reading)
         : _connection(connection)
         , _nodes(nodes)
+        , _memory(memory)
         , _reading(reading) { }
 
     // The element must be a node or the menu of an item.
@@ -37,6 +39,7 @@ public:
     std::optional<std::vector<std::string>> actionNames(const AtspiElement& element);
 
 private:
+    bool readsAhead() const { return _reading >= Reading::OneLevel; }
     AtspiElement::Place placeOf(const AtspiElement& element);
     std::string_view roleOf(const AtspiElement& element);
     // The same for whoever begins to ask about an element.
@@ -53,6 +56,7 @@ private:
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;
+    AtspiMenuMemory& _memory;
     Reading _reading;
 };
 

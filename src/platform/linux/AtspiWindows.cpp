@@ -1,7 +1,6 @@
 #include "platform/linux/AtspiWindows.h"
 
 #include "platform/linux/AtspiConnection.h"
-#include "platform/linux/AtspiNodes.h"
 #include "platform/linux/AtspiRole.h"
 
 #include <algorithm>
@@ -24,11 +23,19 @@ bool isMenuBarRole(std::uint32_t role) {
 
 } // namespace
 
-std::optional<AtspiReference> AtspiWindows::frame(
-    std::uint32_t window, const AtspiFrameQuery& query, const AtspiApplication& application) {
+AtspiWindows::Remembered AtspiWindows::remembered(std::uint32_t window) const {
+    const auto frame = _frames.find(window);
+    if (frame == _frames.end())
+        return {};
+    const auto menuBar = _menuBars.find(frame->second);
+    return {frame->second, menuBar != _menuBars.end() ? std::optional(menuBar->second) : std::nullopt};
+}
+
+std::optional<AtspiReference> AtspiWindows::frame(std::uint32_t window, const AtspiApplication& application,
+    AtspiNodes& known, const std::function<AtspiFrameQuery()>& query) {
     if (const auto remembered = _frames.find(window); remembered != _frames.end()) {
         const bool sameApplication = remembered->second.busName == application.root.busName;
-        if (sameApplication && hasRole(remembered->second, isWindowRole))
+        if (sameApplication && hasRole(remembered->second, isWindowRole, known))
             return remembered->second;
         _frames.erase(remembered);
     }
@@ -53,7 +60,7 @@ std::optional<AtspiReference> AtspiWindows::frame(
             node.has(AtspiState::Visible), node.extents});
         references.push_back(child);
     }
-    const auto match = matchingFrame(frames, query);
+    const auto match = matchingFrame(frames, query());
     if (!match)
         return {};
     if (match->certain)
@@ -61,9 +68,9 @@ std::optional<AtspiReference> AtspiWindows::frame(
     return references[match->index];
 }
 
-std::optional<AtspiReference> AtspiWindows::menuBar(const AtspiReference& frame) {
+std::optional<AtspiReference> AtspiWindows::menuBar(const AtspiReference& frame, AtspiNodes& nodes) {
     if (const auto remembered = _menuBars.find(frame); remembered != _menuBars.end()) {
-        if (hasRole(remembered->second, isMenuBarRole))
+        if (hasRole(remembered->second, isMenuBarRole, nodes))
             return remembered->second;
         _menuBars.erase(remembered);
     }
@@ -127,8 +134,7 @@ std::optional<AtspiReference> AtspiWindows::findMenuBar(const AtspiReference& fr
     return {};
 }
 
-bool AtspiWindows::hasRole(const AtspiReference& reference, bool (*isExpected)(std::uint32_t)) {
-    AtspiNodes nodes;
+bool AtspiWindows::hasRole(const AtspiReference& reference, bool (*isExpected)(std::uint32_t), AtspiNodes& nodes) {
     const AtspiNode& node = nodes.fetch(_connection, reference, AtspiFieldRole);
     return node.role && isExpected(*node.role);
 }

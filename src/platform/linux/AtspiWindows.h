@@ -2,9 +2,11 @@
 
 #include "platform/linux/AtspiApplications.h"
 #include "platform/linux/AtspiFrame.h"
+#include "platform/linux/AtspiNodes.h"
 #include "platform/linux/AtspiReference.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <unordered_map>
 
@@ -19,14 +21,21 @@ public:
     explicit AtspiWindows(AtspiConnection& connection)
         : _connection(connection) { }
 
-    std::optional<AtspiReference> frame(
-        std::uint32_t window, const AtspiFrameQuery& query, const AtspiApplication& application);
-    std::optional<AtspiReference> menuBar(const AtspiReference& frame);
+    struct Remembered {
+        std::optional<AtspiReference> frame;
+        std::optional<AtspiReference> menuBar;
+    };
+    // They may be gone.
+    Remembered remembered(std::uint32_t window) const;
+    // These two take what the nodes tell, and ask for the rest. The query is only made where it is needed.
+    std::optional<AtspiReference> frame(std::uint32_t window, const AtspiApplication& application, AtspiNodes& nodes,
+        const std::function<AtspiFrameQuery()>& query);
+    std::optional<AtspiReference> menuBar(const AtspiReference& frame, AtspiNodes& nodes);
     void forget();
 
 private:
     std::optional<AtspiReference> findMenuBar(const AtspiReference& frame);
-    bool hasRole(const AtspiReference& reference, bool (*isExpected)(std::uint32_t));
+    bool hasRole(const AtspiReference& reference, bool (*isExpected)(std::uint32_t), AtspiNodes& nodes);
 
     AtspiConnection& _connection;
     std::unordered_map<std::uint32_t, AtspiReference> _frames; // by X window

@@ -3,6 +3,7 @@
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/AtspiApplications.h"
 #include "platform/linux/AtspiAttributes.h"
+#include "platform/linux/AtspiItemReading.h"
 #include "platform/linux/AtspiRole.h"
 #include "platform/linux/AtspiSessionBus.h"
 #include "platform/linux/AtspiTree.h"
@@ -41,20 +42,40 @@ Element windowFor(const X11WindowDescription& window) {
     return Element(std::move(element));
 }
 
+AtspiTree::Reading readingOf(ReadBatchDepth depth) {
+    switch (depth) {
+    case ReadBatchDepth::AsAsked:
+        return AtspiTree::Reading::SomeAttributes;
+    case ReadBatchDepth::OneLevel:
+        return AtspiTree::Reading::OneLevel;
+    case ReadBatchDepth::AllLevels:
+        return AtspiTree::Reading::AllLevels;
+    }
+    return AtspiTree::Reading::OneAttribute;
+}
+
 bool isPress(std::string_view action) {
     return action == action::Press || action == MenuBarAction;
 }
 
 } // namespace
 
+// Which window of an application has the focus, as it was asked for: by process, or by window alone.
+struct LinuxAccessibility::KnownFocus {
+    std::int64_t processIdentifier;
+    std::uint32_t window;
+    std::optional<X11WindowDescription> focused;
+};
+
 // What one thread has read since it opened the outermost of its batches.
 struct LinuxAccessibility::Batch {
     std::thread::id thread;
     int nesting = 0;
     bool hasBegun = false;
-    AtspiTree::Reading reading = AtspiTree::Reading::OneLevel;
+    AtspiTree::Reading reading = AtspiTree::Reading::SomeAttributes;
     AtspiNodes nodes;
     KnownAttributes known; // of applications and windows
+    std::optional<KnownFocus> knownFocus;
 };
 
 // Everything that one connection to the accessibility bus needs and has learnt. Used under its mutex.
@@ -74,13 +95,14 @@ struct LinuxAccessibility::Client {
         return found != batches.end() ? found->get() : nullptr;
     }
 
-    void begin(AtspiConnection::Start start, int timesPatience) {
+    void begin(AtspiMenuMemory& memory, AtspiConnection::Start start, int timesPatience) {
         connection.beginOperation(start, timesPatience);
         connection.ensureOpen();
         if (connection.busIdentity() == busIdentity)
             return;
         applications.forget();
         windows.forget();
+        memory.forget();
         busIdentity = connection.busIdentity();
     }
 };
@@ -90,23 +112,42 @@ class LinuxAccessibility::Operation {
 public:
     explicit Operation(LinuxAccessibility& accessibility)
         : _client(accessibility.clientOfThread())
+        , _memory(accessibility._memory)
         , _lock(_client.mutex)
         , _batch(_client.batchOfThread()) {
         // Nobody waits at a menu that opens while all of them are read.
         constexpr int patientTimes = 4;
         const bool readsAll = _batch != nullptr && _batch->reading == AtspiTree::Reading::AllLevels;
         const bool continues = _batch != nullptr && std::exchange(_batch->hasBegun, true);
-        _client.begin(
-            continues ? AtspiConnection::Start::Continued : AtspiConnection::Start::Fresh, readsAll ? patientTimes : 1);
+        _client.begin(_memory, continues ? AtspiConnection::Start::Continued : AtspiConnection::Start::Fresh,
+            readsAll ? patientTimes : 1);
     }
 
     Client& client() { return _client; }
     bool isInBatch() const { return _batch != nullptr; }
     // nullptr outside a batch.
     KnownAttributes* known() { return _batch != nullptr ? &_batch->known : nullptr; }
+    // Kept within a batch only.
+    std::optional<KnownFocus>& knownFocus() { return _batch != nullptr ? _batch->knownFocus : _ownKnownFocus; }
     AtspiNodes& nodes() { return _batch != nullptr ? _batch->nodes : _ownNodes; }
     AtspiTree tree() {
-        return {_client.connection, nodes(), _batch != nullptr ? _batch->reading : AtspiTree::Reading::OneAttribute};
+        return {_client.connection, nodes(), _memory,
+            _batch != nullptr ? _batch->reading : AtspiTree::Reading::OneAttribute};
+    }
+    // Asks at once whether frame and menu bar of a window are still there, where they are remembered. In a batch that
+    // reads menus, the items of the menu bar are wanted next.
+    void readRemembered(std::uint32_t window, AtspiToolkit toolkit) {
+        const AtspiWindows::Remembered remembered = _client.windows.remembered(window);
+        AtspiNodes::Wanted wanted;
+        if (remembered.frame)
+            wanted.emplace_back(*remembered.frame, AtspiFieldRole);
+        if (remembered.menuBar) {
+            wanted.emplace_back(*remembered.menuBar, AtspiFieldRole);
+            if (_batch != nullptr && _batch->reading >= AtspiTree::Reading::OneLevel)
+                AtspiItemReading(_client.connection, nodes(), _memory, toolkit)
+                    .addWanted(wanted, *remembered.menuBar, AtspiItemReading::UsualLengthOfMenuBar);
+        }
+        nodes().fetch(_client.connection, wanted);
     }
     // False for objects of an accessibility bus that is no more.
     bool reaches(const AtspiElement& element) const {
@@ -115,9 +156,11 @@ public:
 
 private:
     Client& _client;
+    AtspiMenuMemory& _memory;
     std::unique_lock<std::mutex> _lock;
     Batch* _batch;
     AtspiNodes _ownNodes;
+    std::optional<KnownFocus> _ownKnownFocus;
 };
 
 LinuxAccessibility::LinuxAccessibility(X11Windows& windows, DesktopEntries& desktopEntries)
@@ -141,8 +184,7 @@ void LinuxAccessibility::beginReadBatch(ReadBatchDepth depth) {
         batch->thread = std::this_thread::get_id();
     }
     ++batch->nesting;
-    if (depth == ReadBatchDepth::AllLevels)
-        batch->reading = AtspiTree::Reading::AllLevels;
+    batch->reading = std::max(batch->reading, readingOf(depth));
 }
 
 void LinuxAccessibility::endReadBatch() {
@@ -289,11 +331,11 @@ Value LinuxAccessibility::attributeOfApplication(
     if (attribute == attribute::RoleDescription)
         return std::string(accessibilityRoleDescription(role::Application));
     if (attribute == attribute::FocusedWindow) {
-        const auto window = _windows.focusedWindow(application.processIdentifier, application.window);
+        const auto window = focusedWindow(operation, application);
         return window ? Value{windowFor(*window)} : Value{};
     }
     if (attribute == attribute::Title) {
-        auto window = _windows.focusedWindow(application.processIdentifier, application.window);
+        auto window = focusedWindow(operation, application);
         if (!window) {
             auto all = windows();
             if (!all.empty())
@@ -345,17 +387,34 @@ std::shared_ptr<AtspiElement> nodeInWindow(const X11WindowDescription& window, c
 
 } // namespace
 
+std::optional<X11WindowDescription> LinuxAccessibility::focusedWindow(
+    Operation& operation, const AtspiElement& application) {
+    auto& known = operation.knownFocus();
+    if (known && known->processIdentifier == application.processIdentifier && known->window == application.window)
+        return known->focused;
+    auto focused = _windows.focusedWindow(application.processIdentifier, application.window);
+    known = KnownFocus{application.processIdentifier, application.window, focused};
+    return focused;
+}
+
+std::optional<AtspiReference> LinuxAccessibility::frameOf(
+    Operation& operation, const X11WindowDescription& window, const AtspiApplication& application) {
+    return operation.client().windows.frame(window.identifier, application, operation.nodes(), [&] {
+        return AtspiFrameQuery{window.title, _windows.isActive(window.identifier), window.frameCG};
+    });
+}
+
 Element LinuxAccessibility::menuBarOfApplication(Operation& operation, const AtspiElement& application) {
     Client& client = operation.client();
     const auto found = client.applications.find(application.processIdentifier);
     if (!found)
         return {};
-    const auto window = _windows.focusedWindow(application.processIdentifier, application.window);
+    const auto window = focusedWindow(operation, application);
     if (!window)
         return {};
-    const auto frame = client.windows.frame(
-        window->identifier, {window->title, _windows.isActive(window->identifier), window->frameCG}, *found);
-    const auto menuBar = frame ? client.windows.menuBar(*frame) : std::nullopt;
+    operation.readRemembered(window->identifier, found->toolkit);
+    const auto frame = frameOf(operation, *window, *found);
+    const auto menuBar = frame ? client.windows.menuBar(*frame, operation.nodes()) : std::nullopt;
     if (!menuBar)
         return {};
     auto element = nodeInWindow(*window, *found, client.busIdentity, *menuBar);
@@ -375,9 +434,7 @@ Value LinuxAccessibility::attributeOfWindow(Operation& operation, const Element&
 
     Client& client = operation.client();
     const auto application = client.applications.find(window->processIdentifier);
-    const auto frame = application ? client.windows.frame(window->identifier,
-                           {window->title, _windows.isActive(window->identifier), window->frameCG}, *application)
-                                   : std::nullopt;
+    const auto frame = application ? frameOf(operation, *window, *application) : std::nullopt;
     if (!frame)
         return std::vector<Element>{};
     auto parent = nodeInWindow(*window, *application, client.busIdentity, *frame);
@@ -392,8 +449,7 @@ Element LinuxAccessibility::elementInWindow(
     const auto application = client.applications.find(window.processIdentifier);
     if (!application)
         return {};
-    const auto frame = client.windows.frame(
-        window.identifier, {window.title, _windows.isActive(window.identifier), window.frameCG}, *application);
+    const auto frame = frameOf(operation, window, *application);
     if (!frame)
         return {};
     // The window that was found contains the point, so it is one of the screen.

@@ -3,6 +3,7 @@
 #include "platform/Accessibility.h"
 #include "platform/linux/AccessibleWindows.h"
 #include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiMenuMemory.h"
 
 #include <memory>
 #include <thread>
@@ -50,6 +51,7 @@ public:
 private:
     struct Client;
     struct Batch;
+    struct KnownFocus;
     class Operation;
 
     Client& clientOfThread();
@@ -58,12 +60,16 @@ private:
     Value attributeOutsideTree(Operation& operation, const Element& element, std::string_view attribute);
     Value attributeOfApplication(Operation& operation, const AtspiElement& application, std::string_view attribute);
     Value attributeOfWindow(Operation& operation, const Element& element, std::string_view attribute);
+    std::optional<X11WindowDescription> focusedWindow(Operation& operation, const AtspiElement& application);
+    std::optional<AtspiReference> frameOf(
+        Operation& operation, const X11WindowDescription& window, const AtspiApplication& application);
     Element menuBarOfApplication(Operation& operation, const AtspiElement& application);
     Element elementInWindow(Operation& operation, const X11WindowDescription& window, const Point& pointCG);
     bool performPress(Operation& operation, const AtspiElement& element);
 
     AccessibleWindows _windows;
     std::thread::id _mainThread;
+    AtspiMenuMemory _memory;
     std::unique_ptr<Client> _mainClient;
     std::unique_ptr<Client> _otherClient;
 };

@@ -66,8 +66,9 @@ TEST_F(AtspiApplicationsTest, HaveTheirMenuBarFoundInTheFrameOfTheWindow) {
     ASSERT_TRUE(found);
     AtspiWindows windows(connection);
     const auto menuBarOf = [&](std::uint32_t window, const char* title) {
-        const auto frame = windows.frame(window, {title, true, {}}, *found);
-        const auto bar = frame ? windows.menuBar(*frame) : std::nullopt;
+        AtspiNodes nodes;
+        const auto frame = windows.frame(window, *found, nodes, [&] { return AtspiFrameQuery{title, true, {}}; });
+        const auto bar = frame ? windows.menuBar(*frame, nodes) : std::nullopt;
         return bar ? bar->path : "none";
     };
     EXPECT_EQ(menuBarOf(1, "One"), "/one/bar");
@@ -90,7 +91,7 @@ TEST_F(AtspiApplicationsTest, AreAskedOverTheirOwnSocketWhileItLasts) {
     const auto titles = [&] {
         AtspiNodes nodes;
         connection.beginOperation();
-        return readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel), file);
+        return readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel), file);
     };
     EXPECT_EQ(titles().size(), 100U);
     const std::size_t calls = application.callsOverSocket();
@@ -133,7 +134,8 @@ TEST_F(AtspiApplicationsTest, HaveNoMenuBarInEndlessWindows) {
         objects["/f/y"] = {AtspiRoleFiller, "", Visible, {"/f/x"}, "", "/f"};
     });
     AtspiWindows windows(connection);
-    EXPECT_FALSE(windows.menuBar({application.busName(), "/f"}));
+    AtspiNodes nodes;
+    EXPECT_FALSE(windows.menuBar({application.busName(), "/f"}, nodes));
 }
 
 } // namespace

@@ -145,21 +145,5 @@ TEST(AtspiRole, DescribesEveryRoleItGives) {
     }
 }
 
-TEST(AtspiAttributesTest, TellsFromTwoItemsWhatRoomThereIsBetweenThem) {
-    const auto at = [](double x, double y, double height) {
-        AtspiNode node;
-        node.extents = Rect{{x, y}, {100, height}};
-        return node;
-    };
-    EXPECT_EQ(placeBetween(at(0, 10, 20), at(0, 54, 20)), (Rect{{0, 30}, {100, 24}}));
-    EXPECT_EQ(placeBetween(at(0, 10, 20), at(0, 30, 20)), (Rect{{0, 30}, {100, 0}}));
-    // Rounded, or in another column, or hidden, or not told.
-    EXPECT_FALSE(placeBetween(at(0, 10, 20), at(0, 31, 20)));
-    EXPECT_FALSE(placeBetween(at(0, 10, 20), at(0, 29, 20)));
-    EXPECT_FALSE(placeBetween(at(0, 10, 20), at(100, 54, 20)));
-    EXPECT_FALSE(placeBetween(at(0, 10, 0), at(0, 54, 20)));
-    EXPECT_FALSE(placeBetween(at(0, 10, 20), AtspiNode()));
-}
-
 } // namespace
 } // namespace tarragon

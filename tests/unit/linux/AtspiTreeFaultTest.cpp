@@ -28,7 +28,7 @@ TEST_F(AtspiTreeTest, ReadsAMenuAgainWhoseItemsWereReplacedMeanwhile) {
             };
         });
         AtspiNodes nodes;
-        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel),
                       element("/bar/file", toolkit, Place::InMenuBar, isGtk ? 3 : -1)),
             (std::vector<std::string>{"New Item 0", "New Item 1", "New Item 2"}));
     }
@@ -68,7 +68,7 @@ TEST_F(AtspiTreeTest, SurvivesAMenuThatIsAmongItsOwnItems) {
             application.objects[menu].children = {menu, "/missing", application.objects[menu].children[0]};
         });
         AtspiNodes nodes;
-        const auto titles = readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+        const auto titles = readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel),
             element("/bar/file", toolkit, Place::InMenuBar, isGtk ? 3 : -1));
         EXPECT_EQ(titles, std::vector<std::string>{"Item 0"});
     }
@@ -95,7 +95,7 @@ TEST_F(AtspiTreeTest, CutsOffTreesThatBiteTheirTail) {
     });
     EXPECT_LT(sizeOfTree(tree, element("/bar", AtspiToolkit::Gtk), 1000), 20U);
     AtspiNodes nodes;
-    AtspiTree all(connection, nodes, AtspiTree::Reading::AllLevels);
+    AtspiTree all(connection, nodes, memory, AtspiTree::Reading::AllLevels);
     EXPECT_LT(sizeOfTree(all, element("/bar", AtspiToolkit::Gtk), 1000), 20U);
 }
 
@@ -110,7 +110,7 @@ TEST_F(AtspiTreeTest, CutsOffTreesThatNeverEnd) {
     });
     EXPECT_LT(sizeOfTree(tree, element("/endless", AtspiToolkit::Gtk, Place::InMenu), 1000), 150U);
     AtspiNodes nodes;
-    AtspiTree all(connection, nodes, AtspiTree::Reading::AllLevels);
+    AtspiTree all(connection, nodes, memory, AtspiTree::Reading::AllLevels);
     EXPECT_LT(sizeOfTree(all, element("/endless", AtspiToolkit::Gtk, Place::InMenu), 1000), 150U);
 }
 
@@ -166,8 +166,8 @@ TEST_F(AtspiTreeTest, LeavesASilentApplicationAfterASecondAndThenAtOnce) {
     for (int count = 0; count < 100; ++count) {
         AtspiNodes nodes;
         connection.beginOperation();
-        EXPECT_TRUE(isNil(
-            AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel).attributeValue(file, attribute::Children)));
+        EXPECT_TRUE(isNil(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel)
+                              .attributeValue(file, attribute::Children)));
     }
     EXPECT_LT(Clock::now() - start, 300ms);
 
@@ -199,7 +199,7 @@ TEST_F(AtspiTreeTest, AsksAnApplicationAgainOnceItAnsweredTheProbe) {
         std::this_thread::yield();
     AtspiNodes nodes;
     connection.beginOperation();
-    EXPECT_EQ(string(AtspiTree(connection, nodes, AtspiTree::Reading::OneAttribute)
+    EXPECT_EQ(string(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneAttribute)
                          .attributeValue(element("/x", AtspiToolkit::Gtk), attribute::Title)),
         "X");
 }
@@ -254,7 +254,7 @@ TEST_F(AtspiTreeTest, ReadsOverTwoConnectionsFromTwoThreads) {
         AtspiSessionBus otherSessionBus;
         AtspiConnection otherConnection(otherSessionBus);
         AtspiNodes nodes;
-        titles = readLevel(AtspiTree(otherConnection, nodes, AtspiTree::Reading::OneLevel), file);
+        titles = readLevel(AtspiTree(otherConnection, nodes, memory, AtspiTree::Reading::OneLevel), file);
     });
     const auto ownTitles = readLevel(tree, file);
     other.join();

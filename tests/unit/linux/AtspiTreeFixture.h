@@ -5,6 +5,7 @@
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/AtspiApplications.h"
 #include "platform/linux/AtspiConnection.h"
+#include "platform/linux/AtspiMenuMemory.h"
 #include "platform/linux/AtspiRole.h"
 #include "platform/linux/AtspiSessionBus.h"
 #include "platform/linux/AtspiTree.h"
@@ -112,7 +113,7 @@ protected:
     std::uint64_t roundTripsOfLevel(AtspiToolkit toolkit, std::size_t expectedItems) {
         AtspiNodes nodes;
         const std::uint64_t before = connection.statistics().roundTrips;
-        const auto titles = readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+        const auto titles = readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel),
             element("/bar/file", toolkit, Place::InMenuBar));
         EXPECT_EQ(titles.size(), expectedItems);
         return connection.statistics().roundTrips - before;
@@ -122,8 +123,9 @@ protected:
     AtspiFakeApplication application{bus};
     AtspiSessionBus sessionBus;
     AtspiConnection connection{sessionBus};
+    AtspiMenuMemory memory;
     AtspiNodes batch;
-    AtspiTree tree{connection, batch, AtspiTree::Reading::OneLevel};
+    AtspiTree tree{connection, batch, memory, AtspiTree::Reading::OneLevel};
 };
 
 } // namespace tarragon

@@ -41,7 +41,7 @@ TEST_F(AtspiTreeTest, LeavesOutWhatGtkHidesButNotWhatIsClosed) {
         readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)), std::vector<std::string>{"Item 1"});
     makeQtMenu(2);
     AtspiNodes nodes;
-    EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+    EXPECT_EQ(readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel),
                   element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar))
                   .size(),
         2U);
@@ -52,7 +52,7 @@ TEST_F(AtspiTreeTest, WaitsTwiceForTheMenuOfAnItemWhoseAttributesAreAskedFor) {
     ASSERT_TRUE(connection.ensureOpen());
     const auto before = connection.statistics().roundTrips;
     AtspiNodes nodes;
-    AtspiTree fresh(connection, nodes, AtspiTree::Reading::OneLevel);
+    AtspiTree fresh(connection, nodes, memory, AtspiTree::Reading::OneLevel);
     const Element file = element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar);
     fresh.attributeNames(file);
     EXPECT_EQ(readLevel(fresh, file).size(), 10U);
@@ -115,13 +115,13 @@ TEST_F(AtspiTreeTest, ReadsTheSameBySearchingForEachKind) {
     EXPECT_EQ(application.calls("GetState"), 4U);
     application.change([&] { application.searches = false; });
     AtspiNodes nodes;
-    const auto one = describeGtkLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel), file);
+    const auto one = describeGtkLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel), file);
     EXPECT_GT(application.calls("GetState"), 12U);
     EXPECT_EQ(quick, one);
     EXPECT_EQ(quick.size(), 10U);
     AtspiNodes otherNodes;
     application.change([&] { application.searches = true; });
-    EXPECT_EQ(describeGtkLevel(AtspiTree(connection, otherNodes, AtspiTree::Reading::AllLevels), file), one);
+    EXPECT_EQ(describeGtkLevel(AtspiTree(connection, otherNodes, memory, AtspiTree::Reading::AllLevels), file), one);
 }
 
 TEST_F(AtspiTreeTest, AsksEachPlainItemOfAGtkMenuForItsNameAndKey) {
@@ -129,7 +129,7 @@ TEST_F(AtspiTreeTest, AsksEachPlainItemOfAGtkMenuForItsNameAndKey) {
     ASSERT_TRUE(connection.ensureOpen());
     const auto before = connection.statistics().messagesSent;
     AtspiNodes nodes;
-    readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+    readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel),
         element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar, 100));
     // The name of each, the key of those that open no menu and the size of the menus of the others, two questions about
     // the opened item and four searches.
@@ -173,7 +173,7 @@ TEST_F(AtspiTreeTest, SearchesNoLongMenus) {
     // The toolkit's searches take longer for each child the more children there are.
     makeGtkMenu(101);
     AtspiNodes nodes;
-    AtspiTree fresh(connection, nodes, AtspiTree::Reading::OneLevel);
+    AtspiTree fresh(connection, nodes, memory, AtspiTree::Reading::OneLevel);
     EXPECT_EQ(readLevel(fresh, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar, 101)).size(), 101U);
     EXPECT_EQ(application.calls("GetMatches"), 0U);
 }
@@ -236,21 +236,21 @@ TEST_F(AtspiTreeTest, TellsFromItsNeighboursWhetherAnItemOfAQtMenuIsHidden) {
             }
         });
         AtspiNodes nodes;
-        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel),
+        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel),
                       element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
             shown)
             << hidden;
     }
 }
 
-TEST_F(AtspiTreeTest, AsksALineInAQtMenuForItsNameAndActionOnly) {
+TEST_F(AtspiTreeTest, AsksALineInAQtMenuForItsNameOnly) {
     makeQtMenu(9);
     application.change([&] {
         int top = 0;
         for (int index = 0; index < 9; ++index) {
             FakeAccessible& item = application.objects["/popup/" + std::to_string(index)];
             if (index % 3 == 1)
-                item = {AtspiRoleSeparator, "", 0, {}, "", "/popup", true, 40, false};
+                item = {AtspiRoleSeparator, "", 0, {}, "", "/popup", true, 7, false};
             item.top = top;
             top += item.height;
         }
@@ -258,9 +258,27 @@ TEST_F(AtspiTreeTest, AsksALineInAQtMenuForItsNameAndActionOnly) {
     ASSERT_TRUE(connection.ensureOpen());
     const auto before = connection.statistics().messagesSent;
     readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar));
-    // Name and key of all, states and children of the six items, the places of every other one; the opened item's role
-    // and children, and those of its menu.
-    EXPECT_EQ(connection.statistics().messagesSent - before, 9U * 2 + 6U * 2 + 5U + 3U);
+    // The name of all, state, key and children of the six items, the places of every fourth one and the last; the
+    // opened item's role and children, and those of its menu.
+    EXPECT_EQ(connection.statistics().messagesSent - before, 9U + 6U * 3 + 3U + 3U);
+}
+
+TEST_F(AtspiTreeTest, AsksAHiddenItemOfAQtMenuForNothingElse) {
+    makeQtMenu(5);
+    application.change([&] {
+        int top = 0;
+        for (int index = 0; index < 5; ++index) {
+            FakeAccessible& item = application.objects["/popup/" + std::to_string(index)];
+            item.height = index == 0 || index == 3 ? 0 : 24;
+            item.top = top;
+            top += item.height;
+        }
+    });
+    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Qt, Place::InMenuBar)),
+        (std::vector<std::string>{"Item 1", "Item 2", "Item 4"}));
+    // The first is known to be hidden when the states are asked, the other one not yet.
+    EXPECT_EQ(application.calls("GetState"), 4U);
+    EXPECT_EQ(application.calls("GetExtents"), 5U);
 }
 
 TEST_F(AtspiTreeTest, ShowsAllItemsOfAMenuThatHasNotBeenLaidOut) {
@@ -282,10 +300,10 @@ TEST_F(AtspiTreeTest, TellsSeparatorsFromNamelessItems) {
         (std::vector<std::string>{"", "nil", "Item 2"}));
 }
 
-TEST_F(AtspiTreeTest, TellsASeparatorInAQtMenuByTheActionThatItLacks) {
+TEST_F(AtspiTreeTest, TellsASeparatorInAQtMenuByItsHeight) {
     makeQtMenu(3);
     application.change([&] {
-        application.objects["/popup/0"] = {AtspiRoleSeparator, "", 0, {}, "", "/popup", true, 40, false};
+        application.objects["/popup/0"] = {AtspiRoleSeparator, "", 0, {}, "", "/popup", true, 5, false};
         application.objects["/popup/1"].name.clear();
     });
     const auto askedBefore = application.calls("GetRole");
@@ -325,7 +343,7 @@ TEST_F(AtspiTreeTest, ReadsAllLevelsOfGtkMenusWithTwoWaitsForEach) {
                 application.objects[path + name] = {AtspiRoleMenuItem, "Inner", Visible, {}, "", path};
         }
     });
-    AtspiTree all(connection, batch, AtspiTree::Reading::AllLevels);
+    AtspiTree all(connection, batch, memory, AtspiTree::Reading::AllLevels);
     const auto before = connection.statistics().roundTrips;
     const auto titles = readAllLevels(all, element("/bar", AtspiToolkit::Gtk));
     EXPECT_EQ(titles.size(), 1U + 40U + 6U);
@@ -344,7 +362,7 @@ TEST_F(AtspiTreeTest, ReadsAllLevelsOfQtMenusWithThreeWaitsForEach) {
                 application.objects[path + name] = {AtspiRoleMenuItem, "Inner", 0, {}, "", path};
         }
     });
-    AtspiTree all(connection, batch, AtspiTree::Reading::AllLevels);
+    AtspiTree all(connection, batch, memory, AtspiTree::Reading::AllLevels);
     const auto before = connection.statistics().roundTrips;
     const auto titles = readAllLevels(all, element("/bar", AtspiToolkit::Qt));
     EXPECT_EQ(titles.size(), 1U + 40U + 6U);
@@ -359,7 +377,7 @@ TEST_F(AtspiTreeTest, ReadsTheMenuThatOpensTogetherWithItsItems) {
     const auto roundTrips = [&] {
         AtspiNodes nodes;
         const auto before = connection.statistics().roundTrips;
-        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, AtspiTree::Reading::OneLevel), items[0]).size(), 6U);
+        EXPECT_EQ(readLevel(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel), items[0]).size(), 6U);
         return connection.statistics().roundTrips - before;
     };
     EXPECT_LE(roundTrips(), 3U);
@@ -407,13 +425,36 @@ TEST_F(AtspiTreeTest, AnswersWithinABatchFromWhatWasRead) {
     EXPECT_EQ(connection.statistics().messagesSent, sent);
 }
 
+TEST_F(AtspiTreeTest, ReadsNothingAheadWhereSomeAttributesAreWanted) {
+    for (const AtspiToolkit toolkit : {AtspiToolkit::Gtk, AtspiToolkit::Qt}) {
+        if (toolkit == AtspiToolkit::Gtk)
+            makeGtkMenu(10);
+        else
+            makeQtMenu(10);
+        const Element file = element("/bar/file", toolkit, Place::InMenuBar, 10);
+        AtspiNodes known;
+        readLevel(AtspiTree(connection, known, memory, AtspiTree::Reading::OneLevel), file);
+        AtspiNodes nodes;
+        AtspiTree fresh(connection, nodes, memory, AtspiTree::Reading::SomeAttributes);
+        const auto before = connection.statistics();
+        EXPECT_TRUE(fresh.hasAttribute(file, attribute::Children));
+        const auto menus = elements(fresh.attributeValue(file, attribute::Children));
+        ASSERT_EQ(menus.size(), 1U);
+        EXPECT_EQ(string(fresh.attributeValue(menus[0], attribute::Role)), role::Menu);
+        // Role and children of the item.
+        EXPECT_EQ(connection.statistics().messagesSent - before.messagesSent, 2U);
+        EXPECT_EQ(connection.statistics().roundTrips - before.roundTrips, 1U);
+        EXPECT_EQ(elements(fresh.attributeValue(menus[0], attribute::Children)).size(), 10U);
+    }
+}
+
 TEST_F(AtspiTreeTest, AnswersLiveOutsideABatch) {
     makeGtkMenu(10);
     const Element entry = element("/bar/file/3", AtspiToolkit::Gtk, Place::InMenu);
     const auto title = [&] {
         AtspiNodes nodes;
-        return string(
-            AtspiTree(connection, nodes, AtspiTree::Reading::OneAttribute).attributeValue(entry, attribute::Title));
+        return string(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneAttribute)
+                          .attributeValue(entry, attribute::Title));
     };
     EXPECT_EQ(title(), "Item 3");
     application.change([&] { application.objects["/bar/file/3"].name = "Changed"; });

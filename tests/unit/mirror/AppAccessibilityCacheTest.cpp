@@ -154,6 +154,14 @@ TEST_F(Caching, ReadsTheStatesOfAllCachedItemsAtOnce) {
         (std::vector<Element>{file.itemElement("New"), file.itemElement("Wrap")}));
 }
 
+TEST_F(Caching, ReadsNothingAheadOfACachedMenuButStates) {
+    rebuildAndFill();
+    fake.accessibility.clearCalls();
+    opened("File");
+    EXPECT_EQ(fake.accessibility.deepestBatch(), ReadBatchDepth::AsAsked);
+    EXPECT_EQ(fake.accessibility.callsOutsideBatches(), 0U);
+}
+
 TEST_F(Caching, ReadsNothingOfALongCachedMenu) {
     for (int index = 0; index < 73; ++index)
         file.item("Item " + std::to_string(index));

@@ -1,0 +1,84 @@
+#include "platform/linux/AtspiInquiry.h"
+
+#include "platform/linux/AtspiConnection.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace tarragon {
+
+namespace {
+
+// Lists of lying applications are cut off here.
+constexpr std::int64_t MostChildren = 100'000;
+
+} // namespace
+
+void AtspiInquiry::ask(const AtspiNodes::Wanted& wanted, Next next) {
+    const std::size_t firstRequest = _requests.size();
+    _nodes.addRequests(_requests, wanted);
+    addStep(firstRequest, std::move(next));
+}
+
+void AtspiInquiry::askChildrenOneByOne(const AtspiReference& reference, Next next) {
+    AtspiNode& node = _nodes.at(reference);
+    if (node.missing(AtspiFieldChildren) == 0) {
+        next();
+        return;
+    }
+    node.asked |= AtspiFieldChildren;
+    node.asked &= ~AtspiFieldChildCount;
+    node.childCount.reset();
+    ask({{reference, AtspiFieldChildCount}},
+        [this, reference, next = std::move(next)] { askEachChild(reference, next); });
+}
+
+void AtspiInquiry::askEachChild(const AtspiReference& reference, Next next) {
+    AtspiNode& node = _nodes.at(reference);
+    if (!node.childCount) {
+        next();
+        return;
+    }
+    const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(*node.childCount, 0, MostChildren));
+    const auto found = std::make_shared<std::vector<AtspiReference>>(count);
+    const std::size_t firstRequest = _requests.size();
+    for (std::int32_t index = 0; index < count; ++index) {
+        _requests.push_back({reference, "org.a11y.atspi.Accessible", "GetChildAtIndex", index,
+            [child = &(*found)[static_cast<std::size_t>(index)]](
+                AtspiReply& reply) { *child = reply.readReference().value_or(AtspiReference{}); }});
+    }
+    addStep(firstRequest, [&node, found, next = std::move(next)] {
+        // While they were asked for some may have gone or moved up.
+        std::unordered_set<AtspiReference, AtspiReferenceHash> seen;
+        std::erase_if(
+            *found, [&](const AtspiReference& child) { return child.isNull() || !seen.insert(child).second; });
+        node.children = std::move(*found);
+        next();
+    });
+}
+
+void AtspiInquiry::addStep(std::size_t firstRequest, Next next) {
+    if (firstRequest == _requests.size()) {
+        next();
+        return;
+    }
+    Step* const step = &_steps.emplace_back(Step{_requests.size() - firstRequest, std::move(next)});
+    for (std::size_t index = firstRequest; index < _requests.size(); ++index) {
+        _requests[index].handleEnd = [step] {
+            if (--step->unanswered == 0)
+                step->next();
+        };
+    }
+}
+
+void AtspiInquiry::run() {
+    _connection.run(_requests);
+    _requests.clear();
+    _steps.clear();
+}
+
+} // namespace tarragon

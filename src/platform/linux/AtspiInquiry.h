@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/linux/AtspiNodes.h"
+#include "platform/linux/AtspiRequest.h"
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+
+namespace tarragon {
+
+class AtspiConnection;
+
+// Questions about accessible objects of which the answers lead to others. These are asked as soon as the answers that
+// they depend on are there, while other answers are still on their way: so the application is never without work.
+class AtspiInquiry {
+public:
+    using Next = std::function<void()>;
+
+    AtspiInquiry(AtspiConnection& connection, AtspiNodes& nodes)
+        : _connection(connection)
+        , _nodes(nodes) { }
+    AtspiInquiry(const AtspiInquiry&) = delete;
+    AtspiInquiry& operator=(const AtspiInquiry&) = delete;
+
+    // Asks for what is not known yet. What comes next is called when all of that was answered or given up, and at once
+    // when there is nothing to ask; it may ask again. Not called at all when the bus ends.
+    void ask(const AtspiNodes::Wanted& wanted, Next next);
+    // Asks for each child by itself rather than for the list of them, which some applications take long for: so their
+    // answers keep coming, and they answer others meanwhile.
+    void askChildrenOneByOne(const AtspiReference& reference, Next next);
+    // Returns when there is nothing left to ask and nothing on its way.
+    void run();
+
+private:
+    struct Step {
+        std::size_t unanswered;
+        Next next;
+    };
+
+    void askEachChild(const AtspiReference& reference, Next next);
+    // What comes after all requests from this one on.
+    void addStep(std::size_t firstRequest, Next next);
+
+    AtspiConnection& _connection;
+    AtspiNodes& _nodes;
+    AtspiRequests _requests;
+    std::deque<Step> _steps; // requests point to them
+};
+
+} // namespace tarragon
