@@ -1,5 +1,7 @@
 #include "platform/linux/AtspiElement.h"
 
+#include <typeinfo>
+
 namespace tarragon {
 
 bool AtspiElement::equals(const ElementHandle& other) const {
@@ -21,7 +23,10 @@ bool AtspiElement::equals(const ElementHandle& other) const {
 }
 
 const AtspiElement* AtspiElement::of(const Element& element) {
-    return dynamic_cast<const AtspiElement*>(element.handle());
+    const ElementHandle* const handle = element.handle();
+    // Every read begins here, and a comparison is enough: nothing can be derived from this class.
+    return handle != nullptr && typeid(*handle) == typeid(AtspiElement) ? static_cast<const AtspiElement*>(handle)
+                                                                        : nullptr;
 }
 
 } // namespace tarragon

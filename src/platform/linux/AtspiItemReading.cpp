@@ -5,6 +5,7 @@
 #include "platform/linux/AtspiRole.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 
@@ -86,8 +87,8 @@ void AtspiItemReading::addWanted(
     constexpr std::int64_t mostChildren = 100;
     const bool searches = _toolkit == AtspiToolkit::Gtk && childCount >= fewestChildren && childCount <= mostChildren;
     wanted.emplace_back(container, searches ? AtspiFieldChildren | AtspiFieldKinds : AtspiFieldChildren);
-    const AtspiNodes::Wanted items = _memory.itemsOf(container);
-    wanted.insert(wanted.end(), items.begin(), items.end());
+    AtspiNodes::Wanted items = _memory.itemsOf(container);
+    std::ranges::move(items, std::back_inserter(wanted));
 }
 
 void AtspiItemReading::readContainer(const AtspiReference& container, std::int64_t childCount) {
