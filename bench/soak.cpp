@@ -1,5 +1,6 @@
 // Switches between real applications and opens their menus for a long time, and tells what the agent has kept of it:
-// memory, descriptors, processes. Usage: soak [SWITCHES [OPENINGS]], 10,000 and 2,000 unless told otherwise.
+// memory, descriptors, processes. Usage: soak [SWITCHES [OPENINGS [openbox|xfwm4]]], 10,000, 2,000 and openbox unless
+// told otherwise.
 
 #include "Agent.h"
 #include "Desktop.h"
@@ -219,13 +220,16 @@ private:
 int main(int argumentCount, char** arguments) {
     const int switches = argumentCount > 1 ? std::atoi(arguments[1]) : 10000;
     const int openings = argumentCount > 2 ? std::atoi(arguments[2]) : 2000;
-    if (switches < 2 || openings < 0) {
-        std::cerr << "usage: soak [SWITCHES [OPENINGS]]\n";
+    const std::string windowManager = argumentCount > 3 ? arguments[3] : nameOf(WindowManager::Openbox);
+    const bool isKnown =
+        windowManager == nameOf(WindowManager::Openbox) || windowManager == nameOf(WindowManager::Xfwm4);
+    if (switches < 2 || openings < 0 || !isKnown || argumentCount > 4) {
+        std::cerr << "usage: soak [SWITCHES [OPENINGS [openbox|xfwm4]]]\n";
         return 2;
     }
     try {
         adoptOrphans();
-        Desktop desktop(WindowManager::Openbox);
+        Desktop desktop(windowManager == nameOf(WindowManager::Xfwm4) ? WindowManager::Xfwm4 : WindowManager::Openbox);
         const auto start = Clock::now();
         const bool sound = Soak(desktop, switches, openings).run();
         std::printf("%ld seconds: %s\n",

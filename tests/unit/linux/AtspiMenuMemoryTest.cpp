@@ -1,6 +1,8 @@
 // What is remembered of menus, and how they are read again with it.
 #include "AtspiTreeFixture.h"
 
+#include <thread>
+
 namespace tarragon {
 namespace {
 
@@ -48,6 +50,22 @@ TEST(AtspiMenuMemory, BeginsAnewWhenItIsFull) {
     memory.remember(menu(10), items(1));
     EXPECT_TRUE(memory.itemsOf(menu(0)).empty());
     EXPECT_EQ(memory.itemsOf(menu(10)).size(), 1U);
+}
+
+TEST(AtspiMenuMemory, IsUsedByTwoThreadsAtOnce) {
+    AtspiMenuMemory memory;
+    const auto use = [&memory](int first) {
+        for (int round = 0; round < 2000; ++round) {
+            memory.remember(menu(round % 7), items(static_cast<std::size_t>(first + round % 5)));
+            const std::size_t count = memory.itemsOf(menu((round + first) % 7)).size();
+            EXPECT_LE(count, 300U);
+            if (round % 500 == 0)
+                memory.forget();
+        }
+    };
+    std::thread other(use, 150);
+    use(3);
+    other.join();
 }
 
 class AtspiMenuReadAgainTest : public AtspiTreeTest, public ::testing::WithParamInterface<AtspiToolkit> {
