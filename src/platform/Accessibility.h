@@ -12,8 +12,8 @@
 
 namespace tarragon {
 
-// How much the first read of an element's children within a read batch fetches: what the children can tell, or the same
-// for everything below them as well.
+// How much the first read of an element's children within a read batch fetches: the children alone, what these can tell
+// as well, or the same for everything below them.
 enum class ReadBatchDepth : std::uint8_t { AsAsked, OneLevel, AllLevels };
 
 // The user-interface elements of other processes. Failures are silent by design: a call that fails, an application that

@@ -30,7 +30,7 @@ AtspiConnection::Exchange::~Exchange() {
     }
     for (AtspiPeer* peer : _peers)
         peer->pending = 0;
-    _connection._statistics.roundTrips += _rounds.empty() ? 0 : std::ranges::max(_rounds);
+    _connection._statistics.roundTrips += _lastRound;
 }
 
 bool AtspiConnection::Exchange::run() {
@@ -82,6 +82,7 @@ bool AtspiConnection::Exchange::send(Pending& pending) {
     if (pending.call == 0)
         return false;
     ++_connection._statistics.messagesSent;
+    _lastRound = std::max(_lastRound, pending.round);
     if (pending.peer->pending++ == 0)
         pending.peer->patience.noteReply(Clock::now());
     if (std::ranges::find(_peers, pending.peer) == _peers.end())

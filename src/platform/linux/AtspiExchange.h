@@ -58,6 +58,7 @@ private:
     std::vector<AtspiPeer*> _peers; // those that were asked something
     std::vector<DBusSocket*> _sockets; // those over which they were asked
     std::size_t _next = 0;
+    std::uint32_t _lastRound = 0; // in which something was sent
     std::size_t _inFlight = 0;
     std::size_t _inFlightAtLastWait = 0;
     const std::string* _lastName = nullptr;

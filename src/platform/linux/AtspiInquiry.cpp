@@ -19,9 +19,32 @@ constexpr std::int64_t MostChildren = 100'000;
 } // namespace
 
 void AtspiInquiry::ask(const AtspiNodes::Wanted& wanted, Next next) {
+    const std::vector<Step*> earlier = stepsAsking(wanted);
+    std::vector<std::pair<const AtspiNode*, AtspiFields>> asked;
+    for (const auto& [reference, fields] : wanted) {
+        const AtspiNode& node = _nodes.at(reference);
+        if (const AtspiFields missing = node.missing(fields); missing != 0)
+            asked.emplace_back(&node, missing);
+    }
     const std::size_t firstRequest = _requests.size();
     _nodes.addRequests(_requests, wanted);
-    addStep(firstRequest, std::move(next));
+    Step* const step = addStep(firstRequest, std::move(next), earlier);
+    for (const auto& [node, fields] : asked)
+        _askers[node].emplace_back(fields, step);
+}
+
+std::vector<AtspiInquiry::Step*> AtspiInquiry::stepsAsking(const AtspiNodes::Wanted& wanted) const {
+    std::vector<Step*> steps;
+    for (const auto& [reference, fields] : wanted) {
+        const auto askers = _askers.find(&_nodes.at(reference));
+        if (askers == _askers.end())
+            continue;
+        for (const auto& [askedFields, step] : askers->second) {
+            if ((askedFields & fields) != 0 && step->unanswered != 0)
+                steps.push_back(step);
+        }
+    }
+    return steps;
 }
 
 void AtspiInquiry::askChildrenOneByOne(const AtspiReference& reference, Next next) {
@@ -61,24 +84,33 @@ void AtspiInquiry::askEachChild(const AtspiReference& reference, Next next) {
     });
 }
 
-void AtspiInquiry::addStep(std::size_t firstRequest, Next next) {
-    if (firstRequest == _requests.size()) {
+AtspiInquiry::Step* AtspiInquiry::addStep(std::size_t firstRequest, Next next, const std::vector<Step*>& earlier) {
+    const std::size_t count = _requests.size() - firstRequest + earlier.size();
+    if (count == 0) {
         next();
+        return nullptr;
+    }
+    Step* const step = &_steps.emplace_back(Step{count, std::move(next), {}});
+    for (Step* const other : earlier)
+        other->followers.push_back(step);
+    for (std::size_t index = firstRequest; index < _requests.size(); ++index)
+        _requests[index].handleEnd = [step] { countAnswer(*step); };
+    return step;
+}
+
+void AtspiInquiry::countAnswer(Step& step) {
+    if (--step.unanswered != 0)
         return;
-    }
-    Step* const step = &_steps.emplace_back(Step{_requests.size() - firstRequest, std::move(next)});
-    for (std::size_t index = firstRequest; index < _requests.size(); ++index) {
-        _requests[index].handleEnd = [step] {
-            if (--step->unanswered == 0)
-                step->next();
-        };
-    }
+    step.next();
+    for (Step* const follower : step.followers)
+        countAnswer(*follower);
 }
 
 void AtspiInquiry::run() {
     _connection.run(_requests);
     _requests.clear();
     _steps.clear();
+    _askers.clear();
 }
 
 } // namespace tarragon

@@ -6,6 +6,9 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace tarragon {
 
@@ -34,18 +37,24 @@ public:
 
 private:
     struct Step {
-        std::size_t unanswered;
+        std::size_t unanswered; // requests, and earlier steps that it waits for
         Next next;
+        std::vector<Step*> followers; // later ones that want what it has asked, too
     };
 
     void askEachChild(const AtspiReference& reference, Next next);
-    // What comes after all requests from this one on.
-    void addStep(std::size_t firstRequest, Next next);
+    // Those that have asked some of it and wait for the answers.
+    std::vector<Step*> stepsAsking(const AtspiNodes::Wanted& wanted) const;
+    // What comes after all requests from this one on and after these steps. nullptr when it has come already.
+    Step* addStep(std::size_t firstRequest, Next next, const std::vector<Step*>& earlier = {});
+    static void countAnswer(Step& step);
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;
     AtspiRequests _requests;
     std::deque<Step> _steps; // requests point to them
+    // By node: what was asked of it, and by whom.
+    std::unordered_map<const AtspiNode*, std::vector<std::pair<AtspiFields, Step*>>> _askers;
 };
 
 } // namespace tarragon

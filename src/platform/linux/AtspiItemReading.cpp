@@ -108,26 +108,50 @@ void AtspiItemReading::readItemsOfAllLevels(const AtspiReference& container, Pla
 void AtspiItemReading::readLevels(const AtspiReference& container, Place place, int levelsBelow) {
     askItems(container, place, levelsBelow);
     _inquiry.run();
-    for (const AtspiReference& read : _containers)
+    for (const AtspiReference& read : _containers) {
+        if (_toolkit == AtspiToolkit::Qt)
+            dropKeysOfMenus(*_nodes.at(read).children);
         remember(read);
+    }
     _containers.clear();
 }
 
+void AtspiItemReading::dropKeysOfMenus(const std::vector<AtspiReference>& items) {
+    for (const AtspiReference& item : items) {
+        if (opensMenu(_nodes.at(item)))
+            takeMenuOpener(_nodes.at(item));
+    }
+}
+
 void AtspiItemReading::remember(const AtspiReference& container) {
+    const AtspiNode& menu = _nodes.at(container);
+    const bool roomTells =
+        std::ranges::any_of(*menu.children, [this](const AtspiReference& item) { return takesRoom(_nodes.at(item)); });
     AtspiNodes::Wanted asked;
-    for (const AtspiReference& item : *_nodes.at(container).children) {
-        AtspiNode& node = _nodes.at(item);
-        AtspiFields fields = node.requested;
-        if (_toolkit == AtspiToolkit::Gtk) {
-            // Items are menus themselves: what is in them is asked when they open.
-            fields &= ~(AtspiFieldChildren | AtspiFieldKinds);
-        } else if (_toolkit == AtspiToolkit::Qt && opensMenu(node)) {
-            takeMenuOpener(node);
-            fields &= ~AtspiFieldKeyBinding;
-        }
-        asked.emplace_back(item, fields);
+    for (const AtspiReference& item : *menu.children) {
+        // Another application need not be awake when this one is asked.
+        if (item.busName == container.busName)
+            asked.emplace_back(item, fieldsToRemember(_nodes.at(item), menu.kinds.areKnown(), roomTells));
     }
     _memory.remember(container, std::move(asked));
+}
+
+AtspiFields AtspiItemReading::fieldsToRemember(const AtspiNode& item, bool kindsTell, bool roomTells) const {
+    AtspiFields fields = item.requested;
+    if (_toolkit == AtspiToolkit::Gtk) {
+        // Items are menus themselves: what is in them is asked when they open.
+        fields &= ~(AtspiFieldChildren | AtspiFieldKinds);
+        if (item.role == AtspiRoleMenu)
+            fields |= AtspiFieldChildCount;
+        if (kindsTell && hasName(item))
+            fields &= ~AtspiFieldRole;
+    } else if (_toolkit == AtspiToolkit::Qt) {
+        if (opensMenu(item))
+            fields &= ~AtspiFieldKeyBinding;
+        if (roomTells && isHidden(item))
+            fields &= AtspiFieldName | AtspiFieldExtents;
+    }
+    return fields;
 }
 
 bool AtspiItemReading::haveVanished(const std::vector<AtspiReference>& items) const {
@@ -276,7 +300,8 @@ void AtspiItemReading::askNamelessItemsOfQtMenu(const Items& items) {
             continue;
         unknown.emplace_back(reference, AtspiFieldRole | AtspiFieldStates | AtspiFieldKeyBinding | AtspiFieldChildren);
     }
-    _inquiry.ask(unknown, [this, items] { askMenusBelow(items); });
+    if (!unknown.empty())
+        _inquiry.ask(unknown, [this, items] { askMenusBelow(items); });
 }
 
 bool AtspiItemReading::takePlaces(const Items& items) {
@@ -285,7 +310,8 @@ bool AtspiItemReading::takePlaces(const Items& items) {
     for (const AtspiReference& reference : items.ofMenu.subspan(items.begin, end - items.begin))
         nodes.push_back(&_nodes.at(reference));
     const MenuHeights heights = heightsIn(std::vector<const AtspiNode*>(nodes.begin(), nodes.end()));
-    AtspiNode* before = nullptr;
+    const AtspiNode* before = nullptr;
+    bool isAnyToBeSeen = false;
     std::vector<AtspiNode*> between;
     for (AtspiNode* node : nodes) {
         if (node->missing(AtspiFieldExtents) != 0)
@@ -299,13 +325,14 @@ bool AtspiItemReading::takePlaces(const Items& items) {
             takePlacesBetween(*before, *node, between, heights);
         between.clear();
         before = node;
+        isAnyToBeSeen = true;
     }
     nodes.resize(items.end - items.begin);
     for (AtspiNode* node : nodes) {
         if (node->missing(AtspiFieldRole) != 0 && looksLikeLine(*node, heights.ofItems))
             takeLine(*node);
     }
-    return before != nullptr;
+    return isAnyToBeSeen;
 }
 
 void AtspiItemReading::takePlacesBetween(
@@ -323,7 +350,7 @@ void AtspiItemReading::takeMenuOpener(AtspiNode& node) {
 }
 
 void AtspiItemReading::takeItem(AtspiNode& node) {
-    if (node.missing(AtspiFieldRole) != 0)
+    if (node.missing(AtspiFieldRole) != 0 || node.role == AtspiRoleSeparator)
         node.role = AtspiRoleMenuItem;
     node.asked |= AtspiFieldRole;
 }
@@ -371,10 +398,12 @@ void AtspiItemReading::askMenu(const AtspiReference& reference, AtspiFields kind
         _inquiry.ask({{reference, kind}}, [] {});
         return;
     }
+    if (++_itemCount >= MostItems)
+        return;
     const AtspiInquiry::Next next = [this, reference, levels] {
         AtspiNode& menu = _nodes.at(reference);
         // A tree that bites its own tail is read once around.
-        if (!menu.children || _itemCount >= MostItems || std::exchange(menu.isReadBelow, true))
+        if (!menu.children || std::exchange(menu.isReadBelow, true))
             return;
         askItems(reference, Place::InMenu, levels - 1);
     };

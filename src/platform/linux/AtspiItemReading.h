@@ -33,7 +33,7 @@ public:
     static bool isLong(AtspiToolkit toolkit, std::int64_t childCount) {
         return toolkit == AtspiToolkit::Gtk && childCount > LongMenu;
     }
-    // What is to be asked of an object whose items are to be read, unless it is long, and of the items that it had.
+    // What is to be asked of an object whose items are to be read, and of the items that it had. Not for long ones.
     void addWanted(AtspiNodes::Wanted& wanted, const AtspiReference& container, std::int64_t childCount) const;
     void readContainer(const AtspiReference& container, std::int64_t childCount);
     // What stands below an item.
@@ -74,7 +74,9 @@ private:
     void takeKinds(const AtspiNode& container);
     void takeKind(const AtspiReference& reference, const Kind& kind);
     void readLevels(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
+    void dropKeysOfMenus(const std::vector<AtspiReference>& items);
     void remember(const AtspiReference& container);
+    AtspiFields fieldsToRemember(const AtspiNode& item, bool kindsTell, bool roomTells) const;
     void askItems(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
     void askItemsAndMenusBelow(const Items& items);
     void askNamelessItems(const Items& items);
@@ -105,7 +107,7 @@ private:
     AtspiToolkit _toolkit;
     AtspiInquiry _inquiry{_connection, _nodes};
     std::vector<AtspiReference> _containers; // of which the items were asked
-    std::size_t _itemCount = 0;
+    std::size_t _itemCount = 0; // of items and menus
 };
 
 } // namespace tarragon

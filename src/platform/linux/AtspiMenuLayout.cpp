@@ -28,9 +28,7 @@ std::optional<MenuHeights> heightsWithin(
         return usual;
     if (between.size() == 1 && stretch >= LeastHeight)
         return MenuHeights{stretch, stretch};
-    const double rest = stretch - static_cast<double>(items) * usual.ofItems;
-    const bool isLine = lines == 1 && usual.ofLines == 0 && rest >= LeastHeight && 2 * rest < usual.ofItems;
-    return isLine ? std::optional(MenuHeights{usual.ofItems, rest}) : std::nullopt;
+    return std::nullopt;
 }
 
 } // namespace

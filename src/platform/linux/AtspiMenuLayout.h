@@ -7,12 +7,12 @@
 #include <vector>
 
 // What the places of some items of a menu tell of others. The items of a menu follow one another without gaps, those
-// that the application hides have no height, and the lines between them are less than half as high as items are.
+// that the application hides take no room, and the lines between them are less than half as high as items are.
 namespace tarragon {
 
 // It has a place on the screen, or would have if its menu were open.
 bool takesRoom(const AtspiNode& node);
-// It tells that it has none.
+// It tells that it has no such place.
 bool isHidden(const AtspiNode& node);
 bool hasName(const AtspiNode& node);
 

@@ -35,6 +35,15 @@ void AtspiMenuMemory::remember(const AtspiReference& menu, AtspiNodes::Wanted it
     _items.emplace(menu, std::move(items));
 }
 
+void AtspiMenuMemory::useBus(std::uint64_t identity) {
+    {
+        const std::lock_guard lock(_mutex);
+        if (std::exchange(_bus, identity) == identity)
+            return;
+    }
+    forget();
+}
+
 void AtspiMenuMemory::forget() {
     const std::lock_guard lock(_mutex);
     _items.clear();

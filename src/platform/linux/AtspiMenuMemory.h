@@ -3,6 +3,7 @@
 #include "platform/linux/AtspiNodes.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <mutex>
 #include <unordered_map>
 
@@ -16,12 +17,15 @@ public:
     // Nothing of a menu, or menu bar, that was not read before, or is too long to be kept.
     AtspiNodes::Wanted itemsOf(const AtspiReference& menu) const;
     void remember(const AtspiReference& menu, AtspiNodes::Wanted items);
+    // Which accessibility bus it is about; forgets all when that is another than before.
+    void useBus(std::uint64_t identity);
     void forget();
 
 private:
     mutable std::mutex _mutex;
     std::unordered_map<AtspiReference, AtspiNodes::Wanted, AtspiReferenceHash> _items; // by menu
     std::size_t _count = 0; // of all items
+    std::uint64_t _bus = 0;
 };
 
 } // namespace tarragon

@@ -62,7 +62,7 @@ struct AtspiNode {
     std::optional<double> number; // value of a slider, a scroll bar ...
     AtspiKinds kinds; // of its children
     bool isRoleAssumed = false; // it is none of the other kinds
-    bool isReadBelow = false; // the items of this menu were read, and those of all menus below
+    bool isReadBelow = false; // the items of this menu are being read, or were, and those of all menus below
 
     bool has(AtspiState state) const { return states && ((*states >> static_cast<unsigned>(state)) & 1U) != 0; }
     AtspiFields missing(AtspiFields wanted) const { return wanted & ~asked; }

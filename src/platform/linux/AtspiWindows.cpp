@@ -23,37 +23,37 @@ bool isMenuBarRole(std::uint32_t role) {
 
 } // namespace
 
-AtspiWindows::Remembered AtspiWindows::remembered(std::uint32_t window) const {
+AtspiWindows::Remembered AtspiWindows::remembered(std::uint32_t window, const AtspiApplication& application) const {
     const auto frame = _frames.find(window);
-    if (frame == _frames.end())
+    if (frame == _frames.end() || frame->second.busName != application.root.busName)
         return {};
     const auto menuBar = _menuBars.find(frame->second);
     return {frame->second, menuBar != _menuBars.end() ? std::optional(menuBar->second) : std::nullopt};
 }
 
 std::optional<AtspiReference> AtspiWindows::frame(std::uint32_t window, const AtspiApplication& application,
-    AtspiNodes& known, const std::function<AtspiFrameQuery()>& query) {
+    AtspiNodes& nodes, const std::function<AtspiFrameQuery()>& query) {
     if (const auto remembered = _frames.find(window); remembered != _frames.end()) {
         const bool sameApplication = remembered->second.busName == application.root.busName;
-        if (sameApplication && hasRole(remembered->second, isWindowRole, known))
+        if (sameApplication && hasRole(remembered->second, isWindowRole, nodes))
             return remembered->second;
         _frames.erase(remembered);
     }
 
-    AtspiNodes nodes;
-    std::vector<AtspiReference> children =
-        nodes.fetch(_connection, application.root, AtspiFieldChildren).children.value_or(std::vector<AtspiReference>{});
+    AtspiNodes searched;
+    std::vector<AtspiReference> children = searched.fetch(_connection, application.root, AtspiFieldChildren)
+                                               .children.value_or(std::vector<AtspiReference>{});
     if (children.size() > FrameLimit)
         children.resize(FrameLimit);
     AtspiNodes::Wanted wanted;
     for (const AtspiReference& child : children)
         wanted.emplace_back(child, AtspiFieldRole | AtspiFieldName | AtspiFieldStates | AtspiFieldExtents);
-    nodes.fetch(_connection, wanted);
+    searched.fetch(_connection, wanted);
 
     std::vector<AtspiFrame> frames;
     std::vector<AtspiReference> references;
     for (const AtspiReference& child : children) {
-        const AtspiNode& node = nodes.at(child);
+        const AtspiNode& node = searched.at(child);
         if (!node.role || !isWindowRole(*node.role))
             continue;
         frames.push_back({node.name.value_or(std::string{}), node.has(AtspiState::Active),
@@ -135,8 +135,11 @@ std::optional<AtspiReference> AtspiWindows::findMenuBar(const AtspiReference& fr
 }
 
 bool AtspiWindows::hasRole(const AtspiReference& reference, bool (*isExpected)(std::uint32_t), AtspiNodes& nodes) {
-    const AtspiNode& node = nodes.fetch(_connection, reference, AtspiFieldRole);
-    return node.role && isExpected(*node.role);
+    const bool isThere = nodes.fetch(_connection, reference, AtspiFieldRole).role.has_value();
+    // What is found again must not be taken for gone.
+    if (!isThere)
+        nodes.at(reference).asked &= ~AtspiFieldRole;
+    return isThere && isExpected(*nodes.at(reference).role);
 }
 
 } // namespace tarragon

@@ -25,8 +25,8 @@ public:
         std::optional<AtspiReference> frame;
         std::optional<AtspiReference> menuBar;
     };
-    // They may be gone.
-    Remembered remembered(std::uint32_t window) const;
+    // They may be gone. Nothing when they were of another application.
+    Remembered remembered(std::uint32_t window, const AtspiApplication& application) const;
     // These two take what the nodes tell, and ask for the rest. The query is only made where it is needed.
     std::optional<AtspiReference> frame(std::uint32_t window, const AtspiApplication& application, AtspiNodes& nodes,
         const std::function<AtspiFrameQuery()>& query);

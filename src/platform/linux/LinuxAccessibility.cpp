@@ -102,8 +102,8 @@ struct LinuxAccessibility::Client {
             return;
         applications.forget();
         windows.forget();
-        memory.forget();
         busIdentity = connection.busIdentity();
+        memory.useBus(busIdentity);
     }
 };
 
@@ -136,15 +136,15 @@ public:
     }
     // Asks at once whether frame and menu bar of a window are still there, where they are remembered. In a batch that
     // reads menus, the items of the menu bar are wanted next.
-    void readRemembered(std::uint32_t window, AtspiToolkit toolkit) {
-        const AtspiWindows::Remembered remembered = _client.windows.remembered(window);
+    void readRemembered(std::uint32_t window, const AtspiApplication& application) {
+        const AtspiWindows::Remembered remembered = _client.windows.remembered(window, application);
         AtspiNodes::Wanted wanted;
         if (remembered.frame)
             wanted.emplace_back(*remembered.frame, AtspiFieldRole);
         if (remembered.menuBar) {
             wanted.emplace_back(*remembered.menuBar, AtspiFieldRole);
             if (_batch != nullptr && _batch->reading >= AtspiTree::Reading::OneLevel)
-                AtspiItemReading(_client.connection, nodes(), _memory, toolkit)
+                AtspiItemReading(_client.connection, nodes(), _memory, application.toolkit)
                     .addWanted(wanted, *remembered.menuBar, AtspiItemReading::UsualLengthOfMenuBar);
         }
         nodes().fetch(_client.connection, wanted);
@@ -412,7 +412,7 @@ Element LinuxAccessibility::menuBarOfApplication(Operation& operation, const Ats
     const auto window = focusedWindow(operation, application);
     if (!window)
         return {};
-    operation.readRemembered(window->identifier, found->toolkit);
+    operation.readRemembered(window->identifier, *found);
     const auto frame = frameOf(operation, *window, *found);
     const auto menuBar = frame ? client.windows.menuBar(*frame, operation.nodes()) : std::nullopt;
     if (!menuBar)

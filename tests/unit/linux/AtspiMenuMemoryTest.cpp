@@ -31,6 +31,16 @@ TEST(AtspiMenuMemory, KeepsTheLatestOfEachMenu) {
     EXPECT_TRUE(memory.itemsOf(menu(2)).empty());
 }
 
+TEST(AtspiMenuMemory, ForgetsWhatItKnewOfAnotherBus) {
+    AtspiMenuMemory memory;
+    memory.useBus(1);
+    memory.remember(menu(1), items(3));
+    memory.useBus(1);
+    EXPECT_EQ(memory.itemsOf(menu(1)), items(3));
+    memory.useBus(2);
+    EXPECT_TRUE(memory.itemsOf(menu(1)).empty());
+}
+
 TEST(AtspiMenuMemory, KeepsNoLongMenus) {
     AtspiMenuMemory memory;
     memory.remember(menu(1), items(200));
