@@ -68,9 +68,11 @@ Holdings restingHoldingsOf(pid_t process) {
     const bool rested = waitUntil(
         [&] {
             holdings = holdingsOf(process);
-            return holdsFor(Duration(500), [&] {
+            // Longer than a filling waits for an application that is busy.
+            return holdsFor(Duration(1500), [&] {
                 const Holdings now = holdingsOf(process);
-                return now.memory == holdings.memory && now.descriptors == holdings.descriptors;
+                return now.memory == holdings.memory && now.descriptors == holdings.descriptors
+                    && now.threads == holdings.threads;
             });
         },
         Patience);
