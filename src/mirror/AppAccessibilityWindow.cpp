@@ -86,7 +86,9 @@ bool AppAccessibility::isFinderDesktopWindowActive() {
 }
 
 bool AppAccessibility::isAuxiliaryWindowActive() {
-    return isPassingWindow(focusedWindowRole(), focusedWindowTitle());
+    const auto role = focusedWindowRole();
+    const auto title = focusedWindowTitle();
+    return isPassingWindow(role, title);
 }
 
 bool AppAccessibility::isFocusedWindowFullScreen() {

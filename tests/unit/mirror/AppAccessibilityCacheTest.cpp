@@ -51,9 +51,81 @@ TEST_F(Caching, StartsAFillingForEveryMenuThatMayBeCached) {
         editor.menu(title);
     reader->update();
     EXPECT_EQ(work->waiting(), 2U);
-    fake.activate(fake.addApplication("Firefox"));
+    const FakeApplication firefox = fake.addApplication("Firefox");
+    firefox.menu("File");
+    firefox.menu("Edit");
+    fake.activate(firefox);
     reader->update();
     EXPECT_EQ(work->waiting(), 2U);
+}
+
+TEST_F(Caching, GoesByTheNameInFrontAndNotByTheTitleThatTheApplicationTells) {
+    fake.accessibility.setAttribute(editor.element(), "AXTitle", std::string("Mail"));
+    reader->update();
+    EXPECT_EQ(work->waiting(), 1U);
+    const FakeApplication mail = fake.addApplication("Mail");
+    fake.accessibility.setAttribute(mail.element(), "AXTitle", std::string("Editor"));
+    mail.menu("Message");
+    fake.activate(mail);
+    reader->update();
+    EXPECT_EQ(work->waiting(), 1U);
+}
+
+TEST_F(Caching, FillsTheHiddenAppleMenuAllTheSame) {
+    editor.menu("Apple");
+    reader->update();
+    EXPECT_THAT(titlesOf(root()), ElementsAre("File"));
+    EXPECT_EQ(work->waiting(), 2U);
+}
+
+TEST_F(Caching, ShowsTheItemsOfACachedMenuInADeeperOneOfItsTitle) {
+    file.submenu("Edit").item("Inner");
+    editor.menu("Edit").item("Copy");
+    rebuildAndFill();
+    const auto item = opened("File").itemWithTitle("Edit");
+    ASSERT_TRUE(item->hasSubmenu());
+    fake.menuPresenter.open(*item->submenu());
+    EXPECT_THAT(titlesOf(*item->submenu()), ElementsAre("Copy"));
+}
+
+TEST_F(Caching, RunsTheSecondPassOfTheFinderOverMenusThatAreReadOnly) {
+    const FakeApplication finder = fake.addApplication("Finder");
+    FakeMenu go = finder.menu("Go");
+    for (const char* title : {"A", "A", "B", "B"})
+        go.item(title);
+    fake.activate(finder);
+    rebuildAndFill();
+    EXPECT_THAT(titlesOf(opened("Go")), ElementsAre("A", "B", "B"));
+    reader->clearCacheForAppKey("Finder");
+    EXPECT_THAT(titlesOf(opened("Go")), ElementsAre("A", "B"));
+}
+
+TEST_F(Caching, RefreshesTheCopyAndNotTheCachedItem) {
+    rebuildAndFill();
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXEnabled", false);
+    EXPECT_FALSE(opened("File").itemWithTitle("New")->isEnabled());
+    fake.accessibility.removeAttribute(file.itemElement("New"), "AXEnabled");
+    EXPECT_TRUE(opened("File").itemWithTitle("New")->isEnabled());
+}
+
+TEST_F(Caching, AsksEachCopyForItsStateAndThenForItsMark) {
+    rebuildAndFill();
+    opened("File");
+    std::vector<std::string> asked;
+    for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue)) {
+        if (call.element == file.itemElement("Wrap"))
+            asked.push_back(call.name);
+    }
+    EXPECT_THAT(asked, ElementsAre("AXEnabled", "AXMenuItemMarkChar"));
+}
+
+TEST_F(Caching, CountsTheItemsOfTheCachedMenuBeforeRepeatsGo) {
+    for (int index = 0; index < 73; ++index)
+        file.item("Wrap");
+    rebuildAndFill();
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXEnabled", false);
+    const Menu& menu = opened("File");
+    EXPECT_TRUE(menu.itemWithTitle("New")->isEnabled());
 }
 
 TEST_F(Caching, ReadsAMenuThatItsApplicationDidNotTellWhenItOpens) {

@@ -114,6 +114,16 @@ TEST_F(Filling, RemovesRepeatsOfEveryMenuThatOpensInTheFinder) {
     EXPECT_THAT(titlesOf(root()), ElementsAre("Finder", "Go"));
 }
 
+TEST_F(Filling, KeepsTheRepeatsOfAWindowMenuAlsoInTheFinder) {
+    const FakeApplication finder = fake.addApplication("Finder");
+    FakeMenu window = finder.menu("Window");
+    for (const char* title : {"X", "A", "A"})
+        window.item(title);
+    fake.activate(finder);
+    reader->update();
+    EXPECT_THAT(open("Window"), ElementsAre("X", "A", "A"));
+}
+
 TEST_F(Filling, DropsTheServicesWithoutASizeThatComeFirst) {
     mail.menu("Services")
         .item("Hidden 1")

@@ -72,6 +72,65 @@ TEST_F(FocusedWindow, HasItsFrameInBothSpaces) {
 TEST_F(FocusedWindow, FlipsAtTheMainDisplayInDoublePrecision) {
     fake.displays.setMainDisplayBoundsCG({{0, 50.1}, {1000, 600}});
     EXPECT_EQ(reader->convertNSToCGRectCoords({{1, 2}, {3, 4}}), (Rect{{1, 650.1 - 6}, {3, 4}}));
+    fake.displays.setMainDisplayBoundsCG({{70, 50.1}, {1000, 600}});
+    EXPECT_EQ(reader->convertNSToCGRectCoords({{1, 2}, {3, 4}}), (Rect{{1, 650.1 - 6}, {3, 4}}));
+}
+
+TEST_F(FocusedWindow, HasTheZeroFrameConvertedLikeAnyOther) {
+    const double height = fake.displays.mainDisplayBoundsCG().size.height;
+    EXPECT_EQ(reader->focusedWindowFrameCG(), (Rect{{0, height}, {0, 0}}));
+    EXPECT_EQ(reader->focusedWindowPositionCG(), (Point{0, height}));
+}
+
+TEST_F(FocusedWindow, HasItsTitleNowhereWhenNobodyTellsWhere) {
+    const Element window = mail.window();
+    EXPECT_EQ(reader->focusedWindowTitlePosition(), Point());
+    const Element title = fake.accessibility.addElement(mail.processIdentifier(), "AXStaticText");
+    fake.accessibility.setAttribute(window, "AXTitleUIElement", title);
+    EXPECT_EQ(reader->focusedWindowTitlePosition(), Point());
+}
+
+TEST_F(FocusedWindow, MayHaveAnEmptyTitle) {
+    mail.window({.title = ""});
+    EXPECT_EQ(reader->focusedWindowTitle(), "");
+    EXPECT_FALSE(reader->isAuxiliaryWindowActive());
+}
+
+TEST_F(FocusedWindow, IsDesktopLikeByTheTitleThatItsApplicationTells) {
+    struct Case {
+        const char* title;
+        const char* nameInFront;
+        FakeWindowOptions window;
+        bool isDesktopLike;
+    };
+    const std::vector<Case> cases{
+        {"Finder", "Files", {.roleDescription = "scroll area"}, true},
+        {"Files", "Finder", {.roleDescription = "scroll area"}, false},
+        {"X", "Photoshop", {.children = 31}, true},
+        {"Photoshop", "X", {.children = 31}, false},
+        {"Tarragon", "Photoshop", {.children = 31}, false},
+        {"Steam", "X", {}, true},
+    };
+    for (const Case& each : cases) {
+        const FakeApplication application = fake.addApplication(each.nameInFront);
+        fake.accessibility.setAttribute(application.element(), "AXTitle", std::string(each.title));
+        application.window(each.window);
+        fake.activate(application);
+        reader->update();
+        EXPECT_EQ(reader->isFinderDesktopWindowActive(), each.isDesktopLike) << each.title << " " << each.nameInFront;
+    }
+}
+
+TEST_F(FocusedWindow, IsAskedForItsRoleTextBeforeItsTitle) {
+    const Element window = mail.window({.title = "Inbox"});
+    fake.accessibility.clearCalls();
+    reader->isAuxiliaryWindowActive();
+    std::vector<std::string> asked;
+    for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue)) {
+        if (call.element == window)
+            asked.push_back(call.name);
+    }
+    EXPECT_THAT(asked, testing::ElementsAre("AXRoleDescription", "AXTitle"));
 }
 
 TEST_F(FocusedWindow, HasTheFrameOfItsTitle) {
@@ -153,6 +212,22 @@ TEST_F(FocusedWindow, IsHiddenWhenItsApplicationIs) {
     EXPECT_TRUE(reader->isFocusedWindowHidden());
 }
 
+TEST_F(FocusedWindow, IsHiddenByNothingButTheBooleanOfItsApplication) {
+    const Element window = mail.window();
+    fake.accessibility.setAttribute(window, "AXHidden", true);
+    EXPECT_FALSE(reader->isFocusedWindowHidden());
+    fake.accessibility.setAttribute(mail.element(), "AXHidden", std::int64_t{1});
+    EXPECT_FALSE(reader->isFocusedWindowHidden());
+}
+
+TEST_F(FocusedWindow, IsMovedAndResizedInSinglePrecision) {
+    const Element window = mail.window({.positionCG = Point{1, 2}, .size = Size{3, 4}});
+    reader->setPositionOfFocusedWindow(0.1F, 0.2F);
+    reader->setSizeOfFocusedWindow(30.1F, 40.2F);
+    EXPECT_EQ(fake.accessibility.attribute(window, "AXPosition"), Value(Point{double(0.1F), double(0.2F)}));
+    EXPECT_EQ(fake.accessibility.attribute(window, "AXSize"), Value(Size{double(30.1F), double(40.2F)}));
+}
+
 TEST_F(FocusedWindow, IsMovedAndResizedInScreenSpace) {
     const Element window = mail.window({.positionCG = Point{1, 2}, .size = Size{3, 4}});
     reader->setPositionOfFocusedWindow(10.5F, 20);
@@ -217,7 +292,15 @@ TEST_F(FocusedWindowScreen, IsNoneWhenOnlyTheBottomRightCornerLiesOnOne) {
     place({{0, 0}, {100, 100}});
     EXPECT_EQ(screenFrame(), std::nullopt);
     EXPECT_EQ(reader->focusedWindowScreenRectNS(), Rect());
+    EXPECT_EQ(reader->focusedWindowScreenRectCG(), (Rect{{0, far.size.height}, {0, 0}}));
     EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+}
+
+TEST_F(FocusedWindowScreen, IsTheOneAtTheOriginWhenThereIsNoWindow) {
+    setFrames({{{0, 0}, {1000, 1000}}, {{1000, 0}, {800, 700}}});
+    EXPECT_EQ(screenFrame(), (Rect{{0, 0}, {1000, 1000}}));
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+    EXPECT_EQ(reader->focusedWindowScreenRectNS(), (Rect{{0, 0}, {1000, 995}}));
 }
 
 TEST_F(FocusedWindowScreen, HoldsTheCentreOfAWindowThatStraddlesTwo) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <future>
 #include <thread>
 
@@ -165,6 +166,43 @@ TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
     goOn.set_value();
     EXPECT_TRUE(probe.get());
     EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
+}
+
+TEST(MenuCacheThreads, HaveNothingAfterwardsOfAnApplicationThatWasForgottenMeanwhile) {
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    std::promise<void> begun;
+    std::promise<void> goOn;
+    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu) {
+        begun.set_value();
+        goOn.get_future().wait();
+        menu.addItem(item("New"));
+        return true;
+    });
+    begun.get_future().wait();
+    // Does not wait for the filling.
+    cache.clearCacheForAppKey("Editor");
+    goOn.set_value();
+    EXPECT_FALSE(cache.cacheExistsForMenu("Editor", Menu("File")));
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+}
+
+TEST(MenuCacheThreads, FillOneAfterTheOther) {
+    constexpr int count = 8;
+    std::atomic<int> atOnce = 0;
+    std::atomic<int> done = 0;
+    std::promise<void> last;
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    for (int index = 0; index < count; ++index) {
+        cache.cacheMenuForMenuItem(name("Editor"), item("Menu " + std::to_string(index)), [&](Menu&) {
+            EXPECT_EQ(++atOnce, 1);
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+            --atOnce;
+            if (++done == count)
+                last.set_value();
+            return true;
+        });
+    }
+    last.get_future().wait();
 }
 
 TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {

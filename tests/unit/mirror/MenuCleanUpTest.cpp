@@ -101,6 +101,12 @@ protected:
         item->setTarget(proxy);
         menu.addItem(item);
     }
+    Titles remainingWithUnlistedSizes() {
+        for (const auto& item : menu.items())
+            fake.accessibility.unlistAttribute(
+                std::dynamic_pointer_cast<ProxyMenuItem>(item->target())->itemAXUIElementRef(), "AXSize");
+        return remaining();
+    }
     Titles remaining() {
         removeDisabledServicesMenuItems(fake.accessibility, menu);
         return titlesOf(menu);
@@ -109,6 +115,11 @@ protected:
     FakePlatform fake;
     Menu menu{"Services"};
 };
+
+TEST_F(RemovingServices, ReadsASizeThatIsNotListed) {
+    add("Sized", Size{1, 1});
+    EXPECT_THAT(remainingWithUnlistedSizes(), ElementsAre("Sized"));
+}
 
 TEST_F(RemovingServices, DropsItemsUntilOneHasASize) {
     add("A", std::nullopt);

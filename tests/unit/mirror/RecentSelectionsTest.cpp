@@ -47,6 +47,14 @@ TEST_F(RecentSelections, SkipTheKeysOfOtherApplications) {
     EXPECT_THAT(listed({"Editor|Edit|Copy", "Mail", ""}), ElementsAre("", "Recent Selections"));
 }
 
+TEST_F(RecentSelections, GoByWhatTheApplicationCallsItself) {
+    fake.accessibility.setAttribute(mail.element(), "AXTitle", std::string("Post"));
+    EXPECT_THAT(listed({"Post|Edit|Copy", "Mail|Edit|Cut"}), ElementsAre("", "Recent Selections", "Copy"));
+    target.removeAllItems();
+    fake.accessibility.removeAttribute(mail.element(), "AXTitle");
+    EXPECT_THAT(listed({"AXApplication|Edit|Copy", "Post|Edit|Cut"}), ElementsAre("", "Recent Selections", "Copy"));
+}
+
 TEST_F(RecentSelections, LeaveMissingItemsOut) {
     EXPECT_THAT(listed({"Mail|Edit|Gone", "Mail|Gone|Copy", "Mail|Gone"}), ElementsAre("", "Recent Selections"));
 }

@@ -41,6 +41,11 @@ TEST(PassingWindow, IsAWindowTitledHelpOrFile) {
     EXPECT_FALSE(isPassingWindow("window", "Help me"));
 }
 
+TEST(PassingWindow, IsToldByExactTexts) {
+    for (const char* title : {"Files", "contextMenus", "moving", "deleting", "clockwork", "copying"})
+        EXPECT_FALSE(isPassingWindow("window", title)) << title;
+}
+
 TEST(PassingWindow, IsOneWithoutRoleTextOrTitle) {
     EXPECT_TRUE(isPassingWindow(std::nullopt, "Letter"));
     EXPECT_TRUE(isPassingWindow("window", std::nullopt));

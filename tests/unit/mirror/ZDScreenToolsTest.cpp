@@ -52,12 +52,22 @@ TEST_F(ZDScreenToolsTest, CountThePointerInAtTheTopEdgeAndOutAtTheBottom) {
     EXPECT_EQ(screenUnderPointerAt({50, 0}), std::nullopt);
     EXPECT_EQ(screenUnderPointerAt({0, 40}), left.frameNS);
     EXPECT_EQ(screenUnderPointerAt({100, 40}), right.frameNS);
+    EXPECT_EQ(screenUnderPointerAt({150, 40}), std::nullopt);
 }
 
 TEST_F(ZDScreenToolsTest, NumberTheScreensAndAnswerZeroOutside) {
     EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {50, 40}), 0);
     EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {120, 40}), 1);
     EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {500, 40}), 0);
+    displays.setScreens({left, {{{0, 0}, {200, 200}}, {}}});
+    EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {50, 40}), 0);
+    EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {150, 40}), 1);
+}
+
+TEST_F(ZDScreenToolsTest, FindNothingWithoutScreens) {
+    displays.setScreens({});
+    EXPECT_EQ(screenUnderPointerAt({50, 40}), std::nullopt);
+    EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {50, 40}), 0);
 }
 
 TEST_F(ZDScreenToolsTest, GiveTheSizeOfTheFirstScreen) {
