@@ -147,41 +147,44 @@ TEST_F(MenuCacheTest, LetsALookUpGoOnWithAMenuThatIsReplacedMeanwhile) {
     EXPECT_THAT(titlesOf(*filled), ElementsAre("New"));
 }
 
-TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
-    MenuCache cache(std::make_unique<SystemFillingThreads>());
+// A filling of the menu "File" of "Editor" that goes on when it is told to.
+struct HeldFilling {
+    // Returns when it has begun.
+    void begin(MenuCache& cache) {
+        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [this](Menu& menu) {
+            begun.set_value();
+            goOn.get_future().wait();
+            menu.addItem(item("New"));
+            return true;
+        });
+        begun.get_future().wait();
+    }
+
     std::promise<void> begun;
     std::promise<void> goOn;
-    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu) {
-        begun.set_value();
-        goOn.get_future().wait();
-        menu.addItem(item("New"));
-        return true;
-    });
-    begun.get_future().wait();
+};
+
+TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
+    HeldFilling held;
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    held.begin(cache);
     // A half-filled menu is not to be found.
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
     cache.clearCacheForAppKey("Viewer");
     auto probe = std::async(std::launch::async, [&] { return cache.cacheExistsForMenu("Editor", Menu("File")); });
     EXPECT_EQ(probe.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
-    goOn.set_value();
+    held.goOn.set_value();
     EXPECT_TRUE(probe.get());
     EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
 }
 
 TEST(MenuCacheThreads, HaveNothingAfterwardsOfAnApplicationThatWasForgottenMeanwhile) {
+    HeldFilling held;
     MenuCache cache(std::make_unique<SystemFillingThreads>());
-    std::promise<void> begun;
-    std::promise<void> goOn;
-    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu) {
-        begun.set_value();
-        goOn.get_future().wait();
-        menu.addItem(item("New"));
-        return true;
-    });
-    begun.get_future().wait();
+    held.begin(cache);
     // Does not wait for the filling.
     cache.clearCacheForAppKey("Editor");
-    goOn.set_value();
+    held.goOn.set_value();
     EXPECT_FALSE(cache.cacheExistsForMenu("Editor", Menu("File")));
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
 }
