@@ -99,7 +99,7 @@ private:
     AtspiNodes::Wanted takeSeparators(std::span<const AtspiReference> references, AtspiElement::Place place);
     void askMenusBelow(const Items& items);
     // The menu of an item, with its own items where these are to be read as well.
-    void askMenu(const AtspiReference& menu, AtspiFields kind, std::int64_t childCount, int levels);
+    void askMenu(const AtspiReference& reference, AtspiFields kind, std::int64_t childCount, int levels);
 
     AtspiConnection& _connection;
     AtspiNodes& _nodes;

@@ -64,10 +64,10 @@ TEST(AtspiMenuMemory, BeginsAnewWhenItIsFull) {
 
 TEST(AtspiMenuMemory, IsUsedByTwoThreadsAtOnce) {
     AtspiMenuMemory memory;
-    const auto use = [&memory](int first) {
+    const auto use = [&memory](std::size_t first) {
         for (int round = 0; round < 2000; ++round) {
-            memory.remember(menu(round % 7), items(static_cast<std::size_t>(first + round % 5)));
-            const std::size_t count = memory.itemsOf(menu((round + first) % 7)).size();
+            memory.remember(menu(round % 7), items(first + static_cast<std::size_t>(round) % 5));
+            const std::size_t count = memory.itemsOf(menu((round + 3) % 7)).size();
             EXPECT_LE(count, 300U);
             if (round % 500 == 0)
                 memory.forget();
