@@ -76,13 +76,12 @@ bool AppAccessibility::isFinderDesktopWindowActive() {
     const auto title = describedAttribute(_platform.accessibility, attribute::Title, _appAXUIElementRef);
     if (const auto decided = isDesktopLikeWindow(title, focusedWindowRole()))
         return *decided;
-    // Windows of this one application count as desktop-like when they hold many elements. Its name is tested first, so
-    // that no other application is asked for its elements.
+    // Windows of this one application count as desktop-like when they hold many elements. Its name is tested last.
     constexpr std::size_t ManyChildren = 31;
-    if (focusedAppName() != "Photoshop")
-        return false;
     const auto children = menuItemsIn(focusedWindow());
-    return children && children->size() >= ManyChildren;
+    if (!children || children->size() < ManyChildren)
+        return false;
+    return focusedAppName() == "Photoshop";
 }
 
 bool AppAccessibility::isAuxiliaryWindowActive() {

@@ -3,6 +3,8 @@
 #include "mirror/ProxyMenuItem.h"
 #include "platform/AccessibilityNames.h"
 
+#include <utility>
+
 namespace tarragon {
 
 void removeDuplicateMenuItems(Menu& menu) {
@@ -39,8 +41,9 @@ void removeDisabledServicesMenuItems(Accessibility& accessibility, Menu& menu) {
     const auto items = menu.items();
     for (const auto& item : items) {
         const auto proxy = std::dynamic_pointer_cast<ProxyMenuItem>(item->target());
-        if (isNil(size) && proxy)
-            size = accessibility.copyAttributeValue(proxy->itemAXUIElementRef(), attribute::Size);
+        Value read = proxy ? accessibility.copyAttributeValue(proxy->itemAXUIElementRef(), attribute::Size) : Value();
+        if (!isNil(read))
+            size = std::move(read);
         if (isNil(size))
             menu.removeItem(*item);
     }

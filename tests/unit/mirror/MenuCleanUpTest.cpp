@@ -121,6 +121,14 @@ TEST_F(RemovingServices, ReadsASizeThatIsNotListed) {
     EXPECT_THAT(remainingWithUnlistedSizes(), ElementsAre("Sized"));
 }
 
+TEST_F(RemovingServices, AsksEachItemForItsSize) {
+    for (const char* title : {"A", "B", "C"})
+        add(title, Size{1, 1});
+    fake.accessibility.clearCalls();
+    EXPECT_THAT(remaining(), ElementsAre("A", "B", "C"));
+    EXPECT_EQ(fake.accessibility.callsOf(FakeCall::Operation::CopyAttributeValue).size(), 3U);
+}
+
 TEST_F(RemovingServices, DropsItemsUntilOneHasASize) {
     add("A", std::nullopt);
     add("B", std::nullopt);
