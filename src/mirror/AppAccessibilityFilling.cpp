@@ -122,7 +122,7 @@ void AppAccessibility::cacheMenuForMenuItem(const MenuItem& item) {
     auto fillMenu = [&accessibility = _platform.accessibility, converter = converter(), element = elementOf(item)](
                         Menu& menu) mutable {
         const ReadBatch batch(accessibility);
-        return converter.processSubAXMenuAsNSMenu(element, menu);
+        converter.processSubAXMenuAsNSMenu(element, menu);
     };
     _cache->cacheMenuForMenuItem(
         std::make_shared<const std::string>(*std::move(appName)), item.copy(), std::move(fillMenu));

@@ -30,8 +30,7 @@ void MenuCache::fill(const Menu::SharedTitle& appName, std::shared_ptr<MenuItem>
     }
     // The item is added when its menu is complete: whoever finds it may read the menu at once.
     auto filled = std::make_shared<Menu>(item->title());
-    if (!fillMenu(*filled))
-        return;
+    fillMenu(*filled);
     item->setMenu(std::move(filled));
     const std::lock_guard guard(_guard);
     root->addItem(std::move(item));

@@ -27,8 +27,7 @@ namespace tarragon {
 // A filling runs on a thread of its own; everything else belongs to the main thread.
 class MenuCache {
 public:
-    // False when the application did not tell what stands in the menu.
-    using FillMenu = std::function<bool(Menu&)>;
+    using FillMenu = std::function<void(Menu&)>;
 
     explicit MenuCache(std::unique_ptr<FillingThreads> threads);
     MenuCache(const MenuCache&) = delete;
@@ -40,7 +39,7 @@ public:
     // belongs to the cache from now on; fillMenu converts the real items, on the thread. The menus that the
     // application has here are kept only when its entry was made with the very same name object: an equal name starts
     // the entry afresh. Does nothing when the entry has an item of the title already. A menu that the application
-    // did not tell is not kept: it is read when it opens.
+    // did not tell is kept as an empty one, until a filling starts the entry afresh.
     void cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<MenuItem> item, FillMenu fillMenu);
 
     // Whether the application has an item for the submenu. Waits for the filling that is under way; answers at once

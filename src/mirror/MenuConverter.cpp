@@ -67,17 +67,11 @@ void MenuConverter::attachSubmenu(Menu& parent, const std::string& title) const 
     item->setSubmenu(std::move(submenu));
 }
 
-bool MenuConverter::processSubAXMenuAsNSMenu(const Element& element, Menu& parent) {
-    const Value children = read(attribute::Children, element);
-    const auto* menus = valueAs<std::vector<Element>>(children);
-    bool areTold = menus != nullptr;
-    for (const Element& child : menus ? *menus : std::vector<Element>()) {
-        if (!isMenu(child))
-            continue;
-        areTold = areTold && !isNil(read(attribute::Children, child));
-        processAXMenuAsNSMenu(child, parent, std::nullopt);
+void MenuConverter::processSubAXMenuAsNSMenu(const Element& element, Menu& parent) {
+    for (const Element& child : childrenOf(element)) {
+        if (isMenu(child))
+            processAXMenuAsNSMenu(child, parent, std::nullopt);
     }
-    return areTold;
 }
 
 void MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& element) {

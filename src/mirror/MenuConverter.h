@@ -43,8 +43,8 @@ public:
     // the first item of the title.
     void processAXMenuAsNSMenu(
         const Element& element, Menu& parent, const std::optional<std::string>& previousDescription);
-    // Converts the children of every menu among the element's children. False when the application did not tell them.
-    bool processSubAXMenuAsNSMenu(const Element& element, Menu& parent);
+    // Converts the children of every menu among the element's children.
+    void processSubAXMenuAsNSMenu(const Element& element, Menu& parent);
     // Reads the children's roles up to the first menu and builds nothing: wakes an application that fills its menus
     // when they are looked at.
     void processSingleIterationSubAXMenuAsNSMenu(const Element& element);

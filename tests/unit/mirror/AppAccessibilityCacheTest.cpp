@@ -128,11 +128,13 @@ TEST_F(Caching, CountsTheItemsOfTheCachedMenuBeforeRepeatsGo) {
     EXPECT_TRUE(menu.itemWithTitle("New")->isEnabled());
 }
 
-TEST_F(Caching, ReadsAMenuThatItsApplicationDidNotTellWhenItOpens) {
+TEST_F(Caching, ShowsAMenuThatItsApplicationDidNotTellEmptyUntilTheNextFilling) {
     reader->update();
     fake.accessibility.setProcessFault(editor.processIdentifier(), FakeFault::Dead);
     work->runAll();
     fake.accessibility.setProcessFault(editor.processIdentifier(), FakeFault::None);
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre());
+    rebuildAndFill();
     EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
 }
 
