@@ -109,7 +109,8 @@ void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& re
         receiveError(pending, reply);
     } else if (pending.request->handleReply) {
         AtspiReply answer(reply);
-        pending.request->handleReply(answer);
+        if (!pending.request->isForProperty() || answer.enterVariant())
+            pending.request->handleReply(answer);
     }
     end(pending);
 }

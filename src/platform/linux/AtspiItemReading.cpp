@@ -212,11 +212,8 @@ void AtspiItemReading::askItems(const AtspiReference& container, Place place, in
         askItemsAndMenusBelow(items);
     } else if (place != Place::InMenu) {
         askMenusOfQtItems(items, items.meant());
-        AtspiNodes::Wanted wanted;
-        for (const AtspiReference& reference : items.meant())
-            wanted.emplace_back(reference,
-                opensMenu(_nodes.at(reference)) ? kindFields(place) : kindFields(place) | AtspiFieldKeyBinding);
-        _inquiry.ask(wanted, [this, items] { _inquiry.ask(takeSeparators(items.meant(), items.place), [] {}); });
+        _inquiry.ask(
+            wanted(items.meant(), kindFields(place) | AtspiFieldChildren), [this, items] { askKeysOfQtItems(items); });
     } else {
         for (std::size_t begin = 0; begin < items.end; begin += PortionOfQtMenu)
             askPlacesInQtMenu({items.ofMenu, begin, std::min(begin + PortionOfQtMenu, items.end), place, levelsBelow});
@@ -256,6 +253,16 @@ void AtspiItemReading::askNamelessItems(const Items& items) {
 
 void AtspiItemReading::askMenusOfQtItems(const Items& items, std::span<const AtspiReference> references) {
     _inquiry.ask(wanted(references, AtspiFieldChildren), [this, items] { askMenusBelow(items); });
+}
+
+void AtspiItemReading::askKeysOfQtItems(const Items& items) {
+    std::vector<AtspiReference> withoutMenus;
+    for (const AtspiReference& reference : items.meant()) {
+        if (!opensMenu(_nodes.at(reference)))
+            withoutMenus.push_back(reference);
+    }
+    _inquiry.ask(wanted(withoutMenus, AtspiFieldKeyBinding),
+        [this, items] { _inquiry.ask(takeSeparators(items.meant(), items.place), [] {}); });
 }
 
 void AtspiItemReading::askPlacesInQtMenu(const Items& items) {

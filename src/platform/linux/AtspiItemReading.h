@@ -82,6 +82,8 @@ private:
     void askNamelessItems(const Items& items);
     // Which menus they open, before all else: that leads to the most questions.
     void askMenusOfQtItems(const Items& items, std::span<const AtspiReference> references);
+    // Of a menu bar, in which hardly any item has no menu.
+    void askKeysOfQtItems(const Items& items);
     // These three ask less of each item of such a menu by asking one after the other.
     void askPlacesInQtMenu(const Items& items);
     void askItemsOfQtMenu(const Items& items);

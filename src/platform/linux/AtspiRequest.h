@@ -45,20 +45,18 @@ struct AtspiRequest {
     const char* interface;
     const char* member;
     Argument argument;
-    // Called with the reply, and not at all when there is none or it is an error.
+    // Called with the reply, that of a property opened, and not at all when there is none or it is an error.
     std::function<void(AtspiReply&)> handleReply;
     // Called when the application refuses.
     std::function<void()> handleError = {};
     // Called last, also when there is no answer and none to wait for any more. May add requests to those it is among.
     std::function<void()> handleEnd = {};
 
+    bool isForProperty() const { return std::holds_alternative<Property>(argument); }
     static AtspiRequest property(
         AtspiReference target, const char* interface, const char* name, std::function<void(AtspiReply&)> handleReply) {
         return {std::move(target), "org.freedesktop.DBus.Properties", "Get", Property{interface, name},
-            [handle = std::move(handleReply)](AtspiReply& reply) {
-                if (reply.enterVariant())
-                    handle(reply);
-            }};
+            std::move(handleReply)};
     }
 };
 

@@ -207,6 +207,23 @@ TEST_F(AtspiTreeTest, KnowsFromTheMenuBarHowLongEachMenuIs) {
     EXPECT_EQ(AtspiElement::of(items[0])->childCount, 10);
 }
 
+TEST_F(AtspiTreeTest, AsksOnlyTitlesWithoutMenusInAQtMenuBarForTheirKeys) {
+    makeQtMenu(1);
+    application.change([&] {
+        application.objects["/bar"].children = {"/bar/file", "/bar/about", "/bar/line"};
+        application.objects["/bar/about"] = {AtspiRoleMenuItem, "About", Visible, {}, "Ctrl+B", "/bar"};
+        application.objects["/bar/line"] = {AtspiRoleSeparator, "", Visible, {}, "", "/bar"};
+        application.objects["/bar/line"].hasAction = false;
+    });
+    const auto items = elements(tree.attributeValue(element("/bar", AtspiToolkit::Qt), attribute::Children));
+    ASSERT_EQ(items.size(), 3U);
+    EXPECT_EQ(application.calls("GetKeyBinding"), 2U);
+    EXPECT_EQ(string(tree.attributeValue(items[0], attribute::MenuItemCmdChar)), "nil");
+    EXPECT_EQ(string(tree.attributeValue(items[1], attribute::MenuItemCmdChar)), "B");
+    EXPECT_EQ(string(tree.attributeValue(items[2], attribute::Title)), "");
+    EXPECT_EQ(application.calls("GetKeyBinding"), 2U);
+}
+
 TEST_F(AtspiTreeTest, LeavesOutWhatQtHides) {
     makeQtMenu(4);
     application.change([&] {
