@@ -1,6 +1,7 @@
 #include "platform/linux/AtspiItemReading.h"
 
 #include "platform/linux/AtspiAttributes.h"
+#include "platform/linux/AtspiMenuLayout.h"
 #include "platform/linux/AtspiMenuMemory.h"
 #include "platform/linux/AtspiRole.h"
 
@@ -18,58 +19,36 @@ using Place = AtspiElement::Place;
 // Trees of lying applications are cut off here.
 constexpr int DeepestLevel = 16;
 constexpr std::size_t MostItems = 100'000;
-// Of the items of a Qt menu every such one is asked where it is, and those that stand between follow from that.
-constexpr std::size_t Landmarks = 4;
-// So many are asked about together. A multiple of the other.
-constexpr std::size_t PortionOfQtMenu = 32;
-
-bool holdsItems(Place place) {
-    return place == Place::InMenu || place == Place::InMenuBar;
-}
 
 constexpr std::uint64_t bitOf(AtspiState state) {
     return 1ULL << static_cast<unsigned>(state);
 }
 
-// Of Qt items, once their children are known.
-bool opensMenu(const AtspiNode& node) {
-    return node.children && !node.children->empty();
-}
-
-AtspiNodes::Wanted wanted(std::span<const AtspiReference> references, AtspiFields fields) {
-    AtspiNodes::Wanted result;
-    result.reserve(references.size());
-    for (const AtspiReference& reference : references)
-        result.emplace_back(reference, fields);
-    return result;
-}
-
 } // namespace
 
+AtspiItemReading::AtspiItemReading(
+    AtspiConnection& connection, AtspiNodes& nodes, AtspiMenuMemory& memory, AtspiToolkit toolkit)
+    : _connection(connection)
+    , _nodes(nodes)
+    , _memory(memory)
+    , _toolkit(toolkit)
+    , _inquiry(connection, nodes)
+    , _qtItems(nodes, _inquiry, [this](const AtspiMenuItems& items) { askMenusBelow(items); }) { }
+
 AtspiFields AtspiItemReading::kindFields(Place place) const {
-    if (_toolkit != AtspiToolkit::Qt)
-        return AtspiFieldRole | AtspiFieldStates | AtspiFieldName;
-    if (!holdsItems(place))
-        return AtspiFieldRole;
-    // Every request counts with this toolkit, so what the name tells is not asked for: what has one in a menu is an
-    // item. Hidden items are told by the room that they take, but not in a menu bar: titles that find no room there are
-    // still offered, behind its end.
-    const AtspiFields fields = AtspiFieldStates | AtspiFieldName;
-    return place == Place::InMenu ? fields | AtspiFieldExtents : fields;
+    return _toolkit == AtspiToolkit::Qt ? AtspiQtItems::kindFields(place)
+                                        : AtspiFieldRole | AtspiFieldStates | AtspiFieldName;
 }
 
 void AtspiItemReading::readKinds(const std::vector<AtspiReference>& objects, Place place) {
-    _nodes.fetch(_connection, wanted(objects, kindFields(place)));
-    _nodes.fetch(_connection, takeSeparators(objects, place));
+    _nodes.fetch(_connection, AtspiNodes::wanted(objects, kindFields(place)));
+    if (_toolkit == AtspiToolkit::Qt)
+        _nodes.fetch(_connection, _qtItems.takeSeparators(objects, place));
 }
 
 AtspiFields AtspiItemReading::kindOfMenu(const AtspiReference& menu) {
-    AtspiNode& node = _nodes.at(menu);
-    // In this toolkit nothing but menus stands below an item of a menu.
-    if (_toolkit == AtspiToolkit::Qt && node.missing(AtspiFieldRole) != 0) {
-        node.role = AtspiRolePopupMenu;
-        node.asked |= AtspiFieldRole;
-    }
+    if (_toolkit == AtspiToolkit::Qt)
+        AtspiQtItems::takeMenu(_nodes.at(menu));
     return kindFields(Place::UnderItem);
 }
 
@@ -110,17 +89,10 @@ void AtspiItemReading::readLevels(const AtspiReference& container, Place place, 
     _inquiry.run();
     for (const AtspiReference& read : _containers) {
         if (_toolkit == AtspiToolkit::Qt)
-            dropKeysOfMenus(*_nodes.at(read).children);
+            _qtItems.dropKeysOfMenus(*_nodes.at(read).children);
         remember(read);
     }
     _containers.clear();
-}
-
-void AtspiItemReading::dropKeysOfMenus(const std::vector<AtspiReference>& items) {
-    for (const AtspiReference& item : items) {
-        if (opensMenu(_nodes.at(item)))
-            takeMenuOpener(_nodes.at(item));
-    }
 }
 
 void AtspiItemReading::remember(const AtspiReference& container) {
@@ -137,20 +109,16 @@ void AtspiItemReading::remember(const AtspiReference& container) {
 }
 
 AtspiFields AtspiItemReading::fieldsToRemember(const AtspiNode& item, bool kindsTell, bool roomTells) const {
-    AtspiFields fields = item.requested;
-    if (_toolkit == AtspiToolkit::Gtk) {
-        // Items are menus themselves: what is in them is asked when they open.
-        fields &= ~(AtspiFieldChildren | AtspiFieldKinds);
-        if (item.role == AtspiRoleMenu)
-            fields |= AtspiFieldChildCount;
-        if (kindsTell && hasName(item))
-            fields &= ~AtspiFieldRole;
-    } else if (_toolkit == AtspiToolkit::Qt) {
-        if (opensMenu(item))
-            fields &= ~AtspiFieldKeyBinding;
-        if (roomTells && isHidden(item))
-            fields &= AtspiFieldName | AtspiFieldExtents;
-    }
+    if (_toolkit == AtspiToolkit::Qt)
+        return AtspiQtItems::fieldsToRemember(item, roomTells);
+    if (_toolkit != AtspiToolkit::Gtk)
+        return item.requested;
+    // Items are menus themselves: what is in them is asked when they open.
+    AtspiFields fields = item.requested & ~(AtspiFieldChildren | AtspiFieldKinds);
+    if (item.role == AtspiRoleMenu)
+        fields |= AtspiFieldChildCount;
+    if (kindsTell && hasName(item))
+        fields &= ~AtspiFieldRole;
     return fields;
 }
 
@@ -197,7 +165,7 @@ void AtspiItemReading::takeKind(const AtspiReference& reference, const Kind& kin
     }
     // Lines between items have no keys and no names.
     if (kind.role != AtspiRoleMenuItem)
-        takeMenuOpener(node);
+        node.takeNoKey();
     if (kind.role == AtspiRoleSeparator)
         node.asked |= AtspiFieldName;
 }
@@ -206,21 +174,15 @@ void AtspiItemReading::askItems(const AtspiReference& container, Place place, in
     const AtspiNode& node = _nodes.at(container);
     takeKinds(node);
     _containers.push_back(container);
-    const Items items{*node.children, 0, node.children->size(), place, levelsBelow};
+    const AtspiMenuItems items{*node.children, 0, node.children->size(), place, levelsBelow};
     _itemCount += items.end;
-    if (_toolkit != AtspiToolkit::Qt) {
+    if (_toolkit == AtspiToolkit::Qt)
+        _qtItems.ask(items);
+    else
         askItemsAndMenusBelow(items);
-    } else if (place != Place::InMenu) {
-        askMenusOfQtItems(items, items.meant());
-        _inquiry.ask(
-            wanted(items.meant(), kindFields(place) | AtspiFieldChildren), [this, items] { askKeysOfQtItems(items); });
-    } else {
-        for (std::size_t begin = 0; begin < items.end; begin += PortionOfQtMenu)
-            askPlacesInQtMenu({items.ofMenu, begin, std::min(begin + PortionOfQtMenu, items.end), place, levelsBelow});
-    }
 }
 
-void AtspiItemReading::askItemsAndMenusBelow(const Items& items) {
+void AtspiItemReading::askItemsAndMenusBelow(const AtspiMenuItems& items) {
     const AtspiFields kind = kindFields(items.place) | AtspiFieldKeyBinding;
     AtspiNodes::Wanted unread;
     unread.reserve(items.end);
@@ -237,7 +199,7 @@ void AtspiItemReading::askItemsAndMenusBelow(const Items& items) {
     _inquiry.ask(unread, [this, items] { askNamelessItems(items); });
 }
 
-void AtspiItemReading::askNamelessItems(const Items& items) {
+void AtspiItemReading::askNamelessItems(const AtspiMenuItems& items) {
     // The searches do not tell tear-offs from items, but these have no labels.
     AtspiNodes::Wanted nameless;
     for (const AtspiReference& reference : items.meant()) {
@@ -251,143 +213,7 @@ void AtspiItemReading::askNamelessItems(const Items& items) {
     _inquiry.ask(nameless, [this, items] { askMenusBelow(items); });
 }
 
-void AtspiItemReading::askMenusOfQtItems(const Items& items, std::span<const AtspiReference> references) {
-    _inquiry.ask(wanted(references, AtspiFieldChildren), [this, items] { askMenusBelow(items); });
-}
-
-void AtspiItemReading::askKeysOfQtItems(const Items& items) {
-    std::vector<AtspiReference> withoutMenus;
-    for (const AtspiReference& reference : items.meant()) {
-        if (!opensMenu(_nodes.at(reference)))
-            withoutMenus.push_back(reference);
-    }
-    _inquiry.ask(wanted(withoutMenus, AtspiFieldKeyBinding),
-        [this, items] { _inquiry.ask(takeSeparators(items.meant(), items.place), [] {}); });
-}
-
-void AtspiItemReading::askPlacesInQtMenu(const Items& items) {
-    AtspiNodes::Wanted wanted;
-    wanted.reserve(items.end - items.begin + 1);
-    for (std::size_t index = items.begin; index < items.end; ++index) {
-        const bool tellsOthers = index % Landmarks == 0 || index + 1 == items.ofMenu.size();
-        wanted.emplace_back(items.ofMenu[index], tellsOthers ? AtspiFieldName | AtspiFieldExtents : AtspiFieldName);
-    }
-    if (items.end < items.ofMenu.size())
-        wanted.emplace_back(items.ofMenu[items.end], AtspiFieldExtents);
-    _inquiry.ask(wanted, [this, items] { askItemsOfQtMenu(items); });
-}
-
-void AtspiItemReading::askItemsOfQtMenu(const Items& items) {
-    const bool roomTells = takePlaces(items);
-    std::vector<AtspiReference> named;
-    AtspiNodes::Wanted wanted;
-    for (const AtspiReference& reference : items.meant()) {
-        AtspiNode& node = _nodes.at(reference);
-        if (roomTells && isHidden(node))
-            continue;
-        AtspiFields fields = AtspiFieldExtents;
-        if (hasName(node)) {
-            takeItem(node);
-            named.push_back(reference);
-            fields |= opensMenu(node) ? AtspiFieldStates : AtspiFieldStates | AtspiFieldKeyBinding;
-        }
-        wanted.emplace_back(reference, fields);
-    }
-    askMenusOfQtItems(items, named);
-    _inquiry.ask(wanted, [this, items] { askNamelessItemsOfQtMenu(items); });
-}
-
-void AtspiItemReading::askNamelessItemsOfQtMenu(const Items& items) {
-    const bool roomTells = takePlaces(items);
-    AtspiNodes::Wanted unknown;
-    for (const AtspiReference& reference : items.meant()) {
-        const AtspiNode& node = _nodes.at(reference);
-        // What refuses everything has gone.
-        if ((roomTells && isHidden(node)) || !node.name || node.missing(AtspiFieldRole) == 0)
-            continue;
-        unknown.emplace_back(reference, AtspiFieldRole | AtspiFieldStates | AtspiFieldKeyBinding | AtspiFieldChildren);
-    }
-    if (!unknown.empty())
-        _inquiry.ask(unknown, [this, items] { askMenusBelow(items); });
-}
-
-bool AtspiItemReading::takePlaces(const Items& items) {
-    std::vector<AtspiNode*> nodes;
-    const std::size_t end = std::min(items.end + 1, items.ofMenu.size());
-    for (const AtspiReference& reference : items.ofMenu.subspan(items.begin, end - items.begin))
-        nodes.push_back(&_nodes.at(reference));
-    const MenuHeights heights = heightsIn(std::vector<const AtspiNode*>(nodes.begin(), nodes.end()));
-    const AtspiNode* before = nullptr;
-    bool isAnyToBeSeen = false;
-    std::vector<AtspiNode*> between;
-    for (AtspiNode* node : nodes) {
-        if (node->missing(AtspiFieldExtents) != 0)
-            between.push_back(node);
-        // Who does not tell may take any room.
-        else if (!node->extents)
-            before = nullptr;
-        if (!takesRoom(*node))
-            continue;
-        if (before != nullptr)
-            takePlacesBetween(*before, *node, between, heights);
-        between.clear();
-        before = node;
-        isAnyToBeSeen = true;
-    }
-    nodes.resize(items.end - items.begin);
-    for (AtspiNode* node : nodes) {
-        if (node->missing(AtspiFieldRole) != 0 && looksLikeLine(*node, heights.ofItems))
-            takeLine(*node);
-    }
-    return isAnyToBeSeen;
-}
-
-void AtspiItemReading::takePlacesBetween(
-    const AtspiNode& before, const AtspiNode& after, std::span<AtspiNode* const> between, const MenuHeights& heights) {
-    const std::vector<Rect> places = placesBetween(before, after, between, heights);
-    for (std::size_t index = 0; index < places.size(); ++index) {
-        between[index]->extents = places[index];
-        between[index]->asked |= AtspiFieldExtents;
-    }
-}
-
-void AtspiItemReading::takeMenuOpener(AtspiNode& node) {
-    node.keyBinding.reset();
-    node.asked |= AtspiFieldKeyBinding;
-}
-
-void AtspiItemReading::takeItem(AtspiNode& node) {
-    if (node.missing(AtspiFieldRole) != 0 || node.role == AtspiRoleSeparator)
-        node.role = AtspiRoleMenuItem;
-    node.asked |= AtspiFieldRole;
-}
-
-void AtspiItemReading::takeLine(AtspiNode& node) {
-    node.role = AtspiRoleSeparator;
-    node.asked |= AtspiFieldRole | AtspiFieldStates | AtspiFieldKeyBinding | AtspiFieldChildren;
-}
-
-AtspiNodes::Wanted AtspiItemReading::takeSeparators(std::span<const AtspiReference> references, Place place) {
-    AtspiNodes::Wanted unknown;
-    if (_toolkit != AtspiToolkit::Qt || !holdsItems(place))
-        return unknown;
-    for (const AtspiReference& reference : references) {
-        AtspiNode& node = _nodes.at(reference);
-        // What refuses everything has gone.
-        if ((node.asked & AtspiFieldRole) != 0 || !node.name)
-            continue;
-        if (hasName(node)) {
-            takeItem(node);
-        } else if (node.hasNoAction) {
-            takeLine(node);
-        } else {
-            unknown.emplace_back(reference, AtspiFieldRole | AtspiFieldStates);
-        }
-    }
-    return unknown;
-}
-
-void AtspiItemReading::askMenusBelow(const Items& items) {
+void AtspiItemReading::askMenusBelow(const AtspiMenuItems& items) {
     for (const AtspiReference& reference : items.meant()) {
         const AtspiNode& node = _nodes.at(reference);
         if (hasImpliedMenu(node, items.place)) {

@@ -2,13 +2,13 @@
 
 #include "platform/linux/AtspiElement.h"
 #include "platform/linux/AtspiInquiry.h"
-#include "platform/linux/AtspiMenuLayout.h"
+#include "platform/linux/AtspiMenuItems.h"
 #include "platform/linux/AtspiNodes.h"
+#include "platform/linux/AtspiQtItems.h"
 #include "platform/linux/AtspiRole.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 namespace tarragon {
@@ -19,11 +19,9 @@ class AtspiMenuMemory;
 // Reads what the items of menus can tell into nodes, with as much as possible in flight at once.
 class AtspiItemReading {
 public:
-    AtspiItemReading(AtspiConnection& connection, AtspiNodes& nodes, AtspiMenuMemory& memory, AtspiToolkit toolkit)
-        : _connection(connection)
-        , _nodes(nodes)
-        , _memory(memory)
-        , _toolkit(toolkit) { }
+    AtspiItemReading(AtspiConnection& connection, AtspiNodes& nodes, AtspiMenuMemory& memory, AtspiToolkit toolkit);
+    AtspiItemReading(const AtspiItemReading&) = delete;
+    AtspiItemReading& operator=(const AtspiItemReading&) = delete;
 
     // What tells items and menus apart.
     void readKinds(const std::vector<AtspiReference>& objects, AtspiElement::Place place);
@@ -49,17 +47,6 @@ private:
     // This toolkit makes a list of all children for each of them that it names.
     static constexpr std::int64_t LongMenu = 1000;
 
-    // Some of the items of one menu, or menu bar.
-    struct Items {
-        std::span<const AtspiReference> ofMenu; // all of them
-        std::size_t begin;
-        std::size_t end;
-        AtspiElement::Place place;
-        int levelsBelow; // how many levels of menus below them are to be read
-
-        std::span<const AtspiReference> meant() const { return ofMenu.subspan(begin, end - begin); }
-    };
-
     // What a search tells of an object.
     struct Kind {
         std::uint32_t role = AtspiRoleMenuItem;
@@ -74,32 +61,12 @@ private:
     void takeKinds(const AtspiNode& container);
     void takeKind(const AtspiReference& reference, const Kind& kind);
     void readLevels(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
-    void dropKeysOfMenus(const std::vector<AtspiReference>& items);
     void remember(const AtspiReference& container);
     AtspiFields fieldsToRemember(const AtspiNode& item, bool kindsTell, bool roomTells) const;
     void askItems(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
-    void askItemsAndMenusBelow(const Items& items);
-    void askNamelessItems(const Items& items);
-    // Which menus they open, before all else: that leads to the most questions.
-    void askMenusOfQtItems(const Items& items, std::span<const AtspiReference> references);
-    // Of a menu bar, in which hardly any item has no menu.
-    void askKeysOfQtItems(const Items& items);
-    // These three ask less of each item of such a menu by asking one after the other.
-    void askPlacesInQtMenu(const Items& items);
-    void askItemsOfQtMenu(const Items& items);
-    void askNamelessItemsOfQtMenu(const Items& items);
-    // What the places that are known tell of the items. False when none of them is to be seen, as when the menu has not
-    // been laid out.
-    bool takePlaces(const Items& items);
-    static void takePlacesBetween(const AtspiNode& before, const AtspiNode& after, std::span<AtspiNode* const> between,
-        const MenuHeights& heights);
-    // What opens a menu has no keys.
-    static void takeMenuOpener(AtspiNode& node);
-    static void takeItem(AtspiNode& node);
-    // A line between items has nothing else to tell.
-    static void takeLine(AtspiNode& node);
-    AtspiNodes::Wanted takeSeparators(std::span<const AtspiReference> references, AtspiElement::Place place);
-    void askMenusBelow(const Items& items);
+    void askItemsAndMenusBelow(const AtspiMenuItems& items);
+    void askNamelessItems(const AtspiMenuItems& items);
+    void askMenusBelow(const AtspiMenuItems& items);
     // The menu of an item, with its own items where these are to be read as well.
     void askMenu(const AtspiReference& reference, AtspiFields kind, std::int64_t childCount, int levels);
 
@@ -107,7 +74,8 @@ private:
     AtspiNodes& _nodes;
     AtspiMenuMemory& _memory;
     AtspiToolkit _toolkit;
-    AtspiInquiry _inquiry{_connection, _nodes};
+    AtspiInquiry _inquiry;
+    AtspiQtItems _qtItems;
     std::vector<AtspiReference> _containers; // of which the items were asked
     std::size_t _itemCount = 0; // of items and menus
 };

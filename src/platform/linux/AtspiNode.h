@@ -66,6 +66,10 @@ struct AtspiNode {
 
     bool has(AtspiState state) const { return states && ((*states >> static_cast<unsigned>(state)) & 1U) != 0; }
     AtspiFields missing(AtspiFields wanted) const { return wanted & ~asked; }
+    void takeNoKey() {
+        keyBinding.reset();
+        asked |= AtspiFieldKeyBinding;
+    }
 };
 
 } // namespace tarragon

@@ -77,6 +77,14 @@ void addKindRequests(AtspiRequests& requests, const AtspiReference& reference, A
 
 } // namespace
 
+AtspiNodes::Wanted AtspiNodes::wanted(std::span<const AtspiReference> references, AtspiFields fields) {
+    Wanted result;
+    result.reserve(references.size());
+    for (const AtspiReference& reference : references)
+        result.emplace_back(reference, fields);
+    return result;
+}
+
 const AtspiNode& AtspiNodes::fetch(AtspiConnection& connection, const AtspiReference& reference, AtspiFields fields) {
     const AtspiNode& node = at(reference);
     if (node.missing(fields) != 0)

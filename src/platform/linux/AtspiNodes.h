@@ -3,6 +3,7 @@
 #include "platform/linux/AtspiNode.h"
 #include "platform/linux/AtspiRequest.h"
 
+#include <span>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -16,6 +17,9 @@ class AtspiConnection;
 class AtspiNodes {
 public:
     using Wanted = std::vector<std::pair<AtspiReference, AtspiFields>>;
+
+    // The same of each.
+    static Wanted wanted(std::span<const AtspiReference> references, AtspiFields fields);
 
     AtspiNodes() = default;
     AtspiNodes(const AtspiNodes&) = delete;
