@@ -126,7 +126,10 @@ bool AtspiItemReading::haveVanished(const std::vector<AtspiReference>& items) co
     return std::ranges::any_of(items, [this](const AtspiReference& reference) {
         const AtspiNode& node = _nodes.at(reference);
         const bool isNameless = node.role == AtspiRoleSeparator || node.role == AtspiRoleTearoffMenuItem;
-        return !isNameless && node.missing(AtspiFieldName) == 0 && !node.name;
+        const bool tellsNoName = node.missing(AtspiFieldName) == 0 && !node.name;
+        // It may have gone when it had just told its name.
+        const bool tellsNoStates = (node.requested & AtspiFieldStates) != 0 && !node.states;
+        return !isNameless && (tellsNoName || tellsNoStates);
     });
 }
 

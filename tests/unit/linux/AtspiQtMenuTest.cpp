@@ -112,6 +112,41 @@ protected:
     std::uint64_t messages() const { return connection.statistics().messagesSent; }
 };
 
+TEST_F(AtspiQtMenuTest, IsReadAgainWheneverItsItemsAreReplacedMeanwhile) {
+    constexpr int count = 5;
+    const auto titlesAre = [](const Titles& titles, const std::string& begin) {
+        return titles.size() == count && std::ranges::all_of(titles, [&](const std::string& title) {
+            return title.starts_with(begin) && title.ends_with(" on 0");
+        });
+    };
+    bool wasLate = false;
+    for (int question = 1; !wasLate; ++question) {
+        ASSERT_LT(question, 100);
+        std::vector<QtItem> items;
+        for (int number = 0; number < count; ++number)
+            items.push_back({number, QtItem::Kind::Item, 24, false, true});
+        make(items, 1);
+        application.change([&] {
+            // This question about an item finds others in their place.
+            application.beforeReply = [this, question, asked = 0](const std::string& path) mutable {
+                if (!path.starts_with("/popup/") || ++asked != question)
+                    return;
+                auto& objects = application.objects;
+                for (std::string& child : objects["/popup"].children) {
+                    auto item = objects.extract(child);
+                    item.key() = child = child + "new";
+                    item.mapped().name = "New " + item.mapped().name;
+                    objects.insert(std::move(item));
+                }
+            };
+        });
+        memory.forget();
+        const Titles titles = read();
+        wasLate = titlesAre(titles, "Item ");
+        EXPECT_TRUE(wasLate || titlesAre(titles, "New ")) << "question " << question << ": " << titles.front();
+    }
+}
+
 struct Style {
     const char* name;
     int extraHeight; // some items are up to so much higher than others
