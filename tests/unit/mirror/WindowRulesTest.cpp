@@ -2,10 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <string>
+#include <vector>
+
 namespace tarragon {
 namespace {
 
 using Text = std::optional<std::string>;
+
+// Texts that a comparison which is not exact takes for this one.
+std::vector<std::string> almost(const std::string& text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    std::string otherCase = text;
+    otherCase.front() = static_cast<char>(std::isupper(first) ? std::tolower(first) : std::toupper(first));
+    return {text + "s", text + " 2", "My " + text, text.substr(0, text.size() - 1), otherCase};
+}
 
 TEST(DesktopLikeWindow, IsTheFindersDesktop) {
     EXPECT_EQ(isDesktopLikeWindow("Finder", "scroll area"), true);
@@ -29,6 +41,17 @@ TEST(DesktopLikeWindow, IsEveryOneOfTwoApplications) {
     EXPECT_EQ(isDesktopLikeWindow("Parallels Desktop", "window"), std::nullopt);
 }
 
+TEST(DesktopLikeWindow, IsToldByExactTexts) {
+    for (const char* exact : {"Finder", "Tarragon", "Steam", "Parallels"}) {
+        for (const std::string& title : almost(exact))
+            EXPECT_EQ(isDesktopLikeWindow(title, "scroll area"), std::nullopt) << title;
+    }
+    for (const char* exact : {"scroll area", "AXWindow:AXUnknown"}) {
+        for (const std::string& role : almost(exact))
+            EXPECT_EQ(isDesktopLikeWindow("Finder", role), std::nullopt) << role;
+    }
+}
+
 TEST(DesktopLikeWindow, IsOtherwiseUndecided) {
     EXPECT_EQ(isDesktopLikeWindow("Editor", "window"), std::nullopt);
     EXPECT_EQ(isDesktopLikeWindow(std::nullopt, std::nullopt), std::nullopt);
@@ -42,8 +65,23 @@ TEST(PassingWindow, IsAWindowTitledHelpOrFile) {
 }
 
 TEST(PassingWindow, IsToldByExactTexts) {
-    for (const char* title : {"Files", "contextMenus", "moving", "deleting", "clockwork", "copying"})
+    for (const char* exact : {"Help", "File", "Copy", "contextMenu", "Delete", "Duplicate", "System Preferences"}) {
+        for (const std::string& title : almost(exact))
+            EXPECT_FALSE(isPassingWindow("window", title)) << title;
+    }
+    for (const char* title : {"moving", "deleting", "clockwork", "copying"})
         EXPECT_FALSE(isPassingWindow("window", title)) << title;
+}
+
+TEST(PassingWindow, IsToldByExactRoleTexts) {
+    for (const char* exact : {"sheet", "dialog", "floating window"}) {
+        for (const std::string& role : almost(exact))
+            EXPECT_FALSE(isPassingWindow(role, "Letter")) << role;
+    }
+    for (const char* title : {"Help", "File"}) {
+        for (const std::string& role : almost("window"))
+            EXPECT_FALSE(isPassingWindow(role, title)) << role << " " << title;
+    }
 }
 
 TEST(PassingWindow, IsOneWithoutRoleTextOrTitle) {

@@ -64,6 +64,18 @@ TEST_F(ZDScreenToolsTest, NumberTheScreensAndAnswerZeroOutside) {
     EXPECT_EQ(ZDScreenTools::numberOrderOfScreenWithPoint(displays, {150, 40}), 1);
 }
 
+TEST_F(ZDScreenToolsTest, NumberAPointInAtTheBottomEdgeAndOutAtTheTop) {
+    const auto orderOf = [&](const Point& point) {
+        return ZDScreenTools::numberOrderOfScreenWithPoint(displays, point);
+    };
+    EXPECT_EQ(orderOf({120, 0}), 1);
+    EXPECT_EQ(orderOf({120, 60}), 0);
+    EXPECT_EQ(orderOf({100, 40}), 1);
+    EXPECT_EQ(orderOf({150, 40}), 0);
+    displays.setScreens({left, {{{0, 80}, {100, 80}}, {}}});
+    EXPECT_EQ(orderOf({50, 80}), 1);
+}
+
 TEST_F(ZDScreenToolsTest, FindNothingWithoutScreens) {
     displays.setScreens({});
     EXPECT_EQ(screenUnderPointerAt({50, 40}), std::nullopt);
