@@ -14,6 +14,16 @@ protected:
         fake.activate(application);
         reader->update();
     }
+    // The values that the query asks for, each with the element that it is asked of.
+    template <typename Query>
+    std::vector<std::string> asked(Query query) {
+        fake.accessibility.clearCalls();
+        query();
+        std::vector<std::string> values;
+        for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue))
+            values.push_back(fake.accessibility.label(call.element) + " " + call.name);
+        return values;
+    }
 };
 
 TEST_F(FocusedWindow, TellsTheNameOfTheApplicationInFront) {
@@ -69,6 +79,16 @@ TEST_F(FocusedWindow, HasItsFrameInBothSpaces) {
     EXPECT_EQ(reader->focusedWindowPositionCG(), (Point{10, 100}));
 }
 
+TEST_F(FocusedWindow, ComesBackToScreenSpaceAtTheMainDisplayAndNotAtTheFirstScreen) {
+    fake.displays.setMainDisplayBoundsCG({{0, 50}, {1440, 1000}});
+    mail.window({.positionCG = Point{10, 100}, .size = Size{200, 50}});
+    EXPECT_EQ(reader->focusedWindowFrameNS(), (Rect{{10, 750}, {200, 50}}));
+    EXPECT_EQ(reader->focusedWindowFrameCG(), (Rect{{10, 250}, {200, 50}}));
+    EXPECT_EQ(reader->focusedWindowPositionCG(), (Point{10, 250}));
+    EXPECT_EQ(reader->focusedWindowScreenRectNS(), (Rect{{0, 0}, {1440, 878}}));
+    EXPECT_EQ(reader->focusedWindowScreenRectCG(), (Rect{{0, 172}, {1440, 878}}));
+}
+
 TEST_F(FocusedWindow, FlipsAtTheMainDisplayInDoublePrecision) {
     fake.displays.setMainDisplayBoundsCG({{0, 50.1}, {1000, 600}});
     EXPECT_EQ(reader->convertNSToCGRectCoords({{1, 2}, {3, 4}}), (Rect{{1, 650.1 - 6}, {3, 4}}));
@@ -121,16 +141,46 @@ TEST_F(FocusedWindow, IsDesktopLikeByTheTitleThatItsApplicationTells) {
     }
 }
 
-TEST_F(FocusedWindow, IsAskedForItsRoleTextBeforeItsTitle) {
-    const Element window = mail.window({.title = "Inbox"});
-    fake.accessibility.clearCalls();
-    reader->isAuxiliaryWindowActive();
-    std::vector<std::string> asked;
-    for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue)) {
-        if (call.element == window)
-            asked.push_back(call.name);
+TEST_F(FocusedWindow, IsAskedForItsRoleTextAndThenItsTitleWhateverTheRoleDecides) {
+    for (const char* role : {"window", "sheet", "dialog", "floating window"}) {
+        mail.window({.title = "Inbox", .roleDescription = role});
+        EXPECT_THAT(asked([&] { reader->isAuxiliaryWindowActive(); }),
+            testing::ElementsAre(
+                "Mail AXFocusedWindow", "Inbox AXRoleDescription", "Mail AXFocusedWindow", "Inbox AXTitle"))
+            << role;
     }
-    EXPECT_THAT(asked, testing::ElementsAre("AXRoleDescription", "AXTitle"));
+}
+
+TEST_F(FocusedWindow, IsAskedForItsRoleTextAfterTheTitleOfItsApplicationWhateverThatDecides) {
+    for (const char* name : {"Finder", "Tarragon", "Steam", "Parallels"}) {
+        useApplication(name, {.title = "Inbox"});
+        std::vector<std::string> values = asked([&] { reader->isFinderDesktopWindowActive(); });
+        values.resize(3); // what follows is read only where these decide nothing
+        const std::string application = name;
+        EXPECT_THAT(values,
+            testing::ElementsAre(
+                application + " AXTitle", application + " AXFocusedWindow", "Inbox AXRoleDescription"));
+    }
+}
+
+TEST_F(FocusedWindow, IsAskedForItsPositionBeforeItsSize) {
+    mail.window({.title = "Inbox", .positionCG = Point{10, 100}, .size = Size{200, 50}});
+    EXPECT_THAT(asked([&] { reader->focusedWindowFrameNS(); }),
+        testing::ElementsAre("Mail AXFocusedWindow", "Inbox AXPosition", "Inbox AXSize"));
+}
+
+TEST_F(FocusedWindow, IsAskedForNoTextThatItDoesNotList) {
+    const Element window = mail.window({.title = "Inbox"});
+    fake.accessibility.unlistAttribute(window, "AXRoleDescription");
+    fake.accessibility.unlistAttribute(window, "AXTitle");
+    fake.accessibility.unlistAttribute(mail.element(), "AXTitle");
+    EXPECT_EQ(reader->focusedWindowRole(), std::nullopt);
+    EXPECT_EQ(reader->focusedWindowTitle(), std::nullopt);
+    const std::vector<std::string> values = asked([&] {
+        reader->isAuxiliaryWindowActive();
+        reader->isFinderDesktopWindowActive();
+    });
+    EXPECT_THAT(values, testing::Each(testing::AnyOf("Mail AXFocusedWindow", "Inbox AXChildren")));
 }
 
 TEST_F(FocusedWindow, HasTheFrameOfItsTitle) {
@@ -311,6 +361,21 @@ TEST_F(FocusedWindowScreen, HoldsTheCentreOfAWindowThatStraddlesTwo) {
     EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 1);
     EXPECT_EQ(screenFrame(), (Rect{{1000, 0}, {1000, 1000}}));
     place({{600, 100}, {500, 100}});
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+}
+
+TEST_F(FocusedWindowScreen, IsNumberedByTheCentreAloneOfAWindowWithAnotherPointOnIt) {
+    setFrames({far, around(0, 0)});
+    place({{0, 0}, {100, 100}});
+    EXPECT_EQ(screenFrame(), around(0, 0));
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+}
+
+TEST_F(FocusedWindowScreen, IsNumberedByTheHeightOfTheCentre) {
+    setFrames({{{0, 0}, {1000, 1000}}, {{0, 1000}, {1000, 1000}}});
+    place({{100, 900}, {100, 300}});
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 1);
+    place({{100, 800}, {100, 300}});
     EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
 }
 
