@@ -69,6 +69,7 @@ void AppAccessibility::fillFromCache(Menu& menu) {
     const ReadBatch batch(_platform.accessibility, ReadBatchDepth::AsAsked);
     menu.removeAllItems();
     converter().processSingleIterationSubAXMenuAsNSMenu(elementOfOwner(menu));
+    menu.removeAllItems();
     const auto appName = focusedAppName();
     if (!appName || !menu.supermenu())
         return;
@@ -129,8 +130,7 @@ void AppAccessibility::cacheMenuForMenuItem(const MenuItem& item) {
 }
 
 bool AppAccessibility::cacheExistsForMenu(const Menu& menu) {
-    const auto appName = focusedAppName();
-    return appName && _cache->cacheExistsForMenu(*appName, menu);
+    return _cache->cacheExistsForMenu([this] { return focusedAppName(); }, menu);
 }
 
 void AppAccessibility::clearCacheForAppKey(const std::string& appName) {

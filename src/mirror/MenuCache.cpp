@@ -58,17 +58,20 @@ std::shared_ptr<Menu> MenuCache::rootOf(const std::string& appName) const {
     return found == _cache->end() ? nullptr : found->second.root;
 }
 
-bool MenuCache::cacheExistsForMenu(const std::string& appName, const Menu& menu) {
+bool MenuCache::cacheExistsForMenu(const FocusedAppName& focusedAppName, const Menu& menu) {
     {
         const std::lock_guard guard(_guard);
         if (!_cache)
             return false;
     }
+    const std::lock_guard lock(_cacheLock);
+    const auto appName = focusedAppName();
+    if (!appName)
+        return false;
     // A rebuild gives the item of this one menu another title than the menu has.
     const std::string title = menu.title() == "Apple" ? "\uF8FF" : menu.title();
-    const std::lock_guard lock(_cacheLock);
     const std::lock_guard guard(_guard);
-    const auto root = rootOf(appName);
+    const auto root = rootOf(*appName);
     return root && root->itemWithTitle(title);
 }
 

@@ -42,9 +42,12 @@ public:
     // did not tell is kept as an empty one, until a filling starts the entry afresh.
     void cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<MenuItem> item, FillMenu fillMenu);
 
-    // Whether the application has an item for the submenu. Waits for the filling that is under way; answers at once
-    // when nothing was ever cached.
-    bool cacheExistsForMenu(const std::string& appName, const Menu& menu);
+    // The name of the application in front; nothing when there is none.
+    using FocusedAppName = std::function<std::optional<std::string>()>;
+
+    // Whether the application in front has an item for the submenu. Waits for the filling that is under way, and asks
+    // for the name then; answers at once, and asks for nothing, when nothing was ever cached.
+    bool cacheExistsForMenu(const FocusedAppName& focusedAppName, const Menu& menu);
 
     // The filled menu of the item with that title, or nullptr.
     std::shared_ptr<const Menu> filledMenu(const std::string& appName, const std::string& itemTitle) const;

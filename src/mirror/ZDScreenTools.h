@@ -13,7 +13,7 @@ public:
     ZDScreenTools() = delete;
 
     // The first screen that contains the pointer. A pointer counts as inside along the top edge of a screen and as
-    // outside along the bottom edge, as its hot spot lies above its coordinates.
+    // outside along the bottom edge, as it stands for the pixel below its coordinates.
     static std::optional<Screen> screenWithMousePointer(Displays& displays);
     // The first screen whose frame contains the point.
     static std::optional<Screen> screenWithPoint(Displays& displays, const Point& pointNS);

@@ -25,6 +25,10 @@ Menu::SharedTitle name(const std::string& text) {
     return std::make_shared<const std::string>(text);
 }
 
+bool existsIn(MenuCache& cache, const std::string& appName, const std::string& title) {
+    return cache.cacheExistsForMenu([&] { return std::optional(appName); }, Menu(title));
+}
+
 class MenuCacheTest : public testing::Test {
 protected:
     void fill(const Menu::SharedTitle& appName, const std::string& title, const std::string& content) {
@@ -34,9 +38,7 @@ protected:
                 menu.addItem(item(content));
         });
     }
-    bool exists(const std::string& appName, const std::string& title) {
-        return cache.cacheExistsForMenu(appName, Menu(title));
-    }
+    bool exists(const std::string& appName, const std::string& title) { return existsIn(cache, appName, title); }
 
     std::shared_ptr<FakeFillingThreads::Work> work = std::make_shared<FakeFillingThreads::Work>();
     MenuCache cache{std::make_unique<FakeFillingThreads>(work)};
@@ -48,6 +50,21 @@ TEST_F(MenuCacheTest, HoldsNothingBeforeTheFirstFilling) {
     EXPECT_FALSE(exists("Editor", "File"));
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
     cache.clearCacheForAppKey("Editor");
+}
+
+TEST_F(MenuCacheTest, AsksForNoNameWhileNothingWasEverCached) {
+    int asked = 0;
+    const auto focusedAppName = [&] {
+        ++asked;
+        return std::optional<std::string>("Editor");
+    };
+    EXPECT_FALSE(cache.cacheExistsForMenu(focusedAppName, Menu("File")));
+    EXPECT_EQ(asked, 0);
+    fill(name("Editor"), "File", "New");
+    work->runAll();
+    EXPECT_TRUE(cache.cacheExistsForMenu(focusedAppName, Menu("File")));
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(cache.cacheExistsForMenu([] { return std::nullopt; }, Menu("File")));
 }
 
 TEST_F(MenuCacheTest, FillsOnAnotherThread) {
@@ -158,7 +175,6 @@ struct HeldFilling {
             begun.set_value();
             goOn.get_future().wait();
             menu.addItem(item("New"));
-            return true;
         });
         begun.get_future().wait();
     }
@@ -174,11 +190,42 @@ TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
     // A half-filled menu is not to be found.
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
     cache.clearCacheForAppKey("Viewer");
-    auto probe = std::async(std::launch::async, [&] { return cache.cacheExistsForMenu("Editor", Menu("File")); });
+    auto probe = std::async(std::launch::async, [&] { return existsIn(cache, "Editor", "File"); });
     EXPECT_EQ(probe.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
     held.goOn.set_value();
     EXPECT_TRUE(probe.get());
     EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
+}
+
+TEST(MenuCacheThreads, AskForTheNameInFrontWhenTheFillingHasEnded) {
+    HeldFilling held;
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    held.begin(cache);
+    std::atomic<bool> wasAsked = false;
+    auto probe = std::async(std::launch::async, [&] {
+        return cache.cacheExistsForMenu(
+            [&] {
+                wasAsked = true;
+                return std::optional<std::string>("Editor");
+            },
+            Menu("File"));
+    });
+    EXPECT_EQ(probe.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
+    EXPECT_FALSE(wasAsked);
+    held.goOn.set_value();
+    EXPECT_TRUE(probe.get());
+}
+
+TEST(MenuCacheThreads, DropTheOlderMenusOfAnApplicationBeforeTheNewOneIsComplete) {
+    HeldFilling held;
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    std::promise<void> filled;
+    cache.cacheMenuForMenuItem(name("Editor"), item("Edit"), [&](Menu&) { filled.set_value(); });
+    filled.get_future().wait();
+    EXPECT_TRUE(existsIn(cache, "Editor", "Edit"));
+    held.begin(cache);
+    EXPECT_EQ(cache.filledMenu("Editor", "Edit"), nullptr);
+    held.goOn.set_value();
 }
 
 TEST(MenuCacheThreads, HaveNothingAfterwardsOfAnApplicationThatWasForgottenMeanwhile) {
@@ -188,7 +235,7 @@ TEST(MenuCacheThreads, HaveNothingAfterwardsOfAnApplicationThatWasForgottenMeanw
     // Does not wait for the filling.
     cache.clearCacheForAppKey("Editor");
     held.goOn.set_value();
-    EXPECT_FALSE(cache.cacheExistsForMenu("Editor", Menu("File")));
+    EXPECT_FALSE(existsIn(cache, "Editor", "File"));
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
 }
 
@@ -205,7 +252,6 @@ TEST(MenuCacheThreads, FillOneAfterTheOther) {
             --atOnce;
             if (++done == count)
                 last.set_value();
-            return true;
         });
     }
     last.get_future().wait();
@@ -222,7 +268,6 @@ TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {
                 first.set_value();
             std::this_thread::yield();
             ++ended;
-            return true;
         };
         for (int index = 0; index < 20; ++index)
             cache.cacheMenuForMenuItem(name("Editor"), item("File " + std::to_string(index)), slow);
@@ -236,7 +281,7 @@ TEST(MenuCacheThreads, LeaveFillingsUndoneThatHaveNotBegunWhenTheCacheGoes) {
     bool filled = false;
     {
         MenuCache cache(std::make_unique<FakeFillingThreads>(work));
-        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&) { return filled = true; });
+        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&) { filled = true; });
     }
     EXPECT_EQ(work->waiting(), 0U);
     EXPECT_FALSE(filled);
@@ -251,10 +296,9 @@ TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
         const auto fillMenu = [](Menu& menu) {
             for (int index = 0; index < 10; ++index)
                 menu.addItem(item(std::to_string(index)));
-            return true;
         };
         cache.cacheMenuForMenuItem(round % 2 ? shared : name("Shared"), item(title), fillMenu);
-        if (cache.cacheExistsForMenu("Shared", Menu(title)))
+        if (existsIn(cache, "Shared", title))
             ++seen;
         if (const auto filled = cache.filledMenu("Shared", title)) {
             Menu copies("Copies");
