@@ -184,7 +184,9 @@ void AppAccessibility::menuHasClosed() {
 }
 
 void AppAccessibility::addRecentSelectionsMenuTo(Menu& root) {
-    const auto name = UIElementUtilities::descriptionOfValue(_platform.accessibility, _appAXUIElementRef, false);
+    const auto name = [this] {
+        return UIElementUtilities::descriptionOfValue(_platform.accessibility, _appAXUIElementRef, false);
+    };
     addRecentSelections(root, *_menu, _recentSelectionsList, name, [this](Menu& menu) { menuNeedsUpdate(menu); });
 }
 

@@ -35,7 +35,7 @@ std::shared_ptr<MenuItem> findItem(
 } // namespace
 
 void addRecentSelections(Menu& target, const Menu& root, const std::vector<std::string>& keys,
-    const std::optional<std::string>& applicationName, const std::function<void(Menu&)>& fillMenu) {
+    const std::function<std::optional<std::string>()>& applicationName, const std::function<void(Menu&)>& fillMenu) {
     constexpr const char* Title = "Recent Selections";
     auto title = std::make_shared<MenuItem>(Title, "", "");
     // Filled and outlined, to stand out from the selections.
@@ -44,7 +44,7 @@ void addRecentSelections(Menu& target, const Menu& root, const std::vector<std::
     target.addItem(std::move(title));
     for (const std::string& key : keys) {
         const std::vector<std::string> parts = partsOf(key);
-        if (parts.size() < 2 || parts.front() != applicationName)
+        if (parts.size() < 2 || parts.front() != applicationName())
             continue;
         if (const auto item = findItem(root, parts, fillMenu))
             target.addItem(item->copy());

@@ -306,6 +306,77 @@ TEST_F(Caching, UsesTheOptionsOfTheMomentTheFillingWasStarted) {
     EXPECT_EQ(opened("File").itemWithTitle("Save")->keyEquivalent(), "s");
 }
 
+TEST_F(Caching, OpensAMenuEmptyThisOnceWhenAFillingReplacesTheRootBetweenProbeAndLookUp) {
+    const FakeMenu edit = editor.menu("Edit").item("Copy");
+    reader->update();
+    work->runNext();
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+    fake.accessibility.beforeCall(0, [this] { work->runNext(); });
+    EXPECT_THAT(titlesOf(opened("File")), IsEmpty());
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
+TEST_F(Caching, EmptiesAMenuAgainAfterTheLookAtTheRealOne) {
+    rebuildAndFill();
+    Menu& menu = *root().itemWithTitle("File")->submenu();
+    fake.accessibility.beforeCall(0, [&] { menu.addItem(std::make_shared<MenuItem>("Meanwhile", "", "")); });
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
+TEST_F(Caching, GoesByTheApplicationInFrontNowAndNotByTheOneOfTheLastRebuild) {
+    const FakeApplication mail = fake.addApplication("Mail");
+    const FakeApplication viewer = fake.addApplication("Viewer");
+    rebuildAndFill();
+    MenuItem& item = *root().itemWithTitle("File");
+    fake.activate(mail);
+    EXPECT_FALSE(reader->menuShouldBeCached(item));
+    EXPECT_FALSE(reader->cacheExistsForMenu(*item.submenu()));
+    file.item("Late");
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap", "Late"));
+    fake.activate(viewer);
+    EXPECT_TRUE(reader->menuShouldBeCached(item));
+    reader->cacheMenuForMenuItem(item);
+    work->runAll();
+    EXPECT_TRUE(reader->cacheExistsForMenu(*item.submenu()));
+    fake.activate(editor);
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
+TEST_F(Caching, LooksForTheMenuOfTheApplicationThatHasComeInFrontMeanwhile) {
+    const FakeApplication viewer = fake.addApplication("Viewer");
+    rebuildAndFill();
+    fake.accessibility.beforeCall(0, [&] { fake.activate(viewer); });
+    EXPECT_THAT(titlesOf(opened("File")), IsEmpty());
+}
+
+TEST_F(Caching, LeavesTheEnabledStateForANumberAndReadsAnEmptyMarkAsOne) {
+    rebuildAndFill();
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXEnabled", std::int64_t{0});
+    fake.accessibility.setAttribute(file.itemElement("New"), "AXMenuItemMarkChar", std::string());
+    const auto item = opened("File").itemWithTitle("New");
+    EXPECT_TRUE(item->isEnabled());
+    EXPECT_TRUE(item->state());
+}
+
+TEST_F(Caching, ReadsNoStateThatAnItemDoesNotList) {
+    rebuildAndFill();
+    const Element element = file.itemElement("New");
+    fake.accessibility.setAttribute(element, "AXEnabled", false);
+    fake.accessibility.unlistAttribute(element, "AXEnabled");
+    EXPECT_TRUE(opened("File").itemWithTitle("New")->isEnabled());
+}
+
+TEST_F(Caching, ProbesNeitherForTheRootNorForAMenuOfOurOwn) {
+    rebuildAndFill();
+    // Cached are menus of these titles.
+    editor.menu("Fennick").item("Cached");
+    reader->update();
+    work->runAll();
+    EXPECT_TRUE(reader->cacheExistsForMenu(root()));
+    fake.menuPresenter.open(root());
+    EXPECT_THAT(titlesOf(root()), ElementsAre("File", "Fennick"));
+}
+
 TEST_F(Caching, OpensAMenuEmptyWhenTheItemOfItsTitleIsGoneFromTheMirror) {
     rebuildAndFill();
     // The probe goes by the menu's title, the look-up by the title of the item that it hangs in.

@@ -114,6 +114,42 @@ TEST_F(Filling, RemovesRepeatsOfEveryMenuThatOpensInTheFinder) {
     EXPECT_THAT(titlesOf(root()), ElementsAre("Finder", "Go"));
 }
 
+TEST_F(Filling, KnowsTheFinderByItsVeryName) {
+    const auto own = std::make_shared<Menu>(AppAccessibility::cocoaMenuTitle());
+    for (const char* title : {"A", "B", "B"})
+        own->addItem(std::make_shared<MenuItem>(title, "", ""));
+    own->setDelegate(reader.get());
+    for (const char* name : {"Finder 2", "finder"}) {
+        fake.activate(fake.addApplication(name));
+        fake.menuPresenter.open(*own);
+        EXPECT_THAT(titlesOf(*own), ElementsAre("A", "B", "B")) << name;
+    }
+}
+
+TEST_F(Filling, AppendsTheMenuOfOurOwnBeforeTheRepeatsOfTheFinderGo) {
+    const FakeApplication finder = fake.addApplication("Finder");
+    for (const char* title : {"Finder", "Go", "Go"})
+        finder.menu(title);
+    fake.activate(finder);
+    reader->update();
+    const auto own = std::make_shared<Menu>("Tarragon");
+    reader->setAuxiliaryMenu(own);
+    fake.menuPresenter.open(root());
+    EXPECT_THAT(titlesOf(root()), ElementsAre("Finder", "Go", "", "Tarragon"));
+    // Of two repeats the pass drops the second; the separator of the last time is taken away before it.
+    root().insertItem(MenuItem::separatorItem(), 2);
+    fake.menuPresenter.open(root());
+    EXPECT_THAT(titlesOf(root()), ElementsAre("Finder", "Go", "", "Tarragon"));
+}
+
+TEST_F(Filling, DropsRepeatsBeforeServicesWithoutASize) {
+    const FakeApplication finder = fake.addApplication("Finder");
+    finder.menu("Services").item("X", {.size = Size{10, 10}}).item("A").item("B").item("B").item("B");
+    fake.activate(finder);
+    reader->update();
+    EXPECT_THAT(open("Services"), ElementsAre("X", "A", "B"));
+}
+
 TEST_F(Filling, KeepsTheRepeatsOfAWindowMenuAlsoInTheFinder) {
     const FakeApplication finder = fake.addApplication("Finder");
     FakeMenu window = finder.menu("Window");
@@ -138,6 +174,14 @@ TEST_F(Filling, KeepsItemsWithoutASizeInOtherMenus) {
     mail.menu("Service").item("Hidden");
     reader->update();
     EXPECT_THAT(open("Service"), ElementsAre("Hidden"));
+}
+
+TEST_F(Filling, KnowsTheServicesByTheirVeryTitle) {
+    for (const char* title : {"Services 2", "services"})
+        mail.menu(title).item("Hidden");
+    reader->update();
+    EXPECT_THAT(open("Services 2"), ElementsAre("Hidden"));
+    EXPECT_THAT(open("services"), ElementsAre("Hidden"));
 }
 
 TEST_F(Filling, RemovesTheAppleItemFromTheRootUnlessItIsShown) {
@@ -188,6 +232,17 @@ TEST_F(Auxiliary, MovesFromAnotherMenuAndTakesTheLastItemOfTheNewOneAway) {
     reader->appendAuxiliaryMenuTo(root());
     EXPECT_THAT(titlesOf(other), ElementsAre(""));
     EXPECT_THAT(titlesOf(root()), ElementsAre("File", "", "Tarragon"));
+}
+
+TEST_F(Auxiliary, LeavesByTheTitleOfOurOwnAndNotByItsMenu) {
+    Menu other("Other");
+    other.addItem(std::make_shared<MenuItem>("Tarragon", "", ""));
+    reader->setAuxiliaryMenu(own);
+    reader->appendAuxiliaryMenuTo(other);
+    EXPECT_THAT(titlesOf(other), ElementsAre("Tarragon", "", "Tarragon"));
+    reader->appendAuxiliaryMenuTo(root());
+    EXPECT_THAT(titlesOf(other), ElementsAre("", "Tarragon"));
+    EXPECT_EQ(other.itemAtIndex(1)->submenu(), nullptr);
 }
 
 TEST_F(Auxiliary, IsLeftOutWhenThereIsNone) {

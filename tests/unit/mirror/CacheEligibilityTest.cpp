@@ -47,6 +47,19 @@ TEST(CacheEligibility, ExcludesEveryApplicationWhoseNameBeginsWithFileMaker) {
     EXPECT_TRUE(menuMayBeCached("Filemaker", "File"));
 }
 
+TEST(CacheEligibility, GoesByExactTexts) {
+    for (const char* title : {"Windows", "AXMenuBarItems", "Recent Items…", "Open Recent…", "History…", "Bookmarks…",
+             "My History", "history"})
+        EXPECT_TRUE(menuMayBeCached("Editor", title)) << title;
+    for (const char* title : {"Edit…", "My Edit", "edit"})
+        EXPECT_TRUE(menuMayBeCached("Finder", title)) << title;
+    for (const char* title : {"Edit…", "Insert…", "insert"})
+        EXPECT_TRUE(menuMayBeCached("Word", title)) << title;
+    EXPECT_TRUE(menuMayBeCached("Finder 2", "Edit"));
+    for (const char* title : {"Edit", "Insert"})
+        EXPECT_TRUE(menuMayBeCached("Word 2", title)) << title;
+}
+
 TEST(CacheEligibility, KnowsNoApplicationWithoutAName) {
     EXPECT_TRUE(menuMayBeCached(std::nullopt, "Edit"));
     EXPECT_FALSE(menuMayBeCached(std::nullopt, "History"));

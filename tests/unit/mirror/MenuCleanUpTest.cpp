@@ -50,6 +50,11 @@ TEST(RemovingRepeats, LeavesAMenuTitledWindowAlone) {
     EXPECT_THAT(withoutRepeats({"X", "A", "A"}, "Window"), ElementsAre("X", "A", "A"));
 }
 
+TEST(RemovingRepeats, KnowsTheWindowMenuByItsVeryTitle) {
+    for (const char* title : {"Windows", "window", "My Window"})
+        EXPECT_THAT(withoutRepeats({"X", "A", "A"}, title), ElementsAre("X", "A")) << title;
+}
+
 TEST(RemovingRepeats, LeavesShortMenusAlone) {
     EXPECT_EQ(withoutRepeats({}), Titles());
     EXPECT_THAT(withoutRepeats({"A"}), ElementsAre("A"));

@@ -2,6 +2,8 @@
 
 #include "mirror/ProxyMenuItem.h"
 
+#include <algorithm>
+
 namespace tarragon {
 namespace {
 
@@ -62,6 +64,43 @@ TEST_F(RecentSelections, LeaveMissingItemsOut) {
 TEST_F(RecentSelections, GoOnInTheSameMenuWhenAPartInTheMiddleIsMissingOrHasNoSubmenu) {
     EXPECT_THAT(listed({"Mail|Edit|Gone|Paste", "Mail|Edit|Cut|Paste"}),
         ElementsAre("", "Recent Selections", "Paste", "Paste"));
+}
+
+TEST_F(RecentSelections, LookForAnItemWithoutATitleAfterATrailingBar) {
+    file.item("");
+    EXPECT_THAT(listed({"Mail|File|", "Mail|Edit|"}), ElementsAre("", "Recent Selections", ""));
+}
+
+TEST_F(RecentSelections, GoByTheWholeNameOfTheApplication) {
+    EXPECT_THAT(listed({"Mail 2|Edit|Copy", "Mai|Edit|Copy", "mail|Edit|Copy"}), ElementsAre("", "Recent Selections"));
+}
+
+TEST_F(RecentSelections, AskTheApplicationWhatItCallsItselfForEachKey) {
+    const auto questions = [&](const std::vector<std::string>& keys) {
+        fake.accessibility.clearCalls();
+        listed(keys);
+        const auto calls = fake.accessibility.callsOf(FakeCall::Operation::CopyAttributeValue);
+        return std::ranges::count_if(
+            calls, [&](const FakeCall& call) { return call.element == mail.element() && call.name == "AXTitle"; });
+    };
+    EXPECT_EQ(questions({}), 0);
+    EXPECT_EQ(questions({"Editor|Edit|Copy", "Viewer|Edit|Copy"}), 2);
+}
+
+TEST_F(RecentSelections, FillAMenuForEveryPartThatIsLookedForInIt) {
+    fake.accessibility.clearCalls();
+    listed({"Mail|Edit|Gone|Paste"});
+    const auto calls = fake.accessibility.callsOf(FakeCall::Operation::CopyAttributeValue);
+    EXPECT_EQ(std::ranges::count_if(calls,
+                  [&](const FakeCall& call) { return call.element == edit.element() && call.name == "AXChildren"; }),
+        2);
+}
+
+TEST_F(RecentSelections, OpenTheMenusOnTheWayAsAMenuThatIsShown) {
+    // What is done only to a menu that opens.
+    mail.menu("Services").item("Hidden").item("Shown", {.size = Size{10, 10}});
+    reader->update();
+    EXPECT_THAT(listed({"Mail|Services|Hidden", "Mail|Services|Shown"}), ElementsAre("", "Recent Selections", "Shown"));
 }
 
 TEST_F(RecentSelections, NameATopLevelItemByTwoParts) {
