@@ -1,10 +1,8 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <string>
-#include <string_view>
 
 namespace tarragon {
 
@@ -19,12 +17,9 @@ struct AtspiReference {
 };
 
 struct AtspiReferenceHash {
-    // Paths of one application differ at their ends; the names of applications hardly ever make a difference.
     std::size_t operator()(const AtspiReference& reference) const {
-        const std::string_view path = reference.path;
-        constexpr std::size_t length = 16;
-        const std::string_view end = path.substr(path.size() - std::min(length, path.size()));
-        return std::hash<std::string_view>()(end);
+        const std::hash<std::string> hash;
+        return hash(reference.path) * 31 + hash(reference.busName);
     }
 };
 
