@@ -24,22 +24,25 @@ namespace {
 constexpr ApplicationKind applications[] = {
     ApplicationKind::Mousepad, ApplicationKind::Geany, ApplicationKind::FeatherPad};
 
+// The walk that we measure beside takes its time.
+constexpr Duration LongestReading(180000);
+
 void measureReading(Desktop& desktop) {
     std::puts("Reading menus, beside a plain synchronous walk of the same attributes (medians, in turns):");
     for (const ApplicationKind kind : applications) {
         TestApplication application(desktop, kind);
         if (!waitUntil([&] { return application.menus().has_value(); }))
             throw std::runtime_error(nameOf(kind) + " shows no menus");
-        const CommandResult result =
-            desktop.run({BENCH_READ_MENUS, nameOf(kind), std::to_string(application.identifier()), "15"});
-        if (result.status != 0)
-            throw std::runtime_error(result.error);
-        std::fputs(result.output.c_str(), stdout);
+        const auto reading =
+            desktop.start({BENCH_READ_MENUS, nameOf(kind), std::to_string(application.identifier()), "15"});
+        if (reading->waitForExit(LongestReading) != 0)
+            throw std::runtime_error(nameOf(kind) + " cannot be read: " + reading->standardError());
+        std::fputs(reading->standardOutput().c_str(), stdout);
+        std::fflush(stdout);
     }
 }
 
 void measureGrowth(Desktop& desktop) {
-    constexpr Duration LongestReading(180000);
     std::puts("\nOne long menu of a real application, beside the plain walk of it (medians, in turns):");
     for (const Toolkit toolkit : {Toolkit::Gtk, Toolkit::Qt}) {
         for (const int items : {100, 1000, 10000}) {
