@@ -1,6 +1,10 @@
 // Applications that change, lie, fall silent or go away while they are read.
 #include "AtspiTreeFixture.h"
 
+#include <atomic>
+#include <future>
+#include <gmock/gmock.h>
+
 namespace tarragon {
 namespace {
 
@@ -21,7 +25,7 @@ TEST_F(AtspiTreeTest, ReadsAMenuAgainWhoseItemsWereReplacedMeanwhile) {
                 auto& objects = application.objects;
                 for (std::string& child : objects[menu].children) {
                     auto item = objects.extract(child);
-                    item.key() = child = child + "new";
+                    item.key() = child.append("new");
                     item.mapped().name = "New " + item.mapped().name;
                     objects.insert(std::move(item));
                 }
@@ -46,9 +50,9 @@ TEST_F(AtspiTreeTest, ShowsWhatIsLeftOfAMenuThatNeverComesToRest) {
 TEST_F(AtspiTreeTest, ShowsWhatAnApplicationToldBeforeItFellSilent) {
     makeGtkMenu(3);
     application.change([&] {
-        application.beforeReply = [this](const std::string& path) {
+        application.beforeReply = [](const std::string& path) {
             if (path == "/bar/file/2")
-                std::this_thread::sleep_for(1200ms);
+                std::this_thread::sleep_for(2000ms);
         };
     });
     connection.beginOperation();
@@ -160,7 +164,7 @@ TEST_F(AtspiTreeTest, LeavesASilentApplicationAfterASecondAndThenAtOnce) {
     connection.beginOperation();
     EXPECT_TRUE(isNil(tree.attributeValue(file, attribute::Children)));
     EXPECT_GE(Clock::now() - start, 950ms);
-    EXPECT_LT(Clock::now() - start, 1900ms);
+    EXPECT_LT(Clock::now() - start, 4s);
 
     start = Clock::now();
     for (int count = 0; count < 100; ++count) {
@@ -169,7 +173,8 @@ TEST_F(AtspiTreeTest, LeavesASilentApplicationAfterASecondAndThenAtOnce) {
         EXPECT_TRUE(isNil(AtspiTree(connection, nodes, memory, AtspiTree::Reading::OneLevel)
                               .attributeValue(file, attribute::Children)));
     }
-    EXPECT_LT(Clock::now() - start, 300ms);
+    // Not a second for each.
+    EXPECT_LT(Clock::now() - start, 20s);
 
     // Others are not affected.
     AtspiFakeApplication other(bus);
@@ -187,7 +192,7 @@ TEST_F(AtspiTreeTest, AsksAnApplicationAgainOnceItAnsweredTheProbe) {
         // Gives no answer in time, then goes on with its work as if nothing had been.
         application.beforeReply = [&, first = true](const auto&) mutable {
             if (first)
-                std::this_thread::sleep_for(1200ms);
+                std::this_thread::sleep_for(2000ms);
             first = false;
         };
     });
@@ -205,21 +210,36 @@ TEST_F(AtspiTreeTest, AsksAnApplicationAgainOnceItAnsweredTheProbe) {
 }
 
 TEST_F(AtspiTreeTest, HearsASlowApplicationOut) {
-    makeGtkMenu(800);
-    application.change([&] { application.beforeReply = [](const auto&) { std::this_thread::sleep_for(1ms); }; });
+    makeGtkMenu(10);
+    // Longer in all than it may be silent, shorter each time.
+    application.change([&] {
+        application.beforeReply = [hesitations = 0](const auto&) mutable {
+            if (++hesitations <= 8)
+                std::this_thread::sleep_for(150ms);
+        };
+    });
     const auto start = Clock::now();
     connection.beginOperation();
-    EXPECT_EQ(readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)).size(), 800U);
-    EXPECT_GT(Clock::now() - start, 1200ms);
+    EXPECT_THAT(readLevel(tree, element("/bar/file", AtspiToolkit::Gtk, Place::InMenuBar)),
+        ::testing::AllOf(::testing::SizeIs(10), ::testing::Not(::testing::Contains("nil"))));
+    EXPECT_GE(Clock::now() - start, 1200ms);
 }
 
 TEST_F(AtspiTreeTest, HandsAPressOverWithoutWaitingForItsEnd) {
     makeGtkMenu(3);
     ASSERT_TRUE(connection.ensureOpen());
-    const auto start = Clock::now();
+    std::promise<void> end;
+    std::atomic<bool> hasEnded = false;
+    application.change([&] {
+        application.beforeReply = [&, hasToEnd = end.get_future().share()](const auto&) {
+            hasToEnd.wait_for(20s);
+            hasEnded = true;
+        };
+    });
     EXPECT_TRUE(connection.post(
         {{application.busName(), "/bar/file/1"}, "org.a11y.atspi.Action", "DoAction", std::int32_t{0}, {}}));
-    EXPECT_LT(Clock::now() - start, 500ms);
+    EXPECT_FALSE(hasEnded);
+    end.set_value();
     const auto deadline = Clock::now() + 5s;
     while (application.calls("DoAction") == 0 && Clock::now() < deadline)
         std::this_thread::yield();

@@ -328,21 +328,18 @@ TEST_F(MenuViewTest, OpensTwelveLevels) {
     EXPECT_EQ(openMenus().size(), 11U);
 }
 
-TEST_F(MenuViewTest, OpensFiveThousandItemsInWellUnderASecond) {
+TEST_F(MenuViewTest, OpensAndClosesFiveThousandItems) {
     for (int count = 0; count < 5000; ++count) {
         if (count % 2)
             addSubmenu(*_root, "Submenu " + std::to_string(count));
         else
             addItem(*_root, "Item " + std::to_string(count))->setKeyEquivalent("k");
     }
-    QElapsedTimer timer;
-    timer.start();
     popUp();
-    EXPECT_LT(timer.restart(), 1000);
     ASSERT_EQ(openMenu().actions().size(), 5000);
     _view->closeMenus();
     settle();
-    EXPECT_LT(timer.elapsed(), 1000);
+    EXPECT_TRUE(openMenus().empty());
 }
 
 } // namespace
