@@ -254,6 +254,42 @@ TEST_F(Caching, FillsTheSubmenusOfCopiesWhenTheyOpen) {
     EXPECT_THAT(titlesOf(*item->submenu()), ElementsAre("As Text"));
 }
 
+TEST_F(Caching, FillsOneLevel) {
+    const FakeMenu inner = file.submenu("Export").item("As Text");
+    rebuildAndFill();
+    const auto item = opened("File").itemWithTitle("Export");
+    EXPECT_THAT(titlesOf(*item->submenu()), IsEmpty());
+    EXPECT_EQ(item->submenu()->title(), "Export");
+    reader->update();
+    fake.accessibility.clearCalls();
+    work->runAll();
+    EXPECT_TRUE(wasRead(file.itemElement("Export")));
+    EXPECT_FALSE(wasRead(inner.itemElement("As Text")));
+}
+
+TEST_F(Caching, ShowsOfTwoMenusOfTheSameTitleTheOneThatWasFilledLast) {
+    editor.menu("File").item("Of the second");
+    rebuildAndFill();
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("Of the second"));
+}
+
+TEST_F(Caching, EmptiesAMenuThatHangsNowhereAndHasTheTitleOfACachedOne) {
+    rebuildAndFill();
+    Menu stray("File");
+    stray.setDelegate(reader.get());
+    stray.addItem(MenuItem::separatorItem());
+    fake.menuPresenter.open(stray);
+    EXPECT_THAT(titlesOf(stray), IsEmpty());
+}
+
+TEST_F(Caching, OpensAMenuEmptyWhenNoApplicationIsInFrontAnyMoreAfterTheProbe) {
+    rebuildAndFill();
+    fake.accessibility.beforeCall(0, [this] { fake.workspace.setActiveApplication(std::nullopt); });
+    EXPECT_THAT(titlesOf(opened("File")), IsEmpty());
+    fake.activate(editor);
+    EXPECT_THAT(titlesOf(opened("File")), ElementsAre("New", "", "Wrap"));
+}
+
 TEST_F(Caching, KeepsTheMenuThatWasFilledLastAsEveryFillingHasAFreshName) {
     const FakeMenu edit = editor.menu("Edit").item("Copy");
     rebuildAndFill();

@@ -1,5 +1,7 @@
 #include "ReaderTest.h"
 
+#include <limits>
+
 namespace tarragon {
 namespace {
 
@@ -208,6 +210,13 @@ TEST_F(FocusedWindow, IsDesktopLikeInPhotoshopFrom31ChildrenOn) {
     EXPECT_FALSE(reader->isFinderDesktopWindowActive());
 }
 
+TEST_F(FocusedWindow, IsDesktopLikeByItsChildrenInNoApplicationOfASimilarName) {
+    for (const char* name : {"Photoshop 2", "Adobe Photoshop", "photoshop"}) {
+        useApplication(name, {.children = 31});
+        EXPECT_FALSE(reader->isFinderDesktopWindowActive()) << name;
+    }
+}
+
 TEST_F(FocusedWindow, IsNotDesktopLikeWhenItsChildrenCannotBeRead) {
     const FakeApplication application = fake.addApplication("Photoshop");
     const Element window = application.window({.children = 40});
@@ -377,6 +386,27 @@ TEST_F(FocusedWindowScreen, IsNumberedByTheHeightOfTheCentre) {
     EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 1);
     place({{100, 800}, {100, 300}});
     EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+}
+
+TEST_F(FocusedWindowScreen, IsNoneWithoutScreens) {
+    fake.displays.setScreens({});
+    fake.displays.setMainDisplayBoundsCG({});
+    mail.window({.positionCG = Point{10, 20}, .size = Size{100, 100}});
+    EXPECT_EQ(screenFrame(), std::nullopt);
+    EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+    EXPECT_EQ(reader->focusedWindowScreenRectNS(), Rect());
+    EXPECT_EQ(reader->focusedWindowScreenRectCG(), Rect());
+}
+
+TEST_F(FocusedWindowScreen, IsNoneOfAWindowThatIsNowhere) {
+    setFrames({{{0, 0}, {1000, 1000}}, {{1000, 0}, {800, 700}}});
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    for (const double nowhere : {std::numeric_limits<double>::quiet_NaN(), infinity, -infinity}) {
+        mail.window({.positionCG = Point{nowhere, nowhere}, .size = Size{100, 100}});
+        EXPECT_EQ(screenFrame(), std::nullopt);
+        EXPECT_EQ(reader->focusedWindowScreenArrayOrder(), 0);
+        EXPECT_EQ(reader->focusedWindowScreenRectNS(), Rect());
+    }
 }
 
 TEST_F(FocusedWindowScreen, HasItsVisibleFrameInBothSpaces) {

@@ -191,7 +191,7 @@ TEST(MenuCacheThreads, MakeAProbeWaitForTheFillingButNotALookUp) {
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
     cache.clearCacheForAppKey("Viewer");
     auto probe = std::async(std::launch::async, [&] { return existsIn(cache, "Editor", "File"); });
-    EXPECT_EQ(probe.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
+    EXPECT_EQ(probe.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
     held.goOn.set_value();
     EXPECT_TRUE(probe.get());
     EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
@@ -257,6 +257,17 @@ TEST(MenuCacheThreads, FillOneAfterTheOther) {
     last.get_future().wait();
 }
 
+TEST(MenuCacheThreads, StartWithoutWaitingForThoseUnderWay) {
+    HeldFilling held;
+    std::promise<void> filled;
+    MenuCache cache(std::make_unique<SystemFillingThreads>());
+    held.begin(cache);
+    cache.cacheMenuForMenuItem(name("Editor"), item("Edit"), [&](Menu&) { filled.set_value(); });
+    // Only now can the one under way end.
+    held.goOn.set_value();
+    filled.get_future().wait();
+}
+
 TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {
     std::atomic<int> begun = 0;
     std::atomic<int> ended = 0;
@@ -290,7 +301,6 @@ TEST(MenuCacheThreads, LeaveFillingsUndoneThatHaveNotBegunWhenTheCacheGoes) {
 TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
     MenuCache cache(std::make_unique<SystemFillingThreads>());
     const auto shared = name("Shared");
-    std::size_t seen = 0;
     for (int round = 0; round < 300; ++round) {
         const std::string title = "Menu " + std::to_string(round % 7);
         const auto fillMenu = [](Menu& menu) {
@@ -298,8 +308,7 @@ TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
                 menu.addItem(item(std::to_string(index)));
         };
         cache.cacheMenuForMenuItem(round % 2 ? shared : name("Shared"), item(title), fillMenu);
-        if (existsIn(cache, "Shared", title))
-            ++seen;
+        existsIn(cache, "Shared", title);
         if (const auto filled = cache.filledMenu("Shared", title)) {
             Menu copies("Copies");
             for (const auto& each : filled->items())
@@ -309,7 +318,6 @@ TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
         if (round % 50 == 49)
             cache.clearCacheForAppKey("Shared");
     }
-    EXPECT_LE(seen, 300U);
 }
 
 } // namespace

@@ -96,7 +96,7 @@ TEST(RemovingBrokenItems, DropsExactlyThoseNamedByTheirRole) {
 
 class RemovingServices : public testing::Test {
 protected:
-    void add(const std::string& title, const std::optional<Size>& size) {
+    Element add(const std::string& title, const std::optional<Size>& size) {
         const Element element = fake.accessibility.addElement(1, "AXMenuItem");
         if (size)
             fake.accessibility.setAttribute(element, "AXSize", *size);
@@ -105,6 +105,7 @@ protected:
         proxy->setItemAXUIElementRef(element);
         item->setTarget(proxy);
         menu.addItem(item);
+        return element;
     }
     Titles remainingWithUnlistedSizes() {
         for (const auto& item : menu.items())
@@ -146,6 +147,19 @@ TEST_F(RemovingServices, DropsEverythingWhenNothingHasASize) {
     add("A", std::nullopt);
     menu.addItem(MenuItem::separatorItem());
     EXPECT_EQ(remaining(), Titles());
+}
+
+TEST_F(RemovingServices, KeepsASeparatorBehindAnItemThatHasASize) {
+    add("A", Size{1, 1});
+    menu.addItem(MenuItem::separatorItem());
+    EXPECT_THAT(remaining(), ElementsAre("A", ""));
+}
+
+TEST_F(RemovingServices, TakesAFailedReadForNoSize) {
+    fake.accessibility.setFault(add("A", Size{1, 1}), FakeFault::Dead);
+    add("B", Size{1, 1});
+    fake.accessibility.setFault(add("C", Size{1, 1}), FakeFault::Dead);
+    EXPECT_THAT(remaining(), ElementsAre("B", "C"));
 }
 
 TEST_F(RemovingServices, CountsAnySizeAsOne) {

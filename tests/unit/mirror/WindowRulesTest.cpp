@@ -106,7 +106,7 @@ TEST(PassingWindow, IsToldByItsTitle) {
 
 TEST(PassingWindow, IsNotToldByTheBeginningOfEveryTitle) {
     for (const char* title : {"Copy of Letter", "copying", "Delete it", "Duplicates", "System Preferences 2",
-             "ContextMenu", "My Clockwork", "Letter"})
+             "ContextMenu", "My Clockwork", "Not Copying", "My Moving", "No Deleting", "Letter"})
         EXPECT_FALSE(isPassingWindow("window", title)) << title;
 }
 
