@@ -9,7 +9,6 @@ namespace tarragon {
 
 namespace {
 
-using Lock = std::lock_guard<std::recursive_mutex>;
 using Operation = FakeCall::Operation;
 
 } // namespace
@@ -23,14 +22,19 @@ FakeAccessibility::Record* FakeAccessibility::find(const Element& element) {
     return const_cast<Record*>(std::as_const(*this).find(element)); // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
-FakeFault FakeAccessibility::enter(FakeCall call) {
+FakeFault FakeAccessibility::enter(Lock& lock, FakeCall call) {
     const std::size_t number = _callCount++;
     if (_openBatches[std::this_thread::get_id()] == 0)
         ++_callsOutsideBatches;
     const Element element = call.element;
     _calls.push_back(std::move(call));
-    if (const auto hook = _hooks.find(number); hook != _hooks.end())
-        hook->second();
+    if (const auto found = _hooks.find(number); found != _hooks.end()) {
+        const std::function<void()> hook = found->second;
+        // It may take locks that are held elsewhere while we are called.
+        lock.unlock();
+        hook();
+        lock.lock();
+    }
 
     FakeFault fault = faultOf(element);
     if (const auto found = _callFaults.find(number); found != _callFaults.end())
@@ -69,18 +73,18 @@ Value FakeAccessibility::wrongTypeOf(const Value& value) {
 }
 
 bool FakeAccessibility::isEnabled() {
-    const Lock lock(_mutex);
-    return !failsReads(enter({Operation::IsEnabled, {}, {}, {}})) && _enabled;
+    Lock lock(_mutex);
+    return !failsReads(enter(lock, {Operation::IsEnabled, {}, {}, {}})) && _enabled;
 }
 
 bool FakeAccessibility::isTrusted() {
-    const Lock lock(_mutex);
-    return !failsReads(enter({Operation::IsTrusted, {}, {}, {}})) && _trusted;
+    Lock lock(_mutex);
+    return !failsReads(enter(lock, {Operation::IsTrusted, {}, {}, {}})) && _trusted;
 }
 
 bool FakeAccessibility::openSettings() {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::OpenSettings, {}, {}, {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::OpenSettings, {}, {}, {}});
     if (fault != FakeFault::None || !_settingsAvailable)
         return false;
     if (_settingsGrant)
@@ -89,8 +93,8 @@ bool FakeAccessibility::openSettings() {
 }
 
 Element FakeAccessibility::systemWideElement() {
-    const Lock lock(_mutex);
-    if (failsReads(enter({Operation::SystemWideElement, {}, {}, {}})) || !_trusted)
+    Lock lock(_mutex);
+    if (failsReads(enter(lock, {Operation::SystemWideElement, {}, {}, {}})) || !_trusted)
         return {};
     if (!_systemWide)
         _systemWide = addElement(0, role::SystemWide);
@@ -99,16 +103,16 @@ Element FakeAccessibility::systemWideElement() {
 }
 
 Element FakeAccessibility::applicationElement(std::int64_t processIdentifier) {
-    const Lock lock(_mutex);
-    if (failsReads(enter({Operation::ApplicationElement, {}, {}, {}})))
+    Lock lock(_mutex);
+    if (failsReads(enter(lock, {Operation::ApplicationElement, {}, {}, {}})))
         return {};
     const auto found = _applications.find(processIdentifier);
     return found == _applications.end() ? Element() : found->second;
 }
 
 Element FakeAccessibility::elementAtPosition(const Point& pointCG) {
-    const Lock lock(_mutex);
-    if (failsReads(enter({Operation::ElementAtPosition, {}, {}, pointCG})))
+    Lock lock(_mutex);
+    if (failsReads(enter(lock, {Operation::ElementAtPosition, {}, {}, pointCG})))
         return {};
     const auto top = std::find_if(_hitAreas.rbegin(), _hitAreas.rend(),
         [&](const auto& area) { return contains(area.first, pointCG) && find(area.second); });
@@ -116,8 +120,8 @@ Element FakeAccessibility::elementAtPosition(const Point& pointCG) {
 }
 
 std::optional<std::int64_t> FakeAccessibility::processIdentifier(const Element& element) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::ProcessIdentifier, element, {}, {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::ProcessIdentifier, element, {}, {}});
     const Record* record = find(element);
     if (!record || failsReads(fault))
         return std::nullopt;
@@ -125,8 +129,8 @@ std::optional<std::int64_t> FakeAccessibility::processIdentifier(const Element& 
 }
 
 std::optional<std::vector<std::string>> FakeAccessibility::attributeNames(const Element& element) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::AttributeNames, element, {}, {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::AttributeNames, element, {}, {}});
     const Record* record = find(element);
     if (!record || failsReads(fault))
         return std::nullopt;
@@ -136,8 +140,8 @@ std::optional<std::vector<std::string>> FakeAccessibility::attributeNames(const 
 }
 
 Value FakeAccessibility::copyAttributeValue(const Element& element, std::string_view attribute) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::CopyAttributeValue, element, std::string(attribute), {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::CopyAttributeValue, element, std::string(attribute), {}});
     const Record* record = find(element);
     if (!record || failsReads(fault))
         return {};
@@ -148,8 +152,8 @@ Value FakeAccessibility::copyAttributeValue(const Element& element, std::string_
 }
 
 std::optional<std::int64_t> FakeAccessibility::attributeValueCount(const Element& element, std::string_view attribute) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::AttributeValueCount, element, std::string(attribute), {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::AttributeValueCount, element, std::string(attribute), {}});
     const Record* record = find(element);
     if (!record || failsReads(fault))
         return std::nullopt;
@@ -163,15 +167,15 @@ std::optional<std::int64_t> FakeAccessibility::attributeValueCount(const Element
 }
 
 bool FakeAccessibility::isAttributeSettable(const Element& element, std::string_view attribute) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::IsAttributeSettable, element, std::string(attribute), {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::IsAttributeSettable, element, std::string(attribute), {}});
     const Record* record = find(element);
     return record && !failsReads(fault) && record->settable.contains(attribute);
 }
 
 bool FakeAccessibility::setAttributeValue(const Element& element, std::string_view attribute, const Value& value) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::SetAttributeValue, element, std::string(attribute), value});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::SetAttributeValue, element, std::string(attribute), value});
     Record* record = find(element);
     if (!record || fault != FakeFault::None || !record->settable.contains(attribute))
         return false;
@@ -180,8 +184,8 @@ bool FakeAccessibility::setAttributeValue(const Element& element, std::string_vi
 }
 
 std::optional<std::vector<std::string>> FakeAccessibility::actionNames(const Element& element) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::ActionNames, element, {}, {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::ActionNames, element, {}, {}});
     const Record* record = find(element);
     if (!record || failsReads(fault))
         return std::nullopt;
@@ -194,8 +198,8 @@ std::optional<std::vector<std::string>> FakeAccessibility::actionNames(const Ele
 }
 
 std::optional<std::string> FakeAccessibility::actionDescription(const Element& element, std::string_view action) {
-    const Lock lock(_mutex);
-    const FakeFault fault = enter({Operation::ActionDescription, element, std::string(action), {}});
+    Lock lock(_mutex);
+    const FakeFault fault = enter(lock, {Operation::ActionDescription, element, std::string(action), {}});
     const Record* record = find(element);
     if (!record || failsReads(fault))
         return std::nullopt;
@@ -208,8 +212,8 @@ std::optional<std::string> FakeAccessibility::actionDescription(const Element& e
 bool FakeAccessibility::performAction(const Element& element, std::string_view action) {
     std::function<void()> handler;
     {
-        const Lock lock(_mutex);
-        const FakeFault fault = enter({Operation::PerformAction, element, std::string(action), {}});
+        Lock lock(_mutex);
+        const FakeFault fault = enter(lock, {Operation::PerformAction, element, std::string(action), {}});
         const Record* record = find(element);
         if (!record || fault != FakeFault::None)
             return false;

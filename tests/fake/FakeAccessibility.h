@@ -154,10 +154,12 @@ private:
         FakeFault fault = FakeFault::None;
     };
 
+    using Lock = std::unique_lock<std::recursive_mutex>;
+
     Record* find(const Element& element);
     const Record* find(const Element& element) const;
-    // Logs the call, runs its hook and answers the fault that it meets.
-    FakeFault enter(FakeCall call);
+    // Logs the call, runs its hook without the lock, and answers the fault that it meets.
+    FakeFault enter(Lock& lock, FakeCall call);
     FakeFault faultOf(const Element& element);
     void waitFor(const Element& element);
     static Value wrongTypeOf(const Value& value);

@@ -8,12 +8,6 @@
 
 namespace tarragon {
 
-namespace {
-
-using Lock = std::lock_guard<std::recursive_mutex>;
-
-} // namespace
-
 Element FakeAccessibility::addElement(std::int64_t processIdentifier, std::string_view role) {
     const Lock lock(_mutex);
     const std::int64_t identifier = _nextIdentifier++;

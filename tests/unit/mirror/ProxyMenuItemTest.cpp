@@ -1,5 +1,6 @@
 #include "mirror/ProxyMenuItem.h"
 
+#include "fake/FakeFillingThreads.h"
 #include "fake/FakePlatform.h"
 #include "mirror/AppAccessibility.h"
 #include "mirror/Menu.h"
@@ -93,7 +94,7 @@ protected:
     Clicking() {
         application.menu("Edit");
         fake.activate(application);
-        reader = AppAccessibility::initWithFocusedApp(fake.platform());
+        reader = AppAccessibility::initWithFocusedApp(fake.platform(), std::make_unique<FakeFillingThreads>(fillings));
         reader->setAppController(&owner);
         proxy.setItemAXUIElementRef(element);
         proxy.setAppAccessbility(reader);
@@ -103,6 +104,7 @@ protected:
     FakeMenu file = application.menu("File").item("New");
     Element element = file.itemElement("New");
     ClosingsCounter owner;
+    std::shared_ptr<FakeFillingThreads::Work> fillings = std::make_shared<FakeFillingThreads::Work>();
     std::shared_ptr<AppAccessibility> reader;
     ProxyMenuItem proxy{fake.accessibility};
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MenuTitles.h"
+#include "fake/FakeFillingThreads.h"
 #include "fake/FakePlatform.h"
 #include "mirror/AppAccessibility.h"
 
@@ -14,7 +15,7 @@ class ReaderTest : public testing::Test {
 protected:
     ReaderTest() {
         fake.activate(mail);
-        reader = AppAccessibility::initWithFocusedApp(fake.platform());
+        reader = AppAccessibility::initWithFocusedApp(fake.platform(), std::make_unique<FakeFillingThreads>(fillings));
     }
 
     Menu& root() { return *reader->menu(); }
@@ -33,6 +34,8 @@ protected:
     FakeMenu apple = mail.menu("Apple").item("About This Computer");
     FakeMenu file = mail.menu("File").item("New").separator().item("Close");
     FakeMenu edit = mail.menu("Edit").item("Cut").item("Copy").item("Paste");
+    // Never run: whatever opens is read then.
+    std::shared_ptr<FakeFillingThreads::Work> fillings = std::make_shared<FakeFillingThreads::Work>();
     std::shared_ptr<AppAccessibility> reader;
 };
 
