@@ -5,6 +5,7 @@
 #include "platform/linux/AtspiSessionBus.h"
 
 #include <algorithm>
+#include <dbus/dbus.h>
 #include <functional>
 
 namespace tarragon {
@@ -24,7 +25,10 @@ std::uint64_t identityOf(const DBusSocket& bus) {
 } // namespace
 
 AtspiConnection::AtspiConnection(AtspiSessionBus& sessionBus)
-    : _sessionBus(sessionBus) { }
+    : _sessionBus(sessionBus) {
+    // The library does so by itself at its first use, for which two connections of two threads may race.
+    dbus_threads_init_default();
+}
 
 AtspiConnection::~AtspiConnection() = default;
 
