@@ -3,10 +3,10 @@
 #include "cli/ChosenApplication.h"
 #include "fake/FakePlatform.h"
 #include "mirror/AppAccessibility.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/X11Connection.h"
-#include "platform/linux/X11Windows.h"
+#include "platform/linux/atspi/LinuxAccessibility.h"
+#include "platform/linux/desktop/DesktopEntries.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Windows.h"
 
 #include <memory>
 #include <string>

@@ -4,6 +4,7 @@
 #include "fake/FakeDefaults.h"
 #include "fake/FakeWorkspace.h"
 #include "ignore/IgnoreList.h"
+#include "platform/PreferenceKeys.h"
 
 #include <benchmark/benchmark.h>
 
@@ -54,7 +55,7 @@ const Data& list() {
 
 void windowIsIgnored(benchmark::State& state) {
     FakeDefaults defaults;
-    defaults.setValue(IgnoreWindowListKey, list());
+    defaults.setValue(preference::IgnoreWindowList, list());
     FakeWorkspace workspace;
     workspace.setActiveApplication(RunningApplication{"Editor", 7, identifier(NumberOfApplications - 1), ""});
     Window window;

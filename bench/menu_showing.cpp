@@ -4,9 +4,9 @@
 #include "Statistics.h"
 
 #include "fake/FakeDisplays.h"
+#include "menus/MenuView.h"
 #include "mirror/Menu.h"
 #include "mirror/MenuItem.h"
-#include "panels/MenuView.h"
 
 #include <cstdio>
 #include <memory>

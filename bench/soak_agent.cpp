@@ -4,20 +4,21 @@
 
 #include "app/AppController.h"
 #include "app/AppDelegate.h"
-#include "panels/MenuView.h"
+#include "menus/MenuView.h"
 #include "panels/MessagePanels.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/PropertyListDefaults.h"
-#include "platform/linux/TerminationSignals.h"
-#include "platform/linux/X11Connection.h"
-#include "platform/linux/X11Displays.h"
-#include "platform/linux/X11HotKeys.h"
-#include "platform/linux/X11MenuInput.h"
-#include "platform/linux/X11Windows.h"
-#include "platform/linux/X11Workspace.h"
+#include "platform/linux/atspi/LinuxAccessibility.h"
+#include "platform/linux/desktop/DesktopEntries.h"
+#include "platform/linux/desktop/DesktopLauncher.h"
+#include "platform/linux/desktop/TerminationSignals.h"
+#include "platform/linux/settings/PropertyListDefaults.h"
+#include "platform/linux/x11/QtNativeEvents.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Displays.h"
+#include "platform/linux/x11/X11MenuInput.h"
+#include "platform/linux/x11/X11Windows.h"
+#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/xkb/X11HotKeys.h"
 #include "platform/qt/QtDisplays.h"
-#include "platform/qt/QtNativeEvents.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <QApplication>
@@ -61,7 +62,7 @@ int main(int argumentCount, char** arguments) {
     X11Windows windows(*connection);
     DesktopEntries desktopEntries;
     LinuxAccessibility accessibility(windows, desktopEntries);
-    X11Workspace workspace(*connection, windows, desktopEntries, runLoop);
+    X11Workspace workspace(*connection, windows, desktopEntries, runLoop, openURLDetached);
     auto* toolkitConnection = static_cast<xcb_connection_t*>(qtX11Connection());
     X11HotKeys hotKeys(toolkitConnection, connection->rootWindow(), runLoop);
     PropertyListDefaults defaults(runLoop, PropertyListDefaults::fileOfUser());

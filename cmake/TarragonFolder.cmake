@@ -9,8 +9,10 @@ target_compile_options(
             -Wshadow
             -Wnon-virtual-dtor
             -Woverloaded-virtual
-            -Wimplicit-fallthrough
-            -Werror)
+            -Wimplicit-fallthrough)
+if(TARRAGON_WARNINGS_AS_ERRORS)
+  target_compile_options(tarragon_options INTERFACE -Werror)
+endif()
 if(TARRAGON_SANITIZE)
   target_compile_options(tarragon_options INTERFACE -fsanitize=${TARRAGON_SANITIZE} -fno-omit-frame-pointer
                                                     -fno-sanitize-recover=all)

@@ -3,24 +3,26 @@
 #include "app/AppDelegate.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
-#include "panels/MenuView.h"
+#include "menus/MenuView.h"
 #include "panels/MessagePanels.h"
-#include "platform/linux/AutostartLoginItemList.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/DesktopShortcutsSession.h"
-#include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/PropertyListDefaults.h"
-#include "platform/linux/RunningInstance.h"
-#include "platform/linux/TerminationSignals.h"
-#include "platform/linux/X11Connection.h"
-#include "platform/linux/X11Displays.h"
-#include "platform/linux/X11HotKeys.h"
-#include "platform/linux/X11MenuInput.h"
-#include "platform/linux/X11Windows.h"
-#include "platform/linux/X11Workspace.h"
-#include "platform/linux/XkbKeyboard.h"
+#include "platform/linux/atspi/LinuxAccessibility.h"
+#include "platform/linux/desktop/AutostartLoginItemList.h"
+#include "platform/linux/desktop/DesktopEntries.h"
+#include "platform/linux/desktop/DesktopLauncher.h"
+#include "platform/linux/desktop/DesktopShortcutsSession.h"
+#include "platform/linux/desktop/TerminationSignals.h"
+#include "platform/linux/settings/PropertyListDefaults.h"
+#include "platform/linux/x11/QtNativeEvents.h"
+#include "platform/linux/x11/RunningInstance.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Displays.h"
+#include "platform/linux/x11/X11MenuInput.h"
+#include "platform/linux/x11/X11WindowManager.h"
+#include "platform/linux/x11/X11Windows.h"
+#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/xkb/X11HotKeys.h"
+#include "platform/linux/xkb/XkbKeyboard.h"
 #include "platform/qt/QtDisplays.h"
-#include "platform/qt/QtNativeEvents.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <QApplication>
@@ -46,12 +48,12 @@ public:
         , _displays(_qtDisplays, *_connection)
         , _windows(*_connection)
         , _accessibility(_windows, _desktopEntries)
-        , _workspace(*_connection, _windows, _desktopEntries, _runLoop)
+        , _workspace(*_connection, _windows, _desktopEntries, _runLoop, openURLDetached)
         , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
         , _keyboard(
               _connection->connectAnother(), _runLoop,
               [this](auto keyCode, auto modifiers) { return _hotKeys.isOwnCombination(keyCode, modifiers); },
-              [this] { return DesktopShortcutsSession::current(*_connection).readShortcuts(); })
+              [this] { return DesktopShortcutsSession::current(windowManagerName(*_connection)).readShortcuts(); })
         , _settingsFile(PropertyListDefaults::fileOfUser())
         , _defaults(_runLoop, _settingsFile)
         , _menuInput(static_cast<xcb_connection_t*>(qtX11Connection()))

@@ -1,7 +1,7 @@
 // The global hot key of the controller.
 
 #include "app/AppController.h"
-#include "app/PreferenceKeys.h"
+#include "platform/PreferenceKeys.h"
 #include "triggers/HotKeyModifiers.h"
 
 namespace tarragon {

@@ -1,7 +1,8 @@
 // How the controller takes over the settings, at start-up and when one changes.
 
 #include "app/AppController.h"
-#include "app/PreferenceKeys.h"
+#include "app/RegisteredPreferences.h"
+#include "platform/PreferenceKeys.h"
 #include "prefs/StartAtLogin.h"
 
 namespace tarragon {

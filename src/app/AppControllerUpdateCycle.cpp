@@ -1,7 +1,8 @@
 // How the controller keeps the mirror in step with the application in front.
 
 #include "app/AppController.h"
-#include "app/PreferenceKeys.h"
+#include "app/RegisteredPreferences.h"
+#include "platform/PreferenceKeys.h"
 
 namespace tarragon {
 

@@ -1,7 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/AppController.h"
-#include "app/PreferenceKeys.h"
+#include "app/RegisteredPreferences.h"
 
 #include <utility>
 

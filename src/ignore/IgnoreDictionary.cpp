@@ -1,4 +1,5 @@
 #include "ignore/IgnoreDictionary.h"
+#include "platform/PreferenceKeys.h"
 
 #include "ignore/KeyedArchiver.h"
 #include "ignore/KeyedUnarchiver.h"
@@ -51,7 +52,7 @@ std::optional<IgnoreDictionary> IgnoreDictionary::unarchive(std::span<const std:
 }
 
 std::optional<IgnoreDictionary> IgnoreDictionary::load(Defaults& defaults) {
-    const std::optional<DefaultsValue> setting = defaults.value(IgnoreWindowListKey);
+    const std::optional<DefaultsValue> setting = defaults.value(preference::IgnoreWindowList);
     const Data* archive = setting ? std::get_if<Data>(&*setting) : nullptr;
     return archive ? unarchive(*archive) : std::nullopt;
 }
@@ -75,7 +76,7 @@ Data IgnoreDictionary::archivedData() const {
 
 bool IgnoreDictionary::store(Defaults& defaults) const {
     Data archive = archivedData();
-    return unarchive(archive) && defaults.setValue(IgnoreWindowListKey, std::move(archive));
+    return unarchive(archive) && defaults.setValue(preference::IgnoreWindowList, std::move(archive));
 }
 
 std::vector<std::string> IgnoreDictionary::allKeys() const {

@@ -13,9 +13,6 @@
 
 namespace tarragon {
 
-// The name of the setting that holds the stored list.
-inline constexpr const char* IgnoreWindowListKey = "IgnoreWindowList";
-
 // The ignore list in its stored form: bundle identifiers, each with the archive of that application's entry. Copies
 // share the archives.
 class IgnoreDictionary {

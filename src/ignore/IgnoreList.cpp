@@ -1,4 +1,5 @@
 #include "ignore/IgnoreList.h"
+#include "platform/PreferenceKeys.h"
 
 #include <vector>
 
@@ -15,7 +16,7 @@ bool IgnoreList::windowIsIgnored() {
         return true;
     const std::optional<RunningApplication> application = _workspace.activeApplication();
     const std::optional<std::string> title = _window.focusedWindowTitle();
-    const std::optional<DefaultsValue> setting = _defaults.value(IgnoreWindowListKey);
+    const std::optional<DefaultsValue> setting = _defaults.value(preference::IgnoreWindowList);
     const Data* archive = setting ? std::get_if<Data>(&*setting) : nullptr;
     if (!archive || !application || application->bundleIdentifier.empty())
         return false;

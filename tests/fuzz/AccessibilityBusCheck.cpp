@@ -2,11 +2,11 @@
 
 #include "fuzz/ScriptedBus.h"
 #include "platform/AccessibilityNames.h"
-#include "platform/linux/AtspiConnection.h"
-#include "platform/linux/AtspiMenuMemory.h"
-#include "platform/linux/AtspiNodes.h"
-#include "platform/linux/AtspiSessionBus.h"
-#include "platform/linux/AtspiTree.h"
+#include "platform/linux/accessibilitybus/AtspiConnection.h"
+#include "platform/linux/accessibilitybus/AtspiSessionBus.h"
+#include "platform/linux/atspi/AtspiMenuMemory.h"
+#include "platform/linux/atspi/AtspiNodes.h"
+#include "platform/linux/atspi/AtspiTree.h"
 
 #include <cstdio>
 #include <cstdlib>

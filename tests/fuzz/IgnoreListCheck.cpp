@@ -3,6 +3,7 @@
 #include "fake/FakeDefaults.h"
 #include "fake/FakeWorkspace.h"
 #include "ignore/IgnoreList.h"
+#include "platform/PreferenceKeys.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -28,7 +29,7 @@ void require(bool condition, const char* what) {
 
 void checkIgnoreListSurvives(std::span<const std::uint8_t> storedList) {
     FakeDefaults defaults;
-    defaults.setValue(IgnoreWindowListKey, Data(storedList.begin(), storedList.end()));
+    defaults.setValue(preference::IgnoreWindowList, Data(storedList.begin(), storedList.end()));
     FakeWorkspace workspace;
     Window window;
     IgnoreList list(defaults, workspace, window, nullptr);

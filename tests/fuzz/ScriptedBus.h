@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/DBusMessage.h"
+#include "platform/linux/dbus/DBusMessage.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "OtherClient.h"
 
-#include "panels/MenuView.h"
+#include "menus/MenuView.h"
 #include "platform/qt/QtDisplays.h"
 #include "platform/qt/QtRunLoop.h"
 

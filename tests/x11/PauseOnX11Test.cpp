@@ -1,7 +1,7 @@
 #include "OtherClient.h"
 
+#include "platform/linux/x11/QtNativeEvents.h"
 #include "platform/qt/QtDisplays.h"
-#include "platform/qt/QtNativeEvents.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <atomic>

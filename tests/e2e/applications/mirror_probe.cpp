@@ -20,12 +20,13 @@
 #include "mirror/ShortcutText.h"
 #include "mirror/SystemFillingThreads.h"
 #include "mirror/ZDScreenTools.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/X11Connection.h"
-#include "platform/linux/X11Displays.h"
-#include "platform/linux/X11Windows.h"
-#include "platform/linux/X11Workspace.h"
+#include "platform/linux/atspi/LinuxAccessibility.h"
+#include "platform/linux/desktop/DesktopEntries.h"
+#include "platform/linux/desktop/DesktopLauncher.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Displays.h"
+#include "platform/linux/x11/X11Windows.h"
+#include "platform/linux/x11/X11Workspace.h"
 #include "platform/qt/QtDisplays.h"
 #include "platform/qt/QtRunLoop.h"
 
@@ -98,7 +99,7 @@ public:
         : _displays(_qtDisplays, connection)
         , _windows(connection)
         , _accessibility(_windows, _desktopEntries)
-        , _workspace(connection, _windows, _desktopEntries, _runLoop)
+        , _workspace(connection, _windows, _desktopEntries, _runLoop, openURLDetached)
         , _platform{_accessibility, _workspace, _displays, _fake.hotKeys, _fake.defaults, _runLoop,
               _fake.notificationCenter} { }
 

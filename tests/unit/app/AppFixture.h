@@ -2,10 +2,11 @@
 
 #include "app/AppController.h"
 #include "app/AppDelegate.h"
-#include "app/PreferenceKeys.h"
+#include "app/RegisteredPreferences.h"
 #include "fake/FakeLoginItemList.h"
 #include "fake/FakePlatform.h"
 #include "panels/UserPanels.h"
+#include "platform/PreferenceKeys.h"
 
 #include <gtest/gtest.h>
 

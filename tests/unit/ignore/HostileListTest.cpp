@@ -4,6 +4,7 @@
 #include "fake/FakeWorkspace.h"
 #include "fuzz/IgnoreListCheck.h"
 #include "ignore/IgnoreList.h"
+#include "platform/PreferenceKeys.h"
 
 #include <gtest/gtest.h>
 
@@ -63,21 +64,21 @@ bool forgetPeakResidentSize() {
 
 TEST_F(HostileListTest, TheListsAreSoundBeforeAnythingIsWrongWithThem) {
     for (const HostileList& sound : soundLists()) {
-        defaults.setValue(IgnoreWindowListKey, sound.bytes);
+        defaults.setValue(preference::IgnoreWindowList, sound.bytes);
         EXPECT_TRUE(list.windowIsIgnored()) << sound.name;
     }
 }
 
 TEST_F(HostileListTest, NothingIsIgnoredByAHostileList) {
     for (const HostileList& hostile : hostileLists()) {
-        defaults.setValue(IgnoreWindowListKey, hostile.bytes);
+        defaults.setValue(preference::IgnoreWindowList, hostile.bytes);
         EXPECT_FALSE(list.windowIsIgnored()) << hostile.name;
     }
 }
 
 TEST_F(HostileListTest, TheNextIgnoreActionWritesASoundList) {
     for (const HostileList& hostile : hostileLists()) {
-        defaults.setValue(IgnoreWindowListKey, hostile.bytes);
+        defaults.setValue(preference::IgnoreWindowList, hostile.bytes);
         list.ignoreTitle();
         EXPECT_TRUE(list.windowIsIgnored()) << hostile.name;
         const auto dictionary = IgnoreDictionary::load(defaults);
@@ -91,7 +92,7 @@ TEST_F(HostileListTest, TheNextIgnoreActionWritesASoundList) {
 TEST_F(HostileListTest, AHostileListTakesLittleTime) {
     constexpr double Limit = IsInstrumented ? 1.0 : 0.05;
     for (const HostileList& hostile : hostileLists()) {
-        defaults.setValue(IgnoreWindowListKey, hostile.bytes);
+        defaults.setValue(preference::IgnoreWindowList, hostile.bytes);
         // The machine may be busy with something else, so the best of three attempts counts.
         double best = 1e9;
         for (int attempt = 0; attempt < 3 && best > Limit; ++attempt) {
@@ -108,7 +109,7 @@ TEST_F(HostileListTest, AHostileListTakesLittleMemory) {
         GTEST_SKIP() << "peak memory cannot be measured here";
     constexpr std::size_t Limit = std::size_t{64} << 20U;
     for (const HostileList& hostile : hostileLists()) {
-        defaults.setValue(IgnoreWindowListKey, hostile.bytes);
+        defaults.setValue(preference::IgnoreWindowList, hostile.bytes);
         forgetPeakResidentSize();
         const std::size_t before = residentSize("VmRSS").value_or(0);
         list.windowIsIgnored();
@@ -122,7 +123,7 @@ TEST_F(HostileListTest, AListCutOffAnywhereIsNothing) {
     const Data sound = soundList();
     for (std::size_t length = 0; length < sound.size(); ++length) {
         defaults.setValue(
-            IgnoreWindowListKey, Data(sound.begin(), sound.begin() + static_cast<std::ptrdiff_t>(length)));
+            preference::IgnoreWindowList, Data(sound.begin(), sound.begin() + static_cast<std::ptrdiff_t>(length)));
         ASSERT_FALSE(list.windowIsIgnored()) << length;
     }
 }

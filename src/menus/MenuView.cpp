@@ -1,0 +1,141 @@
+#include "menus/MenuView.h"
+
+#include "menus/MenuFonts.h"
+#include "menus/MenuTracking.h"
+#include "menus/MenuWindow.h"
+#include "menus/QtCoordinates.h"
+
+#include <utility>
+#include <vector>
+
+#include <QAccessible>
+#include <QAction>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QPixmapCache>
+#include <QScreen>
+
+namespace tarragon {
+
+namespace {
+
+QPoint primaryOrigin() {
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    return primary ? primary->geometry().topLeft() : QPoint();
+}
+
+std::vector<QRect> screenRectangles() {
+    std::vector<QRect> rectangles;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (!screen->geometry().isEmpty())
+            rectangles.push_back(screen->geometry());
+    }
+    return rectangles;
+}
+
+} // namespace
+
+MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput* menuInput)
+    : _displays(displays)
+    , _notificationCenter(notificationCenter)
+    , _grab(menuInput) {
+    _actionTimer.setSingleShot(true);
+    QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
+    // The style would keep a picture of every arrow that it draws, under a name that holds the palette of the window.
+    // Each menu that opens has a palette of its own: nobody would ask for the pictures of the last one again.
+    QPixmapCache::setCacheLimit(0);
+    warmUp();
+}
+
+MenuView::~MenuView() {
+    if (_tracking)
+        _tracking->end();
+    _grab.release();
+    delete _window;
+}
+
+// Goes through everything that is loaded the first time a menu opens, with one that nobody sees: style, fonts, pointer
+// shape, and the desktop's accessibility. Fonts stay loaded as long as something uses them.
+void MenuView::warmUp() {
+    _warmMenu.setStyle(&_style);
+    _warmMenu.addAction("Menu\tCtrl+M")->setCheckable(true);
+    QAction* boldAction = _warmMenu.addAction("Menu");
+    boldAction->setFont(menuFont({.bold = true}, _warmMenu.font()));
+    _warmMenu.addMenu(QString("Submenu"));
+    _warmMenu.grab();
+    _warmMenu.winId();
+    _warmMenu.setCursor(Qt::ArrowCursor);
+#if QT_CONFIG(accessibility)
+    QAccessibleEvent event(&_warmMenu, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+#endif
+}
+
+void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) {
+    closeMenus();
+    if (!menu)
+        return;
+    // Outside of every screen Qt would not know on which one to keep the menu.
+    const QPoint location =
+        nearestPointInside(qtPointFromNS(locationNS, _displays.screens(), primaryOrigin()), screenRectangles());
+    const auto tracking = std::make_shared<MenuTracking>(
+        _style, QGuiApplication::screenAt(location), [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
+            _choice = {chosenMenu, item};
+            // The window that tells is still at work.
+            _actionTimer.start(0);
+        });
+    tracking->setHeldModifiers(QGuiApplication::queryKeyboardModifiers());
+
+    auto* window = new MenuWindow(menu, tracking); // deletes itself when it closes
+    _tracking = tracking;
+    _window = window;
+    QObject::connect(window, &QMenu::aboutToHide, window, &QObject::deleteLater);
+    QObject::connect(window, &QMenu::aboutToHide, &_actionTimer, [this, window] {
+        if (_window != window)
+            return;
+        _grab.release();
+        _window = nullptr;
+    });
+    if (!window->prepare()) {
+        if (_window == window)
+            _window = nullptr;
+        window->deleteLater();
+        return;
+    }
+    window->popup(location);
+    if (_window == window)
+        _grab.acquire(*window);
+}
+
+void MenuView::closeMenus() {
+    if (!_window)
+        return;
+    MenuWindow* window = _window;
+    _window = nullptr;
+    _grab.release();
+    _tracking->closeAll();
+    if (_tracking->isOpening())
+        QTimer::singleShot(0, window, [window] { window->hide(); });
+    else
+        window->hide();
+}
+
+void MenuView::sendAction() {
+    const Choice choice = std::exchange(_choice, {});
+    if (!choice.item)
+        return;
+    // The window system answers only after it has done all that it was told before, so that the menus are off the
+    // screen and the keyboard is free when another program gets to work.
+    QCursor::pos();
+
+    const std::shared_ptr<MenuTarget> target = choice.item->target();
+    const std::string action = choice.item->action();
+    if (!target || action.empty())
+        return;
+    NotificationCenter& notificationCenter = _notificationCenter; // the action may end the program, and this view
+    target->performAction(action, *choice.item);
+    notificationCenter.postNotification({"NSMenuDidSendActionNotification", choice.menu.get(), {}});
+}
+
+} // namespace tarragon

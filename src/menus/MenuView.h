@@ -1,0 +1,57 @@
+#pragma once
+
+#include "menus/MenuGrab.h"
+#include "menus/MenuStyle.h"
+#include "mirror/MenuPresenter.h"
+#include "platform/Displays.h"
+#include "platform/NotificationCenter.h"
+
+#include <memory>
+#include <string>
+
+#include <QMenu>
+#include <QPointer>
+#include <QTimer>
+
+namespace tarragon {
+
+class MenuInput;
+class MenuTracking;
+class MenuWindow;
+
+// Shows menus as pop-ups. Needs the QApplication; main thread only. Displays and notification center are not owned.
+//
+// After the action of a chosen item was sent to its target, "NSMenuDidSendActionNotification" is posted with the menu
+// that holds the item as its object.
+class MenuView : public MenuPresenter {
+public:
+    // menuInput, which is not owned, is how a menu gets the keyboard and the pointer; nullptr leaves that to Qt.
+    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput* menuInput = nullptr);
+    // Closes what is open; the delegates do not hear of it, for they may be gone.
+    ~MenuView() override;
+    MenuView(const MenuView&) = delete;
+    MenuView& operator=(const MenuView&) = delete;
+
+    void popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) override;
+    void closeMenus() override;
+
+private:
+    struct Choice {
+        std::shared_ptr<Menu> menu;
+        std::shared_ptr<MenuItem> item;
+    };
+    void warmUp();
+    void sendAction();
+
+    Displays& _displays;
+    NotificationCenter& _notificationCenter;
+    MenuStyle _style;
+    QMenu _warmMenu;
+    MenuGrab _grab;
+    std::shared_ptr<MenuTracking> _tracking;
+    QPointer<MenuWindow> _window;
+    Choice _choice;
+    QTimer _actionTimer;
+};
+
+} // namespace tarragon

@@ -1,0 +1,159 @@
+#include "platform/linux/accessibilitybus/AtspiConnection.h"
+
+#include "platform/linux/accessibilitybus/AtspiCall.h"
+#include "platform/linux/accessibilitybus/AtspiExchange.h"
+#include "platform/linux/accessibilitybus/AtspiSessionBus.h"
+
+#include <algorithm>
+#include <dbus/dbus.h>
+#include <functional>
+
+namespace tarragon {
+
+namespace {
+
+constexpr std::chrono::seconds ReconnectInterval{1};
+// More would gain little, and each costs the application.
+constexpr std::size_t DirectConnections = 2;
+
+// Never 0.
+std::uint64_t identityOf(const DBusSocket& bus) {
+    const std::uint64_t identity = std::hash<std::string>()(bus.identifierOfOtherEnd());
+    return identity != 0 ? identity : 1;
+}
+
+} // namespace
+
+AtspiConnection::AtspiConnection(AtspiSessionBus& sessionBus)
+    : _sessionBus(sessionBus) {
+    // The library does so by itself at its first use, for which two connections of two threads may race.
+    dbus_threads_init_default();
+}
+
+AtspiConnection::~AtspiConnection() = default;
+
+bool AtspiConnection::ensureOpen() {
+    if (_bus && _bus->isOpen())
+        return true;
+    close();
+    const Clock::time_point now = Clock::now();
+    if (now < _nextAttempt)
+        return false;
+    if (open())
+        return true;
+    close();
+    // A service that is slow to refuse is asked less often: the wait for it is the caller's.
+    const Clock::time_point end = Clock::now();
+    _nextAttempt = end + std::max<Clock::duration>(ReconnectInterval, 5 * (end - now));
+    return false;
+}
+
+bool AtspiConnection::open() {
+    _bus = DBusSocket::connect(_sessionBus.accessibilityBusAddress());
+    if (!_bus || !_bus->registerWithBus(Clock::now() + AtspiTimeout::Silence))
+        return false;
+    _busIdentity = identityOf(*_bus);
+    return true;
+}
+
+void AtspiConnection::close() {
+    _bus.reset();
+    _peers.clear();
+    _gone.clear();
+    _busIdentity = 0;
+}
+
+void AtspiConnection::beginOperation(Start start, int timeoutFactor) {
+    // A bus that has ended is noticed before it is believed in.
+    if (_bus && start == Start::Fresh)
+        _bus->exchange();
+    ++_operation;
+    _timeoutFactor = timeoutFactor;
+}
+
+void AtspiConnection::run(const AtspiRequests& requests) {
+    if (requests.empty() || !ensureOpen())
+        return;
+    bool connected = false;
+    {
+        Exchange exchange(*this, requests);
+        connected = exchange.run();
+    }
+    if (!connected)
+        close();
+}
+
+bool AtspiConnection::post(const AtspiRequest& request) {
+    if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
+        return false;
+    // Over the bus: what is pressed may open a dialog, until whose end some applications hear nothing over a socket.
+    if (!_bus->send(callFor(request, true)))
+        return false;
+    ++_statistics.messagesSent;
+    if (_bus->flush(Clock::now() + AtspiTimeout::Silence))
+        return true;
+    // What was said to have failed must not go out later.
+    close();
+    return false;
+}
+
+void AtspiConnection::connectDirectly(const std::string& busName, const std::string& address) {
+    // Those of applications that have ended are not used again, and so would stay for good.
+    for (auto& [name, known] : _peers) {
+        std::erase_if(known->direct, [](const auto& socket) { return !socket->exchange(); });
+    }
+    auto& direct = peer(busName).direct;
+    while (direct.size() < DirectConnections) {
+        std::unique_ptr<DBusSocket> socket = DBusSocket::connect(address);
+        if (!socket)
+            return;
+        direct.push_back(std::move(socket));
+    }
+}
+
+DBusSocket* AtspiConnection::socketOf(AtspiPeer& peer) const {
+    DBusSocket* const direct = peer.nextDirect();
+    return direct != nullptr ? direct : _bus.get();
+}
+
+bool AtspiConnection::mayAsk(const std::string& busName) {
+    AtspiPeer& asked = peer(busName);
+    if (!asked.backOff.isSuspended())
+        return true;
+    // The answer to a probe may have arrived.
+    if (_bus->exchange() && !asked.backOff.isSuspended())
+        return true;
+    if (asked.backOff.needsProbe(Clock::now()))
+        probe(busName, asked);
+    return false;
+}
+
+void AtspiConnection::probe(const std::string& busName, AtspiPeer& peer) {
+    const Clock::time_point now = Clock::now();
+    if (!peer.backOff.needsProbe(now))
+        return;
+    peer.backOff.noteProbe(now);
+    if (peer.probe != 0)
+        _bus->forget(peer.probe);
+    // A question to the user interface itself. A ping would be answered by a library's own thread, hung or not.
+    peer.probe = _bus->call(
+        callFor({{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}}, true),
+        peer);
+    if (peer.probe == 0)
+        return;
+    ++_statistics.messagesSent;
+    _bus->exchange();
+}
+
+AtspiPeer& AtspiConnection::peer(const std::string& busName) {
+    std::unique_ptr<AtspiPeer>& entry = _peers[busName];
+    if (!entry)
+        entry = std::make_unique<AtspiPeer>();
+    if (entry->operation != _operation) {
+        entry->operation = _operation;
+        entry->timeout = AtspiTimeout(Clock::now(), _timeoutFactor);
+    }
+    return *entry;
+}
+
+} // namespace tarragon

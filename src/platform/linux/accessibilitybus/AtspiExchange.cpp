@@ -1,0 +1,217 @@
+#include "platform/linux/accessibilitybus/AtspiExchange.h"
+
+#include "platform/linux/accessibilitybus/AtspiCall.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <poll.h>
+#include <thread>
+
+namespace tarragon {
+
+namespace {
+
+// As many requests are on their way at most: enough to keep application and bus busy, few enough for every bus.
+constexpr std::size_t InFlightLimit = 500;
+// Requests go out in portions, so that the application is at work while we still write.
+constexpr std::size_t Portion = 8;
+// With more replies on their way, we look again after a moment rather than being woken for each: to wake us costs those
+// who answer a good part of what the answer itself costs them.
+constexpr std::size_t FewReplies = 8;
+constexpr std::chrono::microseconds NapForEachReply{8};
+constexpr std::chrono::microseconds LongestNap{200};
+
+} // namespace
+
+AtspiConnection::Exchange::~Exchange() {
+    for (const Pending& pending : _pending) {
+        if (pending.call != 0)
+            pending.socket->forget(pending.call);
+    }
+    for (AtspiPeer* peer : _peers)
+        peer->pending = 0;
+    _connection._statistics.roundTrips += _lastRound;
+}
+
+bool AtspiConnection::Exchange::run() {
+    while (true) {
+        while (_next < _requests.size() && _inFlight < InFlightLimit) {
+            sendNext();
+            if (_next % Portion == 0 && !exchange())
+                return false;
+        }
+        if (_inFlight == 0)
+            return true;
+        if (!exchange())
+            return false;
+        if (_inFlight == 0 || (_next < _requests.size() && _inFlight < InFlightLimit / 2))
+            continue;
+        const Clock::time_point deadline = nextDeadline();
+        if (Clock::now() >= deadline)
+            giveUpTheSilent();
+        else if (!wait(deadline))
+            return false;
+    }
+}
+
+void AtspiConnection::Exchange::sendNext() {
+    Pending& pending = _pending.emplace_back();
+    pending.exchange = this;
+    pending.request = &_requests[_next];
+    pending.round = _rounds[_next];
+    ++_next;
+    if (!send(pending))
+        end(pending);
+}
+
+bool AtspiConnection::Exchange::send(Pending& pending) {
+    const AtspiRequest& request = *pending.request;
+    const std::string& busName = request.target.busName;
+    if (_lastName == nullptr || *_lastName != busName) {
+        _lastName = &busName;
+        _lastPeer = &_connection.peer(busName);
+        _lastMayBeAsked = !_connection.isGone(busName) && _connection.mayAsk(busName);
+    }
+    if (!_lastMayBeAsked || _lastPeer->backOff.isSuspended())
+        return false;
+    DBusSocket* const socket = _connection.socketOf(*_lastPeer);
+    pending.peer = _lastPeer;
+    pending.socket = socket;
+    // The time-out is ours to keep: it depends on what else the application answers.
+    pending.call = socket->call(callFor(request, socket == _connection._bus.get()), pending);
+    if (pending.call == 0)
+        return false;
+    ++_connection._statistics.messagesSent;
+    _lastRound = std::max(_lastRound, pending.round);
+    if (pending.peer->pending++ == 0)
+        pending.peer->timeout.noteReply(Clock::now());
+    if (std::ranges::find(_peers, pending.peer) == _peers.end())
+        _peers.push_back(pending.peer);
+    if (std::ranges::find(_sockets, socket) == _sockets.end())
+        _sockets.push_back(socket);
+    ++_inFlight;
+    return true;
+}
+
+void AtspiConnection::Exchange::end(const Pending& pending) {
+    if (!pending.request->handleEnd)
+        return;
+    pending.request->handleEnd();
+    _rounds.resize(_requests.size(), pending.round + 1);
+}
+
+void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& reply) {
+    pending.call = 0;
+    pending.peer->timeout.noteReply(Clock::now());
+    --pending.peer->pending;
+    --_inFlight;
+    if (reply.type == DBusIncoming::Type::Error) {
+        receiveError(pending, reply);
+    } else if (pending.request->handleReply) {
+        AtspiReply answer(reply);
+        if (!pending.request->isForProperty() || answer.enterVariant())
+            pending.request->handleReply(answer);
+    }
+    end(pending);
+}
+
+void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusIncoming& error) {
+    const bool isFromBus = pending.socket == _connection._bus.get() && error.sender == DBUS_SERVICE_DBUS;
+    const std::string& busName = pending.request->target.busName;
+    if (!isFromBus) {
+        if (pending.request->handleError)
+            pending.request->handleError();
+        return;
+    }
+    const bool isAboutName =
+        error.errorName == DBUS_ERROR_SERVICE_UNKNOWN || error.errorName == DBUS_ERROR_NAME_HAS_NO_OWNER;
+    // Other names may find an owner again; and the bus itself says this of the names that it is asked about.
+    if (isAboutName && busName.starts_with(':'))
+        _connection._gone.insert(busName);
+}
+
+void AtspiConnection::Exchange::giveUp(Pending& pending) {
+    pending.socket->forget(pending.call);
+    pending.call = 0;
+    --pending.peer->pending;
+    --_inFlight;
+}
+
+void AtspiConnection::Exchange::giveUpTheSilent() {
+    const Clock::time_point now = Clock::now();
+    std::vector<AtspiPeer*> silent;
+    for (Pending& pending : _pending) {
+        if (pending.call == 0 || !pending.peer->timeout.isExhausted(now))
+            continue;
+        giveUp(pending);
+        end(pending);
+        pending.peer->backOff.noteTimeout();
+        _connection.probe(pending.request->target.busName, *pending.peer);
+        silent.push_back(pending.peer);
+    }
+    // The application may still answer over the bus: a dialog of its own can keep it from looking elsewhere.
+    for (AtspiPeer* peer : silent) {
+        for (const auto& socket : peer->direct)
+            std::erase(_sockets, socket.get());
+        peer->direct.clear();
+    }
+}
+
+bool AtspiConnection::Exchange::exchange() {
+    for (std::size_t index = 0; index < _sockets.size(); ++index) {
+        DBusSocket* const socket = _sockets[index];
+        if (socket->exchange())
+            continue;
+        if (socket == _connection._bus.get())
+            return false;
+        loseDirect(socket);
+        --index;
+    }
+    return true;
+}
+
+bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
+    const bool hasProgressed = _inFlight != _inFlightAtLastWait;
+    _inFlightAtLastWait = _inFlight;
+    if (_inFlight > FewReplies && hasProgressed) {
+        std::this_thread::sleep_for(std::min<std::chrono::microseconds>(_inFlight * NapForEachReply, LongestNap));
+        return true;
+    }
+    if (_sockets.size() == 1)
+        return _sockets.front()->wait(deadline) || _sockets.front() != _connection._bus.get();
+    std::vector<pollfd> descriptors;
+    for (const DBusSocket* socket : _sockets)
+        descriptors.push_back({socket->descriptor(), socket->eventsToWaitFor(), 0});
+    const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    return ::poll(descriptors.data(), descriptors.size(), static_cast<int>(std::max<long>(remaining, 0))) >= 0
+        || errno == EINTR;
+}
+
+void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
+    std::vector<Pending*> unanswered;
+    for (Pending& pending : _pending) {
+        if (pending.call == 0 || pending.socket != socket)
+            continue;
+        giveUp(pending);
+        unanswered.push_back(&pending);
+    }
+    std::erase(_sockets, socket);
+    for (AtspiPeer* peer : _peers) {
+        peer->dropDirect(socket);
+    }
+    for (Pending* pending : unanswered) {
+        if (!send(*pending))
+            end(*pending);
+    }
+}
+
+AtspiConnection::Clock::time_point AtspiConnection::Exchange::nextDeadline() const {
+    Clock::time_point deadline = Clock::time_point::max();
+    for (const AtspiPeer* peer : _peers) {
+        if (peer->pending > 0)
+            deadline = std::min(deadline, peer->timeout.deadline());
+    }
+    return deadline;
+}
+
+} // namespace tarragon

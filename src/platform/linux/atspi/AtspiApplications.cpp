@@ -1,0 +1,90 @@
+#include "platform/linux/atspi/AtspiApplications.h"
+
+#include "platform/linux/accessibilitybus/AtspiConnection.h"
+
+#include <algorithm>
+
+namespace tarragon {
+
+namespace {
+
+constexpr const char* RootPath = "/org/a11y/atspi/accessible/root";
+
+} // namespace
+
+std::optional<AtspiApplication> AtspiApplications::find(std::int64_t processIdentifier) {
+    if (processIdentifier <= 0 || processIdentifier == _ownProcessIdentifier)
+        return {};
+    Entry* entry = known(processIdentifier);
+    if (entry == nullptr) {
+        refresh();
+        entry = known(processIdentifier);
+    }
+    if (entry == nullptr)
+        return {};
+    if (!entry->toolkit && _connection.mayAsk(entry->root.busName)) {
+        entry->toolkit = askToolkit(entry->root);
+        // Only this toolkit hands out a socket; asked for one, others have been seen to crash.
+        if (entry->toolkit == AtspiToolkit::Gtk)
+            connectDirectly(entry->root);
+    }
+    return AtspiApplication{entry->root, entry->toolkit.value_or(AtspiToolkit::Other)};
+}
+
+void AtspiApplications::forget() {
+    _entries.clear();
+    _order.clear();
+}
+
+AtspiApplications::Entry* AtspiApplications::known(std::int64_t processIdentifier) {
+    // The latest first: a process may have left the bus and joined it again.
+    const auto found = std::find_if(_order.rbegin(), _order.rend(), [&](const std::string& busName) {
+        return _entries[busName].processIdentifier == processIdentifier && !_connection.isGone(busName);
+    });
+    return found != _order.rend() ? &_entries[*found] : nullptr;
+}
+
+void AtspiApplications::refresh() {
+    std::vector<AtspiReference> roots;
+    _connection.run({{{"org.a11y.atspi.Registry", RootPath}, "org.a11y.atspi.Accessible", "GetChildren", {},
+        [&roots](AtspiReply& reply) { roots = reply.readReferences().value_or(std::vector<AtspiReference>{}); }}});
+
+    AtspiRequests requests;
+    for (const AtspiReference& root : roots) {
+        const auto [position, isNew] = _entries.try_emplace(root.busName, Entry{root, 0, {}});
+        if (!isNew)
+            continue;
+        _order.push_back(root.busName);
+        Entry* const entry = &position->second;
+        requests.push_back({{"org.freedesktop.DBus", "/org/freedesktop/DBus"}, "org.freedesktop.DBus",
+            "GetConnectionUnixProcessID", root.busName,
+            [entry](AtspiReply& reply) { entry->processIdentifier = reply.readInteger().value_or(0); }});
+    }
+    _connection.run(requests);
+    // Those of which nothing was learnt are asked about again the next time.
+    std::erase_if(_order, [this](const std::string& busName) { return _entries[busName].processIdentifier == 0; });
+    std::erase_if(_entries, [](const auto& entry) { return entry.second.processIdentifier == 0; });
+}
+
+std::optional<AtspiToolkit> AtspiApplications::askToolkit(const AtspiReference& root) {
+    std::string name;
+    _connection.run({AtspiRequest::property(root, "org.a11y.atspi.Application", "ToolkitName",
+        [&name](AtspiReply& reply) { name = reply.readString().value_or(std::string{}); })});
+    if (name.empty())
+        return {};
+    if (name == "gtk" || name == "GTK" || name == "GAIL")
+        return AtspiToolkit::Gtk;
+    if (name.starts_with("Qt"))
+        return AtspiToolkit::Qt;
+    return AtspiToolkit::Other;
+}
+
+void AtspiApplications::connectDirectly(const AtspiReference& root) {
+    std::string address;
+    _connection.run({{root, "org.a11y.atspi.Application", "GetApplicationBusAddress", {},
+        [&address](AtspiReply& reply) { address = reply.readString().value_or(std::string{}); }}});
+    if (!address.empty())
+        _connection.connectDirectly(root.busName, address);
+}
+
+} // namespace tarragon

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/linux/windows/WindowKind.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tarragon {
+
+// What the window manager and the application say of one top-level window, at the moment of asking.
+struct WindowDescription {
+    std::uint32_t identifier = 0;
+    std::int64_t processIdentifier = 0; // 0 when the window does not tell
+    std::string title;
+    std::string instanceName; // first string of WM_CLASS
+    std::string className; // second string of WM_CLASS
+    std::string gtkApplicationIdentifier; // empty for windows of other toolkits
+    WindowKind kind = WindowKind::Normal;
+    Rect frame; // with decorations, without shadows; pixels of the root window, y down
+    Rect frameCG; // the same in screen space
+    bool fullScreen = false;
+    bool hidden = false; // minimised
+};
+
+} // namespace tarragon

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/linux/windows/WindowDescription.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace tarragon {
+
+// Top-level windows of all applications, as the window system tells of them. May be called from any thread. A window
+// that is gone gives nothing.
+class WindowSource {
+public:
+    virtual ~WindowSource() = default;
+
+    virtual std::optional<std::uint32_t> activeWindow() = 0;
+    virtual std::optional<WindowDescription> describe(std::uint32_t window) = 0;
+    // The same for many windows in the time of one; those that are gone are left out.
+    virtual std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) = 0;
+    // The managed windows, bottom to top.
+    virtual std::vector<std::uint32_t> managedWindows() = 0;
+    // The topmost managed window whose frame contains the point; nothing over the desktop. Minimised windows and those
+    // of other workspaces are not there.
+    virtual std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) = 0;
+
+    // All three ask the window manager. False when the request could not be sent.
+    virtual bool setPosition(std::uint32_t window, const Point& topLeftCG) = 0;
+    virtual bool setSize(std::uint32_t window, const Size& frameSize) = 0;
+    virtual bool raise(std::uint32_t window) = 0;
+};
+
+} // namespace tarragon

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/linux/windows/WindowSource.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tarragon {
+
+class X11Connection;
+struct X11WindowAtoms;
+
+// Top-level windows of an X server, through the window manager's hints.
+class X11Windows final : public WindowSource {
+public:
+    explicit X11Windows(X11Connection& connection);
+    ~X11Windows() override;
+    X11Windows(const X11Windows&) = delete;
+    X11Windows& operator=(const X11Windows&) = delete;
+
+    std::optional<std::uint32_t> activeWindow() override;
+    std::optional<WindowDescription> describe(std::uint32_t window) override;
+    std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) override;
+    std::vector<std::uint32_t> managedWindows() override;
+    std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) override;
+
+    bool setPosition(std::uint32_t window, const Point& topLeftCG) override;
+    bool setSize(std::uint32_t window, const Size& frameSize) override;
+    bool raise(std::uint32_t window) override;
+
+private:
+    X11Connection& _connection;
+    std::unique_ptr<const X11WindowAtoms> _atoms;
+};
+
+} // namespace tarragon

@@ -1,0 +1,186 @@
+#include "platform/linux/desktop/DesktopShortcuts.h"
+
+#include "platform/HotKeys.h"
+#include "platform/linux/desktop/DesktopShortcutsSession.h"
+#include "platform/linux/desktop/DesktopShortcutsXml.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+namespace tarragon {
+namespace {
+
+namespace fs = std::filesystem;
+using hotkey::CommandKey;
+using hotkey::ControlKey;
+using hotkey::OptionKey;
+using hotkey::ShiftKey;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+std::vector<std::string> tagsOf(std::string_view text) {
+    std::vector<std::string> result;
+    XmlTags tags(text);
+    while (const std::optional<XmlTag> tag = tags.next()) {
+        std::string description = (tag->kind == XmlTag::Kind::End ? "/" : "") + tag->name;
+        for (const auto& [name, value] : tag->attributes)
+            description.append(" ").append(name).append("=").append(value);
+        result.push_back(description + (tag->kind == XmlTag::Kind::Empty ? "/" : ""));
+    }
+    return result;
+}
+
+TEST(DesktopShortcutsXml, GoesThroughTheTags) {
+    EXPECT_THAT(tagsOf("<?xml version='1.0'?><!DOCTYPE a><a><!-- <x/> --><b c = \"1\" d='2'/>text</a><![CDATA[<y>]]>"),
+        ElementsAre("a", "b c=1 d=2/", "/a"));
+}
+
+TEST(DesktopShortcutsXml, ResolvesEntities) {
+    EXPECT_THAT(tagsOf("<a b=\"&lt;Alt&gt;&amp;&quot;&apos;&unknown;&\"/>"), ElementsAre("a b=<Alt>&\"'&unknown;&/"));
+}
+
+TEST(DesktopShortcutsXml, PassesOverWhatIsDamaged) {
+    EXPECT_THAT(tagsOf("< <> <a b> <c d=e> <f g=\"> <h/> <i/"), ElementsAre("h/"));
+    EXPECT_THAT(tagsOf("<a><!-- never closed <b/>"), ElementsAre("a"));
+    EXPECT_THAT(tagsOf(""), IsEmpty());
+    EXPECT_THAT(tagsOf("<a/ ><b/>"), ElementsAre("b/"));
+}
+
+std::string xfce(const std::string& properties) {
+    return R"(<?xml version="1.0"?><channel name="xfce4-keyboard-shortcuts" version="1.0">)" + properties
+        + "</channel>";
+}
+
+TEST(DesktopShortcuts, ReadsThoseOfXfce) {
+    const std::string settings = xfce(R"(
+        <property name="commands" type="empty">
+          <property name="default" type="empty">
+            <property name="&lt;Alt&gt;F1" type="empty"/>
+            <property name="&lt;Alt&gt;F2" type="empty">
+              <property name="startup-notify" type="empty"/>
+            </property>
+          </property>
+          <property name="custom" type="empty">
+            <property name="&lt;Primary&gt;&lt;Alt&gt;t" type="string" value="exo-open"/>
+            <property name="&lt;Super&gt;&lt;Shift&gt;space" type="string" value="menu">
+              <property name="startup-notify" type="bool" value="true"/>
+            </property>
+            <property name="Print" type="string" value="shot"/>
+            <property name="override" type="bool" value="true"/>
+          </property>
+        </property>
+        <property name="xfwm4" type="empty">
+          <property name="default" type="empty">
+            <property name="&lt;Alt&gt;Tab" type="string" value="cycle_windows_key"/>
+          </property>
+          <property name="custom" type="empty">
+            <property name="&lt;Alt&gt;F4" type="string" value="close_window_key"/>
+            <property name="&lt;Control&gt;F5" type="string" value=""/>
+          </property>
+        </property>
+        <property name="providers" type="array"><value type="string" value="commands"/></property>)");
+    EXPECT_THAT(xfceShortcuts(settings),
+        UnorderedElementsAre(DesktopShortcut{true, CommandKey | OptionKey, "t"},
+            DesktopShortcut{true, ControlKey | ShiftKey, "space"}, DesktopShortcut{true, 0, "Print"},
+            DesktopShortcut{true, OptionKey, "Tab"}, DesktopShortcut{true, OptionKey, "F4"},
+            DesktopShortcut{false, CommandKey, "F5"}));
+}
+
+TEST(DesktopShortcuts, ReadsThoseThatCameWithXfceUnlessTheUsersReplaceThem) {
+    const std::string builtIn = R"(<property name="commands"><property name="default">
+        <property name="&lt;Alt&gt;F1" type="string" value="menu"/><property name="&lt;Alt&gt;F2" type="empty"/>
+        </property><property name="custom"><property name="override" type="bool" value=")";
+    EXPECT_THAT(xfceShortcuts(xfce(builtIn + "false\"/></property></property>")),
+        ElementsAre(DesktopShortcut{true, OptionKey, "F1"}, DesktopShortcut{false, OptionKey, "F2"}));
+    EXPECT_THAT(xfceShortcuts(xfce(builtIn + "true\"/></property></property>")), IsEmpty());
+}
+
+TEST(DesktopShortcuts, LeavesOutWhatIsNoCombinationInXfcesSettings) {
+    EXPECT_THAT(xfceShortcuts(""), IsEmpty());
+    EXPECT_THAT(xfceShortcuts("not XML at all"), IsEmpty());
+    EXPECT_THAT(xfceShortcuts("</property></property><property name=\"commands\">"), IsEmpty());
+    EXPECT_THAT(
+        xfceShortcuts(xfce("<property name=\"commands\"><property name=\"custom\">"
+                           "<property name=\"&lt;Hyper&gt;a\" type=\"string\" value=\"x\"/>"
+                           "<property name=\"&lt;Alt&gt;\" type=\"string\" value=\"x\"/>"
+                           "<property name=\"&lt;Alt\" type=\"string\" value=\"x\"/>"
+                           "<property name=\"\" type=\"string\" value=\"x\"/></property></property>"
+                           "<property name=\"other\"><property name=\"custom\">"
+                           "<property name=\"&lt;Alt&gt;a\" type=\"string\" value=\"x\"/></property></property>")),
+        IsEmpty());
+}
+
+TEST(DesktopShortcuts, ReadsThoseOfOpenbox) {
+    EXPECT_THAT(openboxShortcuts(R"(<openbox_config><keyboard><chainQuitKey>C-g</chainQuitKey>
+          <keybind key="C-A-Left"><action name="GoToDesktop"><to>left</to></action></keybind>
+          <keybind key="W-S-space"/>
+          <keybind key="A-F4"><action name="Close"/></keybind>
+          <keybind key="C-x n"><action name="Close"/></keybind>
+          <keybind key="C-z"><keybind key="a"/><keybind key="b"/></keybind>
+          <keybind key="Print"/><keybind key="Mod4-minus"/><keybind key="C--"/></keyboard>
+          <mouse><mousebind button="A-Left"/></mouse></openbox_config>)"),
+        ElementsAre(DesktopShortcut{true, CommandKey | OptionKey, "Left"},
+            DesktopShortcut{true, ControlKey | ShiftKey, "space"}, DesktopShortcut{true, OptionKey, "F4"},
+            DesktopShortcut{true, CommandKey, "x"}, DesktopShortcut{true, CommandKey, "z"},
+            DesktopShortcut{true, 0, "Print"}, DesktopShortcut{true, ControlKey, "minus"},
+            DesktopShortcut{true, CommandKey, "-"}));
+}
+
+TEST(DesktopShortcuts, LeavesOutWhatIsNoCombinationInOpenboxsSettings) {
+    EXPECT_THAT(openboxShortcuts("<keybind/><keybind key=\"\"/><keybind key=\"H-a\"/></keybind></keybind>"), IsEmpty());
+    EXPECT_THAT(
+        openboxShortcuts("</keybind><keybind key=\"A-a\">"), ElementsAre(DesktopShortcut{true, OptionKey, "a"}));
+}
+
+class DesktopShortcutsSessionTest : public testing::Test {
+protected:
+    DesktopShortcutsSessionTest() {
+        std::string pattern = fs::temp_directory_path() / "tarragon-shortcuts-XXXXXX";
+        _root = mkdtemp(pattern.data());
+        session.configurationFolders = {_root / "user", _root / "system"};
+    }
+    ~DesktopShortcutsSessionTest() override { fs::remove_all(_root); }
+
+    void put(const fs::path& file, const std::string& text) {
+        fs::create_directories((_root / file).parent_path());
+        std::ofstream(_root / file) << text;
+    }
+    void putBoth(const std::string& folder, const std::string& key) {
+        put(folder + "/openbox/rc.xml", "<keybind key=\"A-" + key + "\"/>");
+        put(folder + "/xfce4/xfconf/xfce-perchannel-xml/xfce4-keyboard-shortcuts.xml",
+            xfce(R"(<property name="xfwm4"><property name="custom"><property name="&lt;Super&gt;)" + key
+                + R"(" type="string" value="x"/></property></property>)"));
+    }
+
+    DesktopShortcutsSession session;
+    fs::path _root;
+};
+
+TEST_F(DesktopShortcutsSessionTest, ReadsTheSettingsOfTheDesktopThatIsRunning) {
+    putBoth("user", "a");
+    EXPECT_THAT(session.readShortcuts(), IsEmpty());
+    session.windowManager = "Openbox";
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "a"}));
+    session.windowManager = "Xfwm4";
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, ControlKey, "a"}));
+    session.windowManager = "Other";
+    EXPECT_THAT(session.readShortcuts(), IsEmpty());
+    session.desktops = {"XFCE"};
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, ControlKey, "a"}));
+}
+
+TEST_F(DesktopShortcutsSessionTest, PrefersTheUsersSettingsToTheSystems) {
+    session.windowManager = "Openbox";
+    EXPECT_THAT(session.readShortcuts(), IsEmpty());
+    putBoth("system", "s");
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "s"}));
+    putBoth("user", "u");
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "u"}));
+}
+
+} // namespace
+} // namespace tarragon
