@@ -38,8 +38,8 @@ protected:
         ASSERT_TRUE(_connection);
         _windows = std::make_unique<X11Windows>(*_connection);
         _entries = std::make_unique<DesktopEntries>(std::vector<fs::path>{_folder}, std::vector<std::string>());
-        workspace = std::make_unique<X11Workspace>(*_connection, *_windows, *_entries, _runLoop,
-            [](const std::string&) { return false; });
+        workspace = std::make_unique<X11Workspace>(
+            *_connection, *_windows, *_entries, _runLoop, [](const std::string&) { return false; });
     }
 
     // Puts a window in front as a window manager would, with the two strings of its class.
