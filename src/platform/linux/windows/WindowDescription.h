@@ -17,6 +17,7 @@ struct WindowDescription {
     std::string className; // second string of WM_CLASS
     std::string gtkApplicationIdentifier; // empty for windows of other toolkits
     WindowKind kind = WindowKind::Normal;
+    std::uint32_t transientFor = 0; // the window that it belongs to, as a dialog does; 0 for none, or a whole group
     Rect frame; // with decorations, without shadows; pixels of the root window, y down
     Rect frameCG; // the same in screen space
     bool fullScreen = false;

@@ -20,6 +20,9 @@ public:
     virtual std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) = 0;
     // The managed windows, bottom to top.
     virtual std::vector<std::uint32_t> managedWindows() = 0;
+    // The managed windows in the order in which they were last active, the latest first. Those that were never seen
+    // active come last, topmost first.
+    virtual std::vector<std::uint32_t> windowsByActivation() = 0;
     // The topmost managed window whose frame contains the point; nothing over the desktop. Minimised windows and those
     // of other workspaces are not there.
     virtual std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) = 0;

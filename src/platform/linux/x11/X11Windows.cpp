@@ -160,10 +160,12 @@ public:
         description.fullScreen = holds(state, _atoms.fullScreen);
         description.hidden = holds(state, _atoms.hidden);
         const std::optional<xcb_window_t> transientFor = _transientFor.number();
+        const bool hasOwner = transientFor && *transientFor != XCB_NONE && *transientFor != _root;
+        description.transientFor = hasOwner ? *transientFor : 0;
         description.kind = kindOfWindow({.type = windowType(_type.numbers(), _atoms),
             .modal = holds(state, _atoms.modal),
             .transient = transientFor.has_value(),
-            .transientForWindow = transientFor && *transientFor != XCB_NONE && *transientFor != _root});
+            .transientForWindow = hasOwner});
 
         const Rect client = {
             {double(origin->dst_x), double(origin->dst_y)}, {double(geometry->width), double(geometry->height)}};
@@ -312,6 +314,12 @@ std::vector<std::uint32_t> X11Windows::managedWindows() {
     // Some window managers drop the stacking order with the last window and give it again only when two are to be put
     // in order. The other list, oldest first, is always there.
     return windows.empty() ? listed.numbers() : windows;
+}
+
+std::vector<std::uint32_t> X11Windows::windowsByActivation() {
+    std::vector<std::uint32_t> windows = managedWindows();
+    std::ranges::reverse(windows);
+    return windows;
 }
 
 std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) {

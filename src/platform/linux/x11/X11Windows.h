@@ -24,6 +24,7 @@ public:
     std::optional<WindowDescription> describe(std::uint32_t window) override;
     std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) override;
     std::vector<std::uint32_t> managedWindows() override;
+    std::vector<std::uint32_t> windowsByActivation() override;
     std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) override;
 
     bool setPosition(std::uint32_t window, const Point& topLeftCG) override;
