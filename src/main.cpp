@@ -5,6 +5,7 @@
 #include "cli/Commands.h"
 #include "menus/MenuView.h"
 #include "panels/MessagePanels.h"
+#include "platform/LogCategories.h"
 #include "platform/linux/atspi/LinuxAccessibility.h"
 #include "platform/linux/desktop/AutostartLoginItemList.h"
 #include "platform/linux/desktop/DesktopEntries.h"
@@ -23,6 +24,7 @@
 #include "platform/linux/xkb/X11HotKeys.h"
 #include "platform/linux/xkb/XkbKeyboard.h"
 #include "platform/qt/QtDisplays.h"
+#include "platform/qt/QtLogSink.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <QApplication>
@@ -96,17 +98,23 @@ private:
     QtNativeEvents _nativeEvents;
 };
 
-int fail(const std::string& message) {
-    std::cerr << "tarragon: " << message << "\n";
+int fail(LogCategory category, const std::string& message) {
+    logError(category, message);
     return 1;
+}
+
+// What the environment asks to be told, beside the command line.
+LogCategoryList logCategoriesOfEnvironment() {
+    const std::string list = qEnvironmentVariable("TARRAGON_LOG").toStdString();
+    return list.empty() ? LogCategoryList() : parseLogCategories(list);
 }
 
 int runAgent(Desktop& desktop) {
     const auto instance = RunningInstance::connect();
     if (!instance)
-        return fail("the X server does not answer");
+        return fail(LogCategory::X11, "the X server does not answer");
     if (!instance->claimOrReopen()) {
-        std::cerr << "tarragon: already running on this display\n";
+        logError(LogCategory::X11, "already running on this display");
         return 0;
     }
     const Platform platform = desktop.platform();
@@ -131,8 +139,14 @@ int runCommand(const Command& command, Desktop& desktop) {
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    const Command command =
+    const auto [command, logCategories] =
         parseCommandLine(std::vector<std::string>(arguments + std::min(argumentCount, 1), arguments + argumentCount));
+    const LogCategoryList environment = logCategoriesOfEnvironment();
+    QtLogSink sink(logCategories | environment.categories);
+    setLogSink(&sink);
+    // Unlike a slip on the command line, one in the environment may be years old: the program goes on.
+    if (!environment.error.empty())
+        logError(LogCategory::Settings, "TARRAGON_LOG: " + environment.error);
     if (const auto* error = std::get_if<UsageError>(&command)) {
         std::cerr << "tarragon: " << error->message << "\nTry 'tarragon --help'.\n";
         return 2;
@@ -147,7 +161,7 @@ int main(int argumentCount, char** arguments) {
     }
     auto connection = X11Connection::connect();
     if (!connection)
-        return fail("no X server can be reached; is DISPLAY set?");
+        return fail(LogCategory::X11, "no X server can be reached; is DISPLAY set?");
 
     // The toolkit is given none of our arguments, and must not use another display than the rest of the program. Nor is
     // it to grab the keyboard or the pointer for menus, which is done in a way that leaves others the focus.

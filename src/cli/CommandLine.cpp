@@ -17,7 +17,16 @@ std::optional<Number> parseNumber(const std::string& text) {
     return number;
 }
 
-// Walks over the arguments of one command. An option's value is the next argument, or follows an equals sign.
+UsageError missingValue(const std::string& option) {
+    return {"option '" + option + "' needs a value"};
+}
+
+UsageError unknownArgument(const std::string& argument) {
+    return {"unknown argument '" + argument + "'"};
+}
+
+// Walks over the arguments of one command. An option's value is the next argument, or follows an equals sign. The
+// option that switches the log on may stand anywhere, and is taken on the way.
 class Arguments {
 public:
     explicit Arguments(const std::vector<std::string>& arguments)
@@ -37,12 +46,16 @@ public:
             _inlineValue = _current.substr(equals + 1);
             _current.resize(equals);
         }
+        if (isOption() && _current == "--log") {
+            takeLogCategories();
+            return next();
+        }
         return true;
     }
 
     const std::string& current() const { return _current; }
     bool isOption() const { return !_optionsEnded && _current.size() > 1 && _current.front() == '-'; }
-    bool hasInlineValue() const { return _inlineValue.has_value(); }
+    const std::optional<std::string>& inlineValue() const { return _inlineValue; }
 
     std::optional<std::string> value() {
         if (_inlineValue)
@@ -52,21 +65,31 @@ public:
         return _arguments[_position++];
     }
 
+    const LogCategorySet& log() const { return _log; }
+    // The first thing that was wrong with the categories of the log.
+    const std::optional<UsageError>& logError() const { return _logError; }
+
 private:
+    void takeLogCategories() {
+        const auto list = value();
+        const LogCategoryList categories = list ? parseLogCategories(*list) : LogCategoryList();
+        _log |= categories.categories;
+        if (_logError)
+            return;
+        if (!list)
+            _logError = missingValue("--log");
+        else if (!categories.error.empty())
+            _logError = UsageError{categories.error};
+    }
+
     const std::vector<std::string>& _arguments;
     std::size_t _position = 0;
     std::string _current;
     std::optional<std::string> _inlineValue;
     bool _optionsEnded = false;
+    LogCategorySet _log;
+    std::optional<UsageError> _logError;
 };
-
-UsageError missingValue(const std::string& option) {
-    return {"option '" + option + "' needs a value"};
-}
-
-UsageError unknownArgument(const std::string& argument) {
-    return {"unknown argument '" + argument + "'"};
-}
 
 // Takes an option that chooses the application. Nothing when the current argument is another one.
 std::optional<std::optional<UsageError>> parseApplicationChoice(Arguments& arguments, ApplicationChoice& choice) {
@@ -99,7 +122,7 @@ Command parseMenus(Arguments& arguments) {
         const std::string argument = arguments.current();
         if (!arguments.isOption())
             return unknownArgument(argument);
-        if (argument == "--json" && !arguments.hasInlineValue()) {
+        if (argument == "--json" && !arguments.inlineValue()) {
             command.json = true;
         } else if (argument == "--depth") {
             const auto value = arguments.value();
@@ -141,26 +164,35 @@ Command parseAlone(Arguments& arguments, Command command) {
     return command;
 }
 
+Command parseCommand(Arguments& arguments) {
+    if (!arguments.next())
+        return RunAgent();
+    const std::string first = arguments.current();
+    if (const auto value = arguments.inlineValue())
+        return unknownArgument(first + '=' + *value);
+    if (first == "--help" || first == "-h")
+        return parseAlone(arguments, ShowHelp());
+    if (first == "--version")
+        return parseAlone(arguments, ShowVersion());
+    if (first == "menus")
+        return parseMenus(arguments);
+    if (first == "press")
+        return parsePress(arguments);
+    if (first == "inspect")
+        return parseAlone(arguments, InspectElement());
+    return unknownArgument(first);
+}
+
 } // namespace
 
-Command parseCommandLine(const std::vector<std::string>& arguments) {
+CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
     Arguments remaining(arguments);
-    if (!remaining.next())
-        return RunAgent();
-    const std::string first = remaining.current();
-    if (remaining.hasInlineValue())
-        return unknownArgument(arguments.front());
-    if (first == "--help" || first == "-h")
-        return parseAlone(remaining, ShowHelp());
-    if (first == "--version")
-        return parseAlone(remaining, ShowVersion());
-    if (first == "menus")
-        return parseMenus(remaining);
-    if (first == "press")
-        return parsePress(remaining);
-    if (first == "inspect")
-        return parseAlone(remaining, InspectElement());
-    return unknownArgument(first);
+    Command command = parseCommand(remaining);
+    if (std::holds_alternative<UsageError>(command))
+        return {std::move(command), {}};
+    if (remaining.logError())
+        return {*remaining.logError(), {}};
+    return {std::move(command), remaining.log()};
 }
 
 std::string helpText() {
@@ -180,6 +212,9 @@ Options of menus and press:
   --application NAME     another application than the one in front
   --pid N                the application of that process
 
+  --log CATEGORY[,...]   before or after a command: tell on standard error why something did not come about.
+                         Categories are front, menus, accessibility, x11, panel, settings, triggers, or all.
+                         The environment variable TARRAGON_LOG takes the same list.
   --help                 print this text
   --version              print the version
 

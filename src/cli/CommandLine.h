@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/LogCategories.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -38,8 +40,13 @@ struct UsageError {
 
 using Command = std::variant<RunAgent, ShowHelp, ShowVersion, ListMenus, PressItem, InspectElement, UsageError>;
 
-// What the arguments (without the program's name) ask for.
-Command parseCommandLine(const std::vector<std::string>& arguments);
+struct CommandLine {
+    Command command;
+    LogCategorySet log; // what is to be told on standard error while the command is carried out
+};
+
+// What the arguments (without the program's name) ask for. A command line that makes no sense switches no log on.
+CommandLine parseCommandLine(const std::vector<std::string>& arguments);
 
 // The text that --help prints.
 std::string helpText();

@@ -8,6 +8,7 @@
 #include "mirror/ProxyMenuItem.h"
 #include "mirror/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
+#include "platform/Log.h"
 
 #include <functional>
 #include <memory>
@@ -59,6 +60,10 @@ int Commands::withReader(const ApplicationChoice& choice, ReadBatchDepth depth, 
         return 1;
     if (!_platform.accessibility.isTrusted())
         return fail("the desktop's accessibility interface cannot be reached");
+    log(LogCategory::Menus, [&] {
+        return "reading the menus of '" + application->name + "', process "
+            + std::to_string(application->processIdentifier);
+    });
     const bool isFrontApplication = !choice.name && !choice.processIdentifier;
     const Element element =
         isFrontApplication ? Element() : _platform.accessibility.applicationElement(application->processIdentifier);
@@ -74,6 +79,10 @@ int Commands::withReader(const ApplicationChoice& choice, ReadBatchDepth depth, 
     reader->setKeyEquivalents(true);
     const ReadBatch batch(_platform.accessibility, depth);
     reader->update();
+    log(LogCategory::Menus, [&] {
+        return "'" + application->name + "' has " + std::to_string(reader->menu()->numberOfItems())
+            + " items in its menu bar";
+    });
     if (reader->menu()->numberOfItems() == 0)
         return fail("'" + application->name + "' has no menu bar, or does not answer");
     return work(*reader);

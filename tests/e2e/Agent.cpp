@@ -75,10 +75,11 @@ std::vector<XWindow> Agent::openMenus() {
     return menus;
 }
 
-CommandResult Agent::run(const Desktop& desktop, const std::vector<std::string>& arguments) {
+CommandResult Agent::run(
+    const Desktop& desktop, const std::vector<std::string>& arguments, const Environment& additions) {
     std::vector<std::string> command{E2E_TARRAGON};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    return desktop.run(command);
+    return desktop.run(command, additions);
 }
 
 std::filesystem::path Agent::preferencesFile(const Desktop& desktop) {

@@ -55,8 +55,9 @@ public:
     // The menus of the program that are open now, oldest first.
     std::vector<XWindow> openMenus();
 
-    // Runs the program once more with arguments, in the same session.
-    static CommandResult run(const Desktop& desktop, const std::vector<std::string>& arguments);
+    // Runs the program once more with arguments, in the same session with additions to its environment.
+    static CommandResult run(
+        const Desktop& desktop, const std::vector<std::string>& arguments, const Environment& additions = {});
     static std::filesystem::path preferencesFile(const Desktop& desktop);
 
 private:

@@ -3,6 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 namespace tarragon::e2e {
 
 class CommandLineTest : public WindowManagerTest {
@@ -27,6 +29,45 @@ TEST_P(CommandLineTest, RefusesWhatMakesNoSense) {
     expectFailure({"press"}, 2);
     expectFailure({"press", ""}, 2);
     expectFailure({"inspect", "more"}, 2);
+    expectFailure({"--log", "nonsense"}, 2);
+    expectFailure({"menus", "--log"}, 2);
+}
+
+TEST_P(CommandLineTest, NamesTheLogsCategoriesWhenOneIsUnknown) {
+    EXPECT_NE(tarragon({"--log", "nonsense", "menus"}).error.find("accessibility"), std::string::npos);
+}
+
+TEST_P(CommandLineTest, TellsOnStandardErrorWhatItReadsWhenTheLogIsOn) {
+    launch(ApplicationKind::Mousepad);
+    CommandResult silent = tarragon({"menus"});
+    EXPECT_EQ(silent.status, 0);
+    EXPECT_EQ(silent.error, "");
+    const std::string line = "menus: reading the menus of 'Mousepad'";
+    for (const auto& arguments :
+        std::vector<std::vector<std::string>>{{"--log", "menus", "menus"}, {"menus", "--log=front,menus"}}) {
+        CommandResult told = tarragon(arguments);
+        EXPECT_EQ(told.status, 0);
+        EXPECT_EQ(told.output, silent.output);
+        EXPECT_NE(told.error.find(line), std::string::npos) << told.error;
+    }
+    CommandResult told = tarragon({"menus"}, {{"TARRAGON_LOG", "menus"}});
+    EXPECT_NE(told.error.find(line), std::string::npos) << told.error;
+}
+
+TEST_P(CommandLineTest, TellsWhyAnApplicationHasNoMenusWhenTheLogIsOn) {
+    launch(ApplicationKind::Terminal);
+    CommandResult result = tarragon({"--log", "menus", "menus"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.error.find(" menus: "), std::string::npos) << result.error;
+}
+
+TEST_P(CommandLineTest, GoesOnWhenTheEnvironmentAsksForALogThatIsNone) {
+    launch(ApplicationKind::Mousepad);
+    CommandResult result = tarragon({"menus"}, {{"TARRAGON_LOG", "nonsense"}});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.output, "");
+    EXPECT_EQ(result.error.find("tarragon: TARRAGON_LOG: "), 0U) << result.error;
+    EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << result.error;
 }
 
 TEST_P(CommandLineTest, TellsItsVersionAndHelp) {

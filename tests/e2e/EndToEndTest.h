@@ -33,7 +33,9 @@ protected:
     TestApplication& launch(ApplicationKind kind);
     // Ends it at once.
     void quit(TestApplication& application);
-    CommandResult tarragon(const std::vector<std::string>& arguments) { return Agent::run(desktop(), arguments); }
+    CommandResult tarragon(const std::vector<std::string>& arguments, const Environment& additions = {}) {
+        return Agent::run(desktop(), arguments, additions);
+    }
 
 private:
     void keepEvidence();

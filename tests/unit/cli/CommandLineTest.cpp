@@ -8,20 +8,31 @@ namespace {
 
 template <typename T>
 T parsed(const std::vector<std::string>& arguments) {
-    const Command command = parseCommandLine(arguments);
+    const Command command = parseCommandLine(arguments).command;
     const T* result = std::get_if<T>(&command);
     EXPECT_NE(result, nullptr) << testing::PrintToString(arguments);
     return result ? *result : T();
 }
 
+template <typename T>
+bool isParsedAs(const std::vector<std::string>& arguments) {
+    return std::holds_alternative<T>(parseCommandLine(arguments).command);
+}
+
+LogCategorySet logOf(const std::vector<std::string>& arguments) {
+    const CommandLine line = parseCommandLine(arguments);
+    EXPECT_FALSE(std::holds_alternative<UsageError>(line.command)) << testing::PrintToString(arguments);
+    return line.log;
+}
+
 TEST(CommandLine, RunsTheAgentWithoutArguments) {
-    parsed<RunAgent>({});
+    EXPECT_TRUE(isParsedAs<RunAgent>({}));
 }
 
 TEST(CommandLine, ShowsHelpAndVersion) {
-    parsed<ShowHelp>({"--help"});
-    parsed<ShowHelp>({"-h"});
-    parsed<ShowVersion>({"--version"});
+    EXPECT_TRUE(isParsedAs<ShowHelp>({"--help"}));
+    EXPECT_TRUE(isParsedAs<ShowHelp>({"-h"}));
+    EXPECT_TRUE(isParsedAs<ShowVersion>({"--version"}));
 }
 
 TEST(CommandLine, ListsTwoLevelsOfTheFrontApplicationUnlessToldOtherwise) {
@@ -54,7 +65,38 @@ TEST(CommandLine, TakesAKeyThatLooksLikeAnOptionAfterTwoDashes) {
 }
 
 TEST(CommandLine, Inspects) {
-    parsed<InspectElement>({"inspect"});
+    EXPECT_TRUE(isParsedAs<InspectElement>({"inspect"}));
+}
+
+TEST(CommandLine, SwitchesNoLogOnUnlessToldTo) {
+    EXPECT_TRUE(logOf({}).none());
+    EXPECT_TRUE(logOf({"menus", "--json"}).none());
+}
+
+TEST(CommandLine, TakesTheLogBeforeOrAfterACommandAndWithoutOne) {
+    const LogCategorySet menusAndFront = parseLogCategories("menus,front").categories;
+    EXPECT_EQ(logOf({"--log", "menus,front"}), menusAndFront);
+    EXPECT_EQ(logOf({"--log=menus,front"}), menusAndFront);
+    EXPECT_EQ(logOf({"--log", "menus,front", "inspect"}), menusAndFront);
+    EXPECT_EQ(logOf({"inspect", "--log", "menus,front"}), menusAndFront);
+    EXPECT_EQ(logOf({"menus", "--log", "menus,front", "--json"}), menusAndFront);
+    EXPECT_EQ(logOf({"--log", "menus", "press", "A|B", "--log", "front"}), menusAndFront);
+    EXPECT_TRUE(isParsedAs<RunAgent>({"--log", "all"}));
+    EXPECT_TRUE(parsed<ListMenus>({"--log", "all", "menus", "--json"}).json);
+    EXPECT_EQ(parsed<PressItem>({"press", "--log", "all", "A|B"}).itemKey, "A|B");
+}
+
+TEST(CommandLine, TakesNoLogFromTheValueOfAnotherOptionNorAfterTwoDashes) {
+    EXPECT_EQ(parsed<ListMenus>({"menus", "--application", "--log"}).application.name, "--log");
+    EXPECT_EQ(parsed<PressItem>({"press", "--", "--log"}).itemKey, "--log");
+    EXPECT_TRUE(logOf({"press", "--", "--log"}).none());
+}
+
+TEST(CommandLine, NamesTheKnownCategoriesOfTheLogWhenOneIsUnknown) {
+    const std::string message = parsed<UsageError>({"--log", "nonsense", "menus"}).message;
+    EXPECT_THAT(message, testing::HasSubstr("nonsense"));
+    EXPECT_THAT(message, testing::HasSubstr("accessibility"));
+    EXPECT_TRUE(parseCommandLine({"--log", "menus,nonsense"}).log.none());
 }
 
 TEST(CommandLine, RefusesWhatMakesNoSense) {
@@ -85,15 +127,26 @@ TEST(CommandLine, RefusesWhatMakesNoSense) {
         {"press", "A|B", "C|D"},
         {"press", "A|B", "--json"},
         {"inspect", "window"},
+        {"--log"},
+        {"menus", "--log"},
+        {"--log", ""},
+        {"--log", "nonsense"},
+        {"--log=menus,"},
+        {"--log", "nonsense", "--log", "menus"},
+        {"--log", "menus", "--nonsense"},
+        {"--log", "menus", "--help=yes"},
+        {"--help", "--log", "nonsense"},
     };
     for (const auto& arguments : nonsense)
         EXPECT_FALSE(parsed<UsageError>(arguments).message.empty()) << testing::PrintToString(arguments);
 }
 
 TEST(CommandLine, ExplainsEveryCommandAndOptionInItsHelp) {
-    for (const char* word :
-        {"menus", "press", "inspect", "--depth", "--json", "--application", "--pid", "--help", "--version"})
+    for (const char* word : {"menus", "press", "inspect", "--depth", "--json", "--application", "--pid", "--log",
+             "TARRAGON_LOG", "--help", "--version"})
         EXPECT_THAT(helpText(), testing::HasSubstr(word));
+    for (const std::string_view category : LogCategoryNames)
+        EXPECT_THAT(helpText(), testing::HasSubstr(std::string(category)));
 }
 
 } // namespace

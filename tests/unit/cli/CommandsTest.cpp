@@ -1,6 +1,7 @@
 #include "cli/Commands.h"
 
 #include "fake/FakePlatform.h"
+#include "fake/RecordingLogSink.h"
 #include "platform/AccessibilityNames.h"
 
 #include <gmock/gmock.h>
@@ -61,6 +62,13 @@ TEST_F(CommandsTest, PrintsTheFrontApplicationsMenusWithTheirKeys) {
     EXPECT_THAT(output.str(), HasSubstr("Close (disabled)"));
     EXPECT_THAT(output.str(), Not(HasSubstr("Letter")));
     EXPECT_THAT(errors.str(), IsEmpty());
+}
+
+TEST_F(CommandsTest, TellTheLogWhoseMenusTheyReadAndHowManyThereAre) {
+    const RecordingLogSink log(parseLogCategories("menus").categories);
+    EXPECT_EQ(commands.listMenus({}), 0);
+    EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("'Mail', process 100")));
+    EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("'Mail' has 2 items in its menu bar")));
 }
 
 TEST_F(CommandsTest, PrintsAsManyLevelsAsAsked) {
