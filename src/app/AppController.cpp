@@ -4,6 +4,7 @@
 
 #include "app/AppDelegate.h"
 #include "mirror/MenuPresenter.h"
+#include "platform/Log.h"
 
 #include <utility>
 
@@ -17,8 +18,10 @@ AppController::AppController(Platform platform, MenuPresenter& presenter, AppDel
 
 void AppController::init() {
     _appChangeNotifier = std::make_unique<ZDAppChangeNotifier>(_platform.workspace, _platform.notificationCenter);
-    if (!_appChangeNotifier->setupAppFrontSwitchedHandler())
+    if (!_appChangeNotifier->setupAppFrontSwitchedHandler()) {
+        log(LogCategory::Front, [] { return "the desktop does not tell of application switches: staying idle"; });
         return;
+    }
     setupNotificationsToReceive();
     _appDelegate.accessibilityCheck();
     accessibilityCreation();
@@ -26,13 +29,17 @@ void AppController::init() {
 
 void AppController::accessibilityCreation() {
     _appUIElementInfo = AppAccessibility::initWithFocusedApp(_platform);
-    if (!_appUIElementInfo)
+    if (!_appUIElementInfo) {
+        log(LogCategory::Accessibility, [] {
+            return "no menu reader: no application in front can be reached through the accessibility interface";
+        });
         return;
+    }
     _appUIElementInfo->setAppController(this);
     loadDefaults();
     updateAtInit();
     constexpr double SettlingTime = 1.0;
-    _platform.runLoop.pause(SettlingTime);
+    pauseForMenuBar(SettlingTime);
 }
 
 void AppController::updateAtInit() {

@@ -43,15 +43,15 @@ public:
     // Observes application switches and the settings. Once, after the notifier was made.
     void setupNotificationsToReceive();
     // Another application came to the front: rebuilds the mirror, with pauses for applications that publish their menu
-    // bar late.
+    // bar late. When none is in front any more, the mirror is that of no application: the own menu at most.
     void handleAppChange(const Notification& notification);
     // True when the reader's menu holds an item.
     bool menuPopulated() const;
 
     // Putting menus on the screen.
 
-    // Opens the mirrored menu at the pointer. Nothing is shown when the front application has no menus: the system's
-    // own menu alone is no mirror.
+    // Opens the mirrored menu at the pointer, with the system's own menu at its end unless that is switched off. Where
+    // the front application has no menus, and where no application is in front, the own menu is all there is.
     void popUpMenuAtMouseLocation();
     // The system's own menu, built afresh.
     std::shared_ptr<Menu> addTarragonMenuToMenu();
@@ -93,7 +93,8 @@ private:
 
     // These need the reader.
     void updateAtInit();
-    bool mirrorIsEmpty() const;
+    // The pauses of the update cycle, which no handler of ours interrupts.
+    void pauseForMenuBar(double seconds);
     // Shows the menu of the application itself in bold.
     void boldenAppTitleMenu();
     void setMenuFont();

@@ -1,8 +1,11 @@
 // The global hot key of the controller.
 
 #include "app/AppController.h"
+#include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "triggers/HotKeyModifiers.h"
+
+#include <string>
 
 namespace tarragon {
 
@@ -18,20 +21,28 @@ void AppController::installCarbonHotKeyHandler() {
     // more, without effect. The first call of a run registers whatever the setting says.
     if (_myHotKeyRef != 0) {
         _platform.hotKeys.unregisterHotKey(_myHotKeyRef);
-        if (!enabled)
+        if (!enabled) {
+            log(LogCategory::Triggers, [] { return "hot key: switched off"; });
             return;
+        }
     }
     // Every call installs a handler and none is removed; the newest reports the press as handled, which keeps the
     // older ones from being asked.
     _platform.hotKeys.installPressedHandler([this] {
+        log(LogCategory::Triggers, [] { return "hot key: pressed"; });
         popUpMenuAtMouseLocation();
         return true;
     });
     const std::int64_t flags = integerValue(_platform.defaults.value(preference::TriggerModifiers));
     const auto keyCode =
         static_cast<std::uint32_t>(integerValue(_platform.defaults.value(preference::TriggerCharacterUInt)));
+    const std::uint32_t modifiers = carbonModifiersFromCocoaFlags(flags);
     // A combination that the desktop refuses simply never fires; the back end has told the user so.
-    _platform.hotKeys.registerHotKey(keyCode, carbonModifiersFromCocoaFlags(flags), hotKeyIdentifier, _myHotKeyRef);
+    const bool registered = _platform.hotKeys.registerHotKey(keyCode, modifiers, hotKeyIdentifier, _myHotKeyRef);
+    log(LogCategory::Triggers, [&] {
+        return "hot key: key code " + std::to_string(keyCode) + " with modifier bits " + std::to_string(modifiers)
+            + (registered ? " is registered" : " is refused and never fires");
+    });
 }
 
 } // namespace tarragon

@@ -3,30 +3,31 @@
 #include "app/AppController.h"
 #include "app/TarragonMenu.h"
 #include "mirror/MenuPresenter.h"
-#include "mirror/ProxyMenuItem.h"
+#include "platform/Log.h"
 
-#include <algorithm>
+#include <string>
 
 namespace tarragon {
 
 void AppController::popUpMenuAtMouseLocation() {
     if (!_appUIElementInfo)
         accessibilityCreation();
-    if (!_appUIElementInfo)
+    if (!_appUIElementInfo) {
+        log(LogCategory::Menus, [] { return "pop-up: there is no menu reader"; });
         return;
-    // These publish their menus late, often after the switch that was to bring them.
+    }
     const auto appName = _appUIElementInfo->focusedAppName();
-    if (appName == "Firefox" || appName == "Camino")
+    // These publish their menus late, often after the switch that was to bring them. With nobody in front, whatever
+    // the word of that was too late to clear away goes now.
+    if (appName == "Firefox" || appName == "Camino" || !appName)
         _appUIElementInfo->update();
-    if (mirrorIsEmpty())
-        return;
+    // An application without menus leaves the own menu alone, so that settings and quitting stay within reach.
     _presenter.popUpMenu(_appUIElementInfo->menu(), _platform.displays.mouseLocationNS());
-}
-
-bool AppController::mirrorIsEmpty() const {
-    const auto& items = _appUIElementInfo->menu()->items();
-    return std::none_of(items.begin(), items.end(), [](const std::shared_ptr<MenuItem>& item) {
-        return std::dynamic_pointer_cast<ProxyMenuItem>(item->target()) != nullptr;
+    log(LogCategory::Menus, [&] {
+        const std::string name = appName ? "'" + *appName + "'" : "no application in front";
+        return menuPopulated()
+            ? "pop-up: " + std::to_string(_appUIElementInfo->menu()->numberOfItems()) + " items for " + name
+            : "pop-up: nothing to show for " + name + ", and the own menu is switched off";
     });
 }
 

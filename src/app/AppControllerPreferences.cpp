@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/RegisteredPreferences.h"
+#include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "prefs/StartAtLogin.h"
 
@@ -51,6 +52,7 @@ void AppController::readButtonStyle() {
 }
 
 void AppController::loadDefaults() {
+    log(LogCategory::Settings, [] { return "reading every setting"; });
     _preferences._enableHotkey = readBool(preference::EnableHotkey);
     if (_preferences._enableHotkey)
         installCarbonHotKeyHandler();
@@ -94,6 +96,7 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
         {preference::EnableScreenTop, &ControllerPreferences::_screenTopEnabled},
         {preference::EnableMouseButton, &ControllerPreferences::_mouseButtonEnabled},
     };
+    log(LogCategory::Settings, [&] { return keyPath + " has changed"; });
     const auto is = [&](std::string_view key) { return keyPath == keyPathOfPreference(key); };
 
     if (is(preference::EnableHotkey) || is(preference::NewTrigger))

@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/RegisteredPreferences.h"
+#include "platform/Log.h"
 
 #include <utility>
 
@@ -46,8 +47,10 @@ bool AppDelegate::accessibilityIsMissing() {
 }
 
 void AppDelegate::accessibilityCheck() {
-    if (accessibilityIsMissing())
-        showPreferencePanel();
+    if (!accessibilityIsMissing())
+        return;
+    log(LogCategory::Accessibility, [] { return "the interface is neither switched on nor open to this program"; });
+    showPreferencePanel();
 }
 
 void AppDelegate::displayAboutPanel() {

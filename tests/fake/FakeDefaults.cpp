@@ -13,6 +13,13 @@ std::optional<DefaultsValue> FakeDefaults::storedValue(std::string_view key) con
     return found == _stored.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::vector<std::string> FakeDefaults::observedKeyPaths() const {
+    std::vector<std::string> keyPaths;
+    for (const auto& [keyPath, observer] : _observers)
+        keyPaths.push_back(keyPath);
+    return keyPaths;
+}
+
 void FakeDefaults::registerDefaults(const DefaultsDictionary& values) {
     for (const auto& [key, value] : values) {
         _registered.insert_or_assign(key, value);
@@ -25,6 +32,7 @@ void FakeDefaults::setInitialValues(const DefaultsDictionary& values) {
 }
 
 std::optional<DefaultsValue> FakeDefaults::value(std::string_view key) {
+    _readKeys.emplace_back(key);
     if (const auto found = _stored.find(key); found != _stored.end())
         return found->second;
     const auto found = _registered.find(key);

@@ -18,6 +18,10 @@ public:
     const std::vector<std::string>& changedKeys() const { return _changedKeys; }
     const DefaultsDictionary& registeredDefaults() const { return _registeredInOrder; }
     const DefaultsDictionary& initialValues() const { return _initialValues; }
+    // Keys that were read, in order, each as often as it was.
+    const std::vector<std::string>& readKeys() const { return _readKeys; }
+    // The key paths that are observed, in order.
+    std::vector<std::string> observedKeyPaths() const;
     int synchronizeCount() const { return _synchronizeCount; }
 
     void registerDefaults(const DefaultsDictionary& values) override;
@@ -39,6 +43,7 @@ private:
     DefaultsDictionary _initialValues;
     std::vector<std::pair<std::string, Observer>> _observers;
     std::vector<std::string> _changedKeys;
+    std::vector<std::string> _readKeys;
     int _synchronizeCount = 0;
     bool _writable = true;
 };

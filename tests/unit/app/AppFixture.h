@@ -23,11 +23,14 @@ public:
     void showFailure(const std::string& message) override { shown.push_back("failure: " + message); }
     void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override {
         shown.emplace_back("alert");
+        if (whenAlertIsShown)
+            whenAlertIsShown();
         answerAlert = std::move(handler);
     }
 
     std::vector<std::string> shown;
     std::function<void(AccessibilityAlertAnswer)> answerAlert;
+    std::function<void()> whenAlertIsShown;
 };
 
 // A desktop with Mail in front, and the agent not started yet.
@@ -54,6 +57,12 @@ protected:
         for (const auto& item : reader().menu()->items())
             titles.push_back(item->isSeparatorItem() ? "-" : item->title());
         return titles;
+    }
+
+    // The lengths of the pauses after the one that settles the start.
+    std::vector<double> pausesSinceLaunch() {
+        const auto& pauses = fake.runLoop.pauses();
+        return {pauses.begin() + 1, pauses.end()};
     }
 
     static std::string keyPath(std::string_view key) { return keyPathOfPreference(key); }
