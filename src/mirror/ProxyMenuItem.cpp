@@ -1,6 +1,7 @@
 #include "mirror/ProxyMenuItem.h"
 
 #include "mirror/AppAccessibility.h"
+#include "mirror/TextOrNil.h"
 #include "platform/AccessibilityNames.h"
 
 namespace tarragon {
@@ -31,7 +32,7 @@ std::string ProxyMenuItem::createKeyForFennickItem(const MenuItem& item) const {
 std::string ProxyMenuItem::itemKey() {
     const std::shared_ptr<MenuItem> item = menuItem();
     const std::string path = item ? createKeyForFennickItem(*item) : _itemKey;
-    _itemKey = _appName.value_or("") + "|" + path;
+    _itemKey = textOrNil(_appName) + "|" + path;
     return _itemKey;
 }
 

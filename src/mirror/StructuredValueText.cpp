@@ -1,6 +1,7 @@
 #include "mirror/StructuredValueText.h"
 
-#include <array>
+#include "mirror/NumberText.h"
+
 #include <charconv>
 #include <string_view>
 #include <system_error>
@@ -65,21 +66,14 @@ private:
 };
 
 std::string text(const Point& point) {
-    return "x=" + numberText(point.x) + " y=" + numberText(point.y);
+    return "x=" + shortNumberText(point.x) + " y=" + shortNumberText(point.y);
 }
 
 std::string text(const Size& size) {
-    return "w=" + numberText(size.width) + " h=" + numberText(size.height);
+    return "w=" + shortNumberText(size.width) + " h=" + shortNumberText(size.height);
 }
 
 } // namespace
-
-std::string numberText(double number) {
-    std::array<char, 32> buffer{};
-    const auto result =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::general, 6);
-    return {buffer.data(), result.ptr};
-}
 
 std::optional<std::string> structuredValueText(const Value& value, bool beingVerbose) {
     const auto framed = [beingVerbose](const char* name, const std::string& terse) {

@@ -7,10 +7,6 @@
 
 namespace tarragon {
 
-// A number with six significant digits, in the shortest of the plain and the scientific notation, whatever the user's
-// language: 0.5, 1e+06.
-std::string numberText(double number);
-
 // Points, sizes, rectangles and ranges as text, "x=1 y=2" or "<AXPointValue x=1 y=2>"; nothing for every other value.
 std::optional<std::string> structuredValueText(const Value& value, bool beingVerbose);
 

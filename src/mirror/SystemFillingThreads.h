@@ -12,20 +12,15 @@ namespace tarragon {
 // A thread of the system for each piece of work. When the system has no thread to spare, the work is left undone.
 class SystemFillingThreads : public FillingThreads {
 public:
-    SystemFillingThreads() = default;
-    SystemFillingThreads(const SystemFillingThreads&) = delete;
-    SystemFillingThreads& operator=(const SystemFillingThreads&) = delete;
-    ~SystemFillingThreads() override;
-
     void detachNewThread(std::function<void()> work) override;
 
 private:
     struct Running {
         std::shared_ptr<std::atomic<bool>> finished;
-        std::thread thread;
+        std::jthread thread; // waits for the work when it is destroyed
     };
 
-    void joinFinished();
+    void forgetFinished();
 
     std::vector<Running> _running;
 };

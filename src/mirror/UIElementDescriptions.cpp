@@ -1,30 +1,21 @@
 // The operations of UIElementUtilities that describe elements to people.
+#include "mirror/NumberText.h"
 #include "mirror/StructuredValueText.h"
+#include "mirror/TextOrNil.h"
 #include "mirror/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 namespace tarragon {
 
 namespace {
-
-constexpr std::string_view NilText = "(null)";
 
 // No application nests its elements deeper; one that names an endless row of parents is cut off here.
 constexpr std::size_t LongestLineage = 256;
 
 std::string arrayText(std::int64_t count) {
     return "<array of size " + std::to_string(count) + ">";
-}
-
-// The shortest text that names the number exactly.
-std::string exactNumberText(double number) {
-    std::array<char, 32> buffer{};
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
-    return {buffer.data(), result.ptr};
 }
 
 // Describes a value without asking any application. value is not nil.
@@ -109,7 +100,7 @@ std::string UIElementUtilities::stringDescriptionOfUIElement(Accessibility& acce
         for (const std::string& name : *attributes) {
             const bool settable = canSetAttribute(accessibility, name, element);
             const auto value = descriptionForUIElement(accessibility, element, name, false);
-            text += "   " + name + (settable ? " (W)" : "") + ":  “" + value.value_or(std::string(NilText)) + "”\n";
+            text += "   " + name + (settable ? " (W)" : "") + ":  “" + textOrNil(value) + "”\n";
         }
     }
     const auto actions = actionNamesOfUIElement(accessibility, element);
@@ -117,7 +108,7 @@ std::string UIElementUtilities::stringDescriptionOfUIElement(Accessibility& acce
         text += "\nActions:\n";
         for (const std::string& name : *actions) {
             const auto description = descriptionOfAction(accessibility, name, element);
-            text += "   " + name + " - " + description.value_or(std::string(NilText)) + "\n";
+            text += "   " + name + " - " + textOrNil(description) + "\n";
         }
     }
     return text;

@@ -63,6 +63,12 @@ TEST_F(ProxyMenuItemTest, EndsTheKeyOfAnItemWithASubmenuInABar) {
     EXPECT_EQ(keyOf(recent, "Mail"), "Mail|Edit|Open Recent|");
 }
 
+TEST_F(ProxyMenuItemTest, NamesAnItemOfAnApplicationWithoutANameAsEveryMissingTextIsNamed) {
+    ProxyMenuItem proxy(fake.accessibility);
+    proxy.setMenuItem(copy);
+    EXPECT_EQ(proxy.itemKey(), "(null)|Edit|Copy");
+}
+
 TEST_F(ProxyMenuItemTest, BuildsASecondKeyOnTheFirst) {
     ProxyMenuItem proxy(fake.accessibility);
     proxy.setMenuItem(edit);
@@ -113,6 +119,14 @@ TEST_F(Clicking, PressesTheRealItemAndTellsTheOwnerThatTheMenuHasClosed) {
     proxy.clickMenuItem();
     ASSERT_EQ(fake.accessibility.performedActions().size(), 1U);
     EXPECT_EQ(fake.accessibility.performedActions()[0], std::pair(element, std::string("AXPress")));
+    EXPECT_EQ(owner.closings, 1);
+}
+
+TEST_F(Clicking, PressesTheRealItemBeforeTheOwnerIsTold) {
+    int closingsAtThePress = -1;
+    fake.accessibility.onAction(element, "AXPress", [&] { closingsAtThePress = owner.closings; });
+    proxy.clickMenuItem();
+    EXPECT_EQ(closingsAtThePress, 0);
     EXPECT_EQ(owner.closings, 1);
 }
 

@@ -5,6 +5,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace tarragon {
 namespace {
 
@@ -32,6 +37,8 @@ TEST(StructuredValueDescription, GivesTheNumbersAloneWhenTerse) {
 TEST(StructuredValueDescription, WritesSixSignificantDigits) {
     EXPECT_EQ(describe(Point{1234567, 0.1234567}, false), "x=1.23457e+06 y=0.123457");
     EXPECT_EQ(describe(Point{100000, -0.00001}, false), "x=100000 y=-1e-05");
+    EXPECT_EQ(describe(Size{1000000, 0.0001}, false), "w=1e+06 h=0.0001");
+    EXPECT_EQ(describe(Rect{{0.1, 1.0 / 3}, {1e21, -0.0}}, false), "x=0.1 y=0.333333 w=1e+21 h=-0");
 }
 
 TEST(StructuredValueDescription, IsUnknownForEveryOtherValue) {
@@ -95,6 +102,34 @@ TEST_F(UIElementDescriptionsTest, DescribesPlainValuesByTheirText) {
     EXPECT_EQ(describe(true), "1");
     EXPECT_EQ(describe(false), "0");
     EXPECT_EQ(describe(0.5), "0.5");
+}
+
+TEST_F(UIElementDescriptionsTest, DescribesRealNumbersByTheFewestDigitsThatReadBackTheSame) {
+    const std::vector<std::pair<double, std::string>> texts{
+        {0, "0"},
+        {-0.0, "-0"},
+        {1, "1"},
+        {-2.5, "-2.5"},
+        {0.1, "0.1"},
+        {9.95, "9.95"}, // 9.949999999999999 in sixteen digits
+        {0.1 + 0.2, "0.30000000000000004"},
+        {1.0 / 3, "0.3333333333333333"},
+        {100000, "100000"},
+        {1000000, "1000000"},
+        {123456789, "123456789"},
+        {1e15, "1000000000000000"},
+        {9999999999999998, "9999999999999998"},
+        {1e16, "1e+16"},
+        {1e21, "1e+21"},
+        {1.25e100, "1.25e+100"},
+        {0.0001, "0.0001"},
+        {-0.00012345678901234567, "-0.00012345678901234567"},
+        {0.00009, "9e-05"},
+        {5e-324, "5e-324"},
+        {std::numeric_limits<double>::infinity(), "inf"},
+    };
+    for (const auto& [number, text] : texts)
+        EXPECT_EQ(describe(number), text);
 }
 
 TEST_F(UIElementDescriptionsTest, CountsChildrenAndRowsWithoutFetchingThem) {
