@@ -284,7 +284,8 @@ std::optional<std::uint32_t> X11Windows::activeWindow() {
     X11Property active(_connection.get(), _connection.rootWindow(), _atoms->activeWindow);
     const std::uint32_t window = active.number().value_or(XCB_NONE);
     _connection.discardEvents();
-    return window == XCB_NONE ? std::nullopt : std::optional(window);
+    // Some window managers name the root window when they mean none.
+    return window == XCB_NONE || window == _connection.rootWindow() ? std::nullopt : std::optional(window);
 }
 
 std::optional<WindowDescription> X11Windows::describe(std::uint32_t window) {
@@ -317,9 +318,7 @@ std::vector<std::uint32_t> X11Windows::managedWindows() {
 }
 
 std::vector<std::uint32_t> X11Windows::windowsByActivation() {
-    std::vector<std::uint32_t> windows = managedWindows();
-    std::ranges::reverse(windows);
-    return windows;
+    return _activationOrder.ordered(managedWindows());
 }
 
 std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) {

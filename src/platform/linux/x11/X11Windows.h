@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/windows/WindowSource.h"
+#include "platform/linux/x11/X11ActivationOrder.h"
 
 #include <cstdint>
 #include <memory>
@@ -31,9 +32,13 @@ public:
     bool setSize(std::uint32_t window, const Size& frameSize) override;
     bool raise(std::uint32_t window) override;
 
+    // To be told of by whoever watches the active window.
+    X11ActivationOrder& activationOrder() { return _activationOrder; }
+
 private:
     X11Connection& _connection;
     std::unique_ptr<const X11WindowAtoms> _atoms;
+    X11ActivationOrder _activationOrder;
 };
 
 } // namespace tarragon
