@@ -18,19 +18,13 @@ using Segment = std::vector<Place>;
 // The runs of places between the stars of a pattern: one more than there are stars, possibly empty.
 std::vector<Segment> segmentsOf(std::u32string_view pattern) {
     std::vector<Segment> segments(1);
-    for (std::size_t index = 0; index < pattern.size(); ++index) {
-        const char32_t character = pattern[index];
-        const char32_t next = index + 1 < pattern.size() ? pattern[index + 1] : 0;
-        if (character == U'\\' && (next == U'*' || next == U'?' || next == U'\\')) {
-            segments.back().emplace_back(next);
-            ++index;
-        } else if (character == U'*') {
+    for (const char32_t character : pattern) {
+        if (character == U'*')
             segments.emplace_back();
-        } else if (character == U'?') {
+        else if (character == U'?')
             segments.back().emplace_back(std::nullopt);
-        } else {
+        else
             segments.back().emplace_back(character);
-        }
     }
     return segments;
 }

@@ -51,20 +51,25 @@ TEST(LikePattern, CountsUnicodeCharactersNotBytes) {
     EXPECT_TRUE(isLike(U"日本語", U"*本?"));
 }
 
-TEST(LikePattern, BackslashTakesTheMeaningFromAWildcard) {
-    EXPECT_TRUE(isLike(U"2*3", U"2\\*3"));
-    EXPECT_FALSE(isLike(U"2x3", U"2\\*3"));
-    EXPECT_TRUE(isLike(U"Really?", U"Really\\?"));
-    EXPECT_FALSE(isLike(U"Really!", U"Really\\?"));
-    EXPECT_TRUE(isLike(U"a\\b", U"a\\\\b"));
-    EXPECT_TRUE(isLike(U"a\\bc", U"a\\\\*"));
-    EXPECT_TRUE(isLike(U"one * two * three", U"*\\* two*"));
+TEST(LikePattern, BackslashStandsForItselfAlsoBeforeAWildcard) {
+    EXPECT_TRUE(isLike(U"C:\\Users\\me", U"C:\\Users*"));
+    EXPECT_TRUE(isLike(U"end\\", U"*\\"));
+    EXPECT_TRUE(isLike(U"2\\times3", U"2\\*3"));
+    EXPECT_FALSE(isLike(U"2*3", U"2\\*3"));
+    EXPECT_TRUE(isLike(U"Really\\!", U"Really\\?"));
+    EXPECT_FALSE(isLike(U"Really?", U"Really\\?"));
+    EXPECT_TRUE(isLike(U"a\\\\b", U"a\\\\b"));
+    EXPECT_FALSE(isLike(U"a\\b", U"a\\\\b"));
 }
 
-TEST(LikePattern, BackslashBeforeAnythingElseStandsForItself) {
-    EXPECT_TRUE(isLike(U"C:\\Users\\me", U"C:\\Users*"));
-    EXPECT_TRUE(isLike(U"end\\", U"end\\"));
-    EXPECT_TRUE(isLike(U"end\\", U"*\\"));
+TEST(LikePattern, BracketsAndOtherSignsStandForThemselves) {
+    EXPECT_TRUE(isLike(U"[ab]", U"[ab]"));
+    EXPECT_FALSE(isLike(U"a", U"[ab]"));
+    EXPECT_TRUE(isLike(U"Letter [modified]", U"* [modified]"));
+    EXPECT_TRUE(isLike(U"{a,b} ^x$ a+b (c|d) #%_.", U"{a,b} ^x$ a+b (c|d) #%_."));
+    EXPECT_FALSE(isLike(U"ab", U"a."));
+    EXPECT_FALSE(isLike(U"ab", U"a_"));
+    EXPECT_FALSE(isLike(U"ab", U"a%"));
 }
 
 TEST(LikePattern, FindsTheMatchThatLeavesRoomForTheRest) {
