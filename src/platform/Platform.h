@@ -4,6 +4,7 @@
 #include "platform/Defaults.h"
 #include "platform/Displays.h"
 #include "platform/HotKeys.h"
+#include "platform/InputEvents.h"
 #include "platform/Keyboard.h"
 #include "platform/LoginItemList.h"
 #include "platform/NotificationCenter.h"
@@ -27,6 +28,7 @@ struct Platform {
     Keyboard* keyboard = nullptr; // nullptr where the desktop tells nothing of it
     LoginItemList* loginItemList = nullptr; // nullptr where the desktop has none
     std::string bundlePath = {}; // of the running program
+    InputEvents* inputEvents = nullptr; // nullptr where the desktop has none
 };
 
 } // namespace tarragon

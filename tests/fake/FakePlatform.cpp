@@ -5,7 +5,15 @@ namespace tarragon {
 FakePlatform::FakePlatform() = default;
 
 Platform FakePlatform::platform() {
-    return {accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter, &keyboard};
+    return {.accessibility = accessibility,
+        .workspace = workspace,
+        .displays = displays,
+        .hotKeys = hotKeys,
+        .defaults = defaults,
+        .runLoop = runLoop,
+        .notificationCenter = notificationCenter,
+        .keyboard = &keyboard,
+        .inputEvents = &inputEvents};
 }
 
 FakeApplication FakePlatform::addApplication(const std::string& name) {

@@ -5,6 +5,7 @@
 #include "fake/FakeDefaults.h"
 #include "fake/FakeDisplays.h"
 #include "fake/FakeHotKeys.h"
+#include "fake/FakeInputEvents.h"
 #include "fake/FakeKeyboard.h"
 #include "fake/FakeMenuPresenter.h"
 #include "fake/FakeRunLoop.h"
@@ -44,6 +45,7 @@ public:
     FakeDisplays displays;
     FakeHotKeys hotKeys;
     FakeKeyboard keyboard;
+    FakeInputEvents inputEvents;
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;

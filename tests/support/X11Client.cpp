@@ -1,0 +1,217 @@
+#include "support/X11Client.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include <xcb/xinput.h>
+#include <xcb/xtest.h>
+
+namespace tarragon {
+
+namespace {
+
+template <typename T>
+std::unique_ptr<T, decltype(&std::free)> owned(T* reply) {
+    return {reply, &std::free};
+}
+
+} // namespace
+
+X11Client::X11Client(const std::string& displayName)
+    : _connection(xcb_connect(displayName.c_str(), nullptr))
+    , _screen(xcb_setup_roots_iterator(xcb_get_setup(_connection)).data) { }
+
+X11Client::~X11Client() {
+    xcb_disconnect(_connection);
+}
+
+xcb_atom_t X11Client::atom(const std::string& name) {
+    const auto reply = owned(xcb_intern_atom_reply(
+        _connection, xcb_intern_atom(_connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str()), nullptr));
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
+
+xcb_window_t X11Client::makeWindow(const X11ClientWindow& window) {
+    const xcb_window_t identifier = xcb_generate_id(_connection);
+    const std::array<std::uint32_t, 3> values = {
+        _screen->white_pixel, window.overrideRedirect ? 1U : 0U, window.events};
+    xcb_create_window(_connection, XCB_COPY_FROM_PARENT, identifier, root(), window.x, window.y, window.width,
+        window.height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, _screen->root_visual,
+        XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
+    synchronize();
+    return identifier;
+}
+
+void X11Client::map(xcb_window_t window) {
+    xcb_map_window(_connection, window);
+    synchronize();
+}
+
+void X11Client::unmap(xcb_window_t window) {
+    xcb_unmap_window(_connection, window);
+    synchronize();
+}
+
+void X11Client::destroy(xcb_window_t window) {
+    xcb_destroy_window(_connection, window);
+    synchronize();
+}
+
+void X11Client::move(xcb_window_t window, int x, int y) {
+    const std::array<std::int32_t, 2> values = {x, y};
+    xcb_configure_window(_connection, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
+    synchronize();
+}
+
+void X11Client::raise(xcb_window_t window) {
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(_connection, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    synchronize();
+}
+
+void X11Client::focus(xcb_window_t window) {
+    xcb_set_input_focus(_connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    synchronize();
+}
+
+void X11Client::setNumbers(
+    xcb_window_t window, const std::string& property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
+    xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom(property), type, 32,
+        static_cast<std::uint32_t>(values.size()), values.data());
+    synchronize();
+}
+
+void X11Client::setText(xcb_window_t window, const std::string& property, const std::string& text) {
+    xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom(property), atom("UTF8_STRING"), 8,
+        static_cast<std::uint32_t>(text.size()), text.data());
+    synchronize();
+}
+
+std::vector<std::uint32_t> X11Client::numbers(xcb_window_t window, const std::string& property) {
+    const auto reply = owned(xcb_get_property_reply(_connection,
+        xcb_get_property(_connection, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 1024), nullptr));
+    if (!reply || reply->format != 32)
+        return {};
+    const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {values, values + reply->value_len};
+}
+
+xcb_window_t X11Client::focusedWindow() {
+    const auto reply = owned(xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
+    return reply ? reply->focus : xcb_window_t(XCB_WINDOW_NONE);
+}
+
+std::vector<xcb_window_t> X11Client::stacking() {
+    const auto reply = owned(xcb_query_tree_reply(_connection, xcb_query_tree(_connection, root()), nullptr));
+    if (!reply)
+        return {};
+    const xcb_window_t* children = xcb_query_tree_children(reply.get());
+    return {children, children + xcb_query_tree_children_length(reply.get())};
+}
+
+bool X11Client::isMapped(xcb_window_t window) {
+    const auto reply =
+        owned(xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool X11Client::grabPointer() {
+    const auto reply = owned(xcb_grab_pointer_reply(_connection,
+        xcb_grab_pointer(_connection, 0, root(), XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE,
+            XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
+        nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void X11Client::ungrabPointer() {
+    xcb_ungrab_pointer(_connection, XCB_CURRENT_TIME);
+    synchronize();
+}
+
+void X11Client::movePointer(int x, int y) {
+    fake(XCB_MOTION_NOTIFY, 0, x, y);
+}
+
+void X11Client::press(std::uint8_t button) {
+    fake(XCB_BUTTON_PRESS, button);
+}
+
+void X11Client::release(std::uint8_t button) {
+    fake(XCB_BUTTON_RELEASE, button);
+}
+
+void X11Client::click(std::uint8_t button) {
+    press(button);
+    release(button);
+}
+
+void X11Client::addAndRemoveMasterDevice() {
+    const auto known = pointers();
+    const std::string name = "second";
+    std::vector<std::uint32_t> request(sizeof(xcb_input_add_master_t) / 4 + 2);
+    xcb_input_add_master_t add{};
+    add.type = XCB_INPUT_HIERARCHY_CHANGE_TYPE_ADD_MASTER;
+    add.len = static_cast<std::uint16_t>(request.size());
+    add.name_len = static_cast<std::uint16_t>(name.size());
+    add.enable = 1;
+    std::memcpy(request.data(), &add, sizeof add);
+    std::memcpy(reinterpret_cast<char*>(request.data()) + sizeof add, name.data(), name.size());
+    change(request);
+    for (const std::uint16_t pointer : pointers()) {
+        if (std::ranges::find(known, pointer) != known.end())
+            continue;
+        xcb_input_remove_master_t remove{};
+        remove.type = XCB_INPUT_HIERARCHY_CHANGE_TYPE_REMOVE_MASTER;
+        remove.len = sizeof remove / 4;
+        remove.deviceid = pointer;
+        remove.return_mode = XCB_INPUT_CHANGE_MODE_FLOAT;
+        std::vector<std::uint32_t> removal(sizeof remove / 4);
+        std::memcpy(removal.data(), &remove, sizeof remove);
+        change(removal);
+    }
+}
+
+void X11Client::change(const std::vector<std::uint32_t>& change) {
+    xcb_input_xi_change_hierarchy(_connection, 1, reinterpret_cast<const xcb_input_hierarchy_change_t*>(change.data()));
+    synchronize();
+}
+
+std::vector<std::uint16_t> X11Client::pointers() {
+    const auto reply = owned(xcb_input_xi_query_device_reply(
+        _connection, xcb_input_xi_query_device(_connection, XCB_INPUT_DEVICE_ALL_MASTER), nullptr));
+    std::vector<std::uint16_t> result;
+    for (auto devices = xcb_input_xi_query_device_infos_iterator(reply.get()); devices.rem > 0;
+         xcb_input_xi_device_info_next(&devices)) {
+        if (devices.data->type == XCB_INPUT_DEVICE_TYPE_MASTER_POINTER)
+            result.push_back(devices.data->deviceid);
+    }
+    return result;
+}
+
+std::vector<int> X11Client::takeEvents() {
+    synchronize();
+    std::vector<int> kinds;
+    while (const auto event = owned(xcb_poll_for_event(_connection)))
+        kinds.push_back(event->response_type & 0x7F);
+    return kinds;
+}
+
+int X11Client::countEvents(int kind) {
+    const std::vector<int> kinds = takeEvents();
+    return static_cast<int>(std::ranges::count(kinds, kind));
+}
+
+void X11Client::synchronize() {
+    owned(xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
+}
+
+void X11Client::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {
+    xcb_test_fake_input(_connection, type, detail, XCB_CURRENT_TIME, root(), static_cast<std::int16_t>(x),
+        static_cast<std::int16_t>(y), 0);
+    synchronize();
+}
+
+} // namespace tarragon

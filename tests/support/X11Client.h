@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace tarragon {
+
+struct X11ClientWindow {
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+    std::uint16_t width = 100;
+    std::uint16_t height = 100;
+    bool overrideRedirect = false;
+    std::uint32_t events = 0; // an event mask
+};
+
+// Another program on an X server, by plain requests. It also plays the user. Every operation returns after the server
+// has done it.
+class X11Client {
+public:
+    explicit X11Client(const std::string& displayName);
+    ~X11Client();
+    X11Client(const X11Client&) = delete;
+    X11Client& operator=(const X11Client&) = delete;
+
+    xcb_connection_t* connection() const { return _connection; }
+    xcb_window_t root() const { return _screen->root; }
+    xcb_atom_t atom(const std::string& name);
+
+    xcb_window_t makeWindow(const X11ClientWindow& window = {});
+    void map(xcb_window_t window);
+    void unmap(xcb_window_t window);
+    void destroy(xcb_window_t window);
+    void move(xcb_window_t window, int x, int y);
+    void raise(xcb_window_t window);
+    void focus(xcb_window_t window);
+    void setNumbers(
+        xcb_window_t window, const std::string& property, xcb_atom_t type, const std::vector<std::uint32_t>& values);
+    void setText(xcb_window_t window, const std::string& property, const std::string& text);
+    std::vector<std::uint32_t> numbers(xcb_window_t window, const std::string& property);
+    xcb_window_t focusedWindow();
+    // The children of the root window, bottom to top.
+    std::vector<xcb_window_t> stacking();
+    bool isMapped(xcb_window_t window);
+
+    bool grabPointer();
+    void ungrabPointer();
+    void movePointer(int x, int y);
+    void press(std::uint8_t button = 1);
+    void release(std::uint8_t button = 1);
+    void click(std::uint8_t button = 1);
+    // Plugs in a further pointer and keyboard, and pulls them again.
+    void addAndRemoveMasterDevice();
+
+    // The events that have come since the last call, by their kind (XCB_BUTTON_PRESS, …).
+    std::vector<int> takeEvents();
+    int countEvents(int kind);
+
+    void synchronize();
+
+private:
+    std::vector<std::uint16_t> pointers();
+    void change(const std::vector<std::uint32_t>& change);
+    void fake(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0);
+
+    xcb_connection_t* _connection;
+    const xcb_screen_t* _screen;
+};
+
+} // namespace tarragon
