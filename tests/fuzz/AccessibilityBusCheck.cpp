@@ -4,9 +4,9 @@
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
 #include "platform/linux/accessibilitybus/AtspiSessionBus.h"
-#include "platform/linux/atspi/AtspiMenuMemory.h"
-#include "platform/linux/atspi/AtspiNodes.h"
-#include "platform/linux/atspi/AtspiTree.h"
+#include "platform/linux/accessibletree/AtspiMenuMemory.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
+#include "platform/linux/accessibletree/AtspiTree.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/accessibilitybus/AtspiReference.h"
-#include "platform/linux/atspi/AtspiElement.h"
+#include "platform/linux/accessibletree/AtspiElement.h"
 
 #include <cstdint>
 #include <optional>

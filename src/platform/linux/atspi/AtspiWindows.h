@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/linux/accessibilitybus/AtspiReference.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
 #include "platform/linux/atspi/AtspiApplications.h"
 #include "platform/linux/atspi/AtspiFrame.h"
-#include "platform/linux/atspi/AtspiNodes.h"
 
 #include <cstdint>
 #include <functional>

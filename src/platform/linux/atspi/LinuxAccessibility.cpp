@@ -2,11 +2,11 @@
 
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/accessibilitybus/AtspiSessionBus.h"
+#include "platform/linux/accessibletree/AtspiAttributes.h"
+#include "platform/linux/accessibletree/AtspiItemReading.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiTree.h"
 #include "platform/linux/atspi/AtspiApplications.h"
-#include "platform/linux/atspi/AtspiAttributes.h"
-#include "platform/linux/atspi/AtspiItemReading.h"
-#include "platform/linux/atspi/AtspiRole.h"
-#include "platform/linux/atspi/AtspiTree.h"
 #include "platform/linux/atspi/AtspiWindows.h"
 #include "platform/linux/atspi/AttributeValueCache.h"
 

@@ -2,8 +2,8 @@
 
 #include "platform/Accessibility.h"
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
+#include "platform/linux/accessibletree/AtspiMenuMemory.h"
 #include "platform/linux/atspi/AccessibleWindows.h"
-#include "platform/linux/atspi/AtspiMenuMemory.h"
 
 #include <memory>
 #include <thread>

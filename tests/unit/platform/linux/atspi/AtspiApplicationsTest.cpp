@@ -1,4 +1,7 @@
-#include "AtspiTreeFixture.h"
+#include "bus/AtspiTreeFixture.h"
+
+#include "platform/linux/atspi/AtspiApplications.h"
+#include "platform/linux/atspi/AtspiWindows.h"
 
 namespace tarragon {
 namespace {

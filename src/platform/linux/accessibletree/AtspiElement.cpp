@@ -1,4 +1,4 @@
-#include "platform/linux/atspi/AtspiElement.h"
+#include "platform/linux/accessibletree/AtspiElement.h"
 
 #include <typeinfo>
 

@@ -1,4 +1,4 @@
-#include "AtspiTreeFixture.h"
+#include "bus/AtspiTreeFixture.h"
 
 namespace tarragon {
 namespace {

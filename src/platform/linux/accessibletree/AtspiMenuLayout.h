@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Geometry.h"
-#include "platform/linux/atspi/AtspiNode.h"
+#include "platform/linux/accessibletree/AtspiNode.h"
 
 #include <span>
 #include <vector>

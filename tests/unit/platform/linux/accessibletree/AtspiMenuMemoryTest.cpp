@@ -1,5 +1,5 @@
 // What is remembered of menus, and how they are read again with it.
-#include "AtspiTreeFixture.h"
+#include "bus/AtspiTreeFixture.h"
 
 #include <thread>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Value.h"
-#include "platform/linux/atspi/AtspiElement.h"
-#include "platform/linux/atspi/AtspiNode.h"
+#include "platform/linux/accessibletree/AtspiElement.h"
+#include "platform/linux/accessibletree/AtspiNode.h"
 
 #include <cstdint>
 #include <optional>

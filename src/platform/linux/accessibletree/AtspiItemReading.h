@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/linux/atspi/AtspiElement.h"
-#include "platform/linux/atspi/AtspiMenuItems.h"
-#include "platform/linux/atspi/AtspiNodes.h"
-#include "platform/linux/atspi/AtspiQtItems.h"
-#include "platform/linux/atspi/AtspiRequestGraph.h"
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiElement.h"
+#include "platform/linux/accessibletree/AtspiMenuItems.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
+#include "platform/linux/accessibletree/AtspiQtItems.h"
+#include "platform/linux/accessibletree/AtspiRequestGraph.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 #include <cstddef>
 #include <cstdint>

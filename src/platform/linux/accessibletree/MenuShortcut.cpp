@@ -1,4 +1,4 @@
-#include "platform/linux/atspi/MenuShortcut.h"
+#include "platform/linux/accessibletree/MenuShortcut.h"
 
 #include <algorithm>
 #include <array>

@@ -1,15 +1,13 @@
 #pragma once
 
-#include "AtspiFakeBus.h"
+#include "bus/AtspiFakeBus.h"
 
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
 #include "platform/linux/accessibilitybus/AtspiSessionBus.h"
-#include "platform/linux/atspi/AtspiApplications.h"
-#include "platform/linux/atspi/AtspiMenuMemory.h"
-#include "platform/linux/atspi/AtspiRole.h"
-#include "platform/linux/atspi/AtspiTree.h"
-#include "platform/linux/atspi/AtspiWindows.h"
+#include "platform/linux/accessibletree/AtspiMenuMemory.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiTree.h"
 
 #include <algorithm>
 #include <chrono>

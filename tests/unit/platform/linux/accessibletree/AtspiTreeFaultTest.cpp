@@ -1,5 +1,5 @@
 // Applications that change, lie, fall silent or go away while they are read.
-#include "AtspiTreeFixture.h"
+#include "bus/AtspiTreeFixture.h"
 
 #include <atomic>
 #include <future>

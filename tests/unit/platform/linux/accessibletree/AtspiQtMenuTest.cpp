@@ -1,6 +1,6 @@
 // Menus of Qt as their places tell: hidden items, lines, sections and widgets among them, read for the first time,
 // again and with all other menus.
-#include "AtspiTreeFixture.h"
+#include "bus/AtspiTreeFixture.h"
 
 #include <cmath>
 #include <random>

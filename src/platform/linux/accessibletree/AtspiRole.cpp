@@ -1,4 +1,4 @@
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 #include "platform/AccessibilityNames.h"
 

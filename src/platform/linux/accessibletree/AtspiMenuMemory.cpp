@@ -1,4 +1,4 @@
-#include "platform/linux/atspi/AtspiMenuMemory.h"
+#include "platform/linux/accessibletree/AtspiMenuMemory.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/atspi/AtspiMenuLayout.h"
+#include "platform/linux/accessibletree/AtspiMenuLayout.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,9 +1,9 @@
-#include "platform/linux/atspi/AtspiItemReading.h"
+#include "platform/linux/accessibletree/AtspiItemReading.h"
 
-#include "platform/linux/atspi/AtspiAttributes.h"
-#include "platform/linux/atspi/AtspiMenuLayout.h"
-#include "platform/linux/atspi/AtspiMenuMemory.h"
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiAttributes.h"
+#include "platform/linux/accessibletree/AtspiMenuLayout.h"
+#include "platform/linux/accessibletree/AtspiMenuMemory.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 #include <algorithm>
 #include <iterator>

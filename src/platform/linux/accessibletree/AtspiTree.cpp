@@ -1,12 +1,12 @@
-#include "platform/linux/atspi/AtspiTree.h"
+#include "platform/linux/accessibletree/AtspiTree.h"
 
 #include "platform/AccessibilityNames.h"
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
-#include "platform/linux/atspi/AtspiAttributes.h"
-#include "platform/linux/atspi/AtspiItemReading.h"
-#include "platform/linux/atspi/AtspiMenuLayout.h"
-#include "platform/linux/atspi/AtspiRequestGraph.h"
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiAttributes.h"
+#include "platform/linux/accessibletree/AtspiItemReading.h"
+#include "platform/linux/accessibletree/AtspiMenuLayout.h"
+#include "platform/linux/accessibletree/AtspiRequestGraph.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/atspi/AtspiRequestGraph.h"
+#include "platform/linux/accessibletree/AtspiRequestGraph.h"
 
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/accessibilitybus/AtspiRequest.h"
-#include "platform/linux/atspi/AtspiNode.h"
+#include "platform/linux/accessibletree/AtspiNode.h"
 
 #include <span>
 #include <unordered_map>

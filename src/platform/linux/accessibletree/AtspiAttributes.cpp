@@ -1,8 +1,8 @@
-#include "platform/linux/atspi/AtspiAttributes.h"
+#include "platform/linux/accessibletree/AtspiAttributes.h"
 
 #include "platform/AccessibilityNames.h"
-#include "platform/linux/atspi/AtspiRole.h"
-#include "platform/linux/atspi/MenuShortcut.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
+#include "platform/linux/accessibletree/MenuShortcut.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/accessibilitybus/AtspiRequest.h"
-#include "platform/linux/atspi/AtspiNodes.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
 
 #include <cstddef>
 #include <deque>

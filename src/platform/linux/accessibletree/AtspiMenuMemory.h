@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/atspi/AtspiNodes.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
 
 #include <cstddef>
 #include <cstdint>

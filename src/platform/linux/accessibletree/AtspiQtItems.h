@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/linux/atspi/AtspiMenuItems.h"
-#include "platform/linux/atspi/AtspiMenuLayout.h"
-#include "platform/linux/atspi/AtspiNodes.h"
-#include "platform/linux/atspi/AtspiRequestGraph.h"
+#include "platform/linux/accessibletree/AtspiMenuItems.h"
+#include "platform/linux/accessibletree/AtspiMenuLayout.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
+#include "platform/linux/accessibletree/AtspiRequestGraph.h"
 
 #include <functional>
 #include <span>

@@ -1,6 +1,6 @@
-#include "platform/linux/atspi/AtspiQtItems.h"
+#include "platform/linux/accessibletree/AtspiQtItems.h"
 
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 #include <algorithm>
 #include <cstddef>

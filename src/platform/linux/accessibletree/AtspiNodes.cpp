@@ -1,7 +1,7 @@
-#include "platform/linux/atspi/AtspiNodes.h"
+#include "platform/linux/accessibletree/AtspiNodes.h"
 
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 namespace tarragon {
 

@@ -1,4 +1,4 @@
-#include "AtspiFakeBus.h"
+#include "bus/AtspiFakeBus.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,7 +1,7 @@
-#include "platform/linux/atspi/AtspiAttributes.h"
+#include "platform/linux/accessibletree/AtspiAttributes.h"
 
 #include "platform/AccessibilityNames.h"
-#include "platform/linux/atspi/AtspiRole.h"
+#include "platform/linux/accessibletree/AtspiRole.h"
 
 #include <gtest/gtest.h>
 
