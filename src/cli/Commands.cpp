@@ -6,7 +6,7 @@
 #include "cli/PrintableText.h"
 #include "mirror/FillingThreads.h"
 #include "mirror/ProxyMenuItem.h"
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 #include "platform/Log.h"
 

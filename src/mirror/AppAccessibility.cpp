@@ -6,7 +6,7 @@
 #include "mirror/MenuConverter.h"
 #include "mirror/RecentSelections.h"
 #include "mirror/SystemFillingThreads.h"
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "mirror/MenuCleanUp.h"
 #include "mirror/MenuConverter.h"
 #include "mirror/ProxyMenuItem.h"
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // The questions that AppAccessibility answers about the focused window.
 #include "mirror/AppAccessibility.h"
-#include "mirror/UIElementUtilities.h"
 #include "mirror/WindowRules.h"
 #include "mirror/ZDScreenTools.h"
+#include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "mirror/MenuConverter.h"
 
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>

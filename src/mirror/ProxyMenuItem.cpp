@@ -1,7 +1,7 @@
 #include "mirror/ProxyMenuItem.h"
 
 #include "mirror/AppAccessibility.h"
-#include "mirror/TextOrNil.h"
+#include "mirror/elements/TextOrNil.h"
 #include "platform/AccessibilityNames.h"
 
 namespace tarragon {

@@ -1,4 +1,4 @@
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/UIElementUtilities.h"
 
 #include "fake/FakePlatform.h"
 

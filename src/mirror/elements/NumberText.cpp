@@ -1,4 +1,4 @@
-#include "mirror/NumberText.h"
+#include "mirror/elements/NumberText.h"
 
 #include <array>
 #include <charconv>

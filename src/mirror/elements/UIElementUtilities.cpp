@@ -1,6 +1,6 @@
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/UIElementUtilities.h"
 
-#include "mirror/StructuredValueText.h"
+#include "mirror/elements/StructuredValueText.h"
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // The operations of UIElementUtilities that describe elements to people.
-#include "mirror/NumberText.h"
-#include "mirror/StructuredValueText.h"
-#include "mirror/TextOrNil.h"
-#include "mirror/UIElementUtilities.h"
+#include "mirror/elements/NumberText.h"
+#include "mirror/elements/StructuredValueText.h"
+#include "mirror/elements/TextOrNil.h"
+#include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>

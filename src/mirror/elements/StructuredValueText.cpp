@@ -1,6 +1,6 @@
-#include "mirror/StructuredValueText.h"
+#include "mirror/elements/StructuredValueText.h"
 
-#include "mirror/NumberText.h"
+#include "mirror/elements/NumberText.h"
 
 #include <charconv>
 #include <string_view>
