@@ -1,25 +1,25 @@
 #include "mirror/AppAccessibility.h"
 
 #include "mirror/AuxiliaryMenu.h"
+#include "mirror/CacheEligibility.h"
 #include "mirror/MenuCache.h"
 #include "mirror/MenuCleanUp.h"
 #include "mirror/MenuConverter.h"
+#include "mirror/ProxyMenuItem.h"
 #include "mirror/RecentSelections.h"
+#include "mirror/SubmenuFiller.h"
 #include "mirror/SystemFillingThreads.h"
+#include "mirror/elements/TextOrNil.h"
 #include "mirror/elements/UIElementUtilities.h"
 #include "platform/AccessibilityNames.h"
+#include "platform/Log.h"
 
 #include <algorithm>
-#include <iterator>
 #include <unistd.h>
 
 namespace tarragon {
 
 namespace {
-
-constexpr const char* AppleTitle = "Apple";
-// The private-use character that the system font of some desktops draws as the maker's mark.
-constexpr const char* AppleMark = "\uF8FF";
 
 // The observation of chosen items stays registered for the program's life; nothing follows from it.
 void handleMenuSelection(const Notification& /*notification*/) { }
@@ -53,18 +53,14 @@ AppAccessibility::AppAccessibility(
     : _platform(platform)
     , _systemAXUIElementRef(std::move(systemElement))
     , _appAXUIElementRef(std::move(application))
-    , _menu(std::make_shared<Menu>("Fennick"))
     , _menuCache(std::make_shared<Menu>("MenuCache"))
     , _cache(std::make_unique<MenuCache>(std::move(threads))) {
-    _menu->setDelegate(this);
+    initializeModifierLookUpTable();
+    initializeGlyphLookUpTable();
     registerForNotifications();
 }
 
-AppAccessibility::~AppAccessibility() {
-    _cache.reset();
-    _menu->removeAllItems();
-    _menu->setDelegate(nullptr);
-}
+AppAccessibility::~AppAccessibility() = default;
 
 void AppAccessibility::registerForNotifications() {
     _platform.notificationCenter.addObserver("NSMenuDidSendActionNotification", nullptr, handleMenuSelection);
@@ -87,47 +83,23 @@ void AppAccessibility::update() {
 void AppAccessibility::updateRootMenu() {
     const ReadBatch batch(_platform.accessibility);
     _menuCache->removeAllItems();
-    _menu->removeAllItems();
+    _root.removeAllItems();
     _appAXUIElementRef = elementOfAppWithFocus();
-    if (!_appAXUIElementRef)
+    if (!_appAXUIElementRef) {
+        log(LogCategory::Menus, [] { return "the mirror is empty: no application has the focus"; });
         return;
-    _menuAXUIElementRef = getAXMenuBarFor(_appAXUIElementRef);
-    if (!_menuAXUIElementRef)
-        return;
-    converter().processAXMenuAsNSMenu(_menuAXUIElementRef, *_menu, std::nullopt);
-
-    if (!_showApplicationMenu) {
-        const auto items = _menu->items();
-        for (const auto& item : items) {
-            if (item->title() != AppleTitle)
-                _menu->removeItem(*item);
-        }
     }
-    const auto cacheable = cacheableItems();
-    removeBrokenMenuItems(*_menu);
-    showAppleMenuOrRemoveIt();
+    _menuAXUIElementRef = getAXMenuBarFor(_appAXUIElementRef);
+    if (!_menuAXUIElementRef) {
+        log(LogCategory::Menus,
+            [this] { return "the mirror is empty: " + textOrNil(focusedAppName()) + " has no menu bar"; });
+        return;
+    }
+    const auto cacheable = _root.rebuild(
+        converter(), _menuAXUIElementRef, _options, [this](const MenuItem& item) { return menuShouldBeCached(item); });
     // The fillings start when the items have their final titles, under which a menu that opens is looked for.
     for (const auto& item : cacheable)
         cacheMenuForMenuItem(*item);
-}
-
-std::vector<std::shared_ptr<MenuItem>> AppAccessibility::cacheableItems() {
-    std::vector<std::shared_ptr<MenuItem>> items;
-    if (!_showApplicationMenu)
-        return items;
-    std::ranges::copy_if(
-        _menu->items(), std::back_inserter(items), [this](const auto& item) { return menuShouldBeCached(*item); });
-    return items;
-}
-
-void AppAccessibility::showAppleMenuOrRemoveIt() {
-    const auto apple = _menu->itemWithTitle(AppleTitle);
-    if (!apple)
-        return;
-    if (_showAppleMenu)
-        apple->setTitle(AppleMark);
-    else
-        _menu->removeItem(*apple);
 }
 
 Element AppAccessibility::getAXMenuBarFor(const Element& element) {
@@ -165,8 +137,62 @@ void AppAccessibility::appendAuxiliaryMenuTo(Menu& root) {
 }
 
 MenuConverter AppAccessibility::converter() {
-    const ConversionOptions options{.foldAlternateItems = _foldAlternateItems, .keyEquivalents = _keyEquivalents};
-    return {_platform.accessibility, _appAXUIElementRef, options, this, weak_from_this()};
+    const ConversionOptions options{
+        .foldAlternateItems = _options.foldAlternateItems, .keyEquivalents = _options.keyEquivalents};
+    return {_platform.accessibility, _tables, _appAXUIElementRef, options, this, weak_from_this()};
+}
+
+void AppAccessibility::menuNeedsUpdate(Menu& menu) {
+    const bool isRoot = &menu == _root.menu().get();
+    const bool isOurs = menu.sharedTitle() != cocoaMenuTitle();
+    if (isOurs && !isRoot && cacheExistsForMenu(menu)) {
+        // What the items are is known.
+        const ReadBatch batch(_platform.accessibility, ReadBatchDepth::AsAsked);
+        SubmenuFiller(_platform.accessibility, converter()).fillFromCache(menu, *_cache, [this] {
+            return focusedAppName();
+        });
+        return;
+    }
+    const ReadBatch batch(_platform.accessibility);
+    if (isOurs) {
+        if (isRoot)
+            _root.complete(_options, _auxiliaryMenu);
+        else
+            SubmenuFiller(_platform.accessibility, converter()).fillFromApplication(menu);
+    }
+    if (focusedAppName() == "Finder")
+        removeDuplicateMenuItems(menu);
+    if (menu.title() == "Services")
+        removeDisabledServicesMenuItems(_platform.accessibility, menu);
+}
+
+bool AppAccessibility::menuShouldBeCached(const MenuItem& item) {
+    return menuMayBeCached(focusedAppName(), item.title());
+}
+
+void AppAccessibility::cacheMenuForMenuItem(const MenuItem& item) {
+    auto appName = focusedAppName();
+    if (!appName)
+        return;
+    // The thread works on copies of its own, and so never meets a menu that the main thread changes meanwhile.
+    auto fillMenu = [&accessibility = _platform.accessibility, converter = converter(),
+                        element = ProxyMenuItem::elementOfItem(item)](
+                        Menu& menu, const MenuCache::ShouldStop& shouldStop) {
+        const ReadBatch batch(accessibility);
+        MenuConverter filling = converter;
+        filling.setShouldStop(shouldStop);
+        filling.processSubAXMenuAsNSMenu(element, menu);
+    };
+    _cache->cacheMenuForMenuItem(
+        std::make_shared<const std::string>(*std::move(appName)), item.copy(), std::move(fillMenu));
+}
+
+bool AppAccessibility::cacheExistsForMenu(const Menu& menu) {
+    return _cache->cacheExistsForMenu([this] { return focusedAppName(); }, menu);
+}
+
+void AppAccessibility::clearCacheForAppKey(const std::string& appName) {
+    _cache->clearCacheForAppKey(appName);
 }
 
 void AppAccessibility::menuDidClose(Menu& /*menu*/) {
@@ -187,11 +213,96 @@ void AppAccessibility::addRecentSelectionsMenuTo(Menu& root) {
     const auto name = [this] {
         return UIElementUtilities::descriptionOfValue(_platform.accessibility, _appAXUIElementRef, false);
     };
-    addRecentSelections(root, *_menu, _recentSelectionsList, name, [this](Menu& menu) { menuNeedsUpdate(menu); });
+    addRecentSelections(
+        root, *_root.menu(), _recentSelectionsList, name, [this](Menu& menu) { menuNeedsUpdate(menu); });
 }
 
 void AppAccessibility::updateRecentSelectionsListWithItem(MenuItem& /*item*/) {
     // Nothing is recorded: the list stays empty in this version.
+}
+
+std::optional<std::string> AppAccessibility::focusedAppName() {
+    return window().focusedAppName();
+}
+
+std::optional<std::string> AppAccessibility::focusedWindowRole() {
+    return window().focusedWindowRole();
+}
+
+std::optional<std::string> AppAccessibility::focusedWindowTitle() {
+    return window().focusedWindowTitle();
+}
+
+Rect AppAccessibility::focusedWindowFrameNS() {
+    return window().focusedWindowFrameNS();
+}
+
+Rect AppAccessibility::focusedWindowFrameCG() {
+    return window().focusedWindowFrameCG();
+}
+
+Point AppAccessibility::focusedWindowPosition() {
+    return window().focusedWindowPosition();
+}
+
+Point AppAccessibility::focusedWindowPositionCG() {
+    return window().focusedWindowPositionCG();
+}
+
+Point AppAccessibility::focusedWindowTitlePosition() {
+    return window().focusedWindowTitlePosition();
+}
+
+Rect AppAccessibility::focusedWindowTitleFrame() {
+    return window().focusedWindowTitleFrame();
+}
+
+bool AppAccessibility::isFinderDesktopWindowActive() {
+    return window().isFinderDesktopWindowActive();
+}
+
+bool AppAccessibility::isAuxiliaryWindowActive() {
+    return window().isAuxiliaryWindowActive();
+}
+
+bool AppAccessibility::isFocusedWindowFullScreen() {
+    return window().isFocusedWindowFullScreen();
+}
+
+bool AppAccessibility::isFocusedWindowMinimized() {
+    return window().isFocusedWindowMinimized();
+}
+
+bool AppAccessibility::isFocusedWindowHidden() {
+    return window().isFocusedWindowHidden();
+}
+
+std::optional<Screen> AppAccessibility::focusedWindowScreen() {
+    return window().focusedWindowScreen();
+}
+
+std::int32_t AppAccessibility::focusedWindowScreenArrayOrder() {
+    return window().focusedWindowScreenArrayOrder();
+}
+
+Rect AppAccessibility::focusedWindowScreenRectNS() {
+    return window().focusedWindowScreenRectNS();
+}
+
+Rect AppAccessibility::focusedWindowScreenRectCG() {
+    return window().focusedWindowScreenRectCG();
+}
+
+Rect AppAccessibility::convertNSToCGRectCoords(const Rect& rectNS) {
+    return window().convertNSToCGRectCoords(rectNS);
+}
+
+void AppAccessibility::setPositionOfFocusedWindow(float x, float y) {
+    window().setPositionOfFocusedWindow(x, y);
+}
+
+void AppAccessibility::setSizeOfFocusedWindow(float w, float h) {
+    window().setSizeOfFocusedWindow(w, h);
 }
 
 } // namespace tarragon

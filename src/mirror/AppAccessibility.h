@@ -1,7 +1,11 @@
 #pragma once
 
+#include "mirror/FocusedWindowQueries.h"
 #include "mirror/Menu.h"
+#include "mirror/MenuItemTables.h"
 #include "mirror/MenuReaderOwner.h"
+#include "mirror/ReaderOptions.h"
+#include "mirror/RootMenu.h"
 #include "platform/Platform.h"
 
 #include <cstdint>
@@ -14,10 +18,10 @@ namespace tarragon {
 
 class FillingThreads;
 class MenuCache;
-class MenuConverter;
 
 // The one object that knows the front application's menu bar. It mirrors the menu bar as a Menu whose submenus are
-// filled when they open and whose items press the real ones, and answers questions about the front window.
+// filled when they open and whose items press the real ones, and answers questions about the front window. Each part of
+// that is done by an object of its own; this one says what happens when.
 //
 // Lives for the whole run, on the main thread. The root menu is the same object all the time. The reader must outlive
 // every view of its menus; it takes itself out of the root menu when it is destroyed.
@@ -25,9 +29,9 @@ class AppAccessibility : public MenuDelegate, public std::enable_shared_from_thi
 public:
     // nullptr when the accessibility interface or the focused application cannot be had. The services outlive the
     // reader.
-    static std::shared_ptr<AppAccessibility> initWithFocusedApp(const Platform& platform);
+    [[nodiscard]] static std::shared_ptr<AppAccessibility> initWithFocusedApp(const Platform& platform);
     // The same with threads of the caller's choosing for the fillings of the menu cache.
-    static std::shared_ptr<AppAccessibility> initWithFocusedApp(
+    [[nodiscard]] static std::shared_ptr<AppAccessibility> initWithFocusedApp(
         const Platform& platform, std::unique_ptr<FillingThreads> threads);
     ~AppAccessibility() override;
     // A menu with this very title object, not just an equal text, is left alone when it opens: its items are its own.
@@ -36,27 +40,31 @@ public:
     AppAccessibility& operator=(const AppAccessibility&) = delete;
 
     // Options. A change shows after the next update.
-    bool showAppleMenu() const { return _showAppleMenu; }
-    void setShowAppleMenu(bool show) { _showAppleMenu = show; }
-    bool showApplicationMenu() const { return _showApplicationMenu; }
-    void setShowApplicationMenu(bool show) { _showApplicationMenu = show; }
-    bool showRecentSelections() const { return _showRecentSelections; }
-    void setShowRecentSelections(bool show) { _showRecentSelections = show; }
-    bool foldAlternateItems() const { return _foldAlternateItems; }
-    void setFoldAlternateItems(bool fold) { _foldAlternateItems = fold; }
-    bool keyEquivalents() const { return _keyEquivalents; }
-    void setKeyEquivalents(bool copy) { _keyEquivalents = copy; }
+    bool showAppleMenu() const { return _options.showAppleMenu; }
+    void setShowAppleMenu(bool show) { _options.showAppleMenu = show; }
+    bool showApplicationMenu() const { return _options.showApplicationMenu; }
+    void setShowApplicationMenu(bool show) { _options.showApplicationMenu = show; }
+    bool showRecentSelections() const { return _options.showRecentSelections; }
+    void setShowRecentSelections(bool show) { _options.showRecentSelections = show; }
+    bool foldAlternateItems() const { return _options.foldAlternateItems; }
+    void setFoldAlternateItems(bool fold) { _options.foldAlternateItems = fold; }
+    bool keyEquivalents() const { return _options.keyEquivalents; }
+    void setKeyEquivalents(bool copy) { _options.keyEquivalents = copy; }
     // The program's own menu, shown at the end of the root menu; nullptr for none.
     const std::shared_ptr<Menu>& auxiliaryMenu() const { return _auxiliaryMenu; }
     void setAuxiliaryMenu(std::shared_ptr<Menu> menu) { _auxiliaryMenu = std::move(menu); }
     // The mirror's root; never nullptr.
-    const std::shared_ptr<Menu>& menu() const { return _menu; }
+    const std::shared_ptr<Menu>& menu() const { return _root.menu(); }
     // The front application's name at the last update.
     const std::optional<std::string>& currentAppName() const { return _currentAppName; }
     void setCurrentAppName(std::optional<std::string> name) { _currentAppName = std::move(name); }
     // Not owned; nullptr for none.
     MenuReaderOwner* appController() const { return _appController; }
     void setAppController(MenuReaderOwner* owner) { _appController = owner; }
+
+    // Build the tables that shortcuts are read by; called once at the start.
+    void initializeModifierLookUpTable() { _tables.initializeModifierLookUpTable(); }
+    void initializeGlyphLookUpTable() { _tables.initializeGlyphLookUpTable(); }
 
     // Reading the menu bar.
     Element elementOfAppWithFocus();
@@ -94,8 +102,8 @@ public:
     void addRecentSelectionsMenuTo(Menu& root);
     void updateRecentSelectionsListWithItem(MenuItem& item);
 
-    // The focused window of the application that the last rebuild found. Every query reads afresh.
-    // The name of the application in front, a fresh string each time; nothing when there is none.
+    // The focused window of the application that the last rebuild found, as FocusedWindowQueries says. The name is that
+    // of the application in front, a fresh string each time; nothing when there is none.
     std::optional<std::string> focusedAppName();
     std::optional<std::string> focusedWindowRole();
     std::optional<std::string> focusedWindowTitle();
@@ -123,30 +131,20 @@ private:
         const Platform& platform, std::unique_ptr<FillingThreads> threads, Element systemElement, Element application);
     void registerForNotifications();
     MenuConverter converter();
-    void completeRootMenu();
-    void fillSubmenu(Menu& menu);
-    void fillFromCache(Menu& menu);
-    void readStatesAhead(const Menu& menu);
-    void refreshState(MenuItem& item);
-    std::vector<std::shared_ptr<MenuItem>> cacheableItems();
-    void showAppleMenuOrRemoveIt();
-    Element focusedWindow();
+    FocusedWindowQueries window() const { return {_platform, _appAXUIElementRef}; }
 
     Platform _platform;
     Element _systemAXUIElementRef;
     Element _appAXUIElementRef;
     Element _menuAXUIElementRef;
-    std::shared_ptr<Menu> _menu;
+    RootMenu _root{this};
     std::shared_ptr<Menu> _menuCache; // emptied at every rebuild; nothing fills it
     std::shared_ptr<Menu> _auxiliaryMenu;
     std::vector<std::string> _recentSelectionsList;
+    MenuItemTables _tables;
     std::optional<std::string> _currentAppName;
     MenuReaderOwner* _appController = nullptr;
-    bool _showAppleMenu = false;
-    bool _showRecentSelections = false;
-    bool _showApplicationMenu = true;
-    bool _foldAlternateItems = false;
-    bool _keyEquivalents = false;
+    ReaderOptions _options;
     // Last: the fillings end before anything that they use goes away.
     std::unique_ptr<MenuCache> _cache;
 };

@@ -1,14 +1,18 @@
 #include "mirror/MenuCache.h"
 
+#include "platform/Log.h"
+
+#include <string_view>
 #include <utility>
 
 namespace tarragon {
 
-MenuCache::MenuCache(std::unique_ptr<FillingThreads> threads)
-    : _threads(std::move(threads)) { }
+MenuCache::MenuCache(std::unique_ptr<FillingThreads> threads, Now now)
+    : _now(std::move(now))
+    , _threads(std::move(threads)) { }
 
 MenuCache::~MenuCache() {
-    _closing = true;
+    _cacheLock.close();
     _threads.reset();
 }
 
@@ -17,23 +21,49 @@ void MenuCache::cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<
                                   fillMenu = std::move(fillMenu)] { fill(appName, item, fillMenu); });
 }
 
-void MenuCache::fill(const Menu::SharedTitle& appName, std::shared_ptr<MenuItem> item, const FillMenu& fillMenu) {
+void MenuCache::fill(
+    const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu) {
     createCache();
-    const std::lock_guard lock(_cacheLock);
-    if (_closing)
-        return;
+    while (_cacheLock.lockForFilling()) {
+        const std::lock_guard lock(_cacheLock, std::adopt_lock);
+        if (fillOnce(appName, item, fillMenu))
+            return;
+    }
+}
+
+// False when the filling was abandoned.
+bool MenuCache::fillOnce(
+    const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu) {
     const std::shared_ptr<Menu> root = rootForFilling(appName);
     {
         const std::lock_guard guard(_guard);
         if (root->itemWithTitle(item->title()))
-            return;
+            return true;
     }
+    const auto tell = [&](std::string_view what) {
+        log(LogCategory::Menus,
+            [&] { return "filling of " + item->title() + " of " + *appName + " " + std::string(what); });
+    };
+    tell("started");
+    const Clock::time_point start = _now();
+    bool abandoned = false;
+    const auto shouldStop = [&] {
+        const auto givesWay = [&] { return _cacheLock.probeWaits() && _now() - start > LongestDelay; };
+        abandoned = abandoned || _cacheLock.isClosed() || givesWay();
+        return abandoned;
+    };
     // The item is added when its menu is complete: whoever finds it may read the menu at once.
     auto filled = std::make_shared<Menu>(item->title());
-    fillMenu(*filled);
+    fillMenu(*filled, shouldStop);
+    if (abandoned) {
+        tell("abandoned");
+        return false;
+    }
     item->setMenu(std::move(filled));
+    tell("kept");
     const std::lock_guard guard(_guard);
-    root->addItem(std::move(item));
+    root->addItem(item);
+    return true;
 }
 
 void MenuCache::createCache() {
@@ -64,7 +94,8 @@ bool MenuCache::cacheExistsForMenu(const FocusedAppName& focusedAppName, const M
         if (!_cache)
             return false;
     }
-    const std::lock_guard lock(_cacheLock);
+    _cacheLock.lockForProbe();
+    const std::lock_guard lock(_cacheLock, std::adopt_lock);
     const auto appName = focusedAppName();
     if (!appName)
         return false;

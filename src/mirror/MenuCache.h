@@ -1,9 +1,10 @@
 #pragma once
 
+#include "mirror/CacheLock.h"
 #include "mirror/FillingThreads.h"
 #include "mirror/Menu.h"
 
-#include <atomic>
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -20,19 +21,31 @@ namespace tarragon {
 // each with its filled menu in the item's menu slot. A filled menu is never changed again once it can be found here, so
 // that the main thread may copy from it while fillings go on.
 //
-// The cache lock is held for the whole of a filling and of a probe, so that fillings follow one another and a probe
-// waits for the one that is under way. A look-up does not take it: between a probe and a look-up a filling may replace
-// the application's root, and the look-up then finds nothing.
+// The cache lock is held for the whole of a filling and of a probe, so that fillings follow one another; a probe waits
+// for the one that is under way and for no other. A filling that takes long gives way to a probe: it is abandoned at
+// its next question, nothing of it is kept, and it begins anew after the probe; the menu is then read as it opens. A
+// look-up does not take the lock: between a probe and a look-up a filling may replace the application's root, and the
+// look-up then finds nothing.
 //
 // A filling runs on a thread of its own; everything else belongs to the main thread.
 class MenuCache {
 public:
-    using FillMenu = std::function<void(Menu&)>;
+    // Fills a menu. It asks shouldStop before every question to the application: once that has answered true, nothing
+    // of the menu is kept.
+    using ShouldStop = std::function<bool()>;
+    using FillMenu = std::function<void(Menu& menu, const ShouldStop& shouldStop)>;
+    // The time now, for telling how long a filling has taken. Called on the threads of the fillings.
+    using Clock = std::chrono::steady_clock;
+    using Now = std::function<Clock::time_point()>;
 
-    explicit MenuCache(std::unique_ptr<FillingThreads> threads);
+    // A filling that has taken longer gives way to a menu that opens.
+    static constexpr Clock::duration LongestDelay = std::chrono::milliseconds(100);
+
+    explicit MenuCache(std::unique_ptr<FillingThreads> threads, Now now = Clock::now);
     MenuCache(const MenuCache&) = delete;
     MenuCache& operator=(const MenuCache&) = delete;
-    // Waits for the filling that is under way. Those behind it end without filling anything.
+    // Waits for the filling that is under way to ask its next question, where it is abandoned. Those behind it end
+    // without filling anything.
     ~MenuCache();
 
     // Starts a thread that converts the submenu of a top-level item. appName is not nullptr. item is a copy that
@@ -47,10 +60,11 @@ public:
 
     // Whether the application in front has an item for the submenu. Waits for the filling that is under way, and asks
     // for the name then; answers at once, and asks for nothing, when nothing was ever cached.
-    bool cacheExistsForMenu(const FocusedAppName& focusedAppName, const Menu& menu);
+    [[nodiscard]] bool cacheExistsForMenu(const FocusedAppName& focusedAppName, const Menu& menu);
 
     // The filled menu of the item with that title, or nullptr.
-    std::shared_ptr<const Menu> filledMenu(const std::string& appName, const std::string& itemTitle) const;
+    [[nodiscard]] std::shared_ptr<const Menu> filledMenu(
+        const std::string& appName, const std::string& itemTitle) const;
 
     // Forgets the application.
     void clearCacheForAppKey(const std::string& appName);
@@ -62,16 +76,17 @@ private:
     };
     using Cache = std::map<std::string, Entry>;
 
-    void fill(const Menu::SharedTitle& appName, std::shared_ptr<MenuItem> item, const FillMenu& fillMenu);
+    void fill(const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu);
+    bool fillOnce(const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu);
     void createCache();
     std::shared_ptr<Menu> rootForFilling(const Menu::SharedTitle& appName);
     std::shared_ptr<Menu> rootOf(const std::string& appName) const;
 
-    std::mutex _cacheLock;
+    Now _now;
+    CacheLock _cacheLock;
     // Guards the entries and the item lists of their roots, for the moment of each access.
     mutable std::mutex _guard;
     std::optional<Cache> _cache; // made by the first filling
-    std::atomic<bool> _closing = false;
     std::unique_ptr<FillingThreads> _threads;
 };
 

@@ -2,6 +2,7 @@
 
 #include "mirror/ProxyMenuItem.h"
 #include "platform/AccessibilityNames.h"
+#include "platform/Log.h"
 
 #include <utility>
 
@@ -22,6 +23,9 @@ void removeDuplicateMenuItems(Menu& menu) {
             continue;
         }
         if (kept.size() == 1) {
+            log(LogCategory::Menus, [&] {
+                return "repeated items of " + menu.title() + ": stopped at the front of the menu, those behind it stay";
+            });
             // A removal at position 1 steps back before the front of the menu, where the pass ends: the items that
             // follow stay as they are.
             kept.insert(kept.end(), items.begin() + static_cast<std::ptrdiff_t>(index) + 1, items.end());
@@ -40,8 +44,8 @@ void removeDisabledServicesMenuItems(Accessibility& accessibility, Menu& menu) {
     Value size;
     const auto items = menu.items();
     for (const auto& item : items) {
-        const auto proxy = std::dynamic_pointer_cast<ProxyMenuItem>(item->target());
-        Value read = proxy ? accessibility.copyAttributeValue(proxy->itemAXUIElementRef(), attribute::Size) : Value();
+        const Element element = ProxyMenuItem::elementOfItem(*item);
+        Value read = element ? accessibility.copyAttributeValue(element, attribute::Size) : Value();
         if (!isNil(read))
             size = std::move(read);
         if (isNil(size))

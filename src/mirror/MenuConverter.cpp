@@ -16,9 +16,10 @@ constexpr std::size_t MostElements = 100000;
 
 } // namespace
 
-MenuConverter::MenuConverter(Accessibility& accessibility, Element application, ConversionOptions options,
-    MenuDelegate* delegate, std::weak_ptr<AppAccessibility> reader)
+MenuConverter::MenuConverter(Accessibility& accessibility, const MenuItemTables& tables, Element application,
+    ConversionOptions options, MenuDelegate* delegate, std::weak_ptr<AppAccessibility> reader)
     : _accessibility(accessibility)
+    , _tables(tables)
     , _application(std::move(application))
     , _options(options)
     , _delegate(delegate)
@@ -37,7 +38,7 @@ void MenuConverter::processAXMenuAsNSMenu(
 void MenuConverter::processLevel(
     const Element& element, Menu& parent, const std::optional<std::string>& previousDescription) {
     for (const Element& child : childrenOf(element)) {
-        if (_convertedElements == MostElements)
+        if (_convertedElements == MostElements || stopped())
             return;
         ++_convertedElements;
         const ItemDescription description = getMenuItemForElement(child);
@@ -84,19 +85,35 @@ void MenuConverter::processSingleIterationSubAXMenuAsNSMenu(const Element& eleme
 std::vector<Element> MenuConverter::childrenOf(const Element& element) {
     const Value value = read(attribute::Children, element);
     const auto* children = valueAs<std::vector<Element>>(value);
-    return children ? *children : std::vector<Element>();
+    if (!children)
+        return {};
+    ++_readLevels;
+    return *children;
 }
 
 bool MenuConverter::isMenu(const Element& element) {
     return read(attribute::Role, element) == Value(std::string(role::Menu));
 }
 
+std::string MenuConverter::reasonForNoItem() const {
+    if (_readLevels == 0)
+        return "its children cannot be read";
+    if (_convertedElements == 0)
+        return "it has no children to make items of";
+    return "none of its " + std::to_string(_convertedElements) + " children is of a kind that makes an item";
+}
+
+bool MenuConverter::stopped() {
+    _stopped = _stopped || (_shouldStop && _shouldStop());
+    return _stopped;
+}
+
 Value MenuConverter::read(std::string_view attribute, const Element& element) {
-    return UIElementUtilities::valueOfAttribute(_accessibility, attribute, element);
+    return stopped() ? Value() : UIElementUtilities::valueOfAttribute(_accessibility, attribute, element);
 }
 
 std::optional<std::string> MenuConverter::describe(const Value& value) {
-    return UIElementUtilities::descriptionOfValue(_accessibility, value, false);
+    return stopped() ? std::nullopt : UIElementUtilities::descriptionOfValue(_accessibility, value, false);
 }
 
 } // namespace tarragon

@@ -35,12 +35,12 @@ ItemDescription MenuConverter::getMenuItemForElement(const Element& element) {
     if (_options.keyEquivalents) {
         if (const auto* text = valueAs<std::string>(character))
             item->setKeyEquivalent(lowercaseText(*text));
-        if (const auto glyphCharacter = glyphCode ? characterForGlyph(*glyphCode) : std::nullopt)
+        if (const auto glyphCharacter = glyphCode ? _tables.characterForGlyph(*glyphCode) : std::nullopt)
             item->setKeyEquivalent(std::string(*glyphCharacter));
         if (const auto* text = valueAs<std::string>(shortcutText))
             item->setShortcutText(*text);
     }
-    if (const auto mask = modifierCode ? modifierMaskForCode(*modifierCode) : std::nullopt)
+    if (const auto mask = modifierCode ? _tables.modifierMaskForCode(*modifierCode) : std::nullopt)
         item->setKeyEquivalentModifierMask(*mask);
     if (_options.foldAlternateItems && primaryTitle && *primaryTitle != title)
         item->setAlternate(true);

@@ -9,6 +9,11 @@ namespace tarragon {
 ProxyMenuItem::ProxyMenuItem(Accessibility& accessibility)
     : _accessibility(accessibility) { }
 
+Element ProxyMenuItem::elementOfItem(const MenuItem& item) {
+    const auto proxy = std::dynamic_pointer_cast<ProxyMenuItem>(item.target());
+    return proxy ? proxy->itemAXUIElementRef() : Element();
+}
+
 void ProxyMenuItem::clickMenuItem() {
     _accessibility.performAction(_itemAXUIElementRef, action::Press);
     if (const auto reader = appAccessbility())

@@ -22,6 +22,9 @@ public:
     // The services outlive the proxy.
     explicit ProxyMenuItem(Accessibility& accessibility);
 
+    // The real item that a mirrored one stands for; nil for a separator and for an item of our own.
+    static Element elementOfItem(const MenuItem& item);
+
     // Presses the real item and tells the reader that the menu has closed, whether or not the press succeeded.
     void clickMenuItem();
     // Answers the action ClickMenuItem; others do nothing.

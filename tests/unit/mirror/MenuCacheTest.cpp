@@ -32,7 +32,7 @@ bool existsIn(MenuCache& cache, const std::string& appName, const std::string& t
 class MenuCacheTest : public testing::Test {
 protected:
     void fill(const Menu::SharedTitle& appName, const std::string& title, const std::string& content) {
-        cache.cacheMenuForMenuItem(appName, item(title), [this, content](Menu& menu) {
+        cache.cacheMenuForMenuItem(appName, item(title), [this, content](Menu& menu, const MenuCache::ShouldStop&) {
             ++fillings;
             if (isTold)
                 menu.addItem(item(content));
@@ -171,7 +171,7 @@ TEST_F(MenuCacheTest, LetsALookUpGoOnWithAMenuThatIsReplacedMeanwhile) {
 struct HeldFilling {
     // Returns when it has begun.
     void begin(MenuCache& cache) {
-        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [this](Menu& menu) {
+        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [this](Menu& menu, const MenuCache::ShouldStop&) {
             begun.set_value();
             goOn.get_future().wait();
             menu.addItem(item("New"));
@@ -220,7 +220,8 @@ TEST(MenuCacheThreads, DropTheOlderMenusOfAnApplicationBeforeTheNewOneIsComplete
     HeldFilling held;
     MenuCache cache(std::make_unique<SystemFillingThreads>());
     std::promise<void> filled;
-    cache.cacheMenuForMenuItem(name("Editor"), item("Edit"), [&](Menu&) { filled.set_value(); });
+    cache.cacheMenuForMenuItem(
+        name("Editor"), item("Edit"), [&](Menu&, const MenuCache::ShouldStop&) { filled.set_value(); });
     filled.get_future().wait();
     EXPECT_TRUE(existsIn(cache, "Editor", "Edit"));
     held.begin(cache);
@@ -246,13 +247,14 @@ TEST(MenuCacheThreads, FillOneAfterTheOther) {
     std::promise<void> last;
     MenuCache cache(std::make_unique<SystemFillingThreads>());
     for (int index = 0; index < count; ++index) {
-        cache.cacheMenuForMenuItem(name("Editor"), item("Menu " + std::to_string(index)), [&](Menu&) {
-            EXPECT_EQ(++atOnce, 1);
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-            --atOnce;
-            if (++done == count)
-                last.set_value();
-        });
+        cache.cacheMenuForMenuItem(
+            name("Editor"), item("Menu " + std::to_string(index)), [&](Menu&, const MenuCache::ShouldStop&) {
+                EXPECT_EQ(++atOnce, 1);
+                std::this_thread::sleep_for(std::chrono::milliseconds(2));
+                --atOnce;
+                if (++done == count)
+                    last.set_value();
+            });
     }
     last.get_future().wait();
 }
@@ -262,7 +264,8 @@ TEST(MenuCacheThreads, StartWithoutWaitingForThoseUnderWay) {
     std::promise<void> filled;
     MenuCache cache(std::make_unique<SystemFillingThreads>());
     held.begin(cache);
-    cache.cacheMenuForMenuItem(name("Editor"), item("Edit"), [&](Menu&) { filled.set_value(); });
+    cache.cacheMenuForMenuItem(
+        name("Editor"), item("Edit"), [&](Menu&, const MenuCache::ShouldStop&) { filled.set_value(); });
     // Only now can the one under way end.
     held.goOn.set_value();
     filled.get_future().wait();
@@ -274,7 +277,7 @@ TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {
     std::promise<void> first;
     {
         MenuCache cache(std::make_unique<SystemFillingThreads>());
-        const auto slow = [&](Menu&) {
+        const auto slow = [&](Menu&, const MenuCache::ShouldStop&) {
             if (begun++ == 0)
                 first.set_value();
             std::this_thread::yield();
@@ -292,7 +295,8 @@ TEST(MenuCacheThreads, LeaveFillingsUndoneThatHaveNotBegunWhenTheCacheGoes) {
     bool filled = false;
     {
         MenuCache cache(std::make_unique<FakeFillingThreads>(work));
-        cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&) { filled = true; });
+        cache.cacheMenuForMenuItem(
+            name("Editor"), item("File"), [&](Menu&, const MenuCache::ShouldStop&) { filled = true; });
     }
     EXPECT_EQ(work->waiting(), 0U);
     EXPECT_FALSE(filled);
@@ -303,7 +307,7 @@ TEST(MenuCacheThreads, MayFillProbeLookUpAndForgetAllAtOnce) {
     const auto shared = name("Shared");
     for (int round = 0; round < 300; ++round) {
         const std::string title = "Menu " + std::to_string(round % 7);
-        const auto fillMenu = [](Menu& menu) {
+        const auto fillMenu = [](Menu& menu, const MenuCache::ShouldStop&) {
             for (int index = 0; index < 10; ++index)
                 menu.addItem(item(std::to_string(index)));
         };

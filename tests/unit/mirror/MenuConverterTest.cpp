@@ -2,6 +2,7 @@
 
 #include "MenuTitles.h"
 #include "fake/FakePlatform.h"
+#include "mirror/MenuItemTables.h"
 #include "mirror/ProxyMenuItem.h"
 
 #include <gmock/gmock.h>
@@ -16,8 +17,12 @@ using testing::ElementsAre;
 
 class MenuConverterTest : public testing::Test {
 protected:
+    MenuConverterTest() {
+        tables.initializeModifierLookUpTable();
+        tables.initializeGlyphLookUpTable();
+    }
     MenuConverter converter(ConversionOptions options = {.foldAlternateItems = true, .keyEquivalents = true}) {
-        return {fake.accessibility, application.element(), options, &delegate, {}};
+        return {fake.accessibility, tables, application.element(), options, &delegate, {}};
     }
     ItemDescription convert(
         const Element& element, ConversionOptions options = {.foldAlternateItems = true, .keyEquivalents = true}) {
@@ -33,6 +38,7 @@ protected:
     }
 
     FakePlatform fake;
+    MenuItemTables tables;
     FakeApplication application = fake.addApplication("Mail");
     FakeMenu file = application.menu("File");
     MenuDelegate delegate;

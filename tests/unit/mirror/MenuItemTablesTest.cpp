@@ -9,6 +9,8 @@ namespace tarragon {
 namespace {
 
 TEST(ModifierTable, HoldsExactlyTheKnownCodes) {
+    MenuItemTables tables;
+    tables.initializeModifierLookUpTable();
     const std::map<int, std::uint32_t> masks{
         {1, 0x120000}, // Shift Command
         {2, 0x180000}, // Option Command
@@ -23,15 +25,17 @@ TEST(ModifierTable, HoldsExactlyTheKnownCodes) {
     };
     for (int code = -1; code < 100; ++code) {
         const auto expected = masks.find(code);
-        EXPECT_EQ(modifierMaskForCode(std::to_string(code)),
+        EXPECT_EQ(tables.modifierMaskForCode(std::to_string(code)),
             expected == masks.end() ? std::nullopt : std::optional(expected->second))
             << code;
     }
-    EXPECT_EQ(modifierMaskForCode(""), std::nullopt);
-    EXPECT_EQ(modifierMaskForCode("nonsense"), std::nullopt);
+    EXPECT_EQ(tables.modifierMaskForCode(""), std::nullopt);
+    EXPECT_EQ(tables.modifierMaskForCode("nonsense"), std::nullopt);
 }
 
 TEST(GlyphTable, HoldsExactlyTheKnownGlyphs) {
+    MenuItemTables tables;
+    tables.initializeGlyphLookUpTable();
     const std::map<int, std::string> characters{
         {23, "\b"}, // backspace
         {140, "\xE2\x8F\x8F"}, // eject symbol, U+23CF
@@ -51,12 +55,27 @@ TEST(GlyphTable, HoldsExactlyTheKnownGlyphs) {
     };
     for (int glyph = -1; glyph < 300; ++glyph) {
         const auto expected = characters.find(glyph);
-        const auto character = characterForGlyph(std::to_string(glyph));
+        const auto character = tables.characterForGlyph(std::to_string(glyph));
         EXPECT_EQ(
             character, expected == characters.end() ? std::nullopt : std::optional<std::string_view>(expected->second))
             << glyph;
     }
-    EXPECT_EQ(characterForGlyph(""), std::nullopt);
+    EXPECT_EQ(tables.characterForGlyph(""), std::nullopt);
+}
+
+TEST(MenuItemTables, KnowNothingBeforeTheyAreBuiltAndAreBuiltOnceEach) {
+    MenuItemTables tables;
+    EXPECT_EQ(tables.modifierMaskForCode("1"), std::nullopt);
+    EXPECT_EQ(tables.characterForGlyph("140"), std::nullopt);
+    for (int time = 0; time < 2; ++time) {
+        tables.initializeModifierLookUpTable();
+        EXPECT_EQ(tables.modifierMaskForCode("1"), 0x120000U);
+    }
+    EXPECT_EQ(tables.characterForGlyph("140"), std::nullopt);
+    for (int time = 0; time < 2; ++time) {
+        tables.initializeGlyphLookUpTable();
+        EXPECT_EQ(tables.characterForGlyph("140"), "\u23CF");
+    }
 }
 
 } // namespace
