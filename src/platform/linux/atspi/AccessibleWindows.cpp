@@ -45,8 +45,7 @@ std::string_view windowRoleDescription(WindowKind kind) {
 }
 
 std::optional<WindowDescription> AccessibleWindows::activeWindow() {
-    const auto window = _windows.activeWindow();
-    return window ? _windows.describe(*window) : std::nullopt;
+    return _windows.describeActiveWindow();
 }
 
 std::optional<WindowDescription> AccessibleWindows::windowAtPosition(const Point& pointCG) {

@@ -18,6 +18,11 @@ public:
     virtual std::optional<WindowDescription> describe(std::uint32_t window) = 0;
     // The same for many windows in the time of one; those that are gone are left out.
     virtual std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) = 0;
+    // The active window, as of one moment.
+    virtual std::optional<WindowDescription> describeActiveWindow() {
+        const std::optional<std::uint32_t> window = activeWindow();
+        return window ? describe(*window) : std::nullopt;
+    }
     // The managed windows, bottom to top.
     virtual std::vector<std::uint32_t> managedWindows() = 0;
     // The managed windows in the order in which they were last active, the latest first. Those that were never seen

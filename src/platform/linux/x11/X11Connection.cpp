@@ -71,10 +71,6 @@ bool X11Connection::isAlive() const {
     return xcb_connection_has_error(_connection) == 0;
 }
 
-void X11Connection::discardEvents() {
-    while (X11Reply<xcb_generic_event_t>(xcb_poll_for_queued_event(_connection))) { }
-}
-
 std::uint32_t X11Connection::atom(std::string_view name) {
     const std::lock_guard lock(_atomMutex);
     const std::string key(name);

@@ -14,9 +14,10 @@ namespace tarragon {
 
 // Our own connection to the X server, apart from the user-interface toolkit's. May be used from any thread.
 //
-// Nobody selects events on a connection that others use for requests: whoever waits for a reply also reads the events
-// that came before it, and the run loop, which watches the descriptor, is then not woken for them. Whoever wants events
-// calls connectAnother, and waits for no reply on that connection once the first event may come.
+// Whoever wants to be woken by events calls connectAnother, and waits for no reply on that connection once the first
+// event may come: whoever waits for a reply also reads the events that came before it, and the run loop, which watches
+// the descriptor, is then not woken for them. Events of a connection that others use for requests are taken by
+// X11ActiveWindowCache alone.
 class X11Connection {
 public:
     // nullptr when no server answers. An empty name stands for $DISPLAY.
@@ -37,10 +38,6 @@ public:
 
     // The server can tell of its monitors, which are not always as large as the root window.
     bool knowsMonitors() const { return _knowsMonitors; }
-
-    // Throws away the events that came with replies. Nobody waits for any here, but the server tells every client of
-    // new keyboard layouts, and what nobody takes piles up.
-    void discardEvents();
 
     // The atom of a name; names are asked for once. 0 when the server does not answer.
     std::uint32_t atom(std::string_view name);

@@ -157,6 +157,7 @@ void X11FrontWatch::forgetUnmanagedWindows() {
 // waits for the server and may leave new events in the queue: the queue is found empty before the run loop is relied on
 // again.
 void X11FrontWatch::handleEvents() {
+    _windows.takeEvents();
     X11FrontWindowChange change;
     while (takeEvents() || _menuBarIsDue) {
         const Look next = look();

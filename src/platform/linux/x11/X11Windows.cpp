@@ -276,19 +276,33 @@ std::uint32_t pixels(double value) {
 
 X11Windows::X11Windows(X11Connection& connection)
     : _connection(connection)
-    , _atoms(std::make_unique<X11WindowAtoms>(connection)) { }
+    , _atoms(std::make_unique<X11WindowAtoms>(connection))
+    , _cache(connection,
+          {.activeWindow = [this] { return readActiveWindow(); },
+              .description = [this](std::uint32_t window) { return readDescription(window); }}) { }
 
 X11Windows::~X11Windows() = default;
 
 std::optional<std::uint32_t> X11Windows::activeWindow() {
+    return _cache.activeWindow();
+}
+
+std::optional<WindowDescription> X11Windows::describe(std::uint32_t window) {
+    return _cache.describe(window);
+}
+
+std::optional<WindowDescription> X11Windows::describeActiveWindow() {
+    return _cache.describeActiveWindow();
+}
+
+std::optional<std::uint32_t> X11Windows::readActiveWindow() {
     X11Property active(_connection.get(), _connection.rootWindow(), _atoms->activeWindow);
     const std::uint32_t window = active.number().value_or(XCB_NONE);
-    _connection.discardEvents();
     // Some window managers name the root window when they mean none.
     return window == XCB_NONE || window == _connection.rootWindow() ? std::nullopt : std::optional(window);
 }
 
-std::optional<WindowDescription> X11Windows::describe(std::uint32_t window) {
+std::optional<WindowDescription> X11Windows::readDescription(std::uint32_t window) {
     X11PrimaryMonitor primary(_connection);
     DescriptionRequests requests(_connection.get(), _connection.rootWindow(), window, *_atoms);
     return requests.description(primary.origin());

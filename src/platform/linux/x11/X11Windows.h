@@ -2,6 +2,7 @@
 
 #include "platform/linux/windows/WindowSource.h"
 #include "platform/linux/x11/X11ActivationOrder.h"
+#include "platform/linux/x11/X11ActiveWindowCache.h"
 
 #include <cstdint>
 #include <memory>
@@ -23,6 +24,7 @@ public:
 
     std::optional<std::uint32_t> activeWindow() override;
     std::optional<WindowDescription> describe(std::uint32_t window) override;
+    std::optional<WindowDescription> describeActiveWindow() override;
     std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) override;
     std::vector<std::uint32_t> managedWindows() override;
     std::vector<std::uint32_t> windowsByActivation() override;
@@ -34,11 +36,17 @@ public:
 
     // To be told of by whoever watches the active window.
     X11ActivationOrder& activationOrder() { return _activationOrder; }
+    // Takes what the server has told meanwhile. To be called now and then by whoever is woken for it.
+    void takeEvents() { _cache.takeEvents(); }
 
 private:
+    std::optional<std::uint32_t> readActiveWindow();
+    std::optional<WindowDescription> readDescription(std::uint32_t window);
+
     X11Connection& _connection;
     std::unique_ptr<const X11WindowAtoms> _atoms;
     X11ActivationOrder _activationOrder;
+    X11ActiveWindowCache _cache;
 };
 
 } // namespace tarragon

@@ -4,7 +4,6 @@
 #include "platform/linux/x11/X11Windows.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 namespace tarragon {
@@ -17,8 +16,7 @@ X11Workspace::X11Workspace(X11Connection& connection, X11Windows& windows, Appli
     , _frontWatch(connection, windows, applications, runLoop, menuBars) { }
 
 std::optional<RunningApplication> X11Workspace::activeApplication() {
-    const std::optional<std::uint32_t> window = _windows.activeWindow();
-    const auto description = window ? _windows.describe(*window) : std::nullopt;
+    const auto description = _windows.describeActiveWindow();
     return description ? std::optional(applicationOfWindow(*description, _applications)) : std::nullopt;
 }
 

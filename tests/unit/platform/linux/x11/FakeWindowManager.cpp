@@ -3,7 +3,11 @@
 #include "platform/linux/x11/X11Reply.h"
 
 #include <array>
+#include <sys/uio.h>
 #include <utility>
+
+#include <xcb/randr.h>
+#include <xcb/xcbext.h>
 
 namespace tarragon {
 
@@ -60,6 +64,50 @@ void FakeWindowManager::withdraw(std::uint32_t window) {
 
 void FakeWindowManager::setState(std::uint32_t window, const std::string& state) {
     setProperty(window, "_NET_WM_STATE", XCB_ATOM_ATOM, {atom(state)});
+}
+
+void FakeWindowManager::setTitle(std::uint32_t window, const std::string& title) {
+    xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_NAME"), atom("UTF8_STRING"), 8,
+        static_cast<std::uint32_t>(title.size()), title.data());
+}
+
+std::uint32_t FakeWindowManager::frame(std::uint32_t window) {
+    const std::uint32_t frame = xcb_generate_id(_connection);
+    xcb_create_window(_connection, XCB_COPY_FROM_PARENT, frame, _root, 0, 0, 20, 20, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+        XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(_connection, frame);
+    xcb_reparent_window(_connection, window, frame, 0, 0);
+    return frame;
+}
+
+void FakeWindowManager::move(std::uint32_t window, int x, int y) {
+    const std::array<std::int32_t, 2> position = {x, y};
+    xcb_configure_window(_connection, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, position.data());
+}
+
+void FakeWindowManager::addPrimaryMonitor(int x, int y, int width, int height) {
+    xcb_randr_monitor_info_t monitor = {};
+    monitor.name = atom("primary");
+    monitor.primary = 1;
+    monitor.x = static_cast<std::int16_t>(x);
+    monitor.y = static_cast<std::int16_t>(y);
+    monitor.width = static_cast<std::uint16_t>(width);
+    monitor.height = static_cast<std::uint16_t>(height);
+
+    // The library's own function for this request gets its length wrong, so the request is put together here. The first
+    // two parts are the library's.
+    constexpr std::uint8_t SetMonitor = 43;
+    xcb_randr_set_monitor_request_t request = {};
+    request.window = _root;
+    std::array<iovec, 4> parts = {};
+    parts[2] = {&request, sizeof request};
+    parts[3] = {&monitor, sizeof monitor};
+    xcb_protocol_request_t description = {};
+    description.count = 2;
+    description.ext = &xcb_randr_id;
+    description.opcode = SetMonitor;
+    description.isvoid = 1;
+    xcb_send_request(_connection, 0, &parts[2], &description);
 }
 
 void FakeWindowManager::activate(std::uint32_t window) {

@@ -38,6 +38,14 @@ public:
     void withdraw(std::uint32_t window);
     void setState(std::uint32_t window, const std::string& state);
 
+    void setTitle(std::uint32_t window, const std::string& title);
+    // Puts a frame around a window, with the window in its corner.
+    std::uint32_t frame(std::uint32_t window);
+    // Tells nobody but those who watch this very window.
+    void move(std::uint32_t window, int x, int y);
+    // Adds a monitor that is the primary one.
+    void addPrimaryMonitor(int x, int y, int width, int height);
+
     // XCB_NONE stands for no active window.
     void activate(std::uint32_t window);
     void focus(std::uint32_t window);

@@ -1,0 +1,158 @@
+#include "platform/linux/x11/X11ActiveWindowCache.h"
+
+#include "platform/Log.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Reply.h"
+
+#include <string>
+#include <utility>
+
+#include <xcb/randr.h>
+#include <xcb/xcb.h>
+
+namespace tarragon {
+
+namespace {
+
+constexpr std::uint8_t SentEvent = 0x80;
+constexpr std::uint32_t RootEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+constexpr std::uint32_t WindowEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+// Of the window manager's frame around a window.
+constexpr std::uint32_t FrameEvents = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+
+// The window around another one; the root window's is none.
+std::uint32_t parentOf(xcb_connection_t* connection, std::uint32_t window) {
+    const X11Reply<xcb_query_tree_reply_t> reply(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
+    return reply ? reply->parent : 0;
+}
+
+} // namespace
+
+X11ActiveWindowCache::X11ActiveWindowCache(X11Connection& connection, Questions questions)
+    : _connection(connection)
+    , _questions(std::move(questions))
+    , _activeWindowAtom(connection.atom("_NET_ACTIVE_WINDOW")) {
+    (void)selectEvents(connection.rootWindow(), RootEvents);
+    if (!connection.knowsMonitors())
+        return;
+    _firstMonitorEvent = xcb_get_extension_data(connection.get(), &xcb_randr_id)->first_event;
+    xcb_randr_select_input(connection.get(), connection.rootWindow(),
+        XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
+}
+
+std::optional<std::uint32_t> X11ActiveWindowCache::activeWindow() {
+    const std::lock_guard lock(_mutex);
+    takeAllEvents();
+    return knownActiveWindow();
+}
+
+std::optional<WindowDescription> X11ActiveWindowCache::describe(std::uint32_t window) {
+    const std::lock_guard lock(_mutex);
+    takeAllEvents();
+    return window == _activeWindow.value_or(std::nullopt) ? knownDescription(window) : _questions.description(window);
+}
+
+std::optional<WindowDescription> X11ActiveWindowCache::describeActiveWindow() {
+    const std::lock_guard lock(_mutex);
+    takeAllEvents();
+    const std::optional<std::uint32_t> window = knownActiveWindow();
+    return window ? knownDescription(*window) : std::nullopt;
+}
+
+void X11ActiveWindowCache::takeEvents() {
+    const std::lock_guard lock(_mutex);
+    // Reads what has arrived; the rest is in the queue then.
+    const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(_connection.get()));
+    if (event)
+        takeEvent(*event);
+    takeQueuedEvents();
+}
+
+// The server is waited for, so that nothing is missing of what it has done so far.
+void X11ActiveWindowCache::takeAllEvents() {
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(_connection.get(), xcb_get_input_focus(_connection.get()), nullptr));
+    if (!reply) {
+        log(LogCategory::X11, [] { return std::string("the server does not answer"); });
+        _activeWindow.reset();
+        _description.reset();
+    }
+    takeQueuedEvents();
+}
+
+void X11ActiveWindowCache::takeQueuedEvents() {
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_queued_event(_connection.get())})
+        takeEvent(*event);
+}
+
+// What the server tells every client, as of new keyboard layouts, says nothing here.
+void X11ActiveWindowCache::takeEvent(const xcb_generic_event_t& event) {
+    const std::uint8_t type = event.response_type & ~SentEvent;
+    const bool isOfMonitors = _firstMonitorEvent != 0
+        && (type == _firstMonitorEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY
+            || type == _firstMonitorEvent + XCB_RANDR_NOTIFY);
+    if (type == XCB_PROPERTY_NOTIFY) {
+        const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        if (property.window != _connection.rootWindow())
+            _description.reset();
+        else if (property.atom == _activeWindowAtom)
+            _activeWindow.reset();
+    } else if (type == XCB_REPARENT_NOTIFY || type == XCB_DESTROY_NOTIFY) {
+        _description.reset();
+        unwatch();
+    } else if (type == XCB_CONFIGURE_NOTIFY || type == XCB_MAP_NOTIFY || type == XCB_UNMAP_NOTIFY
+        || type == XCB_GRAVITY_NOTIFY || type == XCB_CIRCULATE_NOTIFY || isOfMonitors) {
+        _description.reset();
+    }
+}
+
+std::optional<std::uint32_t> X11ActiveWindowCache::knownActiveWindow() {
+    if (!_activeWindow)
+        _activeWindow = _questions.activeWindow();
+    return *_activeWindow;
+}
+
+std::optional<WindowDescription> X11ActiveWindowCache::knownDescription(std::uint32_t window) {
+    if (_description && _description->identifier == window)
+        return _description;
+    // Whatever changes after this is told, whether or not the answer has it already.
+    const bool isWatched = (!_watched.empty() && _watched.front() == window) || watch(window);
+    std::optional<WindowDescription> description = _questions.description(window);
+    if (isWatched)
+        _description = description;
+    return description;
+}
+
+// False when the window is gone, or goes meanwhile: another one may get its identifier, of which nothing is told.
+bool X11ActiveWindowCache::watch(std::uint32_t window) {
+    unwatch();
+    _watched.push_back(window);
+    bool isThere = selectEvents(window, WindowEvents);
+    // Each is asked for its parent after it is watched itself, so that a change in between is told.
+    while (isThere) {
+        const std::uint32_t parent = parentOf(_connection.get(), _watched.back());
+        if (parent == _connection.rootWindow())
+            return true;
+        isThere = parent != 0 && selectEvents(parent, FrameEvents);
+        _watched.push_back(parent);
+    }
+    log(LogCategory::X11, [&] { return "window " + std::to_string(window) + " is gone before it can be watched"; });
+    unwatch();
+    return false;
+}
+
+void X11ActiveWindowCache::unwatch() {
+    for (const std::uint32_t window : std::exchange(_watched, {}))
+        (void)selectEvents(window, XCB_EVENT_MASK_NO_EVENT);
+}
+
+// False when there is no such window.
+bool X11ActiveWindowCache::selectEvents(std::uint32_t window, std::uint32_t mask) {
+    const xcb_void_cookie_t cookie =
+        xcb_change_window_attributes_checked(_connection.get(), window, XCB_CW_EVENT_MASK, &mask);
+    const X11Reply<xcb_generic_error_t> error(xcb_request_check(_connection.get(), cookie));
+    return !error;
+}
+
+} // namespace tarragon

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/linux/windows/WindowDescription.h"
+
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace tarragon {
+
+class X11Connection;
+
+// What the server has told of the active window, kept for as long as it tells of no change. May be called from any
+// thread.
+//
+// The events come on the connection that carries the questions. The smallest question that there is goes ahead of
+// every answer: its reply has all events before it of what the server has done until then, whoever asked for it, so
+// that an answer from here is as fresh as one that was asked for, at a twentieth of the requests.
+class X11ActiveWindowCache {
+public:
+    // How to ask the server; nothing when no window is active, or the window is gone.
+    struct Questions {
+        std::function<std::optional<std::uint32_t>()> activeWindow;
+        std::function<std::optional<WindowDescription>(std::uint32_t window)> description;
+    };
+
+    // The connection outlives the cache.
+    X11ActiveWindowCache(X11Connection& connection, Questions questions);
+    X11ActiveWindowCache(const X11ActiveWindowCache&) = delete;
+    X11ActiveWindowCache& operator=(const X11ActiveWindowCache&) = delete;
+
+    std::optional<std::uint32_t> activeWindow();
+    // Of any window; kept for the active one.
+    std::optional<WindowDescription> describe(std::uint32_t window);
+    // Both at once.
+    std::optional<WindowDescription> describeActiveWindow();
+
+    // Takes what the server has told meanwhile, without waiting for it. For whoever knows that there may be something,
+    // lest it pile up while nobody asks.
+    void takeEvents();
+
+private:
+    void takeAllEvents();
+    void takeQueuedEvents();
+    void takeEvent(const xcb_generic_event_t& event);
+    std::optional<std::uint32_t> knownActiveWindow();
+    std::optional<WindowDescription> knownDescription(std::uint32_t window);
+    [[nodiscard]] bool watch(std::uint32_t window);
+    void unwatch();
+    [[nodiscard]] bool selectEvents(std::uint32_t window, std::uint32_t mask);
+
+    X11Connection& _connection;
+    Questions _questions;
+    std::mutex _mutex;
+    std::uint32_t _activeWindowAtom;
+    std::uint8_t _firstMonitorEvent = 0; // 0 when the server does not tell of monitors
+    // Absent when it has to be asked for.
+    std::optional<std::optional<std::uint32_t>> _activeWindow;
+    std::optional<WindowDescription> _description;
+    // The window that is described and those around it, which move with it; empty when they have to be found again.
+    std::vector<std::uint32_t> _watched;
+};
+
+} // namespace tarragon
