@@ -8,6 +8,7 @@
 #include "platform/Keyboard.h"
 #include "platform/LoginItemList.h"
 #include "platform/NotificationCenter.h"
+#include "platform/Process.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
 
@@ -29,6 +30,7 @@ struct Platform {
     LoginItemList* loginItemList = nullptr; // nullptr where the desktop has none
     std::string bundlePath = {}; // of the running program
     InputEvents* inputEvents = nullptr; // nullptr where the desktop has none
+    Process* process = nullptr; // nullptr where the system tells nothing of it
 };
 
 } // namespace tarragon

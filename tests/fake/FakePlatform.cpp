@@ -13,7 +13,8 @@ Platform FakePlatform::platform() {
         .runLoop = runLoop,
         .notificationCenter = notificationCenter,
         .keyboard = &keyboard,
-        .inputEvents = &inputEvents};
+        .inputEvents = &inputEvents,
+        .process = &process};
 }
 
 FakeApplication FakePlatform::addApplication(const std::string& name) {

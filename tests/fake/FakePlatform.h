@@ -8,6 +8,7 @@
 #include "fake/FakeInputEvents.h"
 #include "fake/FakeKeyboard.h"
 #include "fake/FakeMenuPresenter.h"
+#include "fake/FakeProcess.h"
 #include "fake/FakeRunLoop.h"
 #include "fake/FakeWorkspace.h"
 #include "platform/Platform.h"
@@ -46,6 +47,7 @@ public:
     FakeHotKeys hotKeys;
     FakeKeyboard keyboard;
     FakeInputEvents inputEvents;
+    FakeProcess process;
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;
