@@ -56,7 +56,7 @@ int main(int argumentCount, char** arguments) {
     QApplication::setApplicationName("Tarragon");
 
     HurriedRunLoop runLoop;
-    QtDisplays qtDisplays;
+    QtDisplays qtDisplays(runLoop);
     X11Displays displays(qtDisplays, *connection);
     NotificationCenter notificationCenter;
     X11Windows windows(*connection);

@@ -82,7 +82,7 @@ public:
 private:
     std::unique_ptr<X11Connection> _connection;
     QtRunLoop _runLoop;
-    QtDisplays _qtDisplays;
+    QtDisplays _qtDisplays{_runLoop};
     X11Displays _displays;
     NotificationCenter _notificationCenter;
     X11Windows _windows;

@@ -6,6 +6,9 @@
 #include <cstring>
 #include <memory>
 
+#include <sys/uio.h>
+#include <xcb/randr.h>
+#include <xcb/xcbext.h>
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
@@ -202,6 +205,86 @@ std::vector<int> X11Client::takeEvents() {
 int X11Client::countEvents(int kind) {
     const std::vector<int> kinds = takeEvents();
     return static_cast<int>(std::ranges::count(kinds, kind));
+}
+
+void X11Client::setMonitors(const std::vector<X11ClientMonitor>& monitors) {
+    std::vector<xcb_atom_t> names;
+    for (std::size_t index = 0; index < monitors.size(); ++index)
+        names.push_back(atom("SUPPORT-" + std::to_string(++_countOfMonitors)));
+    xcb_grab_server(_connection);
+    for (const xcb_atom_t name : _monitors)
+        xcb_randr_delete_monitor(_connection, root(), name);
+    for (std::size_t index = 0; index < monitors.size(); ++index)
+        setMonitor(names[index], monitors[index], index == 0);
+    xcb_ungrab_server(_connection);
+    _monitors = names;
+    synchronize();
+}
+
+// The library's own function for this request gets its length wrong, so the request is put together here. The first two
+// parts are the library's. The server's output is a monitor of its own unless one of ours claims it.
+void X11Client::setMonitor(xcb_atom_t name, const X11ClientMonitor& monitor, bool claimOutput) {
+    const auto resources = owned(xcb_randr_get_screen_resources_current_reply(
+        _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
+    xcb_randr_output_t output = xcb_randr_get_screen_resources_current_outputs(resources.get())[0];
+    xcb_randr_monitor_info_t info{};
+    info.name = name;
+    info.primary = monitor.primary;
+    info.nOutput = claimOutput ? 1 : 0;
+    info.x = monitor.x;
+    info.y = monitor.y;
+    info.width = monitor.width;
+    info.height = monitor.height;
+    info.width_in_millimeters = monitor.width / 4U;
+    info.height_in_millimeters = monitor.height / 4U;
+
+    constexpr std::uint8_t SetMonitor = 43;
+    xcb_randr_set_monitor_request_t request{};
+    request.window = root();
+    std::array<iovec, 5> parts{};
+    parts[2] = {&request, sizeof request};
+    parts[3] = {&info, sizeof info};
+    parts[4] = {&output, claimOutput ? sizeof output : 0};
+    xcb_protocol_request_t description{};
+    description.count = 3;
+    description.ext = &xcb_randr_id;
+    description.opcode = SetMonitor;
+    description.isvoid = 1;
+    xcb_send_request(_connection, 0, &parts[2], &description);
+}
+
+xcb_atom_t X11Client::addMonitor(const X11ClientMonitor& monitor) {
+    const xcb_atom_t name = atom("SUPPORT-" + std::to_string(++_countOfMonitors));
+    setMonitor(name, monitor, false);
+    synchronize();
+    return name;
+}
+
+void X11Client::removeMonitor(xcb_atom_t name) {
+    xcb_randr_delete_monitor(_connection, root(), name);
+    synchronize();
+}
+
+bool X11Client::setMode(std::uint16_t width, std::uint16_t height) {
+    const std::string name = std::to_string(width) + "x" + std::to_string(height) + "-support";
+    xcb_randr_mode_info_t mode{};
+    mode.width = width;
+    mode.height = height;
+    mode.name_len = static_cast<std::uint16_t>(name.size());
+    const auto created = owned(xcb_randr_create_mode_reply(
+        _connection, xcb_randr_create_mode(_connection, root(), mode, mode.name_len, name.c_str()), nullptr));
+    const auto resources = owned(xcb_randr_get_screen_resources_current_reply(
+        _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
+    if (!created || !resources)
+        return false;
+    const xcb_randr_output_t output = xcb_randr_get_screen_resources_current_outputs(resources.get())[0];
+    const xcb_randr_crtc_t crtc = xcb_randr_get_screen_resources_current_crtcs(resources.get())[0];
+    xcb_randr_add_output_mode(_connection, output, created->mode);
+    const auto reply = owned(xcb_randr_set_crtc_config_reply(_connection,
+        xcb_randr_set_crtc_config(_connection, crtc, XCB_CURRENT_TIME, resources->config_timestamp, 0, 0, created->mode,
+            XCB_RANDR_ROTATION_ROTATE_0, 1, &output),
+        nullptr));
+    return reply && reply->status == XCB_RANDR_SET_CONFIG_SUCCESS;
 }
 
 void X11Client::synchronize() {

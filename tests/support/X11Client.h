@@ -17,6 +17,14 @@ struct X11ClientWindow {
     std::uint32_t events = 0; // an event mask
 };
 
+struct X11ClientMonitor {
+    std::int16_t x = 0;
+    std::int16_t y = 0;
+    std::uint16_t width = 0;
+    std::uint16_t height = 0;
+    bool primary = false;
+};
+
 // Another program on an X server, by plain requests. It also plays the user. Every operation returns after the server
 // has done it.
 class X11Client {
@@ -61,13 +69,24 @@ public:
 
     void synchronize();
 
+    // Makes these monitors in the place of those that it has made before; none gives the server its own one back. Each
+    // has a name of its own, never used before. All at once for everybody who looks.
+    void setMonitors(const std::vector<X11ClientMonitor>& monitors);
+    xcb_atom_t addMonitor(const X11ClientMonitor& monitor);
+    void removeMonitor(xcb_atom_t name);
+    // Gives the server's own output a mode of this size. False when it refuses.
+    bool setMode(std::uint16_t width, std::uint16_t height);
+
 private:
+    void setMonitor(xcb_atom_t name, const X11ClientMonitor& monitor, bool claimOutput);
     std::vector<std::uint16_t> pointers();
     void change(const std::vector<std::uint32_t>& change);
     void fake(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0);
 
     xcb_connection_t* _connection;
     const xcb_screen_t* _screen;
+    std::vector<xcb_atom_t> _monitors;
+    int _countOfMonitors = 0;
 };
 
 } // namespace tarragon

@@ -89,7 +89,7 @@ protected:
 
     OtherClient _user;
     QtRunLoop _runLoop;
-    QtDisplays _displays;
+    QtDisplays _displays{_runLoop};
     NotificationCenter _notificationCenter;
     std::shared_ptr<Target> _target = std::make_shared<Target>();
     std::shared_ptr<Menu> _root = std::make_shared<Menu>("root");

@@ -71,7 +71,8 @@ TEST(PauseOnX11, RepaintsAWindowThatIsUncoveredAndLeavesInputForLater) {
 
 TEST(QtDisplaysOnX11, FollowsThePointer) {
     OtherClient user;
-    QtDisplays displays;
+    QtRunLoop runLoop;
+    QtDisplays displays(runLoop);
     user.movePointer(12, 34);
     EXPECT_EQ(displays.mouseLocationNS(), (Point{12, 800 - 34}));
     EXPECT_EQ(displays.mainDisplayBoundsCG(), (Rect{{0, 0}, {1000, 800}}));

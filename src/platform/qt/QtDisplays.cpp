@@ -1,6 +1,9 @@
 #include "platform/qt/QtDisplays.h"
 
 #include "platform/qt/QtScreenGeometry.h"
+#include "platform/qt/QtScreenWatch.h"
+
+#include <utility>
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -23,6 +26,11 @@ Rect primaryGeometry() {
 
 } // namespace
 
+QtDisplays::QtDisplays(RunLoop& runLoop)
+    : _runLoop(runLoop) { }
+
+QtDisplays::~QtDisplays() = default;
+
 std::vector<Screen> QtDisplays::screens() {
     // While no screen is connected Qt has one of its own making, without a size.
     std::vector<QtScreenGeometry> found;
@@ -41,6 +49,12 @@ Rect QtDisplays::mainDisplayBoundsCG() {
 Point QtDisplays::mouseLocationNS() {
     const QPoint position = QCursor::pos();
     return pointNSFromQt({static_cast<double>(position.x()), static_cast<double>(position.y())}, primaryGeometry());
+}
+
+void QtDisplays::installReconfigurationHandler(std::function<void(std::uint32_t flags)> handler) {
+    if (!_watch)
+        _watch = std::make_unique<QtScreenWatch>(_runLoop);
+    _watch->addHandler(std::move(handler));
 }
 
 } // namespace tarragon

@@ -240,7 +240,7 @@ private:
     // The settings and hot keys are beside the point here.
     FakePlatform _fake;
     QtRunLoop _runLoop;
-    QtDisplays _qtDisplays;
+    QtDisplays _qtDisplays{_runLoop};
     X11Displays _displays;
     X11Windows _windows;
     DesktopEntries _desktopEntries;

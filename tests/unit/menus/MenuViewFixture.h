@@ -54,6 +54,7 @@ protected:
         std::vector<Screen> screens() override;
         Rect mainDisplayBoundsCG() override;
         Point mouseLocationNS() override { return {}; }
+        void installReconfigurationHandler(std::function<void(std::uint32_t)>) override { }
     };
 
     MenuViewFixture();

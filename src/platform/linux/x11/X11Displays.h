@@ -2,6 +2,9 @@
 
 #include "platform/Displays.h"
 
+#include <cstdint>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace tarragon {
@@ -21,6 +24,9 @@ public:
     std::vector<Screen> screens() override;
     Rect mainDisplayBoundsCG() override { return _displays.mainDisplayBoundsCG(); }
     Point mouseLocationNS() override { return _displays.mouseLocationNS(); }
+    void installReconfigurationHandler(std::function<void(std::uint32_t flags)> handler) override {
+        _displays.installReconfigurationHandler(std::move(handler));
+    }
 
 private:
     Displays& _displays;

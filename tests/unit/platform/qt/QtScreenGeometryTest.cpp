@@ -1,6 +1,7 @@
 #include "platform/qt/QtScreenGeometry.h"
 
 #include "platform/qt/QtDisplays.h"
+#include "platform/qt/QtRunLoop.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,8 @@ TEST(QtScreenGeometry, KeepsThePrimaryScreenFirst) {
 }
 
 TEST(QtDisplays, KnowsTheScreenWithoutADisplay) {
-    QtDisplays displays;
+    QtRunLoop runLoop;
+    QtDisplays displays(runLoop);
     ASSERT_EQ(displays.screens().size(), 1U);
     EXPECT_EQ(displays.screens().front().frameNS, rect(0, 0, 800, 800));
     EXPECT_EQ(displays.mainDisplayBoundsCG(), rect(0, 0, 800, 800));

@@ -1,0 +1,40 @@
+#include "platform/qt/ScreenConfiguration.h"
+
+#include "platform/Displays.h"
+
+#include <algorithm>
+
+namespace tarragon {
+
+namespace {
+
+const ConfiguredScreen* screenOfName(const ScreenConfiguration& screens, const std::string& name) {
+    const auto found = std::ranges::find(screens, name, &ConfiguredScreen::name);
+    return found == screens.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+std::uint32_t reconfigurationFlags(const ScreenConfiguration& before, const ScreenConfiguration& after) {
+    std::uint32_t flags = 0;
+    for (const ConfiguredScreen& screen : before) {
+        if (!screenOfName(after, screen.name))
+            flags |= displayReconfiguration::Removed;
+    }
+    for (const ConfiguredScreen& screen : after) {
+        const ConfiguredScreen* old = screenOfName(before, screen.name);
+        if (!old) {
+            flags |= displayReconfiguration::Added;
+            continue;
+        }
+        if (old->frame.origin != screen.frame.origin)
+            flags |= displayReconfiguration::Moved;
+        if (old->frame.size != screen.frame.size)
+            flags |= displayReconfiguration::SetMode;
+    }
+    if (!before.empty() && !after.empty() && before.front().name != after.front().name)
+        flags |= displayReconfiguration::SetMain;
+    return flags;
+}
+
+} // namespace tarragon
