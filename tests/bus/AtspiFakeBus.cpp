@@ -144,6 +144,16 @@ void AtspiFakeApplication::acceptDirect() {
 
 void AtspiFakeApplication::serve() {
     while (true) {
+        std::vector<sd_bus_message*> late;
+        {
+            const std::lock_guard lock(_mutex);
+            if (answersLate && !isSilent)
+                late.swap(_unanswered);
+        }
+        for (sd_bus_message* message : late) {
+            answer(message);
+            sd_bus_message_unref(message);
+        }
         std::vector<sd_bus*> buses{_bus};
         std::vector<pollfd> descriptors{{_stopPipe[0], POLLIN, 0}};
         {
@@ -260,7 +270,7 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
     } else if (member == "GetMatches" && searches) {
         answerMatches(message, object);
     } else if (member == "GetName") {
-        sd_bus_reply_method_return(message, "s", "click");
+        sd_bus_reply_method_return(message, "s", object.actionName.c_str());
     } else if (member == "GetChildren") {
         sd_bus_message* reply = nullptr;
         sd_bus_message_new_method_return(message, &reply);
@@ -290,7 +300,8 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         else if (name == "NActions")
             sd_bus_reply_method_return(message, "v", "i", 1);
         else if (name == "ChildCount")
-            sd_bus_reply_method_return(message, "v", "i", static_cast<std::int32_t>(object.children.size()));
+            sd_bus_reply_method_return(
+                message, "v", "i", static_cast<std::int32_t>(object.children.size()) + object.extraChildCount);
         else if (name == "ToolkitName")
             sd_bus_reply_method_return(message, "v", "s", toolkit.c_str());
         else if (name == "Parent")

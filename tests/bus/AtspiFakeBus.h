@@ -43,6 +43,8 @@ struct FakeAccessible {
     int height = 40;
     bool hasAction = true; // can be asked for the key binding of one
     int top = 20;
+    std::string actionName = "click"; // not translated
+    int extraChildCount = 0; // counts so many children more than it lists
 };
 
 // An application on the bus: accessible objects as plain records, served by a thread of their own, with the faults
@@ -75,6 +77,7 @@ public:
     std::vector<std::pair<std::string, std::string>> foreignChildren; // of the root: bus name and path
     std::string toolkit = "gtk";
     bool isSilent = false; // reads, and answers nothing
+    bool answersLate = false; // what it has read while it was silent, once it is not silent any more
     bool searches = true; // answers which objects match a rule
     bool answersNonsense = false; // replies of other types than announced
     std::function<void(const std::string& path)> beforeReply; // to a call for that object

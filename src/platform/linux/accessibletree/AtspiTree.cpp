@@ -93,6 +93,24 @@ Value AtspiTree::attributeValue(const Element& element, std::string_view attribu
     return attributeOfNode(_nodes.fetch(_connection, handle.reference, fields), handle.place, attribute);
 }
 
+std::optional<std::int64_t> AtspiTree::childCount(const AtspiElement& element) {
+    if (element.kind == Kind::ItemMenu)
+        return childCount(element.reference);
+    const AtspiNode& node = _nodes.fetch(_connection, element.reference, AtspiFieldRole | AtspiFieldChildCount);
+    if (!node.role)
+        return {};
+    if (isLeaf(node, element.toolkit))
+        return 0;
+    if (hasImpliedMenu(node, element.place))
+        return 1;
+    return childCount(element.reference);
+}
+
+std::optional<std::int64_t> AtspiTree::childCount(const AtspiReference& container) {
+    const auto count = _nodes.fetch(_connection, container, AtspiFieldChildCount).childCount;
+    return count && *count >= 0 ? count : std::nullopt;
+}
+
 std::optional<std::vector<std::string>> AtspiTree::actionNames(const AtspiElement& element) {
     constexpr const char* interface = "org.a11y.atspi.Action";
     constexpr std::int64_t limit = 50;

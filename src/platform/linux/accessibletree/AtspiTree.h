@@ -35,6 +35,10 @@ public:
     std::optional<std::vector<Element>> children(const Element& element);
     // Children of an object that has no element of its own: those of a window's frame.
     std::optional<std::vector<Element>> children(const Element& parent, const AtspiReference& container);
+    // How many children there are, without asking which. Those that are not to be seen count as well: items that the
+    // application hides, and tear-offs. Nothing when the object does not answer.
+    std::optional<std::int64_t> childCount(const AtspiElement& element);
+    std::optional<std::int64_t> childCount(const AtspiReference& container);
     // The names of its actions, not translated.
     std::optional<std::vector<std::string>> actionNames(const AtspiElement& element);
 

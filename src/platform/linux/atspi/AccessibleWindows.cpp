@@ -3,6 +3,7 @@
 #include "platform/AccessibilityNames.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tarragon {
 
@@ -10,6 +11,9 @@ namespace {
 
 constexpr std::string_view Subrole = "AXSubrole";
 constexpr std::string_view Minimized = "AXMinimized";
+constexpr std::array WindowAttributes{attribute::Role, Subrole, attribute::RoleDescription, attribute::Title,
+    attribute::Position, attribute::Size, attribute::FullScreen, Minimized, attribute::Focused, attribute::Parent,
+    attribute::Children};
 
 std::string_view windowSubrole(WindowKind kind) {
     switch (kind) {
@@ -73,6 +77,14 @@ std::vector<WindowDescription> AccessibleWindows::windowsOfApplication(
     return result;
 }
 
+std::vector<WindowDescription> AccessibleWindows::windowsByActivation(std::int64_t processIdentifier) {
+    std::vector<WindowDescription> result = _windows.describe(_windows.windowsByActivation());
+    std::erase_if(result, [processIdentifier](const WindowDescription& description) {
+        return description.processIdentifier != processIdentifier;
+    });
+    return result;
+}
+
 std::optional<WindowDescription> AccessibleWindows::focusedWindow(
     std::int64_t processIdentifier, std::uint32_t window) {
     if (processIdentifier != 0) {
@@ -93,12 +105,11 @@ std::string AccessibleWindows::applicationName(const WindowDescription& window) 
 }
 
 std::vector<std::string> AccessibleWindows::attributeNamesOfWindow() {
-    std::vector<std::string> names;
-    for (const std::string_view name :
-        {attribute::Role, Subrole, attribute::RoleDescription, attribute::Title, attribute::Position, attribute::Size,
-            attribute::FullScreen, Minimized, attribute::Focused, attribute::Parent, attribute::Children})
-        names.emplace_back(name);
-    return names;
+    return {WindowAttributes.begin(), WindowAttributes.end()};
+}
+
+bool AccessibleWindows::windowHasAttribute(std::string_view attribute) {
+    return std::ranges::find(WindowAttributes, attribute) != WindowAttributes.end();
 }
 
 Value AccessibleWindows::attributeOfWindow(const WindowDescription& window, std::string_view attribute) {
@@ -109,7 +120,7 @@ Value AccessibleWindows::attributeOfWindow(const WindowDescription& window, std:
     if (attribute == attribute::RoleDescription)
         return std::string(windowRoleDescription(window.kind));
     if (attribute == attribute::Title)
-        return window.title.empty() ? Value{} : Value{window.title};
+        return window.title;
     if (attribute == attribute::Position)
         return window.frameCG.origin;
     if (attribute == attribute::Size)

@@ -29,13 +29,17 @@ public:
     // The windows of a process, topmost first. A window that does not tell its process stands for itself: process 0
     // and that window.
     std::vector<WindowDescription> windowsOfApplication(std::int64_t processIdentifier, std::uint32_t window);
+    // The windows of a process in the order in which they were last active, the latest first.
+    std::vector<WindowDescription> windowsByActivation(std::int64_t processIdentifier);
     // The active window when it is the application's, else its topmost one that is not minimised.
     std::optional<WindowDescription> focusedWindow(std::int64_t processIdentifier, std::uint32_t window);
     std::string applicationName(const WindowDescription& window);
 
-    // Everything about a window but its parent and children.
+    // Everything about a window but its parent and children. The title is never nil: the window system makes no
+    // difference between a window without a name and one with an empty name.
     Value attributeOfWindow(const WindowDescription& window, std::string_view attribute);
     static std::vector<std::string> attributeNamesOfWindow();
+    static bool windowHasAttribute(std::string_view attribute);
     static bool isSettable(std::string_view attribute);
     bool setAttributeOfWindow(std::uint32_t window, std::string_view attribute, const Value& value);
     bool raise(std::uint32_t window) { return _windows.raise(window); }

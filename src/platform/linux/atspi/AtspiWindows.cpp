@@ -1,21 +1,21 @@
 #include "platform/linux/atspi/AtspiWindows.h"
 
+#include "platform/Log.h"
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
 #include "platform/linux/accessibletree/AtspiRole.h"
+#include "platform/linux/atspi/MenuBarSearch.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <string>
 
 namespace tarragon {
 
 namespace {
 
-// A menu bar lies near the top of its window's tree: eight steps down in the deepest case known.
-constexpr int DepthLimit = 14;
-constexpr std::size_t NodeLimit = 3000;
-// One object with more children than this holds contents.
-constexpr std::size_t SiblingLimit = 300;
 constexpr std::size_t FrameLimit = 200;
+// Dialogs and palettes that are open at the same time are few; a window with more objects than this is searched anew.
+constexpr std::size_t FramesWithoutMenuBarLimit = 16;
+constexpr std::size_t SearchedLimit = 500;
 
 bool isMenuBarRole(std::uint32_t role) {
     return role == AtspiRoleMenuBar;
@@ -29,6 +29,20 @@ AtspiWindows::Remembered AtspiWindows::remembered(std::uint32_t window, const At
         return {};
     const auto menuBar = _menuBars.find(frame->second);
     return {frame->second, menuBar != _menuBars.end() ? std::optional(menuBar->second) : std::nullopt};
+}
+
+AtspiNodes::Wanted AtspiWindows::wantedOf(const Remembered& remembered) const {
+    AtspiNodes::Wanted wanted;
+    if (!remembered.frame)
+        return wanted;
+    wanted.emplace_back(*remembered.frame, AtspiFieldRole);
+    if (remembered.menuBar) {
+        wanted.emplace_back(*remembered.menuBar, AtspiFieldRole);
+    } else if (const FrameWithoutMenuBar* known = withoutMenuBar(*remembered.frame)) {
+        for (const auto& [container, childCount] : known->searched)
+            wanted.emplace_back(container, AtspiFieldChildCount);
+    }
+    return wanted;
 }
 
 std::optional<AtspiReference> AtspiWindows::frame(std::uint32_t window, const AtspiApplication& application,
@@ -60,9 +74,15 @@ std::optional<AtspiReference> AtspiWindows::frame(std::uint32_t window, const At
             node.has(AtspiState::Visible), node.extents});
         references.push_back(child);
     }
-    const auto match = matchingFrame(frames, query());
-    if (!match)
+    const AtspiFrameQuery looked = query();
+    const auto match = matchingFrame(frames, looked);
+    if (!match) {
+        log(LogCategory::Accessibility, [&] {
+            return "no frame for window " + std::to_string(window) + " \"" + looked.title + "\" among the "
+                + std::to_string(children.size()) + " objects of " + application.root.busName;
+        });
         return {};
+    }
     if (match->certain)
         _frames[window] = references[match->index];
     return references[match->index];
@@ -74,64 +94,67 @@ std::optional<AtspiReference> AtspiWindows::menuBar(const AtspiReference& frame,
             return remembered->second;
         _menuBars.erase(remembered);
     }
-    auto found = findMenuBar(frame);
-    if (found)
-        _menuBars[frame] = *found;
-    return found;
+    if (const FrameWithoutMenuBar* known = withoutMenuBar(frame)) {
+        if (isUnchanged(*known, nodes))
+            return {};
+        std::erase_if(_withoutMenuBar, [&](const FrameWithoutMenuBar& each) { return each.frame == frame; });
+    }
+    return search(frame);
 }
 
 void AtspiWindows::forget() {
     _frames.clear();
     _menuBars.clear();
+    _withoutMenuBar.clear();
 }
 
-std::optional<AtspiReference> AtspiWindows::findMenuBar(const AtspiReference& frame) {
+std::optional<AtspiReference> AtspiWindows::search(const AtspiReference& frame) {
     AtspiNodes nodes;
-    std::unordered_set<AtspiReference, AtspiReferenceHash> seen{frame};
-    std::vector<AtspiReference> level{frame};
-    for (int depth = 0; depth < DepthLimit && !level.empty(); ++depth) {
-        AtspiNodes::Wanted wanted;
-        for (const AtspiReference& container : level)
-            wanted.emplace_back(container, AtspiFieldChildren);
-        nodes.fetch(_connection, wanted);
-
-        std::vector<AtspiReference> candidates;
-        for (const AtspiReference& container : level) {
-            const auto& children = nodes.at(container).children;
-            if (!children)
-                continue;
-            const std::size_t count = std::min(children->size(), SiblingLimit);
-            for (std::size_t index = 0; index < count && seen.size() < NodeLimit; ++index) {
-                const AtspiReference& child = (*children)[index];
-                if (seen.insert(child).second)
-                    candidates.push_back(child);
-            }
-        }
-        wanted.clear();
-        for (const AtspiReference& candidate : candidates)
-            wanted.emplace_back(candidate, AtspiFieldRole | AtspiFieldStates);
-        nodes.fetch(_connection, wanted);
-
-        std::optional<AtspiReference> found;
-        level.clear();
-        for (const AtspiReference& candidate : candidates) {
-            const AtspiNode& node = nodes.at(candidate);
-            if (!node.role)
-                continue;
-            if (isMenuBarRole(*node.role)) {
-                // A hidden one serves as well, when there is no other.
-                if (node.has(AtspiState::Visible))
-                    return candidate;
-                if (!found)
-                    found = candidate;
-            }
-            if (mayContainMenuBar(*node.role))
-                level.push_back(candidate);
-        }
-        if (found)
-            return found;
+    MenuBarSearch search(_connection, nodes);
+    const auto found = search.run(frame);
+    if (found) {
+        _menuBars[frame] = *found;
+        return found;
     }
+    log(LogCategory::Accessibility, [&] {
+        return "no menu bar in frame " + frame.path + " of " + frame.busName + ", searched "
+            + std::to_string(search.containers().size()) + " objects";
+    });
+    rememberWithoutMenuBar(frame, search.containers(), nodes);
     return {};
+}
+
+const AtspiWindows::FrameWithoutMenuBar* AtspiWindows::withoutMenuBar(const AtspiReference& frame) const {
+    const auto found = std::ranges::find(_withoutMenuBar, frame, &FrameWithoutMenuBar::frame);
+    return found != _withoutMenuBar.end() ? &*found : nullptr;
+}
+
+bool AtspiWindows::isUnchanged(const FrameWithoutMenuBar& known, AtspiNodes& nodes) {
+    AtspiNodes::Wanted wanted;
+    for (const auto& [container, childCount] : known.searched)
+        wanted.emplace_back(container, AtspiFieldChildCount);
+    nodes.fetch(_connection, wanted);
+    return std::ranges::all_of(known.searched, [&](const auto& searched) {
+        return nodes.at(searched.first).childCount == static_cast<std::int64_t>(searched.second);
+    });
+}
+
+void AtspiWindows::rememberWithoutMenuBar(
+    const AtspiReference& frame, const std::vector<AtspiReference>& searched, AtspiNodes& nodes) {
+    if (searched.size() > SearchedLimit)
+        return;
+    // An object that counts other children than it has listed was searched in vain, or changes at this moment.
+    FrameWithoutMenuBar result{frame, {}};
+    nodes.fetch(_connection, AtspiNodes::wanted(searched, AtspiFieldChildCount));
+    for (const AtspiReference& container : searched) {
+        const AtspiNode& node = nodes.at(container);
+        if (!node.children || node.childCount != static_cast<std::int64_t>(node.children->size()))
+            return;
+        result.searched.emplace_back(container, node.children->size());
+    }
+    _withoutMenuBar.push_back(std::move(result));
+    if (_withoutMenuBar.size() > FramesWithoutMenuBarLimit)
+        _withoutMenuBar.pop_front();
 }
 
 bool AtspiWindows::hasRole(const AtspiReference& reference, bool (*isExpected)(std::uint32_t), AtspiNodes& nodes) {

@@ -1,25 +1,32 @@
 #pragma once
 
 #include "platform/Accessibility.h"
-#include "platform/linux/accessibilitybus/AtspiConnection.h"
-#include "platform/linux/accessibletree/AtspiMenuMemory.h"
 #include "platform/linux/atspi/AccessibleWindows.h"
+#include "platform/linux/atspi/ApplicationElements.h"
+#include "platform/linux/atspi/AtspiClients.h"
+#include "platform/linux/atspi/MenuBars.h"
+#include "platform/linux/atspi/NodeElements.h"
+#include "platform/linux/atspi/SystemWideElements.h"
+#include "platform/linux/atspi/WindowContents.h"
+#include "platform/linux/atspi/WindowElements.h"
+#include "platform/linux/windows/MenuBarSource.h"
 
-#include <memory>
-#include <thread>
+#include <unistd.h>
 
 namespace tarragon {
 
-class AtspiElement;
-struct AtspiApplication;
-
-// The accessibility interface over AT-SPI and the X server. Applications and windows are the X server's; menu bars,
-// menus and everything within a window are AT-SPI's. One connection to the accessibility bus serves the thread that
-// made this object, another, guarded, all other threads.
-class LinuxAccessibility final : public Accessibility {
+// The accessibility interface over AT-SPI and the window system. Applications and windows are the window system's;
+// menu bars, menus and everything within a window are AT-SPI's. One connection to the accessibility bus serves the
+// thread that made this object, another, guarded, all other threads.
+//
+// What the window system alone can answer never waits for an application, for the accessibility bus or for another
+// thread that waits for these: all but the menu bar and the children of an application, and all but the children of a
+// window.
+class LinuxAccessibility final : public Accessibility, public MenuBarSource {
 public:
-    LinuxAccessibility(WindowSource& windows, ApplicationDirectory& applications);
-    ~LinuxAccessibility() override;
+    // Never asks its own process over the bus.
+    LinuxAccessibility(
+        WindowSource& windows, ApplicationDirectory& applications, std::int64_t ownProcessIdentifier = ::getpid());
 
     bool isEnabled() override;
     bool isTrusted() override;
@@ -45,33 +52,24 @@ public:
     void endReadBatch() override;
     void readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) override;
 
+    std::uint32_t windowWithMenuBar(std::uint32_t window) override;
+
     // What the calling thread's connection has sent so far.
     AtspiStatistics statistics();
 
 private:
-    struct Client;
-    struct Batch;
-    struct KnownFocus;
-    class Operation;
+    // nullptr for nil and for elements of other back ends.
+    ElementsOfKind* kindOf(const Element& element);
 
-    Client& clientOfThread();
-
-    // Of the desktop itself, of applications and windows.
-    Value attributeOutsideTree(Operation& operation, const Element& element, std::string_view attribute);
-    Value attributeOfApplication(Operation& operation, const AtspiElement& application, std::string_view attribute);
-    Value attributeOfWindow(Operation& operation, const Element& element, std::string_view attribute);
-    std::optional<WindowDescription> focusedWindow(Operation& operation, const AtspiElement& application);
-    std::optional<AtspiReference> frameOf(
-        Operation& operation, const WindowDescription& window, const AtspiApplication& application);
-    Element menuBarOfApplication(Operation& operation, const AtspiElement& application);
-    Element elementInWindow(Operation& operation, const WindowDescription& window, const Point& pointCG);
-    bool performPress(Operation& operation, const AtspiElement& element);
-
+    const std::int64_t _ownProcessIdentifier;
     AccessibleWindows _windows;
-    std::thread::id _mainThread;
-    AtspiMenuMemory _memory;
-    std::unique_ptr<Client> _mainClient;
-    std::unique_ptr<Client> _otherClient;
+    AtspiClients _clients;
+    WindowContents _contents{_windows};
+    MenuBars _menuBars{_windows, _contents};
+    SystemWideElements _systemWide{_windows};
+    ApplicationElements _applications{_windows, _clients, _menuBars};
+    WindowElements _windowElements{_windows, _clients, _contents};
+    NodeElements _nodes{_clients};
 };
 
 } // namespace tarragon

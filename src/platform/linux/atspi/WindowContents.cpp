@@ -1,0 +1,62 @@
+#include "platform/linux/atspi/WindowContents.h"
+
+#include "platform/linux/atspi/AccessibleWindows.h"
+#include "platform/linux/atspi/AtspiOperation.h"
+#include "platform/linux/atspi/LinuxElements.h"
+
+namespace tarragon {
+
+namespace {
+
+// Objects within objects under one point.
+constexpr int HitTestLimit = 40;
+
+} // namespace
+
+std::optional<AtspiReference> WindowContents::frame(
+    AtspiOperation& operation, const WindowDescription& window, const AtspiApplication& application) {
+    return operation.windows().frame(window.identifier, application, operation.nodes(), [&] {
+        return AtspiFrameQuery{window.title, _windows.isActive(window.identifier), window.frameCG};
+    });
+}
+
+std::optional<std::vector<Element>> WindowContents::children(
+    AtspiOperation& operation, const WindowDescription& window) {
+    const auto application = operation.application(window.processIdentifier);
+    const auto found = application ? frame(operation, window, *application) : std::nullopt;
+    if (!found)
+        return std::vector<Element>{};
+    auto parent = nodeInWindow(window, *application, operation.busIdentity(), *found);
+    parent->kind = AtspiElement::Kind::Window;
+    return operation.tree().children(Element(std::move(parent)), *found);
+}
+
+std::optional<std::int64_t> WindowContents::childCount(AtspiOperation& operation, const WindowDescription& window) {
+    const auto application = operation.application(window.processIdentifier);
+    const auto found = application ? frame(operation, window, *application) : std::nullopt;
+    return found ? operation.tree().childCount(*found) : std::optional<std::int64_t>(0);
+}
+
+Element WindowContents::elementAtPosition(
+    AtspiOperation& operation, const WindowDescription& window, const Point& pointCG) {
+    const auto application = operation.application(window.processIdentifier);
+    const auto outermost = application ? frame(operation, window, *application) : std::nullopt;
+    if (!outermost)
+        return {};
+    // The window contains the point, so it is one of the screen.
+    const AtspiScreenPoint point{static_cast<std::int32_t>(pointCG.x), static_cast<std::int32_t>(pointCG.y)};
+    AtspiReference innermost = *outermost;
+    for (int step = 0; step < HitTestLimit; ++step) {
+        std::optional<AtspiReference> inner;
+        operation.connection().run({{innermost, "org.a11y.atspi.Component", "GetAccessibleAtPoint", point,
+            [&inner](AtspiReply& reply) { inner = reply.readReference(); }}});
+        if (!inner || inner->isNull() || *inner == innermost)
+            break;
+        innermost = *inner;
+    }
+    if (innermost == *outermost)
+        return {};
+    return Element(nodeInWindow(window, *application, operation.busIdentity(), innermost));
+}
+
+} // namespace tarragon
