@@ -39,7 +39,7 @@ MeasuredReader::MeasuredReader(const std::string& name, int process)
     , _chosen(_linuxAccessibility, _linuxAccessibility.applicationElement(process)) {
     _fake.workspace.setActiveApplication(RunningApplication{name, process, {}, {}});
     const Platform platform{_chosen, _fake.workspace, _fake.displays, _fake.hotKeys, _fake.defaults, _fake.runLoop,
-        _fake.notificationCenter};
+        _fake.notificationCenter, _fake.menuInput};
     _reader = AppAccessibility::initWithFocusedApp(platform, std::make_unique<CalledFillings>(_fills));
     if (!_reader)
         throw std::runtime_error(name + " cannot be reached");

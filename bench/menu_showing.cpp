@@ -4,6 +4,7 @@
 #include "Statistics.h"
 
 #include "fake/FakeDisplays.h"
+#include "fake/FakeMenuInput.h"
 #include "menus/MenuView.h"
 #include "mirror/Menu.h"
 #include "mirror/MenuItem.h"
@@ -83,7 +84,8 @@ public:
 private:
     FakeDisplays _displays;
     NotificationCenter _notificationCenter;
-    MenuView _view{_displays, _notificationCenter};
+    FakeMenuInput _menuInput;
+    MenuView _view{_displays, _notificationCenter, _menuInput};
 };
 
 double costOfToolkitsOwn(int items) {

@@ -5,25 +5,14 @@
 #include "app/AppController.h"
 #include "app/AppDelegate.h"
 #include "menus/MenuView.h"
+#include "menus/PopUpInput.h"
 #include "panels/MessagePanels.h"
-#include "platform/linux/atspi/LinuxAccessibility.h"
-#include "platform/linux/desktop/DesktopEntries.h"
-#include "platform/linux/desktop/DesktopLauncher.h"
-#include "platform/linux/desktop/TerminationSignals.h"
-#include "platform/linux/settings/PropertyListDefaults.h"
-#include "platform/linux/x11/QtNativeEvents.h"
-#include "platform/linux/x11/X11Connection.h"
-#include "platform/linux/x11/X11Displays.h"
-#include "platform/linux/x11/X11MenuInput.h"
-#include "platform/linux/x11/X11Windows.h"
-#include "platform/linux/x11/X11Workspace.h"
-#include "platform/linux/xkb/X11HotKeys.h"
-#include "platform/qt/QtDisplays.h"
-#include "platform/qt/QtRunLoop.h"
+#include "platform/linux/LinuxPlatform.h"
 
-#include <QApplication>
-
+#include <functional>
 #include <iostream>
+#include <memory>
+#include <utility>
 
 #include <malloc.h>
 
@@ -31,9 +20,24 @@ using namespace tarragon;
 
 namespace {
 
-class HurriedRunLoop : public QtRunLoop {
+// Another run loop, but for the pauses.
+class HurriedRunLoop : public RunLoop {
 public:
+    explicit HurriedRunLoop(RunLoop& runLoop)
+        : _runLoop(runLoop) { }
+
+    std::unique_ptr<Timer> scheduleTimer(double seconds, bool repeats, std::function<void()> handler) override {
+        return _runLoop.scheduleTimer(seconds, repeats, std::move(handler));
+    }
     void pause(double) override { }
+    void post(std::function<void()> function) override { _runLoop.post(std::move(function)); }
+    void watchDescriptor(int descriptor, std::function<void()> handler) override {
+        _runLoop.watchDescriptor(descriptor, std::move(handler));
+    }
+    void stop(int exitStatus) override { _runLoop.stop(exitStatus); }
+
+private:
+    RunLoop& _runLoop;
 };
 
 void tellOfSwitch(const Notification& notification, const AppDelegate& delegate) {
@@ -47,41 +51,34 @@ void tellOfSwitch(const Notification& notification, const AppDelegate& delegate)
 
 } // namespace
 
-int main(int argumentCount, char** arguments) {
-    auto connection = X11Connection::connect();
-    if (!connection)
+int main(int, char** arguments) {
+    const auto created = createLinuxPlatform({arguments[0], "Tarragon", "soak"});
+    if (const auto* error = std::get_if<DesktopError>(&created)) {
+        std::cerr << "soak_agent: " << error->message << std::endl;
         return 1;
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    QApplication application(argumentCount, arguments);
-    QApplication::setApplicationName("Tarragon");
+    }
+    DesktopSession& desktop = *std::get<std::unique_ptr<DesktopSession>>(created);
+    const Platform& usual = desktop.platform();
+    HurriedRunLoop runLoop(usual.runLoop);
+    const Platform platform{.accessibility = usual.accessibility,
+        .workspace = usual.workspace,
+        .displays = usual.displays,
+        .hotKeys = usual.hotKeys,
+        .defaults = usual.defaults,
+        .runLoop = runLoop,
+        .notificationCenter = usual.notificationCenter,
+        .menuInput = usual.menuInput};
 
-    HurriedRunLoop runLoop;
-    QtDisplays qtDisplays(runLoop);
-    X11Displays displays(qtDisplays, *connection);
-    NotificationCenter notificationCenter;
-    X11Windows windows(*connection);
-    DesktopEntries desktopEntries;
-    LinuxAccessibility accessibility(windows, desktopEntries);
-    X11Workspace workspace(*connection, windows, desktopEntries, runLoop, openURLDetached);
-    auto* toolkitConnection = static_cast<xcb_connection_t*>(qtX11Connection());
-    X11HotKeys hotKeys(toolkitConnection, connection->rootWindow(), runLoop);
-    PropertyListDefaults defaults(runLoop, PropertyListDefaults::fileOfUser());
-    X11MenuInput menuInput(toolkitConnection);
-    const QtNativeEvents nativeEvents(
-        runLoop, [&](const void* event) { return hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
-        [&](void* event) { return menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); });
-
-    const Platform platform{
-        accessibility, workspace, displays, hotKeys, defaults, runLoop, notificationCenter, nullptr, {}};
-    MenuView menuView(platform.displays, platform.notificationCenter, &menuInput);
+    MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput);
+    const PopUpInput popUpInput(platform.menuInput);
     MessagePanels panels("soak");
     AppDelegate delegate(platform, menuView, panels, {});
-    const TerminationSignals terminationSignals(runLoop, [&] { delegate.terminate(); });
+    desktop.watchTermination([&] { delegate.terminate(); });
     runLoop.post([&] {
         delegate.applicationWillFinishLaunching();
         // After the controller, so that the switch has been handled by then.
-        notificationCenter.addObserver(ZDAppChangeNotifier::ZDAppChanged, nullptr,
+        platform.notificationCenter.addObserver(ZDAppChangeNotifier::ZDAppChanged, nullptr,
             [&](const Notification& notification) { tellOfSwitch(notification, delegate); });
     });
-    return runLoop.run();
+    return desktop.run();
 }

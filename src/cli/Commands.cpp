@@ -70,7 +70,7 @@ int Commands::withReader(const ApplicationChoice& choice, ReadBatchDepth depth, 
     ChosenApplicationAccessibility accessibility(_platform.accessibility, element);
     ChosenApplicationWorkspace workspace(_platform.workspace, *application);
     const Platform chosen{accessibility, workspace, _platform.displays, _platform.hotKeys, _platform.defaults,
-        _platform.runLoop, _platform.notificationCenter};
+        _platform.runLoop, _platform.notificationCenter, _platform.menuInput};
     const auto reader =
         AppAccessibility::initWithFocusedApp(isFrontApplication ? _platform : chosen, std::make_unique<NoFillings>());
     if (!reader)

@@ -1,10 +1,10 @@
 #include "menus/MenuGrab.h"
 
+#include "platform/Log.h"
 #include "platform/MenuInput.h"
 
 #include <chrono>
 
-#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
@@ -17,14 +17,9 @@ namespace {
 constexpr std::chrono::milliseconds Interval{50};
 constexpr int MostRefusals = 40;
 
-// Elsewhere the window system itself tells a pop-up when to close.
-bool grabsMayBeRefused() {
-    return QGuiApplication::platformName() == "xcb";
-}
-
 } // namespace
 
-MenuGrab::MenuGrab(MenuInput* menuInput)
+MenuGrab::MenuGrab(MenuInput& menuInput)
     : _menuInput(menuInput) {
     _timer.setInterval(Interval);
     QObject::connect(&_timer, &QTimer::timeout, &_timer, [this] { takeAgain(); });
@@ -32,37 +27,24 @@ MenuGrab::MenuGrab(MenuInput* menuInput)
 
 void MenuGrab::acquire(QWidget& popup) {
     release();
-    if (!grabsMayBeRefused())
-        return;
     _popup = &popup;
     _refusals = 0;
-    takeBoth();
     _timer.start();
+    takeAgain();
 }
 
 void MenuGrab::release() {
     if (!_timer.isActive())
         return;
     _timer.stop();
-    if (_menuInput) {
-        _menuInput->release();
-    } else if (QWindow* window = _popup ? _popup->windowHandle() : nullptr) {
-        // Qt releases only what it took by itself.
-        window->setMouseGrabEnabled(false);
-        window->setKeyboardGrabEnabled(false);
-    }
     _popup = nullptr;
+    _menuInput.release();
 }
 
 // False when the keyboard was refused.
 bool MenuGrab::takeBoth() {
-    QWindow* window = _popup->windowHandle();
-    if (window && _menuInput)
-        return _menuInput->take(window->winId());
-    if (!window || !window->setKeyboardGrabEnabled(true))
-        return false;
-    window->setMouseGrabEnabled(true);
-    return true;
+    const QWindow* window = _popup->windowHandle();
+    return window && _menuInput.take(window->winId());
 }
 
 void MenuGrab::takeAgain() {
@@ -71,8 +53,12 @@ void MenuGrab::takeAgain() {
         return;
     }
     _refusals = takeBoth() ? 0 : _refusals + 1;
-    if (_refusals == MostRefusals)
+    if (_refusals == 1)
+        log(LogCategory::Menus, [] { return "another program holds the keyboard; an open menu waits for it"; });
+    if (_refusals == MostRefusals) {
+        log(LogCategory::Menus, [] { return "a menu is closed: another program kept the keyboard"; });
         _popup->close();
+    }
 }
 
 } // namespace tarragon

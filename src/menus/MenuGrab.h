@@ -11,11 +11,11 @@ class MenuInput;
 
 // Sees to it that a pop-up has the keyboard and the pointer. Another program may hold one of them at the moment of
 // opening, as for as long as a mouse button is down over its window; the pop-up would then not hear of a click beside
-// it, or of Escape.
+// it, or of Escape. Main thread only.
 class MenuGrab {
 public:
-    // Both are taken through menuInput, which outlives this object; by Qt without one.
-    explicit MenuGrab(MenuInput* menuInput);
+    // The menu input outlives this object.
+    explicit MenuGrab(MenuInput& menuInput);
 
     // Asks for both again and again until release is called. A pop-up that does not get the keyboard in time is closed,
     // for nobody could be sure to get rid of it. The widget is shown.
@@ -26,10 +26,10 @@ private:
     bool takeBoth();
     void takeAgain();
 
-    MenuInput* _menuInput;
+    MenuInput& _menuInput;
     QPointer<QWidget> _popup;
     QTimer _timer;
-    int _refusals = 0;
+    int _refusals = 0; // in a row
 };
 
 } // namespace tarragon

@@ -4,6 +4,7 @@
 #include "menus/MenuTracking.h"
 #include "menus/MenuWindow.h"
 #include "menus/QtCoordinates.h"
+#include "platform/Log.h"
 
 #include <utility>
 #include <vector>
@@ -13,7 +14,6 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QPixmap>
-#include <QPixmapCache>
 #include <QScreen>
 
 namespace tarragon {
@@ -36,15 +36,12 @@ std::vector<QRect> screenRectangles() {
 
 } // namespace
 
-MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput* menuInput)
+MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput)
     : _displays(displays)
     , _notificationCenter(notificationCenter)
     , _grab(menuInput) {
     _actionTimer.setSingleShot(true);
     QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
-    // The style would keep a picture of every arrow that it draws, under a name that holds the palette of the window.
-    // Each menu that opens has a palette of its own: nobody would ask for the pictures of the last one again.
-    QPixmapCache::setCacheLimit(0);
     warmUp();
 }
 
@@ -98,8 +95,11 @@ void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locatio
         _window = nullptr;
     });
     if (!window->prepare()) {
-        if (_window == window)
+        // Otherwise somebody has closed it.
+        if (_window == window) {
+            log(LogCategory::Menus, [&] { return "menu \"" + menu->title() + "\" is empty and not shown"; });
             _window = nullptr;
+        }
         window->deleteLater();
         return;
     }
@@ -119,6 +119,10 @@ void MenuView::closeMenus() {
         QTimer::singleShot(0, window, [window] { window->hide(); });
     else
         window->hide();
+}
+
+bool MenuView::isMenuOpen() const {
+    return _window && _window->isVisible();
 }
 
 void MenuView::sendAction() {

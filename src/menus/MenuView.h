@@ -19,14 +19,13 @@ class MenuInput;
 class MenuTracking;
 class MenuWindow;
 
-// Shows menus as pop-ups. Needs the QApplication; main thread only. Displays and notification center are not owned.
+// Shows menus as pop-ups. Needs the QApplication; main thread only. What it is given is not owned and outlives it.
 //
 // After the action of a chosen item was sent to its target, "NSMenuDidSendActionNotification" is posted with the menu
 // that holds the item as its object.
 class MenuView : public MenuPresenter {
 public:
-    // menuInput, which is not owned, is how a menu gets the keyboard and the pointer; nullptr leaves that to Qt.
-    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput* menuInput = nullptr);
+    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput);
     // Closes what is open; the delegates do not hear of it, for they may be gone.
     ~MenuView() override;
     MenuView(const MenuView&) = delete;
@@ -34,6 +33,7 @@ public:
 
     void popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) override;
     void closeMenus() override;
+    bool isMenuOpen() const override;
 
 private:
     struct Choice {

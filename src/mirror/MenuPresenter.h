@@ -20,6 +20,10 @@ public:
 
     // Closes whatever is open, without an action; the delegates hear of it before the call returns.
     virtual void closeMenus() = 0;
+
+    // True from the moment popUpMenu returns, if it has shown a menu, until that one has closed with all its submenus.
+    // By the time that a menu's action is sent, none is open.
+    [[nodiscard]] virtual bool isMenuOpen() const = 0;
 };
 
 } // namespace tarragon

@@ -7,6 +7,7 @@
 #include "platform/InputEvents.h"
 #include "platform/Keyboard.h"
 #include "platform/LoginItemList.h"
+#include "platform/MenuInput.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Process.h"
 #include "platform/RunLoop.h"
@@ -26,6 +27,7 @@ struct Platform {
     Defaults& defaults;
     RunLoop& runLoop;
     NotificationCenter& notificationCenter;
+    MenuInput& menuInput;
     Keyboard* keyboard = nullptr; // nullptr where the desktop tells nothing of it
     LoginItemList* loginItemList = nullptr; // nullptr where the desktop has none
     std::string bundlePath = {}; // of the running program

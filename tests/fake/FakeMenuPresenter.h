@@ -30,6 +30,7 @@ public:
 
     void popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) override;
     void closeMenus() override;
+    bool isMenuOpen() const override { return !_openMenus.empty(); }
 
 private:
     std::vector<PopUp> _popUps;

@@ -12,6 +12,7 @@ Platform FakePlatform::platform() {
         .defaults = defaults,
         .runLoop = runLoop,
         .notificationCenter = notificationCenter,
+        .menuInput = menuInput,
         .keyboard = &keyboard,
         .inputEvents = &inputEvents,
         .process = &process};

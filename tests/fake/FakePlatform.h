@@ -7,6 +7,7 @@
 #include "fake/FakeHotKeys.h"
 #include "fake/FakeInputEvents.h"
 #include "fake/FakeKeyboard.h"
+#include "fake/FakeMenuInput.h"
 #include "fake/FakeMenuPresenter.h"
 #include "fake/FakeProcess.h"
 #include "fake/FakeRunLoop.h"
@@ -51,6 +52,7 @@ public:
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;
+    FakeMenuInput menuInput;
     FakeMenuPresenter menuPresenter;
 
 private:

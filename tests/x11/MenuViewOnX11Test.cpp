@@ -1,10 +1,10 @@
 #include "OtherClient.h"
+#include "WiredInput.h"
 
 #include "menus/MenuView.h"
+#include "menus/PopUpInput.h"
 #include "platform/qt/QtDisplays.h"
-#include "platform/qt/QtRunLoop.h"
 
-#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -21,6 +21,7 @@ constexpr std::uint32_t KeyDown = 0xFF54;
 constexpr std::uint32_t KeyRight = 0xFF53;
 constexpr std::uint32_t KeyReturn = 0xFF0D;
 constexpr std::uint32_t KeyEscape = 0xFF1B;
+constexpr std::uint32_t KeyShift = 0xFFE1;
 
 class Target : public MenuTarget {
 public:
@@ -66,17 +67,6 @@ protected:
         return isOpen() && openMenu()->activeAction() && openMenu()->activeAction()->text() == title;
     }
 
-    static bool waitUntil(const std::function<bool()>& condition, int milliseconds = 5000) {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-        while (!condition()) {
-            if (std::chrono::steady_clock::now() > end)
-                return false;
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-        return true;
-    }
-
     void moveOver(const QString& title) {
         for (QAction* action : openMenu()->actions()) {
             if (action->text() != title)
@@ -88,12 +78,13 @@ protected:
     }
 
     OtherClient _user;
-    QtRunLoop _runLoop;
-    QtDisplays _displays{_runLoop};
+    WiredInput _input;
+    PopUpInput _popUpInput{_input.menuInput};
+    QtDisplays _displays{_input.runLoop};
     NotificationCenter _notificationCenter;
     std::shared_ptr<Target> _target = std::make_shared<Target>();
     std::shared_ptr<Menu> _root = std::make_shared<Menu>("root");
-    MenuView _view{_displays, _notificationCenter};
+    MenuView _view{_displays, _notificationCenter, _input.menuInput};
 };
 
 TEST_F(MenuViewOnX11, OpensAtThePointer) {
@@ -110,10 +101,14 @@ TEST_F(MenuViewOnX11, IsUsedByKeyboardWhileTheOtherProgramKeepsTheFocus) {
     _user.type(KeyRight);
     ASSERT_TRUE(waitUntil([] { return isHighlighted("Save"); }));
     EXPECT_TRUE(_user.hasFocus());
+    EXPECT_TRUE(_user.told().believesToHaveFocus);
     _user.type(KeyReturn);
     ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
     EXPECT_EQ(_target->chosen, "Save");
     EXPECT_TRUE(_user.hasFocus());
+    const OtherClient::Told told = _user.told();
+    EXPECT_TRUE(told.believesToHaveFocus);
+    EXPECT_EQ(told.keyPresses, 0);
 }
 
 TEST_F(MenuViewOnX11, IsUsedByMouseWhileTheOtherProgramKeepsTheFocus) {
@@ -207,7 +202,30 @@ TEST_F(MenuViewOnX11, ClosesWhenItDoesNotGetTheKeyboard) {
     ASSERT_TRUE(_user.grabKeyboard());
     popUp();
     EXPECT_TRUE(isOpen());
-    EXPECT_TRUE(waitUntil([] { return !isOpen(); }, 10000));
+    EXPECT_TRUE(_view.isMenuOpen());
+    EXPECT_TRUE(waitUntil([] { return !isOpen(); }, 30000));
+    EXPECT_FALSE(_view.isMenuOpen());
+}
+
+TEST_F(MenuViewOnX11, GoesOnWhenAWindowGetsTheFocusThatWasNowhere) {
+    _user.focusNothing();
+    popUp();
+    ASSERT_TRUE(isOpen());
+    _user.takeFocus();
+    _user.told();
+    // From then on the keyboard is taken in the name of the window that has the focus: what the menu is told of the
+    // keyboard that changes hands must not close it.
+    ASSERT_TRUE(waitUntil([this] {
+        _user.type(KeyShift);
+        return _user.told().keyPresses == 0;
+    }));
+    EXPECT_TRUE(_user.hasFocus());
+    _user.type(KeyDown);
+    _user.type(KeyDown);
+    ASSERT_TRUE(waitUntil([] { return isHighlighted("Quit"); }));
+    _user.type(KeyReturn);
+    ASSERT_TRUE(waitUntil([this] { return !_target->chosen.empty(); }));
+    EXPECT_EQ(_target->chosen, "Quit");
 }
 
 TEST_F(MenuViewOnX11, IsChosenFromEvenWithoutTheKeyboard) {

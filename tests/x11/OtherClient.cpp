@@ -23,8 +23,7 @@ OtherClient::OtherClient()
     : _connection(xcb_connect(nullptr, nullptr))
     , _screen(xcb_setup_roots_iterator(xcb_get_setup(_connection)).data)
     , _window(makeWindow(0, 0, 300, 200, true)) {
-    xcb_set_input_focus(_connection, XCB_INPUT_FOCUS_PARENT, _window, XCB_CURRENT_TIME);
-    synchronize();
+    takeFocus();
 }
 
 OtherClient::~OtherClient() {
@@ -34,8 +33,8 @@ OtherClient::~OtherClient() {
 xcb_window_t OtherClient::makeWindow(
     std::int16_t x, std::int16_t y, std::uint16_t width, std::uint16_t height, bool managed) {
     const xcb_window_t window = xcb_generate_id(_connection);
-    const std::array<std::uint32_t, 3> values = {
-        _screen->white_pixel, managed ? 0U : 1U, XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_KEY_PRESS};
+    const std::array<std::uint32_t, 3> values = {_screen->white_pixel, managed ? 0U : 1U,
+        XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_FOCUS_CHANGE};
     xcb_create_window(_connection, XCB_COPY_FROM_PARENT, window, _screen->root, x, y, width, height, 0,
         XCB_WINDOW_CLASS_INPUT_OUTPUT, _screen->root_visual,
         XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
@@ -81,6 +80,29 @@ bool OtherClient::grabsAreFree() {
     return keyboard && pointer;
 }
 
+void OtherClient::takeFocus() {
+    xcb_set_input_focus(_connection, XCB_INPUT_FOCUS_PARENT, _window, XCB_CURRENT_TIME);
+    synchronize();
+}
+
+void OtherClient::focusNothing() {
+    xcb_set_input_focus(_connection, XCB_INPUT_FOCUS_NONE, XCB_INPUT_FOCUS_NONE, XCB_CURRENT_TIME);
+    synchronize();
+}
+
+OtherClient::Told OtherClient::told() {
+    synchronize();
+    Told told;
+    while (const auto event = owned(xcb_poll_for_event(_connection))) {
+        const int type = event->response_type & 0x7F;
+        told.keyPresses += type == XCB_KEY_PRESS;
+        if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT)
+            _believesToHaveFocus = type == XCB_FOCUS_IN;
+    }
+    told.believesToHaveFocus = _believesToHaveFocus;
+    return told;
+}
+
 bool OtherClient::hasFocus() {
     const auto reply = owned(xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
     return reply && reply->focus == _window;
@@ -119,9 +141,16 @@ void OtherClient::click(std::uint8_t button) {
 }
 
 void OtherClient::type(std::uint32_t keysym) {
-    const std::uint8_t keycode = keycodeOf(keysym);
-    fake(XCB_KEY_PRESS, keycode);
-    fake(XCB_KEY_RELEASE, keycode);
+    pressKey(keysym);
+    releaseKey(keysym);
+}
+
+void OtherClient::pressKey(std::uint32_t keysym) {
+    fake(XCB_KEY_PRESS, keycodeOf(keysym));
+}
+
+void OtherClient::releaseKey(std::uint32_t keysym) {
+    fake(XCB_KEY_RELEASE, keycodeOf(keysym));
 }
 
 void OtherClient::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {

@@ -24,7 +24,16 @@ public:
     // Nobody else holds either; leaves both free.
     bool grabsAreFree();
 
+    // Gives the focus to its window, or to none at all.
+    void takeFocus();
+    void focusNothing();
     bool hasFocus();
+    // What its window has been told.
+    struct Told {
+        int keyPresses = 0; // since the last call
+        bool believesToHaveFocus = false; // the last that it has heard of the focus is that it came
+    };
+    Told told();
     bool isMapped(xcb_window_t window);
 
     // The colour of a pixel of the screen, as 0xRRGGBB.
@@ -36,6 +45,8 @@ public:
     void click(std::uint8_t button = 1);
     // An X keysym of the first or second level.
     void type(std::uint32_t keysym);
+    void pressKey(std::uint32_t keysym);
+    void releaseKey(std::uint32_t keysym);
 
 private:
     void synchronize();
@@ -47,6 +58,7 @@ private:
     const xcb_screen_t* _screen;
     xcb_window_t _window;
     xcb_window_t _cover = 0;
+    bool _believesToHaveFocus = false;
 };
 
 } // namespace tarragon

@@ -1,7 +1,9 @@
 #include "VirtualServer.h"
 
+#include <array>
 #include <cstdlib>
 #include <iostream>
+#include <string>
 
 #include <QApplication>
 
@@ -16,6 +18,10 @@ int main(int argc, char** argv) {
     }
     setenv("DISPLAY", server.displayName().c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
-    const QApplication application(argc, argv);
+    // As the program has it: pop-ups get their input from us.
+    std::string leaveGrabs = "-nograb";
+    std::array<char*, 3> arguments{argv[0], leaveGrabs.data(), nullptr};
+    int argumentCount = 2;
+    const QApplication application(argumentCount, arguments.data());
     return RUN_ALL_TESTS();
 }

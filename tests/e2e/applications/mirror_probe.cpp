@@ -14,25 +14,16 @@
 //   position X Y        moves the focused window
 //   size W H            resizes it
 #include "cli/MirrorPrinter.h"
-#include "fake/FakePlatform.h"
 #include "mirror/AppAccessibility.h"
 #include "mirror/ProxyMenuItem.h"
 #include "mirror/ShortcutText.h"
 #include "mirror/SystemFillingThreads.h"
 #include "mirror/ZDScreenTools.h"
-#include "platform/linux/atspi/LinuxAccessibility.h"
-#include "platform/linux/desktop/DesktopEntries.h"
-#include "platform/linux/desktop/DesktopLauncher.h"
-#include "platform/linux/x11/X11Connection.h"
-#include "platform/linux/x11/X11Displays.h"
-#include "platform/linux/x11/X11Windows.h"
-#include "platform/linux/x11/X11Workspace.h"
-#include "platform/qt/QtDisplays.h"
-#include "platform/qt/QtRunLoop.h"
+#include "platform/linux/LinuxPlatform.h"
 
 #include <nlohmann/json.hpp>
 
-#include <QApplication>
+#include <QCoreApplication>
 
 #include <condition_variable>
 #include <fstream>
@@ -95,13 +86,8 @@ Json asJson(const std::optional<std::string>& text) {
 
 class Probe {
 public:
-    explicit Probe(X11Connection& connection)
-        : _displays(_qtDisplays, connection)
-        , _windows(connection)
-        , _accessibility(_windows, _desktopEntries)
-        , _workspace(connection, _windows, _desktopEntries, _runLoop, openURLDetached)
-        , _platform{_accessibility, _workspace, _displays, _fake.hotKeys, _fake.defaults, _runLoop,
-              _fake.notificationCenter} { }
+    explicit Probe(const Platform& platform)
+        : _platform(platform) { }
 
     Json answer(const std::string& command, std::istringstream& arguments) {
         if (!_reader) {
@@ -202,9 +188,9 @@ private:
 
     Json window() {
         Json screens = Json::array();
-        for (const Screen& screen : _displays.screens())
+        for (const Screen& screen : _platform.displays.screens())
             screens.push_back(asJson(std::optional(screen)));
-        const Size primary = ZDScreenTools::primaryScreenSize(_displays);
+        const Size primary = ZDScreenTools::primaryScreenSize(_platform.displays);
         return {
             {"application", asJson(_reader->focusedAppName())},
             {"role", asJson(_reader->focusedWindowRole())},
@@ -225,27 +211,18 @@ private:
             {"screenRectNS", asJson(_reader->focusedWindowScreenRectNS())},
             {"screenRectCG", asJson(_reader->focusedWindowScreenRectCG())},
             {"screens", screens},
-            {"mainDisplay", asJson(_displays.mainDisplayBoundsCG())},
+            {"mainDisplay", asJson(_platform.displays.mainDisplayBoundsCG())},
             {"primarySize", Json::array({primary.width, primary.height})},
-            {"pointerScreen", asJson(ZDScreenTools::screenWithMousePointer(_displays))},
+            {"pointerScreen", asJson(ZDScreenTools::screenWithMousePointer(_platform.displays))},
         };
     }
 
     Json point(const Point& pointNS) {
-        return {{"screen", asJson(ZDScreenTools::screenWithPoint(_displays, pointNS))},
-            {"order", ZDScreenTools::numberOrderOfScreenWithPoint(_displays, pointNS)}};
+        return {{"screen", asJson(ZDScreenTools::screenWithPoint(_platform.displays, pointNS))},
+            {"order", ZDScreenTools::numberOrderOfScreenWithPoint(_platform.displays, pointNS)}};
     }
 
     CountedFillingThreads::State _fillings;
-    // The settings and hot keys are beside the point here.
-    FakePlatform _fake;
-    QtRunLoop _runLoop;
-    QtDisplays _qtDisplays{_runLoop};
-    X11Displays _displays;
-    X11Windows _windows;
-    DesktopEntries _desktopEntries;
-    LinuxAccessibility _accessibility;
-    X11Workspace _workspace;
     Platform _platform;
     std::shared_ptr<AppAccessibility> _reader;
 };
@@ -254,15 +231,16 @@ private:
 } // namespace tarragon
 
 int main(int argumentCount, char** arguments) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    int toolkitArgumentCount = 1;
-    const QApplication application(toolkitArgumentCount, arguments);
-    const auto connection = tarragon::X11Connection::connect();
-    if (argumentCount != 2 || !connection) {
-        std::cerr << "usage: mirror_probe PIPE, with an X server\n";
+    if (argumentCount != 2) {
+        std::cerr << "usage: mirror_probe PIPE\n";
         return 2;
     }
-    tarragon::Probe probe(*connection);
+    const auto created = tarragon::createLinuxPlatform({arguments[0], "Tarragon", "probe"});
+    if (const auto* error = std::get_if<tarragon::DesktopError>(&created)) {
+        std::cerr << "mirror_probe: " << error->message << "\n";
+        return 2;
+    }
+    tarragon::Probe probe(std::get<std::unique_ptr<tarragon::DesktopSession>>(created)->platform());
     std::ifstream commands(arguments[1]);
     for (std::string line; std::getline(commands, line);) {
         // What the server has said of its monitors meanwhile.

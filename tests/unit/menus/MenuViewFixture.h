@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fake/FakeMenuInput.h"
 #include "menus/MenuView.h"
 
 #include <functional>
@@ -85,6 +86,7 @@ protected:
     std::shared_ptr<Menu> _root = std::make_shared<Menu>("root");
     OneScreen _displays;
     NotificationCenter _notificationCenter;
+    FakeMenuInput _menuInput;
     std::unique_ptr<MenuView> _view;
 };
 

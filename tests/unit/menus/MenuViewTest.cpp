@@ -176,6 +176,38 @@ TEST_F(MenuViewTest, ClosesWhateverIsOpenWithoutAnAction) {
     EXPECT_THAT(_log, ElementsAre("did close File", "did close root"));
 }
 
+TEST_F(MenuViewTest, TellsWhetherAMenuIsOpen) {
+    EXPECT_FALSE(_view->isMenuOpen());
+    popUp(); // empty
+    EXPECT_FALSE(_view->isMenuOpen());
+    addItem(*addSubmenu(*_root, "File"), "Save");
+    popUp();
+    EXPECT_TRUE(_view->isMenuOpen());
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    ASSERT_EQ(openMenus().size(), 2U);
+    EXPECT_TRUE(_view->isMenuOpen());
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(_view->isMenuOpen());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(_view->isMenuOpen());
+    popUp();
+    EXPECT_TRUE(_view->isMenuOpen());
+    _view->closeMenus();
+    EXPECT_FALSE(_view->isMenuOpen());
+}
+
+TEST_F(MenuViewTest, HasNoOpenMenuByTheTimeThatAnActionIsSent) {
+    addItem(*_root, "Save");
+    bool isOpen = true;
+    _target->onAction = [&] { isOpen = _view->isMenuOpen(); };
+    popUp();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    settle();
+    EXPECT_FALSE(isOpen);
+}
+
 TEST_F(MenuViewTest, OpensNothingWhenTheDelegateClosesEverything) {
     addSubmenu(*_root, "File");
     _delegate.onNeedsUpdate = [this](Menu& menu) {

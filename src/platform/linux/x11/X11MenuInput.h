@@ -9,14 +9,16 @@
 
 namespace tarragon {
 
-// Grabs the keyboard with the focused window of the application in front as the grab's window: a grab makes the server
-// report a change of focus to its window, and here nothing changes. The toolkit's own grab, on the menu's window, makes
-// applications believe that they have lost the focus, and it would be taken anew whenever a submenu closes; so the
-// toolkit is to be kept from grabbing anything, and the pointer is grabbed here as well.
+// Grabs the keyboard with the focused window of the application in front as the grab's window. While a grab lasts the
+// server reports its window as the focused one; with this window the application hears, at most, that the focus has
+// left and come back at once. The toolkit's own grab, on the menu's window, makes applications believe that they have
+// lost the focus, and it would be taken anew whenever a submenu closes; so the toolkit is to be kept from grabbing
+// anything, and the pointer is grabbed here as well.
 //
 // Key events of such a grab are reported for the other application's window. The toolkit knows nothing of that window,
-// so they are given the menu's before the toolkit sees them. Nor is it to see that a grab with the menu's window, which
-// is made where no window has the focus, gives way to one with a window that has got it: it would close the menu.
+// so they are given the menu's before the toolkit sees them. Where no window has the focus, the grab's window is the
+// menu's; once a window has got the focus, the grab moves there, and the toolkit is not told that the menu lost it: it
+// would close the menu.
 //
 // The connection is the toolkit's own and outlives this object. Main thread only.
 class X11MenuInput : public MenuInput {

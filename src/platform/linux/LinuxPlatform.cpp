@@ -1,0 +1,150 @@
+#include "platform/linux/LinuxPlatform.h"
+
+#include "platform/linux/atspi/LinuxAccessibility.h"
+#include "platform/linux/desktop/AutostartLoginItemList.h"
+#include "platform/linux/desktop/DesktopEntries.h"
+#include "platform/linux/desktop/DesktopLauncher.h"
+#include "platform/linux/desktop/DesktopShortcutsSession.h"
+#include "platform/linux/desktop/TerminationSignals.h"
+#include "platform/linux/settings/PropertyListDefaults.h"
+#include "platform/linux/x11/QtNativeEvents.h"
+#include "platform/linux/x11/RunningInstance.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Displays.h"
+#include "platform/linux/x11/X11MenuInput.h"
+#include "platform/linux/x11/X11WindowManager.h"
+#include "platform/linux/x11/X11Windows.h"
+#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/xkb/X11HotKeys.h"
+#include "platform/linux/xkb/XkbKeyboard.h"
+#include "platform/qt/QtDisplays.h"
+#include "platform/qt/QtRunLoop.h"
+
+#include <QApplication>
+#include <QUrl>
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+// The toolkit's application object, with options of our choice.
+class Toolkit {
+public:
+    explicit Toolkit(const Program& program)
+        : _path(program.path) {
+        // It must not draw on another display than the rest of the program.
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        QApplication::setApplicationName(QString::fromStdString(program.name));
+        QApplication::setApplicationVersion(QString::fromStdString(program.version));
+        QApplication::setQuitOnLastWindowClosed(false);
+        _application.emplace(_argumentCount, _arguments.data());
+        // Programs that we start choose for themselves.
+        qunsetenv("QT_QPA_PLATFORM");
+    }
+
+private:
+    std::string _path;
+    // Pop-ups get keyboard and pointer through X11MenuInput, in a way that leaves others the focus.
+    std::string _leaveGrabs = "-nograb";
+    std::array<char*, 3> _arguments{_path.data(), _leaveGrabs.data(), nullptr};
+    int _argumentCount = 2;
+    std::optional<QApplication> _application;
+};
+
+class LinuxPlatform : public DesktopSession {
+public:
+    LinuxPlatform(std::unique_ptr<X11Connection> connection, const Program& program)
+        : _connection(std::move(connection))
+        , _toolkit(program)
+        , _displays(_qtDisplays, *_connection)
+        , _windows(*_connection)
+        , _accessibility(_windows, _desktopEntries)
+        , _workspace(*_connection, _windows, _desktopEntries, _runLoop, openURLDetached, &_accessibility)
+        , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
+        , _keyboard(
+              _connection->connectAnother(), _runLoop,
+              [this](auto keyCode, auto modifiers) { return _hotKeys.isOwnCombination(keyCode, modifiers); },
+              [this] { return DesktopShortcutsSession::current(windowManagerName(*_connection)).readShortcuts(); })
+        , _settingsFile(PropertyListDefaults::fileOfUser())
+        , _defaults(_runLoop, _settingsFile)
+        , _menuInput(static_cast<xcb_connection_t*>(qtX11Connection()))
+        , _nativeEvents(
+              _runLoop,
+              [this](
+                  const void* event) { return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
+              [this](void* event) { return _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
+
+    Platform& platform() override { return _platform; }
+
+    int run() override { return _runLoop.run(); }
+
+    std::variant<DesktopAgent, DesktopError> claimOrReopen() override {
+        _instance = RunningInstance::connect();
+        if (!_instance)
+            return DesktopError{"the X server does not answer"};
+        return _instance->claimOrReopen() ? DesktopAgent::ThisProcess : DesktopAgent::AnotherProcess;
+    }
+
+    void watchReopen(std::function<void()> handler) override {
+        if (_instance)
+            _instance->watchReopen(_runLoop, std::move(handler));
+    }
+
+    void watchTermination(std::function<void()> handler) override {
+        _terminationSignals.emplace(_runLoop, std::move(handler));
+    }
+
+    std::string settingsURL() const override {
+        return QUrl::fromLocalFile(QString::fromStdString(_settingsFile.string()))
+            .toString(QUrl::FullyEncoded)
+            .toStdString();
+    }
+
+    // Applications of some toolkits show themselves only while the interface is switched on.
+    void prepareAccessibility() override {
+        if (_accessibility.isTrusted() && !_accessibility.isEnabled())
+            _accessibility.openSettings();
+    }
+
+private:
+    std::unique_ptr<X11Connection> _connection;
+    Toolkit _toolkit;
+    QtRunLoop _runLoop;
+    QtDisplays _qtDisplays{_runLoop};
+    X11Displays _displays;
+    NotificationCenter _notificationCenter;
+    X11Windows _windows;
+    DesktopEntries _desktopEntries;
+    LinuxAccessibility _accessibility;
+    X11Workspace _workspace;
+    X11HotKeys _hotKeys;
+    XkbKeyboard _keyboard;
+    std::filesystem::path _settingsFile;
+    PropertyListDefaults _defaults;
+    AutostartLoginItemList _loginItems;
+    X11MenuInput _menuInput;
+    QtNativeEvents _nativeEvents;
+    std::unique_ptr<RunningInstance> _instance;
+    std::optional<TerminationSignals> _terminationSignals;
+    Platform _platform{_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter,
+        _menuInput, &_keyboard, &_loginItems, QApplication::applicationFilePath().toStdString()};
+};
+
+} // namespace
+
+DesktopSessionOrError createLinuxPlatform(const Program& program) {
+    // Without a server the toolkit would end the process.
+    auto connection = X11Connection::connect();
+    if (!connection)
+        return DesktopError{"no X server can be reached; is DISPLAY set?"};
+    return std::make_unique<LinuxPlatform>(std::move(connection), program);
+}
+
+} // namespace tarragon
