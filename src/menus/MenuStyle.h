@@ -1,6 +1,10 @@
 #pragma once
 
+#include <vector>
+
+#include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace tarragon {
 
@@ -10,6 +14,15 @@ class MenuStyle : public QProxyStyle {
 public:
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr, const QWidget* widget = nullptr,
         QStyleHintReturn* returnData = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget = nullptr) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget = nullptr) const override;
+
+private:
+    QStyleOptionMenuItem withSharedPalette(const QStyleOptionMenuItem& option) const;
+
+    mutable std::vector<QPalette> _palettes; // drawn with lately, no two alike
 };
 
 } // namespace tarragon
