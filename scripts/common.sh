@@ -7,7 +7,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev libgl-dev libdbus-1-dev libplist-dev nlohmann-json3-dev
-    libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxkbcommon-dev libxkbcommon-x11-dev
+    libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxcb-shape0-dev libxcb-xfixes0-dev
+    libxkbcommon-dev libxkbcommon-x11-dev
 )
 desktop_packages=(
     xvfb xauth xkb-data openbox dbus at-spi2-core dconf-gsettings-backend dconf-service

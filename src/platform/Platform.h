@@ -9,8 +9,10 @@
 #include "platform/LoginItemList.h"
 #include "platform/MenuInput.h"
 #include "platform/NotificationCenter.h"
+#include "platform/PanelSurfaces.h"
 #include "platform/Process.h"
 #include "platform/RunLoop.h"
+#include "platform/WindowList.h"
 #include "platform/Workspace.h"
 
 #include <string>
@@ -33,6 +35,8 @@ struct Platform {
     std::string bundlePath = {}; // of the running program
     InputEvents* inputEvents = nullptr; // nullptr where the desktop has none
     Process* process = nullptr; // nullptr where the system tells nothing of it
+    WindowList* windowList = nullptr; // nullptr where the desktop does not tell
+    PanelSurfaces* panelSurfaces = nullptr; // nullptr where the desktop has no panels
 };
 
 } // namespace tarragon

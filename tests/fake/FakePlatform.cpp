@@ -15,7 +15,9 @@ Platform FakePlatform::platform() {
         .menuInput = menuInput,
         .keyboard = &keyboard,
         .inputEvents = &inputEvents,
-        .process = &process};
+        .process = &process,
+        .windowList = &windowList,
+        .panelSurfaces = &panelSurfaces};
 }
 
 FakeApplication FakePlatform::addApplication(const std::string& name) {

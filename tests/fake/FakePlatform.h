@@ -9,8 +9,10 @@
 #include "fake/FakeKeyboard.h"
 #include "fake/FakeMenuInput.h"
 #include "fake/FakeMenuPresenter.h"
+#include "fake/FakePanelSurfaces.h"
 #include "fake/FakeProcess.h"
 #include "fake/FakeRunLoop.h"
+#include "fake/FakeWindowList.h"
 #include "fake/FakeWorkspace.h"
 #include "platform/Platform.h"
 
@@ -49,6 +51,8 @@ public:
     FakeKeyboard keyboard;
     FakeInputEvents inputEvents;
     FakeProcess process;
+    FakeWindowList windowList;
+    FakePanelSurfaces panelSurfaces;
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;

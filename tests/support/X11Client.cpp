@@ -8,6 +8,7 @@
 
 #include <sys/uio.h>
 #include <xcb/randr.h>
+#include <xcb/shape.h>
 #include <xcb/xcbext.h>
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
@@ -119,6 +120,23 @@ bool X11Client::isMapped(xcb_window_t window) {
     const auto reply =
         owned(xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr));
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool X11Client::isOverrideRedirect(xcb_window_t window) {
+    const auto reply =
+        owned(xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr));
+    return reply && reply->override_redirect != 0;
+}
+
+int X11Client::shapeArea(xcb_window_t window) {
+    const auto reply = owned(xcb_shape_get_rectangles_reply(
+        _connection, xcb_shape_get_rectangles(_connection, window, XCB_SHAPE_SK_BOUNDING), nullptr));
+    int area = 0;
+    for (int index = 0; reply && index < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++index) {
+        const xcb_rectangle_t& rectangle = xcb_shape_get_rectangles_rectangles(reply.get())[index];
+        area += rectangle.width * rectangle.height;
+    }
+    return area;
 }
 
 bool X11Client::grabPointer() {

@@ -53,6 +53,9 @@ public:
     // The children of the root window, bottom to top.
     std::vector<xcb_window_t> stacking();
     bool isMapped(xcb_window_t window);
+    bool isOverrideRedirect(xcb_window_t window);
+    // How many pixels the bounding shape leaves of the window.
+    int shapeArea(xcb_window_t window);
 
     bool grabPointer();
     void ungrabPointer();

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/Geometry.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace tarragon {
+
+// What a panel lies above.
+enum class PanelLevel : std::uint8_t {
+    // The window in front and nothing that lies above that one, whichever window is in front.
+    FrontWindow,
+    // Every window that is no dock, with the room that the panel takes at the top of its screen kept free where the
+    // desktop does such a thing. To be chosen while the panel is hidden, and left only then.
+    Dock,
+    // Everything, open menus included, until another level is chosen.
+    PopUpMenu,
+};
+
+// What the desktop does with one panel, a window that the user-interface toolkit has made and moves, shows and hides.
+// The panel never gets the keyboard, not even when it is clicked, and is on every workspace. Destroying the surface
+// ends all that; the window has to be there until then. Main thread only.
+class PanelSurface {
+public:
+    virtual ~PanelSurface() = default;
+
+    virtual void setLevel(PanelLevel level) = 0;
+    // 0 is invisible and lets clicks through, 1 is opaque, as at the start. Where the desktop cannot draw translucent
+    // windows the panel is visible from 0.5 on.
+    virtual void setAlpha(double alpha) = 0;
+    // What the panel paints, in points from its top-left corner, y down. Clicks beside it reach the window below. All
+    // of the panel at the start.
+    virtual void setClickableRegion(const std::vector<Rect>& region) = 0;
+    // Called from the run loop when the pointer enters or leaves the panel's frame, whatever the alpha is and whatever
+    // lies above the panel. A hidden panel is left.
+    virtual void setPointerHandler(std::function<void(bool isInside)> handler) = 0;
+};
+
+// Main thread only.
+class PanelSurfaces {
+public:
+    virtual ~PanelSurfaces() = default;
+
+    // window is the window system's identifier of a window that has not been shown yet. The surface must not outlive
+    // this object. nullptr when there is no such window.
+    [[nodiscard]] virtual std::unique_ptr<PanelSurface> makeSurface(std::uint64_t window) = 0;
+};
+
+} // namespace tarragon

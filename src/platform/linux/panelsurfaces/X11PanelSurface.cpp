@@ -1,0 +1,75 @@
+#include "platform/linux/panelsurfaces/X11PanelSurface.h"
+
+#include "platform/linux/panelsurfaces/PanelAppearance.h"
+#include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
+
+#include <utility>
+
+namespace tarragon {
+
+X11PanelSurface::X11PanelSurface(X11PanelSurfaces& surfaces, X11PanelWindow window)
+    : _surfaces(surfaces)
+    , _window(window) {
+    _surfaces._surfaces.insert(this);
+    _window.refuseFocus();
+    _window.joinAllWorkspaces();
+    _window.setManagedAsDock(false);
+    _surfaces._stacking.add(_window.identifier());
+    applyAppearance();
+}
+
+X11PanelSurface::~X11PanelSurface() {
+    _surfaces._pointerTracking.stopTracking(_window.identifier());
+    _surfaces._stacking.remove(_window.identifier());
+    _surfaces._surfaces.erase(this);
+}
+
+void X11PanelSurface::setLevel(PanelLevel level) {
+    const PanelLevel former = std::exchange(_level, level);
+    if (former == level)
+        return;
+    if (former == PanelLevel::FrontWindow)
+        _surfaces._stacking.remove(_window.identifier());
+    if (former == PanelLevel::Dock || level == PanelLevel::Dock)
+        _window.setManagedAsDock(level == PanelLevel::Dock);
+    if (level == PanelLevel::FrontWindow)
+        _surfaces._stacking.add(_window.identifier());
+    if (level == PanelLevel::PopUpMenu)
+        _window.raise();
+    _frameIsKnown = false;
+    updateFrame();
+}
+
+void X11PanelSurface::setAlpha(double alpha) {
+    if (std::exchange(_alpha, alpha) != alpha)
+        applyAppearance();
+}
+
+void X11PanelSurface::setClickableRegion(const std::vector<Rect>& region) {
+    if (_clickableRegion == region)
+        return;
+    _clickableRegion = region;
+    applyAppearance();
+}
+
+void X11PanelSurface::setPointerHandler(std::function<void(bool isInside)> handler) {
+    _surfaces._pointerTracking.track(_window.identifier(), std::move(handler));
+    _frameIsKnown = false;
+    updateFrame();
+}
+
+void X11PanelSurface::applyAppearance() {
+    _window.show(panelAppearance(_alpha, _surfaces._compositor->isRunning()), _clickableRegion);
+}
+
+void X11PanelSurface::updateFrame() {
+    if (std::exchange(_frameIsKnown, true))
+        return;
+    _frame = _window.visibleFrame();
+    _surfaces._pointerTracking.setArea(_window.identifier(), _frame);
+    // Kept while the dock is hidden for a moment, or else every window would be resized twice.
+    if (_level == PanelLevel::Dock && _frame)
+        _window.setStrut(_frame);
+}
+
+} // namespace tarragon

@@ -1,0 +1,91 @@
+#include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
+
+#include "platform/RunLoop.h"
+#include "platform/linux/panelsurfaces/X11PanelSurface.h"
+#include "platform/linux/panelsurfaces/X11PanelWindow.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Reply.h"
+
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+// Whom an event about a window's place or visibility is about; none for other events.
+xcb_window_t windowOfEvent(const xcb_generic_event_t& event) {
+    switch (event.response_type & 0x7F) {
+    case XCB_CONFIGURE_NOTIFY:
+        return reinterpret_cast<const xcb_configure_notify_event_t&>(event).window;
+    case XCB_MAP_NOTIFY:
+        return reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
+    case XCB_UNMAP_NOTIFY:
+        return reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;
+    case XCB_REPARENT_NOTIFY:
+        return reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window;
+    default:
+        return XCB_WINDOW_NONE;
+    }
+}
+
+} // namespace
+
+X11PanelSurfaces::X11PanelSurfaces(X11Connection& connection, RunLoop& runLoop)
+    : _connection(connection)
+    , _runLoop(runLoop)
+    , _stacking(connection)
+    , _pointerTracking(connection, runLoop) { }
+
+X11PanelSurfaces::~X11PanelSurfaces() = default;
+
+std::unique_ptr<PanelSurface> X11PanelSurfaces::makeSurface(std::uint64_t window) {
+    const X11PanelWindow panel(_connection, static_cast<xcb_window_t>(window));
+    if (!panel.exists() || !watch())
+        return nullptr;
+    // A dock is inside of a frame, about which alone the root window tells.
+    const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(_events->get(), panel.identifier(), XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(_events->get());
+    return std::make_unique<X11PanelSurface>(*this, panel);
+}
+
+bool X11PanelSurfaces::watch() {
+    if (_events)
+        return true;
+    _events = _connection.connectAnother();
+    if (!_events)
+        return false;
+    const std::uint32_t mask =
+        XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(_events->get(), _events->rootWindow(), XCB_CW_EVENT_MASK, &mask);
+    _compositor.emplace(_connection, *_events);
+    xcb_flush(_events->get());
+    _runLoop.watchDescriptor(_events->descriptor(), [this] { handleEvents(); });
+    // What came while the questions above waited for their answers would not wake the run loop.
+    _runLoop.post([this] { handleEvents(); });
+    return true;
+}
+
+void X11PanelSurfaces::handleEvents() {
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_events->get())})
+        handleEvent(*event);
+    _stacking.restackIfNeeded();
+    for (X11PanelSurface* surface : _surfaces)
+        surface->updateFrame();
+}
+
+void X11PanelSurfaces::handleEvent(const xcb_generic_event_t& event) {
+    _stacking.handleEvent(event);
+    if (_compositor->handleEvent(event)) {
+        for (X11PanelSurface* surface : _surfaces)
+            surface->applyAppearance();
+    }
+    const xcb_window_t window = windowOfEvent(event);
+    for (X11PanelSurface* surface : _surfaces) {
+        // The root window is configured when the monitors change.
+        if (window == surface->window() || window == _connection.rootWindow())
+            surface->frameMayHaveChanged();
+    }
+}
+
+} // namespace tarragon

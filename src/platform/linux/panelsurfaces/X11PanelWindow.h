@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/linux/panelsurfaces/PanelAppearance.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace tarragon {
+
+class X11Connection;
+
+// The requests that make one window a panel. A window that is gone is passed over in silence. Main thread only; the
+// connection outlives this object.
+class X11PanelWindow {
+public:
+    X11PanelWindow(X11Connection& connection, xcb_window_t window)
+        : _connection(connection)
+        , _window(window) { }
+
+    xcb_window_t identifier() const { return _window; }
+    bool exists() const;
+    // In pixels of the root window, y down; nothing while the window is not shown.
+    std::optional<Rect> visibleFrame() const;
+
+    void refuseFocus();
+    void joinAllWorkspaces();
+    // A dock is the window manager's business, another panel is kept from it.
+    void setManagedAsDock(bool isDock);
+    // Reserves the room that the dock takes, or gives it back.
+    void setStrut(const std::optional<Rect>& frame);
+    void raise();
+    // Nothing for the region stands for all of the window.
+    void show(const PanelAppearance& appearance, const std::optional<std::vector<Rect>>& paintedRegion);
+
+private:
+    void setNumbers(const std::string& property, xcb_atom_t type, const std::vector<std::uint32_t>& numbers);
+    void removeProperty(const std::string& property);
+    void setShape(std::uint8_t kind, PanelAppearance::Area area, const std::optional<std::vector<Rect>>& paintedRegion);
+    void send();
+
+    X11Connection& _connection;
+    xcb_window_t _window;
+};
+
+} // namespace tarragon

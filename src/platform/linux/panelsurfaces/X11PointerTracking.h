@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/linux/input/X11RawInput.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace tarragon {
+
+class RunLoop;
+class X11Connection;
+
+// Tells when the pointer enters and leaves rectangles of the root window, whichever windows lie there and whoever has
+// grabbed the pointer. Nobody is woken by a moving pointer while there are none.
+//
+// Main thread only. Outlives the run loop; the connection outlives this object.
+class X11PointerTracking {
+public:
+    using Handler = std::function<void(bool isInside)>;
+
+    X11PointerTracking(X11Connection& connection, RunLoop& runLoop);
+    ~X11PointerTracking();
+    X11PointerTracking(const X11PointerTracking&) = delete;
+    X11PointerTracking& operator=(const X11PointerTracking&) = delete;
+
+    // One area by window, whose handler is called from the run loop only. The pointer is outside of nothing.
+    void track(std::uint32_t window, Handler handler);
+    void stopTracking(std::uint32_t window);
+    void setArea(std::uint32_t window, const std::optional<Rect>& area);
+
+private:
+    struct Area {
+        std::optional<Rect> rect;
+        bool isInside = false;
+        Handler handler;
+    };
+    void lookLater();
+    void look();
+    std::optional<Point> pointer();
+    void listen();
+
+    X11Connection& _connection;
+    RunLoop& _runLoop;
+    std::unique_ptr<X11RawInput> _input; // made for the first area
+    std::map<std::uint32_t, Area> _areas;
+    bool _lookIsPending = false;
+};
+
+} // namespace tarragon

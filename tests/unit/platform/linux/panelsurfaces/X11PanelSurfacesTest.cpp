@@ -1,0 +1,476 @@
+#include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
+
+#include "fake/PollingRunLoop.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "support/X11Client.h"
+#include "support/XkbServer.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+namespace tarragon {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint32_t ButtonEvents = XCB_EVENT_MASK_BUTTON_PRESS;
+constexpr std::uint32_t FocusEvents = XCB_EVENT_MASK_FOCUS_CHANGE;
+
+// A panel of 100 by 20 pixels at (20, 30), which the toolkit has made, over the window of another application.
+class X11PanelSurfacesTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (_server.displayName().empty())
+            GTEST_SKIP() << "Xvfb is not installed";
+        connection = X11Connection::connect(_server.displayName());
+        ASSERT_TRUE(connection);
+        toolkit = std::make_unique<X11Client>(_server.displayName());
+        other = std::make_unique<X11Client>(_server.displayName());
+        surfaces = std::make_unique<X11PanelSurfaces>(*connection, runLoop);
+
+        frame = makeWindow(10, 10);
+        setFront(frame);
+        panel = toolkit->makeWindow(
+            {.x = 20, .y = 30, .width = 100, .height = 20, .overrideRedirect = true, .events = ButtonEvents});
+        other->movePointer(300, 200);
+        surface = surfaces->makeSurface(panel);
+        ASSERT_TRUE(surface);
+        toolkit->map(panel);
+        settle();
+        toolkit->takeEvents();
+        other->takeEvents();
+    }
+
+    xcb_window_t makeWindow(std::int16_t x, std::int16_t y) {
+        const xcb_window_t window =
+            other->makeWindow({.x = x, .y = y, .width = 150, .height = 100, .events = ButtonEvents | FocusEvents});
+        other->map(window);
+        return window;
+    }
+    // As a window manager does it.
+    void setFront(xcb_window_t window) {
+        other->setNumbers(other->root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW, {window});
+    }
+    // Everything is handled that the server tells of what was done up to now.
+    void settle() {
+        for (int round = 0; round < 3; ++round) {
+            runLoop.runReadable();
+            connection->atom("TARRAGON_TEST_BARRIER_" + std::to_string(++_barriers));
+        }
+    }
+    // The windows, bottom to top, without those that nobody asked for.
+    std::vector<xcb_window_t> order(const std::vector<xcb_window_t>& of) {
+        std::vector<xcb_window_t> all = toolkit->stacking();
+        std::erase_if(all, [&](xcb_window_t window) { return std::ranges::find(of, window) == of.end(); });
+        return all;
+    }
+    bool becomes(const std::vector<xcb_window_t>& expected) {
+        return runLoop.runUntil([&] { return order(expected) == expected; });
+    }
+    // Who gets a click there: the panel's press counts in tens, the other application's in ones.
+    int pressesAfterClick(int x, int y) {
+        toolkit->takeEvents();
+        other->takeEvents();
+        other->movePointer(x, y);
+        other->click();
+        return 10 * toolkit->countEvents(XCB_BUTTON_PRESS) + other->countEvents(XCB_BUTTON_PRESS);
+    }
+    void startCompositor() {
+        _compositor = std::make_unique<X11Client>(_server.displayName());
+        const xcb_window_t owner = _compositor->makeWindow();
+        xcb_set_selection_owner(_compositor->connection(), owner, _compositor->atom("_NET_WM_CM_S0"), XCB_CURRENT_TIME);
+        _compositor->synchronize();
+    }
+    void stopCompositor() { _compositor.reset(); }
+
+    static constexpr int ToPanel = 10;
+    static constexpr int ToOther = 1;
+
+private:
+    XkbServer _server;
+    std::unique_ptr<X11Client> _compositor;
+    int _barriers = 0;
+
+protected:
+    std::unique_ptr<X11Connection> connection;
+    std::unique_ptr<X11Client> toolkit;
+    std::unique_ptr<X11Client> other;
+    PollingRunLoop runLoop;
+    std::unique_ptr<X11PanelSurfaces> surfaces;
+    std::unique_ptr<PanelSurface> surface;
+    xcb_window_t panel = 0;
+    xcb_window_t frame = 0;
+};
+
+TEST_F(X11PanelSurfacesTest, KeepsThePanelFromTheKeyboardAndOnEveryWorkspace) {
+    EXPECT_THAT(toolkit->numbers(panel, "_NET_WM_DESKTOP"), ElementsAre(0xFFFFFFFF));
+    const std::vector<std::uint32_t> hints = toolkit->numbers(panel, "WM_HINTS");
+    ASSERT_EQ(hints.size(), 9U);
+    EXPECT_EQ(hints[0] & 1, 1U);
+    EXPECT_EQ(hints[1], 0U);
+}
+
+TEST_F(X11PanelSurfacesTest, KeepsTheToolkitsOtherHintsAndProtocols) {
+    const xcb_window_t window = toolkit->makeWindow({.overrideRedirect = true});
+    toolkit->setNumbers(window, "WM_HINTS", XCB_ATOM_WM_HINTS, {3, 1, 1, 0, 0, 0, 0, 0, 7});
+    toolkit->setNumbers(window, "WM_PROTOCOLS", XCB_ATOM_ATOM,
+        {toolkit->atom("WM_DELETE_WINDOW"), toolkit->atom("WM_TAKE_FOCUS"), toolkit->atom("_NET_WM_PING")});
+    const auto another = surfaces->makeSurface(window);
+    settle();
+    EXPECT_THAT(toolkit->numbers(window, "WM_HINTS"), ElementsAre(3, 0, 1, 0, 0, 0, 0, 0, 7));
+    EXPECT_THAT(toolkit->numbers(window, "WM_PROTOCOLS"),
+        ElementsAre(toolkit->atom("WM_DELETE_WINDOW"), toolkit->atom("_NET_WM_PING")));
+}
+
+TEST_F(X11PanelSurfacesTest, LeavesTheFocusWhereItIsWhenThePanelIsClicked) {
+    other->focus(frame);
+    settle();
+    other->takeEvents();
+    EXPECT_EQ(pressesAfterClick(50, 40), ToPanel);
+    settle();
+    EXPECT_EQ(other->focusedWindow(), frame);
+    EXPECT_EQ(other->countEvents(XCB_FOCUS_OUT), 0);
+}
+
+TEST_F(X11PanelSurfacesTest, HasNoSurfaceForAWindowThatIsNotThere) {
+    const xcb_window_t gone = toolkit->makeWindow();
+    toolkit->destroy(gone);
+    EXPECT_FALSE(surfaces->makeSurface(gone));
+}
+
+TEST_F(X11PanelSurfacesTest, LiesDirectlyAboveTheWindowInFront) {
+    const xcb_window_t above = makeWindow(100, 80);
+    EXPECT_THAT(order({frame, panel, above}), ElementsAre(frame, panel, above));
+    toolkit->raise(panel);
+    ASSERT_TRUE(becomes({frame, panel, above}));
+}
+
+TEST_F(X11PanelSurfacesTest, FollowsTheWindowInFrontThroughTheStack) {
+    const xcb_window_t second = makeWindow(100, 80);
+    const xcb_window_t top = makeWindow(120, 90);
+    setFront(second);
+    ASSERT_TRUE(becomes({frame, second, panel, top}));
+    setFront(frame);
+    ASSERT_TRUE(becomes({frame, panel, second, top}));
+    other->raise(frame);
+    ASSERT_TRUE(becomes({second, top, frame, panel}));
+}
+
+TEST_F(X11PanelSurfacesTest, ComesBackWhenTheWindowInFrontIsRaisedAfterItsNeighbourWasTakenAway) {
+    const xcb_window_t neighbour = makeWindow(60, 60);
+    const xcb_window_t front = makeWindow(100, 80);
+    setFront(front);
+    ASSERT_TRUE(becomes({frame, neighbour, front, panel}));
+    settle();
+    other->move(front, 101, 80); // tells which window is its neighbour
+    settle();
+    other->raise(neighbour);
+    settle();
+    other->raise(front);
+    ASSERT_TRUE(becomes({frame, neighbour, front, panel}));
+}
+
+TEST_F(X11PanelSurfacesTest, LetsNothingComeBetweenItAndTheWindowInFront) {
+    const xcb_window_t between = makeWindow(100, 80);
+    const std::array<std::uint32_t, 2> values = {frame, XCB_STACK_MODE_ABOVE};
+    xcb_configure_window(
+        other->connection(), between, XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values.data());
+    other->synchronize();
+    ASSERT_TRUE(becomes({frame, panel, between}));
+}
+
+TEST_F(X11PanelSurfacesTest, LiesAboveTheFrameThatAWindowManagerGivesTheWindow) {
+    const xcb_window_t client = makeWindow(100, 80);
+    const xcb_window_t top = makeWindow(120, 90);
+    setFront(client);
+    ASSERT_TRUE(becomes({client, panel, top}));
+    // A window manager starts and puts the window into a frame.
+    const xcb_window_t decorations = makeWindow(90, 70);
+    xcb_reparent_window(other->connection(), client, decorations, 5, 20);
+    other->synchronize();
+    ASSERT_TRUE(becomes({top, decorations, panel}));
+}
+
+TEST_F(X11PanelSurfacesTest, StaysWhereItIsWhileAWindowOfItsOwnProgramIsInFront) {
+    const xcb_window_t top = makeWindow(120, 90);
+    const xcb_window_t preferences = toolkit->makeWindow({.x = 130, .y = 90});
+    toolkit->map(preferences);
+    setFront(preferences);
+    settle();
+    EXPECT_THAT(order({frame, panel, top, preferences}), ElementsAre(frame, panel, top, preferences));
+    setFront(XCB_WINDOW_NONE);
+    settle();
+    EXPECT_THAT(order({frame, panel, top, preferences}), ElementsAre(frame, panel, top, preferences));
+}
+
+TEST_F(X11PanelSurfacesTest, SurvivesTheEndOfTheWindowInFront) {
+    const xcb_window_t next = makeWindow(100, 80);
+    other->destroy(frame);
+    settle();
+    setFront(next);
+    ASSERT_TRUE(becomes({next, panel}));
+}
+
+TEST_F(X11PanelSurfacesTest, KeepsTheOrderOfSeveralPanels) {
+    const xcb_window_t second = toolkit->makeWindow({.overrideRedirect = true});
+    const auto another = surfaces->makeSurface(second);
+    toolkit->map(second);
+    const xcb_window_t top = makeWindow(100, 80);
+    ASSERT_TRUE(becomes({frame, panel, second, top}));
+    toolkit->raise(panel);
+    ASSERT_TRUE(becomes({frame, panel, second, top}));
+    other->raise(frame);
+    ASSERT_TRUE(becomes({top, frame, panel, second}));
+}
+
+TEST_F(X11PanelSurfacesTest, RestsWhenTheWindowInFrontOnlyMoves) {
+    settle();
+    other->move(frame, 11, 10);
+    settle();
+    toolkit->takeEvents();
+    const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(toolkit->connection(), panel, XCB_CW_EVENT_MASK, &mask);
+    toolkit->synchronize();
+    for (int x = 0; x < 50; ++x)
+        other->move(frame, x, 10);
+    settle();
+    EXPECT_THAT(toolkit->takeEvents(), IsEmpty());
+    EXPECT_THAT(order({frame, panel}), ElementsAre(frame, panel));
+}
+
+TEST_F(X11PanelSurfacesTest, LiesAboveEverythingAtTheLevelOfPopUpMenusUntilItGoesBack) {
+    const xcb_window_t top = makeWindow(100, 80);
+    surface->setLevel(PanelLevel::PopUpMenu);
+    ASSERT_TRUE(becomes({frame, top, panel}));
+    settle();
+    EXPECT_THAT(order({frame, top, panel}), ElementsAre(frame, top, panel));
+    surface->setLevel(PanelLevel::FrontWindow);
+    ASSERT_TRUE(becomes({frame, panel, top}));
+}
+
+TEST_F(X11PanelSurfacesTest, LetsClicksBesideWhatItPaintsReachTheWindowBelow) {
+    EXPECT_EQ(pressesAfterClick(25, 40), ToPanel);
+    surface->setClickableRegion({{{30, 2}, {20, 10}}, {{70.5, 2}, {9.2, 10}}});
+    settle();
+    EXPECT_EQ(pressesAfterClick(25, 40), ToOther);
+    EXPECT_EQ(pressesAfterClick(20 + 30, 30 + 2), ToPanel);
+    EXPECT_EQ(pressesAfterClick(20 + 50, 30 + 2), ToOther);
+    EXPECT_EQ(pressesAfterClick(20 + 30, 30 + 12), ToOther);
+    EXPECT_EQ(pressesAfterClick(20 + 70, 30 + 5), ToPanel);
+    EXPECT_EQ(pressesAfterClick(20 + 79, 30 + 5), ToPanel);
+    EXPECT_EQ(pressesAfterClick(20 + 80, 30 + 5), ToOther);
+    surface->setClickableRegion({});
+    settle();
+    EXPECT_EQ(pressesAfterClick(50, 32), ToOther);
+}
+
+TEST_F(X11PanelSurfacesTest, CutsOffWhatItDoesNotPaintUnlessACompositorRuns) {
+    surface->setClickableRegion({{{30, 2}, {20, 10}}});
+    settle();
+    EXPECT_EQ(toolkit->shapeArea(panel), 200);
+    startCompositor();
+    ASSERT_TRUE(runLoop.runUntil([&] { return toolkit->shapeArea(panel) == 100 * 20; }));
+    EXPECT_EQ(pressesAfterClick(25, 40), ToOther);
+    EXPECT_EQ(pressesAfterClick(52, 34), ToPanel);
+    stopCompositor();
+    ASSERT_TRUE(runLoop.runUntil([&] { return toolkit->shapeArea(panel) == 200; }));
+}
+
+TEST_F(X11PanelSurfacesTest, IsVisibleFromOneHalfOnWithoutACompositor) {
+    surface->setAlpha(0.49);
+    settle();
+    EXPECT_EQ(toolkit->shapeArea(panel), 0);
+    EXPECT_EQ(pressesAfterClick(50, 40), ToOther);
+    surface->setAlpha(0.5);
+    settle();
+    EXPECT_EQ(toolkit->shapeArea(panel), 100 * 20);
+    EXPECT_EQ(pressesAfterClick(50, 40), ToPanel);
+}
+
+TEST_F(X11PanelSurfacesTest, IsTranslucentWithACompositorAndLetsClicksThroughOnceInvisible) {
+    startCompositor();
+    settle();
+    surface->setAlpha(0.25);
+    settle();
+    EXPECT_THAT(toolkit->numbers(panel, "_NET_WM_WINDOW_OPACITY"), ElementsAre(0x40000000));
+    EXPECT_EQ(toolkit->shapeArea(panel), 100 * 20);
+    EXPECT_EQ(pressesAfterClick(50, 40), ToPanel);
+    surface->setAlpha(0);
+    settle();
+    EXPECT_THAT(toolkit->numbers(panel, "_NET_WM_WINDOW_OPACITY"), ElementsAre(0));
+    EXPECT_EQ(pressesAfterClick(50, 40), ToOther);
+}
+
+TEST_F(X11PanelSurfacesTest, KnowsACompositorThatWasThereBefore) {
+    surface.reset();
+    startCompositor();
+    X11PanelSurfaces later(*connection, runLoop);
+    const auto another = later.makeSurface(panel);
+    another->setAlpha(0.25);
+    settle();
+    EXPECT_EQ(toolkit->shapeArea(panel), 100 * 20);
+}
+
+class X11PanelPointerTest : public X11PanelSurfacesTest {
+protected:
+    void SetUp() override {
+        X11PanelSurfacesTest::SetUp();
+        if (IsSkipped())
+            return;
+        surface->setPointerHandler([this](bool isInside) { told.push_back(isInside); });
+        settle();
+    }
+    bool isTold(const std::vector<bool>& expected) {
+        const bool done = runLoop.runUntil([&] { return told.size() >= expected.size(); });
+        settle();
+        return done && told == expected;
+    }
+    std::vector<bool> told;
+};
+
+TEST_F(X11PanelPointerTest, TellsThatThePointerEntersAndLeavesTheFrame) {
+    other->movePointer(20, 30);
+    EXPECT_TRUE(isTold({true}));
+    other->movePointer(119, 49);
+    settle();
+    EXPECT_EQ(told.size(), 1U);
+    other->movePointer(120, 49);
+    EXPECT_TRUE(isTold({true, false}));
+    other->movePointer(50, 29);
+    settle();
+    EXPECT_EQ(told.size(), 2U);
+}
+
+TEST_F(X11PanelPointerTest, TellsOfThePointerWhileThePanelIsInvisible) {
+    surface->setAlpha(0);
+    settle();
+    other->movePointer(50, 40);
+    EXPECT_TRUE(isTold({true}));
+    other->movePointer(300, 200);
+    EXPECT_TRUE(isTold({true, false}));
+}
+
+TEST_F(X11PanelPointerTest, TellsOfThePointerWhileAnotherClientHasIt) {
+    ASSERT_TRUE(other->grabPointer());
+    other->movePointer(50, 40);
+    EXPECT_TRUE(isTold({true}));
+    other->ungrabPointer();
+}
+
+TEST_F(X11PanelPointerTest, TellsOfAFrameThatMovesUnderAPointerAtRest) {
+    other->movePointer(200, 150);
+    settle();
+    EXPECT_THAT(told, IsEmpty());
+    toolkit->move(panel, 190, 140);
+    EXPECT_TRUE(isTold({true}));
+    toolkit->move(panel, 0, 0);
+    EXPECT_TRUE(isTold({true, false}));
+}
+
+TEST_F(X11PanelPointerTest, TakesAHiddenPanelForLeft) {
+    other->movePointer(50, 40);
+    EXPECT_TRUE(isTold({true}));
+    toolkit->unmap(panel);
+    EXPECT_TRUE(isTold({true, false}));
+    other->movePointer(51, 40);
+    settle();
+    EXPECT_EQ(told.size(), 2U);
+    toolkit->map(panel);
+    EXPECT_TRUE(isTold({true, false, true}));
+}
+
+TEST_F(X11PanelPointerTest, DoesNotWakeForThePointerWithoutAVisiblePanel) {
+    toolkit->unmap(panel);
+    settle();
+    const int before = runLoop.wakeUps();
+    for (int x = 0; x < 50; ++x)
+        other->movePointer(20 + x, 150);
+    settle();
+    EXPECT_EQ(runLoop.wakeUps(), before);
+}
+
+TEST_F(X11PanelPointerTest, TellsNothingAfterTheSurfacesEnd) {
+    surface.reset();
+    other->movePointer(50, 40);
+    settle();
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(X11PanelPointerTest, LetsTheHandlerEndTheSurface) {
+    surface->setPointerHandler([this](bool) { surface.reset(); });
+    other->movePointer(50, 40);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !surface; }));
+    other->movePointer(300, 200);
+    settle();
+}
+
+class X11DockTest : public X11PanelSurfacesTest {
+protected:
+    // A bar of 22 pixels that is not shown yet.
+    void makeBar(std::int16_t x, std::int16_t y, std::uint16_t width) {
+        bar = toolkit->makeWindow({.x = x, .y = y, .width = width, .height = 22, .overrideRedirect = true});
+        barSurface = surfaces->makeSurface(bar);
+        barSurface->setLevel(PanelLevel::Dock);
+    }
+    std::vector<std::uint32_t> strut() { return toolkit->numbers(bar, "_NET_WM_STRUT_PARTIAL"); }
+
+    xcb_window_t bar = 0;
+    std::unique_ptr<PanelSurface> barSurface;
+};
+
+TEST_F(X11DockTest, IsADockThatReservesItsRoomAtTheTopOfItsMonitor) {
+    other->setMonitors({{0, 0, 160, 240, true}, {160, 0, 160, 240, false}});
+    makeBar(160, 0, 160);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !strut().empty(); }));
+    EXPECT_THAT(strut(), ElementsAre(0, 0, 22, 0, 0, 0, 0, 0, 160, 319, 0, 0));
+    EXPECT_THAT(toolkit->numbers(bar, "_NET_WM_WINDOW_TYPE"), ElementsAre(toolkit->atom("_NET_WM_WINDOW_TYPE_DOCK")));
+    EXPECT_THAT(toolkit->numbers(bar, "_NET_WM_STATE"), ElementsAre(toolkit->atom("_NET_WM_STATE_STICKY")));
+    EXPECT_FALSE(toolkit->isOverrideRedirect(bar));
+    EXPECT_TRUE(toolkit->isOverrideRedirect(panel));
+    other->setMonitors({});
+}
+
+TEST_F(X11DockTest, ReservesNothingBelowAnotherMonitor) {
+    other->setMonitors({{0, 0, 320, 120, true}, {0, 120, 320, 120, false}});
+    makeBar(0, 120, 320);
+    toolkit->map(bar);
+    settle();
+    EXPECT_THAT(strut(), IsEmpty());
+    toolkit->move(bar, 0, 0);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !strut().empty(); }));
+    toolkit->move(bar, 0, 120);
+    ASSERT_TRUE(runLoop.runUntil([&] { return strut().empty(); }));
+    other->setMonitors({});
+}
+
+TEST_F(X11DockTest, LooksAgainWhenTheMonitorsChange) {
+    other->setMonitors({{0, 0, 160, 240, true}, {160, 10, 160, 230, false}});
+    makeBar(160, 0, 160);
+    toolkit->map(bar);
+    settle();
+    EXPECT_THAT(strut(), IsEmpty());
+    other->setMonitors({{0, 0, 160, 240, true}, {160, 0, 160, 240, false}});
+    ASSERT_TRUE(runLoop.runUntil([&] { return !strut().empty(); }));
+    other->setMonitors({});
+}
+
+TEST_F(X11DockTest, GivesItsRoomBackAtAnotherLevel) {
+    makeBar(0, 0, 320);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !strut().empty(); }));
+    toolkit->unmap(bar);
+    barSurface->setLevel(PanelLevel::FrontWindow);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return strut().empty(); }));
+    EXPECT_TRUE(toolkit->isOverrideRedirect(bar));
+    ASSERT_TRUE(becomes({frame, panel, bar}));
+}
+
+} // namespace
+} // namespace tarragon
