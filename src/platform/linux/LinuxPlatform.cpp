@@ -5,13 +5,18 @@
 #include "platform/linux/desktop/DesktopEntries.h"
 #include "platform/linux/desktop/DesktopLauncher.h"
 #include "platform/linux/desktop/DesktopShortcutsSession.h"
+#include "platform/linux/desktop/LinuxProcess.h"
 #include "platform/linux/desktop/TerminationSignals.h"
+#include "platform/linux/input/X11InputEvents.h"
+#include "platform/linux/input/X11PointerOwner.h"
+#include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
 #include "platform/linux/settings/PropertyListDefaults.h"
 #include "platform/linux/x11/QtNativeEvents.h"
 #include "platform/linux/x11/RunningInstance.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Displays.h"
 #include "platform/linux/x11/X11MenuInput.h"
+#include "platform/linux/x11/X11WindowList.h"
 #include "platform/linux/x11/X11WindowManager.h"
 #include "platform/linux/x11/X11Windows.h"
 #include "platform/linux/x11/X11Workspace.h"
@@ -75,6 +80,10 @@ public:
         , _settingsFile(PropertyListDefaults::fileOfUser())
         , _defaults(_runLoop, _settingsFile)
         , _menuInput(static_cast<xcb_connection_t*>(qtX11Connection()))
+        , _inputEvents(*_connection, _runLoop,
+              [this] { return _menuInput.isTaken() || pointerIsOverOwnWindow(*_connection, qtX11Connection()); })
+        , _windowList(*_connection, _windows, _desktopEntries)
+        , _panelSurfaces(*_connection, _runLoop)
         , _nativeEvents(
               _runLoop,
               [this](
@@ -130,11 +139,16 @@ private:
     PropertyListDefaults _defaults;
     AutostartLoginItemList _loginItems;
     X11MenuInput _menuInput;
+    X11InputEvents _inputEvents;
+    LinuxProcess _process;
+    X11WindowList _windowList;
+    X11PanelSurfaces _panelSurfaces;
     QtNativeEvents _nativeEvents;
     std::unique_ptr<RunningInstance> _instance;
     std::optional<TerminationSignals> _terminationSignals;
     Platform _platform{_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter,
-        _menuInput, &_keyboard, &_loginItems, QApplication::applicationFilePath().toStdString()};
+        _menuInput, &_keyboard, &_loginItems, QApplication::applicationFilePath().toStdString(), &_inputEvents,
+        &_process, &_windowList, &_panelSurfaces};
 };
 
 } // namespace

@@ -28,6 +28,8 @@ public:
 
     bool take(std::uint64_t window) override;
     void release() override;
+    // A menu has keyboard and pointer, or has asked for them.
+    bool isTaken() const { return _menuWindow != XCB_WINDOW_NONE; }
 
     // To be called with every event of the connection before the toolkit sees it. True when the toolkit is not to see
     // it at all.
