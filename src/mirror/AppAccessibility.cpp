@@ -21,8 +21,10 @@ namespace tarragon {
 
 namespace {
 
-// The observation of chosen items stays registered for the program's life; nothing follows from it.
-void handleMenuSelection(const Notification& /*notification*/) { }
+// The observation stays registered for the program's life; but for a line in the log nothing follows from it.
+void handleMenuSelection(const Notification& /*notification*/) {
+    log(LogCategory::Menus, [] { return "an item was chosen"; });
+}
 
 Element focusedApplicationOf(Accessibility& accessibility, const Element& systemElement) {
     const Value value = accessibility.copyAttributeValue(systemElement, attribute::FocusedApplication);

@@ -30,7 +30,8 @@ RootMenu::~RootMenu() {
 std::vector<std::shared_ptr<MenuItem>> RootMenu::rebuild(MenuConverter converter, const Element& menuBar,
     const ReaderOptions& options, const std::function<bool(const MenuItem&)>& shouldBeCached) {
     converter.processAXMenuAsNSMenu(menuBar, *_menu, std::nullopt);
-    if (_menu->numberOfItems() == 0) {
+    const std::size_t titles = _menu->numberOfItems();
+    if (titles == 0) {
         log(LogCategory::Menus,
             [&] { return "the mirror is empty, given the menu bar: " + converter.reasonForNoItem(); });
     }
@@ -43,6 +44,8 @@ std::vector<std::shared_ptr<MenuItem>> RootMenu::rebuild(MenuConverter converter
     }
     removeBrokenMenuItems(*_menu);
     showAppleMenuOrRemoveIt(options.showAppleMenu);
+    if (titles > 0 && _menu->numberOfItems() == 0)
+        log(LogCategory::Menus, [] { return "the mirror is empty: the settings leave no menu that has a title"; });
     return cacheable;
 }
 

@@ -74,6 +74,26 @@ TEST_F(Filling, PressesTheRealItemThatIsChosen) {
     EXPECT_THAT(reader->recentSelectionsList(), IsEmpty());
 }
 
+TEST_F(Filling, HandsBothOptionsToTheConversion) {
+    file.item("Close All", {.commandCharacter = "W", .primary = file.itemElement("Close")});
+    for (const bool fold : {false, true}) {
+        for (const bool keys : {false, true}) {
+            reader->setFoldAlternateItems(fold);
+            reader->setKeyEquivalents(keys);
+            open("File");
+            EXPECT_EQ(itemAt("File", "Close All")->isAlternate(), fold);
+            EXPECT_EQ(itemAt("File", "Close All")->keyEquivalent(), keys ? "w" : "");
+        }
+    }
+}
+
+TEST_F(Filling, AsksTheSizeOfServicesDirectly) {
+    const FakeMenu services = mail.menu("Services").item("Shown", {.size = Size{10, 10}});
+    fake.accessibility.unlistAttribute(services.itemElement("Shown"), "AXSize");
+    reader->update();
+    EXPECT_THAT(open("Services"), ElementsAre("Shown"));
+}
+
 TEST_F(Filling, ReadsInOneBatch) {
     fake.accessibility.clearCalls();
     open("Edit");

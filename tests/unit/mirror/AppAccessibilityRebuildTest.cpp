@@ -155,6 +155,16 @@ TEST_F(Questions, FindTheElementOfTheFocusedApplication) {
     EXPECT_FALSE(reader->elementOfAppWithFocus());
 }
 
+TEST_F(Questions, AskForTheFocusedApplicationDirectly) {
+    fake.accessibility.unlistAttribute(fake.accessibility.systemWideElement(), "AXFocusedApplication");
+    EXPECT_EQ(reader->elementOfAppWithFocus(), mail.element());
+}
+
+TEST_F(Questions, FindTheMenuBarWhereTheApplicationListsIt) {
+    fake.accessibility.unlistAttribute(mail.element(), "AXMenuBar");
+    EXPECT_FALSE(reader->getAXMenuBarFor(mail.element()));
+}
+
 TEST_F(Questions, FindTheMenuBar) {
     EXPECT_EQ(reader->getAXMenuBarFor(mail.element()), mail.menuBar());
     EXPECT_FALSE(reader->getAXMenuBarFor(file.item()));

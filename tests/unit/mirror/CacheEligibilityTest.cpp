@@ -60,6 +60,17 @@ TEST(CacheEligibility, GoesByExactTexts) {
         EXPECT_TRUE(menuMayBeCached("Word 2", title)) << title;
 }
 
+TEST(CacheEligibility, GoesByExactNamesOfApplications) {
+    for (const char* name : {"finder", "FINDER", "Finder ", "Finder 2", "Path Finder", "Find", "word", "Word 2",
+             "WordPad", "Words", "Microsoft word", "Wor"}) {
+        EXPECT_TRUE(menuMayBeCached(name, "Edit")) << name;
+        EXPECT_TRUE(menuMayBeCached(name, "Insert")) << name;
+    }
+    for (const char* name : {"iphoto", "iPhoto 9", "iPhoto Library", "iPhot", "bookends", "Bookends 12", "Bookend",
+             "parallels desktop", "Parallels Desktop 2", "Parallels", "My Parallels Desktop"})
+        EXPECT_TRUE(menuMayBeCached(name, "File")) << name;
+}
+
 TEST(CacheEligibility, KnowsNoApplicationWithoutAName) {
     EXPECT_TRUE(menuMayBeCached(std::nullopt, "Edit"));
     EXPECT_FALSE(menuMayBeCached(std::nullopt, "History"));

@@ -259,6 +259,99 @@ TEST(MenuCacheThreads, FillOneAfterTheOther) {
     last.get_future().wait();
 }
 
+// A clock that stands still unless a test moves it.
+struct StandingClock {
+    MenuCache::Now now() {
+        return [this] {
+            ++asked;
+            return MenuCache::Clock::time_point(time.load());
+        };
+    }
+    std::atomic<MenuCache::Clock::duration> time = MenuCache::Clock::duration(0);
+    std::atomic<int> asked = 0;
+};
+
+TEST(MenuCacheThreads, GiveWayToAMenuThatOpensWhenTheyTakeLongAndBeginAnewAfterwards) {
+    StandingClock clock;
+    std::promise<void> begun;
+    std::promise<void> again;
+    std::promise<void> goOn;
+    int runs = 0;
+    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
+    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu, const MenuCache::ShouldStop& shouldStop) {
+        if (++runs == 1) {
+            menu.addItem(item("Half"));
+            begun.set_value();
+            while (!shouldStop())
+                std::this_thread::yield();
+            EXPECT_TRUE(shouldStop());
+            return;
+        }
+        again.set_value();
+        goOn.get_future().wait();
+        menu.addItem(item("New"));
+    });
+    begun.get_future().wait();
+    clock.time = MenuCache::LongestDelay + std::chrono::milliseconds(1);
+    // Ends though the filling never would.
+    EXPECT_FALSE(existsIn(cache, "Editor", "File"));
+    again.get_future().wait();
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+    goOn.set_value();
+    EXPECT_TRUE(existsIn(cache, "Editor", "File"));
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
+}
+
+TEST(MenuCacheThreads, GoOnInFrontOfAMenuThatOpensUnlessTheyTakeLong) {
+    StandingClock clock;
+    std::promise<void> begun;
+    std::atomic<int> runs = 0;
+    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
+    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu, const MenuCache::ShouldStop& shouldStop) {
+        ++runs;
+        clock.time = MenuCache::LongestDelay;
+        begun.set_value();
+        // The time is looked at only while a probe waits.
+        while (clock.asked < 10)
+            EXPECT_FALSE(shouldStop());
+        menu.addItem(item("New"));
+    });
+    begun.get_future().wait();
+    EXPECT_TRUE(existsIn(cache, "Editor", "File"));
+    EXPECT_EQ(runs, 1);
+}
+
+TEST(MenuCacheThreads, TakeTheirTimeWhileNoMenuOpens) {
+    StandingClock clock;
+    const auto work = std::make_shared<FakeFillingThreads::Work>();
+    MenuCache cache(std::make_unique<FakeFillingThreads>(work), clock.now());
+    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu&, const MenuCache::ShouldStop& shouldStop) {
+        clock.time = std::chrono::hours(1);
+        EXPECT_FALSE(shouldStop());
+    });
+    work->runAll();
+    EXPECT_TRUE(existsIn(cache, "Editor", "File"));
+}
+
+TEST(MenuCacheThreads, StopAtTheirNextQuestionWhenTheCacheGoes) {
+    std::atomic<int> begun = 0;
+    std::promise<void> first;
+    {
+        MenuCache cache(std::make_unique<SystemFillingThreads>());
+        for (int index = 0; index < 5; ++index) {
+            cache.cacheMenuForMenuItem(name("Editor"), item("File " + std::to_string(index)),
+                [&](Menu&, const MenuCache::ShouldStop& shouldStop) {
+                    if (begun++ == 0)
+                        first.set_value();
+                    while (!shouldStop())
+                        std::this_thread::yield();
+                });
+        }
+        first.get_future().wait();
+    }
+    EXPECT_EQ(begun, 1);
+}
+
 TEST(MenuCacheThreads, StartWithoutWaitingForThoseUnderWay) {
     HeldFilling held;
     std::promise<void> filled;
@@ -266,9 +359,11 @@ TEST(MenuCacheThreads, StartWithoutWaitingForThoseUnderWay) {
     held.begin(cache);
     cache.cacheMenuForMenuItem(
         name("Editor"), item("Edit"), [&](Menu&, const MenuCache::ShouldStop&) { filled.set_value(); });
-    // Only now can the one under way end.
+    // We are here before the one under way has ended, for only now it can.
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
     held.goOn.set_value();
     filled.get_future().wait();
+    EXPECT_TRUE(existsIn(cache, "Editor", "Edit"));
 }
 
 TEST(MenuCacheThreads, EndBeforeTheCacheDoes) {

@@ -113,6 +113,54 @@ TEST_F(MenuItemConversion, ReadsTheAttributesInAFixedOrderAndTheShortcutTextLast
             "AXMenuItemShortcutText"));
 }
 
+TEST_F(MenuItemConversion, ReadsASeparatorInFullBeforeItIsLookedAt) {
+    for (const char* title : {"-", ""}) {
+        const Element primary = fake.accessibility.addElement(1, "AXMenuItem");
+        file.clear();
+        file.item(title,
+            {.mark = "x",
+                .commandCharacter = "S",
+                .commandModifiers = 1,
+                .commandGlyph = 23,
+                .primary = primary,
+                .shortcutText = "Ctrl+S"});
+        const Element element = file.itemElement(title);
+        fake.accessibility.clearCalls();
+        EXPECT_TRUE(convert(element).menuItem->isSeparatorItem());
+        std::vector<std::string> names;
+        for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue))
+            names.push_back((call.element == primary ? "primary's " : "") + call.name);
+        EXPECT_THAT(names,
+            ElementsAre("AXRole", "AXTitle", "AXEnabled", "AXMenuItemMarkChar", "AXMenuItemCmdModifiers",
+                "AXMenuItemCmdChar", "AXMenuItemPrimaryUIElement", "AXMenuItemCmdGlyph", "primary's AXRole",
+                "AXMenuItemShortcutText"));
+    }
+}
+
+TEST_F(MenuItemConversion, GoesByTheTitleAndByTheRoleOnlyWithoutOne) {
+    const auto titled = [this](const char* role, const char* title) {
+        const Element element = fake.accessibility.addElement(1, role);
+        fake.accessibility.setAttribute(element, "AXTitle", std::string(title));
+        return element;
+    };
+    for (const char* role : {"AXMenu", "AXMenuItem", "AXTextField"}) {
+        const ItemDescription description = convert(titled(role, "Named"));
+        EXPECT_EQ(description.type, Type::AXMenuItem) << role;
+        EXPECT_EQ(description.menuItem->title(), "Named");
+    }
+    EXPECT_EQ(convert(titled("AXMenuBarItem", "AXMenu")).type, Type::AXMenu);
+    EXPECT_EQ(convert(titled("AXMenuBarItem", "AXMenuItem")).type, Type::AXOther);
+    EXPECT_EQ(convert(titled("AXMenu", "AXTextField")).type, Type::AXOther);
+    EXPECT_TRUE(convert(titled("AXMenu", "")).menuItem->isSeparatorItem());
+}
+
+TEST_F(MenuItemConversion, ComparesTheTitleOfThePrimaryElseItsRole) {
+    const Element primary = fake.accessibility.addElement(1, "Save");
+    EXPECT_FALSE(convertItem({.primary = primary})->isAlternate());
+    fake.accessibility.setAttribute(primary, "AXTitle", std::string("Save All"));
+    EXPECT_TRUE(convert(file.itemElement("Save")).menuItem->isAlternate());
+}
+
 TEST_F(MenuItemConversion, MarksAnItemWhoseRealOneHasAnyMark) {
     EXPECT_TRUE(convertItem({.mark = "anything"})->state());
     file.clear();
@@ -317,6 +365,35 @@ TEST_F(MenuConverterTest, AsksForTheApplicationsNameOnce) {
     for (const FakeCall& call : fake.accessibility.callsOf(Operation::CopyAttributeValue))
         asked += call.element == application.element() && call.name == "AXTitle" ? 1 : 0;
     EXPECT_EQ(asked, 1);
+}
+
+TEST_F(MenuConverterTest, AsksNothingMoreOnceItIsToStop) {
+    for (int index = 0; index < 3; ++index)
+        file.item("Item " + std::to_string(index), {.mark = "x", .commandCharacter = "S"});
+    int questions = 0;
+    const auto convertStoppingAt = [&](int last) {
+        fake.accessibility.clearCalls();
+        questions = 0;
+        std::optional<std::size_t> callsAtTheStop;
+        MenuConverter stopped = converter();
+        stopped.setShouldStop([&] {
+            if (questions++ < last)
+                return false;
+            EXPECT_EQ(callsAtTheStop, std::nullopt) << "asked again";
+            callsAtTheStop = fake.accessibility.callCount();
+            return true;
+        });
+        Menu menu("File");
+        stopped.processSubAXMenuAsNSMenu(file.item(), menu);
+        if (callsAtTheStop) {
+            EXPECT_EQ(fake.accessibility.callCount(), *callsAtTheStop) << last;
+        }
+    };
+    convertStoppingAt(1000);
+    const int all = questions;
+    EXPECT_GT(all, 30);
+    for (int last = 0; last < all; ++last)
+        convertStoppingAt(last);
 }
 
 TEST_F(MenuConverterTest, EndsWhenAnElementIsItsOwnDescendant) {

@@ -140,6 +140,14 @@ TEST_F(UIElementDescriptionsTest, CountsChildrenAndRowsWithoutFetchingThem) {
     EXPECT_TRUE(accessibility.callsOf(Operation::CopyAttributeValue).empty());
 }
 
+TEST_F(UIElementDescriptionsTest, AsksForTheAttributeDirectly) {
+    accessibility.setAttribute(button, "AXValue", std::string("on"));
+    accessibility.unlistAttribute(button, "AXValue");
+    accessibility.clearCalls();
+    EXPECT_EQ(UIElementUtilities::descriptionForUIElement(accessibility, button, "AXValue", false), "on");
+    EXPECT_TRUE(accessibility.callsOf(Operation::AttributeNames).empty());
+}
+
 TEST_F(UIElementDescriptionsTest, FetchesTheChildrenWhenTheyCannotBeCounted) {
     accessibility.setAttribute(window, "AXChildren", std::string("none"));
     EXPECT_EQ(UIElementUtilities::descriptionForUIElement(accessibility, window, "AXChildren", false), "none");

@@ -163,6 +163,16 @@ TEST_F(SettingFromText, DoesNothingForOtherKindsForNoNameAndForNoValue) {
     EXPECT_TRUE(accessibility.callsOf(Operation::SetAttributeValue).empty());
 }
 
+TEST_F(SettingFromText, AsksForThePresentValueDirectly) {
+    set("AXValue", Point{1, 2});
+    accessibility.setSettable(element, "AXValue");
+    accessibility.unlistAttribute(element, "AXValue");
+    accessibility.clearCalls();
+    UIElementUtilities::setStringValue(accessibility, "x=3 y=4", "AXValue", element);
+    EXPECT_EQ(accessibility.attribute(element, "AXValue"), Value(Point{3, 4}));
+    EXPECT_TRUE(accessibility.callsOf(Operation::AttributeNames).empty());
+}
+
 TEST_F(SettingFromText, ReadsBackEveryTerseDescription) {
     for (const Value& value :
         {Value(Point{-1.5, 20}), Value(Size{640, 480}), Value(Rect{{1, 2}, {3, 4.25}}), Value(Range{5, 6})}) {
