@@ -124,8 +124,8 @@ std::string callFor(const AtspiRequest& request, bool hasDestination) {
     // Names and paths come from applications, and a bus does not talk to us any more once it got one that is none.
     if (!isSound(request))
         return {};
-    DBusWriter arguments;
-    const std::string_view signature = std::visit(ArgumentWriter{arguments}, request.argument);
+    DBusWriter body;
+    const std::string_view signature = std::visit(ArgumentWriter{body}, request.argument);
 
     constexpr std::uint8_t methodCall = 1;
     constexpr std::uint8_t noFlags = 0;
@@ -136,7 +136,7 @@ std::string callFor(const AtspiRequest& request, bool hasDestination) {
     message.appendByte(methodCall);
     message.appendByte(noFlags);
     message.appendByte(version);
-    message.appendNumber(static_cast<std::uint32_t>(arguments.size()));
+    message.appendNumber(static_cast<std::uint32_t>(body.size()));
     message.appendNumber(open);
     message.appendNumber(open);
     const std::size_t beginOfFields = message.size();
@@ -149,9 +149,9 @@ std::string callFor(const AtspiRequest& request, bool hasDestination) {
         appendField(message, Field::Signature, "g", signature);
     message.setNumber(
         beginOfFields - sizeof(std::uint32_t), static_cast<std::uint32_t>(message.size() - beginOfFields));
-    constexpr std::size_t alignmentOfArguments = 8;
-    message.align(alignmentOfArguments);
-    message.appendBytes(arguments.bytes());
+    constexpr std::size_t alignmentOfBody = 8;
+    message.align(alignmentOfBody);
+    message.appendBytes(body.bytes());
     return message.bytes();
 }
 

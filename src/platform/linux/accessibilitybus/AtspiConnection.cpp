@@ -133,13 +133,13 @@ void AtspiConnection::probe(const std::string& busName, AtspiPeer& peer) {
     if (!peer.backOff.needsProbe(now))
         return;
     peer.backOff.noteProbe(now);
-    if (peer.probe != 0)
-        _bus->forget(peer.probe);
+    if (peer.probeSerial != 0)
+        _bus->forget(peer.probeSerial);
     // A question to the user interface itself. A ping would be answered by a library's own thread, hung or not.
-    peer.probe = _bus->call(
+    peer.probeSerial = _bus->call(
         callFor({{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}}, true),
         peer);
-    if (peer.probe == 0)
+    if (peer.probeSerial == 0)
         return;
     ++_statistics.messagesSent;
     _bus->exchange();

@@ -18,13 +18,13 @@ class DBusSocket;
 
 struct AtspiStatistics {
     std::uint64_t messagesSent = 0;
-    // How often we waited for answers before we could ask on: requests that do not depend on each other count once.
+    // How often replies had to be waited for before more could be asked: requests that do not depend on each other
+    // count once.
     std::uint64_t roundTrips = 0;
 };
 
-// Our connection to the accessibility bus, and the manners towards applications on it: all requests of a step in
-// flight at once, no waiting for an application that is silent, none at all for one that has timed out. One thread at
-// a time.
+// Our connection to the accessibility bus. All requests of a step are in flight at once; an application that stays
+// silent is waited for until its time-out and not asked again until it answers a probe. One thread at a time.
 class AtspiConnection {
 public:
     using Clock = std::chrono::steady_clock;
@@ -35,28 +35,28 @@ public:
     AtspiConnection& operator=(const AtspiConnection&) = delete;
 
     // Connects when there is no connection, at most once a second. False when the bus cannot be reached.
-    bool ensureOpen();
+    [[nodiscard]] bool ensureOpen();
     // Which accessibility bus this is, 0 when there is none. References to objects hold on this bus only.
     std::uint64_t busIdentity() const { return _busIdentity; }
 
-    // Whether an operation stands for itself or is one of a row that belong together and follow closely.
+    // Whether an operation stands for itself or continues the one before, as within a read batch.
     enum class Start : std::uint8_t { Fresh, Continued };
 
-    // Patience is measured from here; call it at the start of every operation of the seam. Waits the given number of
-    // times as long as usual. A fresh start notices a bus that has ended, a continued one costs nothing.
+    // Call it at the start of every operation of the seam: time-outs are measured from here, each so many times as long
+    // as usual. A fresh start notices a bus that has ended, a continued one costs nothing.
     void beginOperation(Start start = Start::Fresh, int timeoutFactor = 1);
     // Sends all requests and waits for their replies; who handles the end of one may add others to them. Returns when
     // every request was answered or given up.
     void run(const AtspiRequests& requests);
     // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.
-    bool post(const AtspiRequest& request);
+    [[nodiscard]] bool post(const AtspiRequest& request);
 
     // Talks to an application without the bus in between from now on, at the socket whose address it has told. Where
     // that fails, or ends, the bus serves as before.
     void connectDirectly(const std::string& busName, const std::string& address);
 
-    // False while the application is given up, until it answers a probe.
-    bool mayAsk(const std::string& busName);
+    // False while the application is in back-off: from its time-out until it answers a probe.
+    [[nodiscard]] bool mayAsk(const std::string& busName);
     // The bus said that nobody has this name any more. Unique names are never given out again.
     bool isGone(const std::string& busName) const { return _gone.contains(busName); }
 
@@ -69,7 +69,7 @@ private:
     void close();
     void probe(const std::string& busName, AtspiPeer& peer);
     AtspiPeer& peer(const std::string& busName);
-    // Over which its next request goes.
+    // The socket over which its next request goes.
     DBusSocket* socketOf(AtspiPeer& peer) const;
 
     AtspiSessionBus& _sessionBus;

@@ -25,8 +25,8 @@ constexpr std::chrono::microseconds LongestNap{200};
 
 AtspiConnection::Exchange::~Exchange() {
     for (const Pending& pending : _pending) {
-        if (pending.call != 0)
-            pending.socket->forget(pending.call);
+        if (pending.serial != 0)
+            pending.socket->forget(pending.serial);
     }
     for (AtspiPeer* peer : _peers)
         peer->pending = 0;
@@ -78,8 +78,8 @@ bool AtspiConnection::Exchange::send(Pending& pending) {
     pending.peer = _lastPeer;
     pending.socket = socket;
     // The time-out is ours to keep: it depends on what else the application answers.
-    pending.call = socket->call(callFor(request, socket == _connection._bus.get()), pending);
-    if (pending.call == 0)
+    pending.serial = socket->call(callFor(request, socket == _connection._bus.get()), pending);
+    if (pending.serial == 0)
         return false;
     ++_connection._statistics.messagesSent;
     _lastRound = std::max(_lastRound, pending.round);
@@ -101,7 +101,7 @@ void AtspiConnection::Exchange::end(const Pending& pending) {
 }
 
 void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& reply) {
-    pending.call = 0;
+    pending.serial = 0;
     pending.peer->timeout.noteReply(Clock::now());
     --pending.peer->pending;
     --_inFlight;
@@ -131,8 +131,8 @@ void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusI
 }
 
 void AtspiConnection::Exchange::giveUp(Pending& pending) {
-    pending.socket->forget(pending.call);
-    pending.call = 0;
+    pending.socket->forget(pending.serial);
+    pending.serial = 0;
     --pending.peer->pending;
     --_inFlight;
 }
@@ -141,7 +141,7 @@ void AtspiConnection::Exchange::giveUpTheSilent() {
     const Clock::time_point now = Clock::now();
     std::vector<AtspiPeer*> silent;
     for (Pending& pending : _pending) {
-        if (pending.call == 0 || !pending.peer->timeout.isExhausted(now))
+        if (pending.serial == 0 || !pending.peer->timeout.isExhausted(now))
             continue;
         giveUp(pending);
         end(pending);
@@ -190,7 +190,7 @@ bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
 void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
     std::vector<Pending*> unanswered;
     for (Pending& pending : _pending) {
-        if (pending.call == 0 || pending.socket != socket)
+        if (pending.serial == 0 || pending.socket != socket)
             continue;
         giveUp(pending);
         unanswered.push_back(&pending);

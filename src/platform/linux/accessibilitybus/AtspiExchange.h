@@ -8,7 +8,7 @@
 
 namespace tarragon {
 
-// The requests of one run and who still owes a reply.
+// The requests of one run, and which of them still wait for a reply.
 class AtspiConnection::Exchange {
 public:
     Exchange(AtspiConnection& connection, const AtspiRequests& requests)
@@ -31,14 +31,14 @@ private:
         const AtspiRequest* request = nullptr;
         AtspiPeer* peer = nullptr;
         DBusSocket* socket = nullptr;
-        std::uint32_t call = 0; // 0 when no reply is expected (any more)
+        std::uint32_t serial = 0; // of the call, 0 when no reply is expected (any more)
         std::uint32_t round = 0;
     };
 
     void sendNext();
-    // False when it is not to be asked.
-    bool send(Pending& pending);
-    // No answer is expected any more.
+    // False when the application is gone or in back-off.
+    [[nodiscard]] bool send(Pending& pending);
+    // Ends a request: no reply is expected any more.
     void end(const Pending& pending);
     void receive(Pending& pending, const DBusIncoming& reply);
     void receiveError(const Pending& pending, const DBusIncoming& error);
@@ -53,12 +53,12 @@ private:
 
     AtspiConnection& _connection;
     const AtspiRequests& _requests; // grow while we run
-    std::vector<std::uint32_t> _rounds; // of each request: one more than that whose end it was added at
+    std::vector<std::uint32_t> _rounds; // by request: 1, or one more than that of the request whose end added it
     std::deque<Pending> _pending; // of each request that was sent; sockets point to them
     std::vector<AtspiPeer*> _peers; // those that were asked something
     std::vector<DBusSocket*> _sockets; // those over which they were asked
     std::size_t _next = 0;
-    std::uint32_t _lastRound = 0; // in which something was sent
+    std::uint32_t _lastRound = 0; // the latest round of a request that was sent
     std::size_t _inFlight = 0;
     std::size_t _inFlightAtLastWait = 0;
     const std::string* _lastName = nullptr;

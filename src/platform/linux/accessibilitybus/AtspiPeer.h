@@ -16,9 +16,9 @@ namespace tarragon {
 // One application on the accessibility bus as our connection knows it. Receives the answers to its probes.
 class AtspiPeer final : public DBusReplyReceiver {
 public:
-    // An error is an answer too, when somebody at home said it and not the bus.
+    // An error of the application counts as an answer, one of the bus does not.
     void receive(const DBusIncoming& reply) override {
-        probe = 0;
+        probeSerial = 0;
         if (reply.sender != DBUS_SERVICE_DBUS)
             backOff.noteReply();
     }
@@ -39,9 +39,9 @@ public:
 
     AtspiBackOff backOff;
     AtspiTimeout timeout{AtspiTimeout::Clock::time_point{}};
-    std::uint64_t operation = 0; // the one that the timeout belongs to
-    std::size_t pending = 0; // requests without answer
-    std::uint32_t probe = 0; // the call that is under way, 0 when there is none
+    std::uint64_t operation = 0; // the one that the time-out belongs to
+    std::size_t pending = 0; // requests without a reply
+    std::uint32_t probeSerial = 0; // of the probe that is under way, 0 when there is none
     std::vector<std::unique_ptr<DBusSocket>> direct; // without the bus in between, where there are such connections
 
 private:

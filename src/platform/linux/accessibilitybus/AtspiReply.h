@@ -23,7 +23,7 @@ public:
 
     explicit AtspiReply(const DBusIncoming& message)
         : _types(message.signature)
-        , _values(message.arguments) { }
+        , _values(message.body) { }
 
     std::optional<std::string> readString(); // strings and object paths
     std::optional<std::int64_t> readInteger(); // of any width
@@ -35,14 +35,14 @@ public:
     std::optional<Rect> readRect(); // (iiii), or four integers in a row
 
     // Steps into a variant, whatever it holds; false when the next value is none.
-    bool enterVariant();
+    [[nodiscard]] bool enterVariant();
 
 private:
-    // True when the next values are of these types, which then are behind us.
+    // Skips these types in the signature; false when it does not go on with them.
     bool takeTypes(std::string_view types);
     template <typename Number>
     std::optional<std::int64_t> readAs();
-    // The fields of a reference, of which the types are known.
+    // Reads the two texts of a reference whose types were taken already.
     std::optional<AtspiReference> readReferenceFields();
 
     std::string_view _types; // of the values that have not been read

@@ -18,9 +18,9 @@ public:
 
     // Empty when there is no accessibility bus. $AT_SPI_BUS_ADDRESS goes first, as for applications.
     std::string accessibilityBusAddress();
-    bool isEnabled();
+    [[nodiscard]] bool isEnabled();
     // False when the switch could not be set.
-    bool enable();
+    [[nodiscard]] bool enable();
 
 private:
     bool ensureOpen();

@@ -13,8 +13,8 @@
 // The translation of one accessible object into the vocabulary of the system. Nothing here asks anybody anything.
 namespace tarragon {
 
-// What has to be known of an object to tell the attribute; nothing for attributes that are no matter of the object
-// alone (its parent and children).
+// The fields of an object from which the attribute follows. None for the parent and the children, which are objects of
+// their own.
 AtspiFields fieldsForAttribute(std::string_view attribute);
 // The role in the vocabulary of the system; empty when the object does not tell.
 std::string_view roleOfNode(const AtspiNode& node, AtspiElement::Place place);
@@ -24,12 +24,12 @@ Value attributeOfNode(const AtspiNode& node, AtspiElement::Place place, std::str
 
 // An item that has a menu of its own without an object for it: its children stand in that menu.
 bool hasImpliedMenu(const AtspiNode& node, AtspiElement::Place place);
-// Within what the children of an object stand.
+// The place of the children of an object with this role in this place.
 AtspiElement::Place placeOfChildren(std::uint32_t role, AtspiElement::Place place);
-// False for what belongs to a menu's tree but is not to be seen in the menu.
+// False for objects that stand in a menu's tree but are not shown in the menu: tear-offs and hidden items.
 bool isShownInMenu(const AtspiNode& node, AtspiToolkit toolkit);
 
-// The position of the action that chooses, presses or opens, by the names that are not translated.
+// The index of the action that chooses, presses or opens, among the untranslated names of all actions.
 std::optional<std::int32_t> pressAction(const std::vector<std::string>& actionNames);
 
 } // namespace tarragon

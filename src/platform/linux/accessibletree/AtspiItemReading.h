@@ -23,31 +23,33 @@ public:
     AtspiItemReading(const AtspiItemReading&) = delete;
     AtspiItemReading& operator=(const AtspiItemReading&) = delete;
 
-    // What tells items and menus apart.
+    // Fetches what tells items, menus and separators apart.
     void readKinds(const std::vector<AtspiReference>& objects, AtspiElement::Place place);
-    // A menu bar is never long, and not asked how long it is.
+    // Taken as the length of every menu bar, to spare the question.
     static constexpr std::int64_t UsualLengthOfMenuBar = 8;
-    // The children of such an object are not asked for as a list. The number of children is -1 when not known.
+    // An object with so many children is asked for each of them instead of for their list, which would keep the
+    // application busy for too long. childCount is -1 when not known.
     static bool isLong(AtspiToolkit toolkit, std::int64_t childCount) {
         return toolkit == AtspiToolkit::Gtk && childCount > LongMenu;
     }
-    // What is to be asked of an object whose items are to be read, and of the items that it had. Not for long ones.
+    // Adds what to ask of a container before its items are read, together with what was asked of its items the last
+    // time. Not for long containers.
     void addWanted(AtspiNodes::Wanted& wanted, const AtspiReference& container, std::int64_t childCount) const;
     void readContainer(const AtspiReference& container, std::int64_t childCount);
-    // What stands below an item.
+    // Fetches the role and the children of the menus that stand below an item.
     void readMenus(const std::vector<AtspiReference>& menus);
-    // All that the items of a container can tell, and what kind of menus they open.
+    // Fetches all attributes of the items of a container, and the kind of the menus that they open.
     void readItems(const AtspiReference& container, AtspiElement::Place place);
     // The same for these items and for those of all menus below them.
     void readItemsOfAllLevels(const AtspiReference& container, AtspiElement::Place place);
-    // Some of the items that were read have gone since their list was made.
+    // True when some of the items that were read have gone since their list was made.
     bool haveVanished(const std::vector<AtspiReference>& items) const;
 
 private:
-    // This toolkit makes a list of all children for each of them that it names.
+    // GTK makes a list of all children for each of them that it names, so that a list takes quadratic time.
     static constexpr std::int64_t LongMenu = 1000;
 
-    // What a search tells of an object.
+    // What a search among the children of a container tells of one of them.
     struct Kind {
         std::uint32_t role = AtspiRoleMenuItem;
         bool isUsual = false;
@@ -55,9 +57,9 @@ private:
     };
 
     AtspiFields kindFields(AtspiElement::Place place) const;
-    // What is to be asked of a menu to tell it from others; what needs no question is taken as known.
+    // The fields that tell the kind of a menu; those that follow without a question are set in its node.
     AtspiFields kindOfMenu(const AtspiReference& menu);
-    // What is known of items from the search among the children of their container.
+    // Sets in the nodes of items what the search among the children of their container told.
     void takeKinds(const AtspiNode& container);
     void takeKind(const AtspiReference& reference, const Kind& kind);
     void readLevels(const AtspiReference& container, AtspiElement::Place place, int levelsBelow);
@@ -67,7 +69,7 @@ private:
     void askItemsAndMenusBelow(const AtspiMenuItems& items);
     void askNamelessItems(const AtspiMenuItems& items);
     void askMenusBelow(const AtspiMenuItems& items);
-    // The menu of an item, with its own items where these are to be read as well.
+    // Asks for the menu of an item, and for the items of that menu when levels is above 0.
     void askMenu(const AtspiReference& reference, AtspiFields kind, std::int64_t childCount, int levels);
 
     AtspiConnection& _connection;
@@ -76,8 +78,8 @@ private:
     AtspiToolkit _toolkit;
     AtspiRequestGraph _requests;
     AtspiQtItems _qtItems;
-    std::vector<AtspiReference> _containers; // of which the items were asked
-    std::size_t _itemCount = 0; // of items and menus
+    std::vector<AtspiReference> _containers; // those whose items were asked for
+    std::size_t _itemCount = 0; // items and menus that were asked for
 };
 
 } // namespace tarragon

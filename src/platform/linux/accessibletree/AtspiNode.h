@@ -29,25 +29,25 @@ enum AtspiField : std::uint32_t {
 };
 using AtspiFields = std::uint32_t;
 
-// The children of an object by what they are: a handful of answers instead of two for each child. They do not tell
-// tear-offs from items.
+// The children of an object sorted by kind, from four searches among them instead of two questions about each child.
+// The searches do not tell tear-offs from items.
 struct AtspiKinds {
     static constexpr int Questions = 4;
 
-    std::vector<AtspiReference> usual; // visible and enabled, as most are
+    std::vector<AtspiReference> usual; // visible and enabled, as most children are
     std::vector<AtspiReference> checked;
     std::vector<AtspiReference> menus;
     std::vector<AtspiReference> separators;
     int answers = 0;
 
-    // What has no answer in one respect is not known in the others.
+    // True when all four searches were answered; one without the others tells nothing.
     bool areKnown() const { return answers == Questions; }
 };
 
 // What is known of one accessible object. A field that was asked for and is empty could not be had.
 struct AtspiNode {
-    AtspiFields asked = AtspiFieldNone; // or told by something else
-    AtspiFields requested = AtspiFieldNone; // of those, what was really asked of the object itself
+    AtspiFields asked = AtspiFieldNone; // fields not to be asked for again, being asked for or known otherwise
+    AtspiFields requested = AtspiFieldNone; // those of them that were asked of the object itself
     std::optional<std::uint32_t> role;
     std::optional<std::string> name;
     std::optional<std::uint64_t> states;
@@ -58,11 +58,11 @@ struct AtspiNode {
     std::optional<AtspiReference> parent;
     std::optional<Rect> extents; // screen space
     std::optional<std::string> description;
-    std::optional<std::string> text; // contents of a text field
+    std::optional<std::string> text; // in a text field
     std::optional<double> number; // value of a slider, a scroll bar ...
     AtspiKinds kinds; // of its children
-    bool isRoleAssumed = false; // it is none of the other kinds
-    bool isReadBelow = false; // the items of this menu are being read, or were, and those of all menus below
+    bool isRoleAssumed = false; // the searches found it in no other kind, so its role is a guess
+    bool isReadBelow = false; // the items of this menu and of all menus below it were asked for
 
     bool has(AtspiState state) const { return states && ((*states >> static_cast<unsigned>(state)) & 1U) != 0; }
     AtspiFields missing(AtspiFields wanted) const { return wanted & ~asked; }

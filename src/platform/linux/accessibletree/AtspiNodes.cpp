@@ -8,7 +8,7 @@ namespace tarragon {
 namespace {
 
 constexpr const char* Accessible = "org.a11y.atspi.Accessible";
-// Contents of text fields are shown shortened.
+// Characters of a text field that are read: nobody is shown more.
 constexpr std::int32_t TextPreview = 200;
 
 void addFieldRequests(AtspiRequests& requests, const AtspiReference& reference, AtspiNode& node, AtspiFields fields) {

@@ -12,13 +12,13 @@ namespace tarragon {
 
 class AtspiConnection;
 
-// What has been read of accessible objects. Lives as long as one read batch, or one single read. References to nodes
-// stay valid when others are added.
+// What has been read of accessible objects during one read batch, or one single read. References to nodes stay valid
+// when others are added.
 class AtspiNodes {
 public:
     using Wanted = std::vector<std::pair<AtspiReference, AtspiFields>>;
 
-    // The same of each.
+    // The same fields of each object.
     static Wanted wanted(std::span<const AtspiReference> references, AtspiFields fields);
 
     AtspiNodes() = default;

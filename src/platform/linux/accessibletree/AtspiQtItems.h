@@ -11,8 +11,8 @@
 
 namespace tarragon {
 
-// What the items of Qt menus can tell, with as few questions as possible: this toolkit tells one thing of one item at a
-// time.
+// Reads the items of Qt menus with as few questions as possible: this toolkit answers each question about each item by
+// itself, and takes long for each.
 class AtspiQtItems {
 public:
     // Called with items whose children, the menus that they open, are known now.
@@ -26,35 +26,38 @@ public:
     AtspiQtItems(const AtspiQtItems&) = delete;
     AtspiQtItems& operator=(const AtspiQtItems&) = delete;
 
-    // What tells items and menus apart.
+    // The fields that tell items and menus apart.
     static AtspiFields kindFields(AtspiElement::Place place);
-    // Nothing but menus stands below an item of a menu.
+    // Sets the role of an object below a menu item, where nothing but menus stands.
     static void takeMenu(AtspiNode& node);
-    // Of what has no name: lines are taken as such, and what may be something else is to be asked.
+    // Sets the role of items that have told their name: one with a name is an item, one without a name and without an
+    // action is a separator. Gives what to ask of those that may be either.
     AtspiNodes::Wanted takeSeparators(std::span<const AtspiReference> references, AtspiElement::Place place);
-    // All that the items can tell.
+    // Asks for all attributes of the items.
     void ask(const AtspiMenuItems& items);
-    // What opens a menu has no keys.
+    // Items that open a menu have no shortcut: what they tell instead is their mnemonic.
     void dropKeysOfMenus(std::span<const AtspiReference> items);
-    // What to ask of an item the next time, by what was asked of it. Whether some of its menu are to be seen.
+    // The fields to fetch of this item when its menu is read again: those that were asked for this time, less those
+    // that turned out to be of no use. roomTells is true when at least one item of the menu has a place on the screen,
+    // so that an item without one is known to be hidden.
     static AtspiFields fieldsToRemember(const AtspiNode& item, bool roomTells);
 
 private:
-    // Which menus they open, before all else: that leads to the most questions.
+    // Asks which menus the items open. Asked before all else, as it leads to the most questions.
     void askMenusOf(const AtspiMenuItems& items, std::span<const AtspiReference> references);
-    // Of a menu bar, in which hardly any item has no menu.
+    // For the items of a menu bar, of which hardly any has no menu.
     void askKeys(const AtspiMenuItems& items);
-    // These three ask less of each item of a menu by asking one after the other.
+    // These three steps of reading a menu ask less the more the step before has told.
     void askPlaces(const AtspiMenuItems& items);
     void askItems(const AtspiMenuItems& items);
     void askNamelessItems(const AtspiMenuItems& items);
-    // What the places that are known tell of the items. False when none of them is to be seen, as when the menu has not
-    // been laid out.
+    // Sets in the nodes of the items what follows from the places that are known. False when no item has a place, as
+    // before the menu is laid out for the first time.
     bool takePlaces(const AtspiMenuItems& items);
     static void takePlacesBetween(const AtspiNode& before, const AtspiNode& after, std::span<AtspiNode* const> between,
         const MenuHeights& heights);
     static void takeItem(AtspiNode& node);
-    // A line between items has nothing else to tell.
+    // Makes the node that of a separator, of which nothing else need be asked.
     static void takeLine(AtspiNode& node);
 
     AtspiNodes& _nodes;

@@ -37,15 +37,16 @@ public:
 
 private:
     struct Step {
-        std::size_t unanswered; // requests, and earlier steps that it waits for
+        std::size_t unanswered; // how many requests and earlier steps it still waits for
         Next next;
-        std::vector<Step*> followers; // later ones that want what it has asked, too
+        std::vector<Step*> followers; // later steps that wait for what this one has asked
     };
 
     void askEachChild(const AtspiReference& reference, Next next);
-    // Those that have asked some of it and wait for the answers.
+    // The steps that have asked for some of this and wait for the answers.
     std::vector<Step*> stepsAsking(const AtspiNodes::Wanted& wanted) const;
-    // What comes after all requests from this one on and after these steps. nullptr when it has come already.
+    // A step that comes after the requests from firstRequest to the last, and after the earlier steps. nullptr when
+    // there is nothing to wait for, and next was called at once.
     Step* addStep(std::size_t firstRequest, Next next, const std::vector<Step*>& earlier = {});
     static void countAnswer(Step& step);
 
@@ -53,7 +54,7 @@ private:
     AtspiNodes& _nodes;
     AtspiRequests _requests;
     std::deque<Step> _steps; // requests point to them
-    // By node: what was asked of it, and by whom.
+    // By node: which fields of it each step has asked for.
     std::unordered_map<const AtspiNode*, std::vector<std::pair<AtspiFields, Step*>>> _askers;
 };
 

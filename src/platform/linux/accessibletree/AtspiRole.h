@@ -83,7 +83,8 @@ std::string_view accessibilityRoleDescription(std::string_view role);
 bool isMenuItemRole(std::uint32_t role);
 // A top-level window of an application.
 bool isWindowRole(std::uint32_t role);
-// False for objects within which no menu bar is looked for: they hold contents, and often a great deal of them.
+// False for objects within which no menu bar is looked for: controls, and what shows documents and lists, which are
+// often very large.
 bool mayContainMenuBar(std::uint32_t role);
 
 } // namespace tarragon

@@ -265,7 +265,7 @@ bool AtspiTree::readList(const AtspiElement& parent, const AtspiReference& conta
         node.asked &= ~(AtspiFieldChildren | AtspiFieldKinds);
         node.children.reset();
         fetchList(parent, container);
-        // It has fallen silent, or has items that tell nothing.
+        // The application has fallen silent, or has items that tell nothing.
         if (!node.children)
             node.children = former;
         if (*node.children == former)
@@ -291,7 +291,7 @@ void AtspiTree::fetchList(const AtspiElement& parent, const AtspiReference& cont
 
 void AtspiTree::readWithChildren(const AtspiElement& element) {
     AtspiNodes::Wanted wanted{{element.reference, AtspiFieldRole | AtspiFieldChildren}};
-    // Their menus tell what they hold when they are asked.
+    // The list of an item's children is not asked for when it is long; it is fetched child by child later.
     const bool isItem = element.place == Place::InMenu || element.place == Place::InMenuBar;
     if (isItem && AtspiItemReading::isLong(element.toolkit, element.childCount)) {
         wanted[0].second = AtspiFieldRole;

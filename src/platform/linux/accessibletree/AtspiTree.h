@@ -16,8 +16,8 @@ class AtspiConnection;
 class AtspiMenuMemory;
 
 // Accessible objects as elements: their attributes, their parents and children in the shape that the system expects.
-// What is read is kept in the given nodes; when they outlive one read, children may be read ahead, so that whoever
-// walks a menu, or all menus, finds all that the items can tell.
+// What is read is kept in the given nodes. When these outlive one read, the attributes of all items of a menu, or of
+// all menus below it, are fetched together with the first question about its children.
 class AtspiTree {
 public:
     enum class Reading : std::uint8_t { OneAttribute, SomeAttributes, OneLevel, AllLevels };
@@ -46,14 +46,14 @@ private:
     bool readsAhead() const { return _reading >= Reading::OneLevel; }
     AtspiElement::Place placeOf(const AtspiElement& element);
     std::string_view roleOf(const AtspiElement& element);
-    // The same for whoever begins to ask about an element.
+    // The same where the role decides on the attributes only: it spares the question where the place tells enough.
     std::string_view roleFirst(const AtspiElement& element);
     Element parentOf(const AtspiElement& element);
     std::optional<std::vector<Element>> childrenInPlace(
         const Element& parent, const AtspiReference& container, AtspiElement::Place place);
-    // Its role and children, and what else serves to read the children by.
+    // Fetches role and children of the element, and whatever the reading of these children would ask for first.
     void readWithChildren(const AtspiElement& element);
-    // Which they are, and what menus need of each. False when that cannot be had.
+    // Fetches the list of the children and, within menus, what tells them apart. False when there is no list.
     bool readList(const AtspiElement& parent, const AtspiReference& container, AtspiElement::Place place);
     void fetchList(const AtspiElement& parent, const AtspiReference& container);
     void readChildren(const AtspiReference& container, AtspiElement::Place place, AtspiToolkit toolkit);

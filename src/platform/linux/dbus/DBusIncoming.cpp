@@ -7,7 +7,7 @@ namespace tarragon {
 
 namespace {
 
-// What every message begins with: byte order, type, flags, version, length of the arguments, number, length of the
+// What every message begins with: byte order, type, flags, version, length of the body, serial, length of the header
 // fields that follow.
 constexpr std::size_t FixedSize = 16;
 constexpr std::size_t Alignment = 8;
@@ -18,11 +18,11 @@ struct Head {
         , type(reader.readNumber<std::uint8_t>())
         , flags(reader.readNumber<std::uint8_t>())
         , version(reader.readNumber<std::uint8_t>())
-        , lengthOfArguments(reader.readNumber<std::uint32_t>())
-        , number(reader.readNumber<std::uint32_t>())
+        , lengthOfBody(reader.readNumber<std::uint32_t>())
+        , serial(reader.readNumber<std::uint32_t>())
         , lengthOfFields(reader.readNumber<std::uint32_t>()) { }
 
-    std::uint64_t beginOfArguments() const {
+    std::uint64_t beginOfBody() const {
         return (FixedSize + std::uint64_t{lengthOfFields} + Alignment - 1) / Alignment * Alignment;
     }
 
@@ -30,8 +30,8 @@ struct Head {
     std::uint8_t type;
     std::uint8_t flags;
     std::uint8_t version;
-    std::uint32_t lengthOfArguments;
-    std::uint32_t number;
+    std::uint32_t lengthOfBody;
+    std::uint32_t serial;
     std::uint32_t lengthOfFields;
 };
 
@@ -44,7 +44,7 @@ std::uint32_t swapped(std::uint32_t number) {
     return number >> 24U | (number >> 8U & 0xFF00U) | (number << 8U & 0xFF0000U) | number << 24U;
 }
 
-enum Field : std::uint8_t { FieldErrorName = 4, FieldAnsweredNumber = 5, FieldSender = 7, FieldSignature = 8 };
+enum Field : std::uint8_t { FieldErrorName = 4, FieldReplySerial = 5, FieldSender = 7, FieldSignature = 8 };
 
 // False for a field of a kind that is not known, behind which nothing can be read.
 bool readField(DBusReader& reader, DBusIncoming& message) {
@@ -65,8 +65,8 @@ bool readField(DBusReader& reader, DBusIncoming& message) {
     case FieldErrorName:
         message.errorName = text;
         break;
-    case FieldAnsweredNumber:
-        message.answeredNumber = number;
+    case FieldReplySerial:
+        message.replySerial = number;
         break;
     case FieldSender:
         message.sender = text;
@@ -92,14 +92,14 @@ std::optional<std::uint64_t> DBusIncoming::lengthOf(std::string_view beginning) 
     Head head(reader);
     if (isOfOtherOrder(order)) {
         head.lengthOfFields = swapped(head.lengthOfFields);
-        head.lengthOfArguments = swapped(head.lengthOfArguments);
+        head.lengthOfBody = swapped(head.lengthOfBody);
     }
-    return head.beginOfArguments() + head.lengthOfArguments;
+    return head.beginOfBody() + head.lengthOfBody;
 }
 
 std::optional<DBusIncoming> DBusIncoming::parse(std::string_view bytes) {
     constexpr std::uint8_t version = 1;
-    constexpr std::uint8_t noAnswerExpected = 1;
+    constexpr std::uint8_t noReplyExpected = 1;
     DBusIncoming message;
     message.bytes = bytes;
     DBusReader reader(bytes);
@@ -107,14 +107,14 @@ std::optional<DBusIncoming> DBusIncoming::parse(std::string_view bytes) {
     // Programs of one machine usually write in one byte order; nobody else has to be understood.
     if (isOfOtherOrder(head.order))
         return message;
-    const bool isWhole = head.beginOfArguments() + head.lengthOfArguments == bytes.size();
+    const bool isWhole = head.beginOfBody() + head.lengthOfBody == bytes.size();
     if (reader.hasFailed() || head.order != DBusWriter::ByteOrder || head.version != version || !isWhole)
         return {};
     if (head.type >= static_cast<std::uint8_t>(Type::MethodCall) && head.type < static_cast<std::uint8_t>(Type::Signal))
         message.type = static_cast<Type>(head.type);
-    message.wantsAnswer = (head.flags & noAnswerExpected) == 0;
-    message.number = head.number;
-    message.arguments = bytes.substr(head.beginOfArguments());
+    message.expectsReply = (head.flags & noReplyExpected) == 0;
+    message.serial = head.serial;
+    message.body = bytes.substr(head.beginOfBody());
     const std::uint64_t endOfFields = FixedSize + std::uint64_t{head.lengthOfFields};
     while (reader.position() < endOfFields) {
         if (!readField(reader, message)) {

@@ -12,20 +12,20 @@ struct DBusIncoming {
 
     // Whatever cannot be understood counts as a signal, which nobody here listens to.
     Type type = Type::Signal;
-    bool wantsAnswer = false;
-    std::uint32_t number = 0;
-    std::uint32_t answeredNumber = 0; // 0 for what is no answer
+    bool expectsReply = false;
+    std::uint32_t serial = 0;
+    std::uint32_t replySerial = 0; // serial of the call that this replies to, 0 when it is no reply
     std::string_view sender; // empty without a bus in between
     std::string_view errorName;
-    std::string_view signature; // of the arguments
-    std::string_view arguments;
+    std::string_view signature; // of the body
+    std::string_view body;
     std::string_view bytes; // all of it
 
     // The length of the message that begins here, 0 as long as too little of it is there to tell. Nothing when this is
     // not the beginning of a message that can be read here.
     static std::optional<std::uint64_t> lengthOf(std::string_view beginning);
-    // The bytes are as many as that. Nothing when they are no message; what the arguments are worth is not looked at,
-    // nor anything in a message of the other byte order.
+    // The bytes are as many as that. Nothing when they are no message; the body is not looked at, nor anything in a
+    // message of the other byte order.
     static std::optional<DBusIncoming> parse(std::string_view bytes);
 };
 

@@ -8,8 +8,8 @@
 namespace tarragon {
 
 // Reads values one after another in the form of the bus protocol, in the byte order of this machine, each at a multiple
-// of its size from the beginning. Whoever wrote them is not believed: once a value is not as it should be, nothing
-// further can be read. The texts that it gives are views of the bytes.
+// of its size from the beginning. The bytes are untrusted: once a value is not as it should be, nothing further can be
+// read. The texts that it gives are views of the bytes.
 class DBusReader {
 public:
     DBusReader() = default;

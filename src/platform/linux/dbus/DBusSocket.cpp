@@ -13,7 +13,7 @@ namespace tarragon {
 
 namespace {
 
-// No honest answer about a menu comes near it.
+// No honest reply about a menu comes near it.
 constexpr std::size_t LongestMessage = 8UL * 1024 * 1024;
 constexpr std::size_t ReadSize = 64UL * 1024;
 constexpr std::size_t LongestGreeting = 4096;
@@ -115,7 +115,7 @@ bool DBusSocket::registerWithBus(Clock::time_point deadline) {
 bool DBusSocket::append(DBusMessage* message) {
     char* data = nullptr;
     int length = 0;
-    // Only numbered messages may be written.
+    // Only messages with a serial may be written.
     dbus_message_set_serial(message, 1);
     if (!dbus_message_marshal(message, &data, &length))
         return false;
@@ -237,15 +237,15 @@ void DBusSocket::handle(const DBusIncoming& message) {
     switch (message.type) {
     case DBusIncoming::Type::Return:
     case DBusIncoming::Type::Error:
-        if (const auto found = _receivers.find(message.answeredNumber); found != _receivers.end()) {
+        if (const auto found = _receivers.find(message.replySerial); found != _receivers.end()) {
             DBusReplyReceiver& receiver = *found->second;
             _receivers.erase(found);
             receiver.receive(message);
         }
         break;
     case DBusIncoming::Type::MethodCall:
-        // Who asks without listening to the answers gets none.
-        if (message.wantsAnswer && _outgoing.size() - _written < ReadSize)
+        // Who calls without reading the replies gets none.
+        if (message.expectsReply && _outgoing.size() - _written < ReadSize)
             refuse(message);
         break;
     case DBusIncoming::Type::Signal:
@@ -256,14 +256,14 @@ void DBusSocket::handle(const DBusIncoming& message) {
 // We offer nothing.
 void DBusSocket::refuse(const DBusIncoming& call) {
     const DBusMessagePointer refusal(dbus_message_new(DBUS_MESSAGE_TYPE_ERROR));
-    if (!refusal || call.number == 0)
+    if (!refusal || call.serial == 0)
         return;
     const std::string caller(call.sender);
     const bool isSound = caller.empty()
         || (dbus_validate_bus_name(caller.c_str(), nullptr)
             && dbus_message_set_destination(refusal.get(), caller.c_str()));
     if (isSound && dbus_message_set_error_name(refusal.get(), DBUS_ERROR_UNKNOWN_METHOD)
-        && dbus_message_set_reply_serial(refusal.get(), call.number))
+        && dbus_message_set_reply_serial(refusal.get(), call.serial))
         append(refusal.get());
 }
 
@@ -293,10 +293,10 @@ std::string DBusSocket::callAndWait(DBusMessage* message, Clock::time_point dead
     ReplyKeeper keeper;
     if (!append(message))
         return {};
-    const std::uint32_t number = _lastSerial;
-    _receivers[number] = &keeper;
+    const std::uint32_t serial = _lastSerial;
+    _receivers[serial] = &keeper;
     while (exchange() && keeper.reply.empty() && Clock::now() < deadline && wait(deadline)) { }
-    forget(number);
+    forget(serial);
     return std::move(keeper.reply);
 }
 

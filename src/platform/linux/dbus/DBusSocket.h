@@ -13,7 +13,7 @@
 
 namespace tarragon {
 
-// Gets the answer to one method call.
+// Gets the reply to one method call.
 class DBusReplyReceiver {
 public:
     // A return or an error, valid during the call.
@@ -39,26 +39,25 @@ public:
 
     // Registers with the bus at the other end; what is sent goes out afterwards. Waits until the deadline at most;
     // false when the bus did not let us in.
-    bool registerWithBus(Clock::time_point deadline);
+    [[nodiscard]] bool registerWithBus(Clock::time_point deadline);
 
-    // Gathers a method call that nobody waits for the answer of; exchange writes it. The bytes are those of a whole
-    // message.
-    bool send(std::string_view call);
-    // The same, and hands the answer to the receiver, which is forgotten then. Gives the number of the call, 0 when it
+    // Gathers a method call that expects no reply; exchange writes it. The bytes are those of a whole message.
+    [[nodiscard]] bool send(std::string_view call);
+    // The same, and hands the reply to the receiver, which is forgotten then. Gives the serial of the call, 0 when it
     // cannot be made.
-    std::uint32_t call(std::string_view call, DBusReplyReceiver& receiver);
-    // The answer to this call is not wanted any more.
-    void forget(std::uint32_t call) { _receivers.erase(call); }
+    [[nodiscard]] std::uint32_t call(std::string_view call, DBusReplyReceiver& receiver);
+    // The reply to the call with this serial is not wanted any more.
+    void forget(std::uint32_t serial) { _receivers.erase(serial); }
 
-    // Writes what the other side takes and hands out the answers that have arrived. False when the connection is lost.
+    // Writes what the other side takes and hands out the replies that have arrived. False when the connection is lost.
     bool exchange();
     // Waits until there is something to read, or to write where something is left, or until the deadline. False when
     // the connection is lost.
-    bool wait(Clock::time_point deadline) const;
+    [[nodiscard]] bool wait(Clock::time_point deadline) const;
     // Exchanges until everything is written; false when that was not so at the deadline, or the connection is lost.
-    bool flush(Clock::time_point deadline);
-    // Sends a call and waits for its answer: the bytes of a message. Empty when there was none in time; an error is an
-    // answer.
+    [[nodiscard]] bool flush(Clock::time_point deadline);
+    // Sends a call and waits for its reply: the bytes of a message. Empty when there was none in time; an error is a
+    // reply.
     std::string callAndWait(DBusMessage* message, Clock::time_point deadline);
 
     bool isOpen() const { return _descriptor >= 0; }
@@ -81,7 +80,7 @@ private:
     void handle(const DBusIncoming& message);
     void refuse(const DBusIncoming& call);
     bool append(DBusMessage* message);
-    // The same of a message's bytes, which get the number and these flags.
+    // The same of a message's bytes, which get the next serial and these flags.
     bool append(std::string_view message, char flags);
 
     int _descriptor;
@@ -93,7 +92,7 @@ private:
     std::unique_ptr<char[]> _buffer; // what a read fills
     std::vector<char> _incoming;
     std::size_t _skipped = 0; // bytes still to come of a message that is too long for us
-    std::unordered_map<std::uint32_t, DBusReplyReceiver*> _receivers; // by number of their call
+    std::unordered_map<std::uint32_t, DBusReplyReceiver*> _receivers; // by serial of their call
 };
 
 } // namespace tarragon
