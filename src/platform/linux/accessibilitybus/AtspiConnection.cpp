@@ -1,5 +1,6 @@
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
 
+#include "platform/Log.h"
 #include "platform/linux/accessibilitybus/AtspiCall.h"
 #include "platform/linux/accessibilitybus/AtspiExchange.h"
 #include "platform/linux/accessibilitybus/AtspiSessionBus.h"
@@ -49,11 +50,19 @@ bool AtspiConnection::ensureOpen() {
 }
 
 bool AtspiConnection::open() {
-    _bus = DBusSocket::connect(_sessionBus.accessibilityBusAddress());
-    if (!_bus || !_bus->registerWithBus(Clock::now() + AtspiTimeout::Silence))
-        return false;
-    _busIdentity = identityOf(*_bus);
-    return true;
+    const std::string address = _sessionBus.accessibilityBusAddress();
+    _bus = DBusSocket::connect(address);
+    if (_bus && _bus->registerWithBus(Clock::now() + AtspiTimeout::Silence)) {
+        _busIdentity = identityOf(*_bus);
+        return true;
+    }
+    log(LogCategory::Accessibility, [&]() -> std::string {
+        if (address.empty())
+            return "the accessibility bus cannot be reached: the session bus does not tell its address";
+        return "the accessibility bus cannot be reached: " + address
+            + (_bus ? " does not let us in" : " does not accept connections");
+    });
+    return false;
 }
 
 void AtspiConnection::close() {
@@ -123,6 +132,8 @@ bool AtspiConnection::mayAsk(const std::string& busName) {
     // The answer to a probe may have arrived.
     if (_bus->exchange() && !asked.backOff.isSuspended())
         return true;
+    log(LogCategory::Accessibility,
+        [&] { return "application " + busName + " is in back-off after a time-out and not asked"; });
     if (asked.backOff.needsProbe(Clock::now()))
         probe(busName, asked);
     return false;
@@ -148,7 +159,7 @@ void AtspiConnection::probe(const std::string& busName, AtspiPeer& peer) {
 AtspiPeer& AtspiConnection::peer(const std::string& busName) {
     std::unique_ptr<AtspiPeer>& entry = _peers[busName];
     if (!entry)
-        entry = std::make_unique<AtspiPeer>();
+        entry = std::make_unique<AtspiPeer>(busName);
     if (entry->operation != _operation) {
         entry->operation = _operation;
         entry->timeout = AtspiTimeout(Clock::now(), _timeoutFactor);

@@ -1,5 +1,6 @@
 #include "platform/linux/accessibilitybus/AtspiExchange.h"
 
+#include "platform/Log.h"
 #include "platform/linux/accessibilitybus/AtspiCall.h"
 
 #include <algorithm>
@@ -20,6 +21,12 @@ constexpr std::size_t Portion = 8;
 constexpr std::size_t FewReplies = 8;
 constexpr std::chrono::microseconds NapForEachReply{8};
 constexpr std::chrono::microseconds LongestNap{200};
+
+// The method, or the property, that a request asks for.
+std::string nameOf(const AtspiRequest& request) {
+    const auto* property = std::get_if<AtspiRequest::Property>(&request.argument);
+    return property != nullptr ? property->name : request.member;
+}
 
 } // namespace
 
@@ -108,11 +115,22 @@ void AtspiConnection::Exchange::receive(Pending& pending, const DBusIncoming& re
     if (reply.type == DBusIncoming::Type::Error) {
         receiveError(pending, reply);
     } else if (pending.request->handleReply) {
-        AtspiReply answer(reply);
-        if (!pending.request->isForProperty() || answer.enterVariant())
-            pending.request->handleReply(answer);
+        receiveReturn(*pending.request, reply);
     }
     end(pending);
+}
+
+void AtspiConnection::Exchange::receiveReturn(const AtspiRequest& request, const DBusIncoming& reply) {
+    AtspiReply answer(reply);
+    const bool isEntered = !request.isForProperty() || answer.enterVariant();
+    if (isEntered)
+        request.handleReply(answer);
+    if (isEntered && answer.isReadWhole())
+        return;
+    log(LogCategory::Accessibility, [&] {
+        return "the reply of " + request.target.busName + " " + request.target.path + " to " + nameOf(request)
+            + " is malformed: its signature is \"" + std::string(reply.signature) + "\"";
+    });
 }
 
 void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusIncoming& error) {
@@ -145,6 +163,12 @@ void AtspiConnection::Exchange::giveUpTheSilent() {
             continue;
         giveUp(pending);
         end(pending);
+        if (!pending.peer->backOff.isSuspended()) {
+            log(LogCategory::Accessibility, [&] {
+                return "application " + pending.request->target.busName + " has timed out at "
+                    + nameOf(*pending.request) + " of " + pending.request->target.path;
+            });
+        }
         pending.peer->backOff.noteTimeout();
         _connection.probe(pending.request->target.busName, *pending.peer);
         silent.push_back(pending.peer);

@@ -41,6 +41,7 @@ private:
     // Ends a request: no reply is expected any more.
     void end(const Pending& pending);
     void receive(Pending& pending, const DBusIncoming& reply);
+    void receiveReturn(const AtspiRequest& request, const DBusIncoming& reply);
     void receiveError(const Pending& pending, const DBusIncoming& error);
     void giveUp(Pending& pending);
     void giveUpTheSilent();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Log.h"
 #include "platform/linux/accessibilitybus/AtspiBackOff.h"
 #include "platform/linux/accessibilitybus/AtspiTimeout.h"
 #include "platform/linux/dbus/DBusIncoming.h"
@@ -9,6 +10,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace tarragon {
@@ -16,11 +19,16 @@ namespace tarragon {
 // One application on the accessibility bus as our connection knows it. Receives the answers to its probes.
 class AtspiPeer final : public DBusReplyReceiver {
 public:
+    explicit AtspiPeer(std::string busName)
+        : _busName(std::move(busName)) { }
+
     // An error of the application counts as an answer, one of the bus does not.
     void receive(const DBusIncoming& reply) override {
         probeSerial = 0;
-        if (reply.sender != DBUS_SERVICE_DBUS)
-            backOff.noteReply();
+        if (reply.sender == DBUS_SERVICE_DBUS)
+            return;
+        backOff.noteReply();
+        log(LogCategory::Accessibility, [&] { return "application " + _busName + " answers again"; });
     }
 
     // The connections without the bus take turns, for an application takes one message from each in a round of its
@@ -45,6 +53,7 @@ public:
     std::vector<std::unique_ptr<DBusSocket>> direct; // without the bus in between, where there are such connections
 
 private:
+    std::string _busName;
     std::size_t _turn = 0;
 };
 

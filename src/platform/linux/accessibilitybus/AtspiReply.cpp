@@ -134,6 +134,7 @@ std::optional<Rect> AtspiReply::readRect() {
     const auto y = readInteger();
     const auto width = readInteger();
     const auto height = readInteger();
+    static_cast<void>(takeTypes(")"));
     if (!x || !y || !width || !height)
         return {};
     return Rect{{static_cast<double>(*x), static_cast<double>(*y)},

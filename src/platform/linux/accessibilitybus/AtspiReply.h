@@ -36,6 +36,8 @@ public:
 
     // Steps into a variant, whatever it holds; false when the next value is none.
     [[nodiscard]] bool enterVariant();
+    // Everything was read and was as its signature says.
+    bool isReadWhole() const { return !_values.hasFailed() && _types.empty(); }
 
 private:
     // Skips these types in the signature; false when it does not go on with them.

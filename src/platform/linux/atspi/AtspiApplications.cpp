@@ -1,8 +1,10 @@
 #include "platform/linux/atspi/AtspiApplications.h"
 
+#include "platform/Log.h"
 #include "platform/linux/accessibilitybus/AtspiConnection.h"
 
 #include <algorithm>
+#include <string>
 
 namespace tarragon {
 
@@ -20,8 +22,12 @@ std::optional<AtspiApplication> AtspiApplications::find(std::int64_t processIden
         refresh();
         entry = known(processIdentifier);
     }
-    if (entry == nullptr)
+    if (entry == nullptr) {
+        log(LogCategory::Accessibility, [&] {
+            return "process " + std::to_string(processIdentifier) + " has no application on the accessibility bus";
+        });
         return {};
+    }
     if (!entry->toolkit && _connection.mayAsk(entry->root.busName)) {
         entry->toolkit = askToolkit(entry->root);
         // Only this toolkit hands out a socket; asked for one, others have been seen to crash.
