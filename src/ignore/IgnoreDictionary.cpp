@@ -1,9 +1,10 @@
 #include "ignore/IgnoreDictionary.h"
-#include "platform/PreferenceKeys.h"
 
+#include "ignore/ArchivedCopies.h"
 #include "ignore/KeyedArchiver.h"
 #include "ignore/KeyedUnarchiver.h"
-#include "platform/UnicodeText.h"
+#include "platform/Log.h"
+#include "platform/PreferenceKeys.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -12,41 +13,61 @@ namespace tarragon {
 
 namespace {
 
-using ArchivedEntry = std::pair<std::string, std::span<const std::uint8_t>>;
+using ArchivedEntry = std::pair<std::string, ArchivedObject>;
 
-// The strings of an archived dictionary with the data that they stand for; nothing when it is damaged.
-std::optional<std::vector<ArchivedEntry>> archivedEntries(std::span<const std::uint8_t> archive) {
-    const KeyedUnarchiver unarchiver(archive);
+// The dictionary that an archive of a given size holds; nothing when it is damaged.
+std::optional<std::vector<ArchivedEntry>> archivedEntries(const KeyedUnarchiver& unarchiver, std::size_t archiveSize) {
     const std::optional<ArchivedObject> root = unarchiver.root();
-    const auto dictionary = root ? root->dictionary() : std::nullopt;
-    if (!dictionary)
+    std::optional<std::vector<ArchivedEntry>> entries = root ? root->dictionary() : std::nullopt;
+    if (!entries || unarchiver.isDamaged())
         return std::nullopt;
-    std::vector<ArchivedEntry> entries;
-    entries.reserve(dictionary->size());
-    std::size_t size = 0;
-    for (const auto& [key, object] : *dictionary) {
-        if (const std::optional<std::span<const std::uint8_t>> data = object.data()) {
-            entries.emplace_back(key, *data);
-            size += data->size();
-        }
+    std::size_t dataSize = 0;
+    for (auto& [key, object] : *entries) {
+        // Another program may have stored what ours do not: the key is known by what it becomes when it is stored
+        // again.
+        if (key.find('\0') != std::string::npos)
+            key = propertyListText(key);
+        if (const std::optional<std::span<const std::uint8_t>> data = object.data())
+            dataSize += data->size();
     }
     // More data than there are bytes: the same ones are claimed again and again, to be multiplied by whoever copies.
-    if (unarchiver.isDamaged() || size > archive.size())
-        return std::nullopt;
+    return unarchiver.isDamaged() || dataSize > archiveSize ? std::nullopt : std::move(entries);
+}
+
+std::optional<std::vector<ArchivedEntry>> archivedEntriesOrLog(
+    const KeyedUnarchiver& unarchiver, std::size_t archiveSize) {
+    std::optional<std::vector<ArchivedEntry>> entries = archivedEntries(unarchiver, archiveSize);
+    if (!entries)
+        log(LogCategory::Settings, [] { return std::string("the stored ignore list cannot be read"); });
     return entries;
+}
+
+std::optional<TarragonBlacklist> unarchivedEntry(std::span<const std::uint8_t> archive, std::string_view key) {
+    std::optional<TarragonBlacklist> entry = TarragonBlacklist::unarchive(archive);
+    if (!entry) {
+        log(LogCategory::Settings,
+            [key] { return "the ignore list's entry for " + std::string(key) + " cannot be read"; });
+    }
+    return entry;
 }
 
 } // namespace
 
 std::optional<IgnoreDictionary> IgnoreDictionary::unarchive(std::span<const std::uint8_t> archive) {
-    const std::optional<std::vector<ArchivedEntry>> entries = archivedEntries(archive);
+    const KeyedUnarchiver unarchiver(archive);
+    const std::optional<std::vector<ArchivedEntry>> entries = archivedEntriesOrLog(unarchiver, archive.size());
     if (!entries)
         return std::nullopt;
     IgnoreDictionary dictionary;
+    ArchivedCopies copies(archive.size());
     std::unordered_set<std::string_view> keys;
-    for (const auto& [key, data] : *entries) {
-        if (keys.insert(key).second)
-            dictionary._entries.emplace_back(key, std::make_shared<const Data>(data.begin(), data.end()));
+    for (const auto& [key, object] : *entries) {
+        if (!keys.insert(key).second)
+            continue;
+        if (std::optional<ArchiveValue> value = copies.copyOf(object))
+            dictionary._entries.emplace_back(key, std::move(*value));
+        else
+            log(LogCategory::Settings, [&key = key] { return "left out of the ignore list: what is under " + key; });
     }
     return dictionary;
 }
@@ -59,12 +80,14 @@ std::optional<IgnoreDictionary> IgnoreDictionary::load(Defaults& defaults) {
 
 std::optional<TarragonBlacklist> IgnoreDictionary::unarchiveEntry(
     std::span<const std::uint8_t> archive, std::string_view bundleIdentifier) {
-    const std::optional<std::vector<ArchivedEntry>> entries = archivedEntries(archive);
+    const KeyedUnarchiver unarchiver(archive);
+    const std::optional<std::vector<ArchivedEntry>> entries = archivedEntriesOrLog(unarchiver, archive.size());
     if (!entries)
         return std::nullopt;
     const auto found = std::find_if(entries->begin(), entries->end(),
-        [key = wellFormedText(bundleIdentifier)](const ArchivedEntry& entry) { return entry.first == key; });
-    return found == entries->end() ? std::nullopt : TarragonBlacklist::unarchive(found->second);
+        [key = propertyListText(bundleIdentifier)](const ArchivedEntry& entry) { return entry.first == key; });
+    const auto data = found == entries->end() ? std::nullopt : found->second.data();
+    return data ? unarchivedEntry(*data, found->first) : std::nullopt;
 }
 
 Data IgnoreDictionary::archivedData() const {
@@ -76,7 +99,10 @@ Data IgnoreDictionary::archivedData() const {
 
 bool IgnoreDictionary::store(Defaults& defaults) const {
     Data archive = archivedData();
-    return unarchive(archive) && defaults.setValue(preference::IgnoreWindowList, std::move(archive));
+    if (unarchive(archive))
+        return defaults.setValue(preference::IgnoreWindowList, std::move(archive));
+    log(LogCategory::Settings, [] { return std::string("the ignore list has grown too large and is not stored"); });
+    return false;
 }
 
 std::vector<std::string> IgnoreDictionary::allKeys() const {
@@ -92,15 +118,23 @@ IgnoreDictionary::Entries::const_iterator IgnoreDictionary::find(const std::stri
 }
 
 std::optional<TarragonBlacklist> IgnoreDictionary::entry(std::string_view bundleIdentifier) const {
-    const auto found = find(wellFormedText(bundleIdentifier));
-    return found == _entries.end() ? std::nullopt : TarragonBlacklist::unarchive(*found->second);
+    const auto found = find(propertyListText(bundleIdentifier));
+    if (found == _entries.end())
+        return std::nullopt;
+    const auto* archive = std::get_if<std::shared_ptr<const Data>>(&found->second);
+    return archive ? unarchivedEntry(**archive, found->first) : std::nullopt;
 }
 
 bool IgnoreDictionary::setEntry(std::string_view bundleIdentifier, const TarragonBlacklist& entry) {
     auto archive = std::make_shared<const Data>(entry.archivedData());
-    if (!TarragonBlacklist::unarchive(*archive))
+    if (!TarragonBlacklist::unarchive(*archive)) {
+        log(LogCategory::Settings, [bundleIdentifier] {
+            return "an entry of the ignore list has grown too large and is not stored: "
+                + std::string(bundleIdentifier);
+        });
         return false;
-    std::string key = wellFormedText(bundleIdentifier);
+    }
+    std::string key = propertyListText(bundleIdentifier);
     const auto found = find(key);
     if (found == _entries.end())
         _entries.emplace_back(std::move(key), std::move(archive));
@@ -110,7 +144,7 @@ bool IgnoreDictionary::setEntry(std::string_view bundleIdentifier, const Tarrago
 }
 
 void IgnoreDictionary::removeEntry(std::string_view bundleIdentifier) {
-    const auto found = find(wellFormedText(bundleIdentifier));
+    const auto found = find(propertyListText(bundleIdentifier));
     if (found != _entries.end())
         _entries.erase(found);
 }

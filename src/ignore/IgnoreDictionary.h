@@ -13,15 +13,15 @@
 
 namespace tarragon {
 
-// The ignore list in its stored form: bundle identifiers, each with the archive of that application's entry. Copies
-// share the archives.
+// The ignore list in its stored form: bundle identifiers, each with the archive of that application's entry. What else
+// a stored list holds under a string is kept as it is. Copies share the archives.
 class IgnoreDictionary {
 public:
-    // Nothing when the bytes, which nobody vouches for, are no archive of a dictionary. What the dictionary holds
-    // beside strings with data is left out.
-    static std::optional<IgnoreDictionary> unarchive(std::span<const std::uint8_t> archive);
+    // Nothing when the bytes, which may be untrusted, are no archive of a dictionary. Objects of classes of their own
+    // are left out.
+    [[nodiscard]] static std::optional<IgnoreDictionary> unarchive(std::span<const std::uint8_t> archive);
     // What the setting holds; nothing when it does not unarchive.
-    static std::optional<IgnoreDictionary> load(Defaults& defaults);
+    [[nodiscard]] static std::optional<IgnoreDictionary> load(Defaults& defaults);
     // One entry of an archived dictionary, without unpacking the others; nothing when there is none.
     static std::optional<TarragonBlacklist> unarchiveEntry(
         std::span<const std::uint8_t> archive, std::string_view bundleIdentifier);
@@ -30,7 +30,7 @@ public:
     // Stores the dictionary in the setting. One that could not be read again is not stored, and false answered.
     bool store(Defaults& defaults) const;
 
-    // The bundle identifiers, in stored order.
+    // The bundle identifiers, and what else there is a value for, in stored order.
     std::vector<std::string> allKeys() const;
     std::size_t count() const { return _entries.size(); }
     // Nothing when there is no entry, or none that can be read.
@@ -41,7 +41,7 @@ public:
     void removeEntry(std::string_view bundleIdentifier);
 
 private:
-    using Entries = std::vector<std::pair<std::string, std::shared_ptr<const Data>>>;
+    using Entries = std::vector<std::pair<std::string, ArchiveValue>>;
 
     Entries::const_iterator find(const std::string& key) const;
 

@@ -3,11 +3,13 @@
 #include <bit>
 #include <type_traits>
 
+#include <plist/plist.h>
+
 namespace tarragon {
 
 namespace {
 
-constexpr std::int64_t ArchiveVersion = 100000;
+constexpr std::uint64_t ArchiveVersion = 100000;
 constexpr const char* NilName = "$null"; // stands in the place of object number 0, which is nil
 
 const std::vector<std::string>& classesOfArray(Mutability mutability) {
@@ -22,10 +24,26 @@ const std::vector<std::string>& classesOfDictionary(Mutability mutability) {
     return mutability == Mutability::Mutable ? Mutable : Immutable;
 }
 
+PropertyListNode stringNode(const std::string& text) {
+    return PropertyListNode(plist_new_string(propertyListText(text).c_str()));
+}
+
+PropertyListNode uidArrayNode(const std::vector<std::uint64_t>& uids) {
+    PropertyListNode array(plist_new_array());
+    for (const std::uint64_t uid : uids)
+        plist_array_append_item(array.get(), plist_new_uid(uid));
+    return array;
+}
+
+void setItem(const PropertyListNode& dictionary, const char* key, PropertyListNode value) {
+    plist_dict_set_item(dictionary.get(), key, value.release());
+}
+
 } // namespace
 
-KeyedArchiver::KeyedArchiver()
-    : _objects{_writer.addString(NilName)} { }
+KeyedArchiver::KeyedArchiver() {
+    _objects.push_back(stringNode(NilName));
+}
 
 Data KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root) {
     KeyedArchiver archiver;
@@ -34,20 +52,24 @@ Data KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root) {
 }
 
 Data KeyedArchiver::finish(Uid root) {
-    const Index top = _writer.addDictionary({{_writer.addString("root"), _writer.addUid(root)}});
-    return _writer.write(_writer.addDictionary({
-        {_writer.addString("$version"), _writer.addInteger(ArchiveVersion)},
-        {_writer.addString("$archiver"), _writer.addString("NSKeyedArchiver")},
-        {_writer.addString("$top"), top},
-        {_writer.addString("$objects"), _writer.addArray(_objects)},
-    }));
+    PropertyListNode top(plist_new_dict());
+    setItem(top, "root", PropertyListNode(plist_new_uid(root)));
+    PropertyListNode objects(plist_new_array());
+    for (PropertyListNode& object : _objects)
+        plist_array_append_item(objects.get(), object.release());
+    const PropertyListNode archive(plist_new_dict());
+    setItem(archive, "$version", PropertyListNode(plist_new_uint(ArchiveVersion)));
+    setItem(archive, "$archiver", stringNode("NSKeyedArchiver"));
+    setItem(archive, "$top", std::move(top));
+    setItem(archive, "$objects", std::move(objects));
+    return binaryPropertyList(archive);
 }
 
 void KeyedArchiver::encodeObject(const ArchiveValue& value, std::string_view key) {
     // Archiving the value may descend into further objects, so the place is remembered first.
-    Fields& fields = *_currentFields;
+    const plist_t fields = _currentFields;
     const Uid uid = archive(value);
-    fields.emplace_back(_writer.addString(std::string(key)), _writer.addUid(uid));
+    plist_dict_set_item(fields, std::string(key).c_str(), plist_new_uid(uid));
 }
 
 template <typename Number>
@@ -60,14 +82,14 @@ KeyedArchiver::Uid KeyedArchiver::archiveNumber(Number number) {
     const auto known = _uidsByNumber.find(identity);
     if (known != _uidsByNumber.end())
         return known->second;
-    Index value = 0;
+    PropertyListNode value;
     if constexpr (std::is_same_v<Number, bool>)
-        value = _writer.addBoolean(number);
+        value.reset(plist_new_bool(number ? 1 : 0));
     else if constexpr (std::is_same_v<Number, double>)
-        value = _writer.addReal(number);
+        value.reset(plist_new_real(number));
     else
-        value = _writer.addInteger(number);
-    return _uidsByNumber.emplace(identity, appendObject(value)).first->second;
+        value.reset(plist_new_uint(static_cast<std::uint64_t>(number)));
+    return _uidsByNumber.emplace(identity, appendObject(std::move(value))).first->second;
 }
 
 KeyedArchiver::Uid KeyedArchiver::archive(const ArchiveValue& value) {
@@ -83,7 +105,7 @@ KeyedArchiver::Uid KeyedArchiver::archive(const ArchiveValue& value) {
             } else if constexpr (std::is_same_v<Held, std::shared_ptr<const Data>>) {
                 const auto [uid, isNew] = uidForObject(held);
                 if (isNew)
-                    _objects[uid] = _writer.addData(*held);
+                    _objects[uid].reset(plist_new_data(reinterpret_cast<const char*>(held->data()), held->size()));
                 return uid;
             } else if constexpr (std::is_same_v<Held, std::shared_ptr<const ArchiveArray>>) {
                 return archiveArray(held);
@@ -103,10 +125,12 @@ KeyedArchiver::Uid KeyedArchiver::archiveString(const std::string& text) {
     Uid uid = 0;
     if (text == NilName) {
         // As a plain string this text would be read as nil, so it is wrapped in an object.
-        uid = appendObject(0);
-        setFields(uid, {{_writer.addString("NS.string"), _writer.addString(text)}}, {"NSString", "NSObject"});
+        uid = appendObject(nullptr);
+        PropertyListNode fields(plist_new_dict());
+        setItem(fields, "NS.string", stringNode(text));
+        setFields(uid, std::move(fields), {"NSString", "NSObject"});
     } else {
-        uid = appendObject(_writer.addString(text));
+        uid = appendObject(stringNode(text));
     }
     _uidsByString.emplace(text, uid);
     return uid;
@@ -116,16 +140,13 @@ KeyedArchiver::Uid KeyedArchiver::archiveClass(const std::vector<std::string>& c
     const auto known = _uidsByClasses.find(classes);
     if (known != _uidsByClasses.end())
         return known->second;
-    std::vector<Index> chain;
-    chain.reserve(classes.size());
+    PropertyListNode chain(plist_new_array());
     for (const std::string& name : classes)
-        chain.push_back(_writer.addString(name));
-    const Uid uid = appendObject(_writer.addDictionary({
-        {_writer.addString("$classname"), chain.front()},
-        {_writer.addString("$classes"), _writer.addArray(chain)},
-    }));
-    _uidsByClasses.emplace(classes, uid);
-    return uid;
+        plist_array_append_item(chain.get(), stringNode(name).release());
+    PropertyListNode record(plist_new_dict());
+    setItem(record, "$classname", stringNode(classes.front()));
+    setItem(record, "$classes", std::move(chain));
+    return _uidsByClasses.emplace(classes, appendObject(std::move(record))).first->second;
 }
 
 KeyedArchiver::Uid KeyedArchiver::archiveArray(const std::shared_ptr<const ArchiveArray>& array) {
@@ -136,7 +157,9 @@ KeyedArchiver::Uid KeyedArchiver::archiveArray(const std::shared_ptr<const Archi
     elements.reserve(array->elements.size());
     for (const ArchiveValue& element : array->elements)
         elements.push_back(archive(element));
-    setFields(uid, {{_writer.addString("NS.objects"), uidArray(elements)}}, classesOfArray(array->mutability));
+    PropertyListNode fields(plist_new_dict());
+    setItem(fields, "NS.objects", uidArrayNode(elements));
+    setFields(uid, std::move(fields), classesOfArray(array->mutability));
     return uid;
 }
 
@@ -152,12 +175,10 @@ KeyedArchiver::Uid KeyedArchiver::archiveDictionary(const std::shared_ptr<const 
         keys.push_back(archiveString(key));
         objects.push_back(archive(object));
     }
-    setFields(uid,
-        {
-            {_writer.addString("NS.keys"), uidArray(keys)},
-            {_writer.addString("NS.objects"), uidArray(objects)},
-        },
-        classesOfDictionary(dictionary->mutability));
+    PropertyListNode fields(plist_new_dict());
+    setItem(fields, "NS.keys", uidArrayNode(keys));
+    setItem(fields, "NS.objects", uidArrayNode(objects));
+    setFields(uid, std::move(fields), classesOfDictionary(dictionary->mutability));
     return uid;
 }
 
@@ -165,8 +186,8 @@ KeyedArchiver::Uid KeyedArchiver::archiveCoding(const std::shared_ptr<const Keye
     const auto [uid, isNew] = uidForObject(object);
     if (!isNew)
         return uid;
-    Fields fields;
-    Fields* const outerFields = std::exchange(_currentFields, &fields);
+    PropertyListNode fields(plist_new_dict());
+    const plist_t outerFields = std::exchange(_currentFields, fields.get());
     object->encodeWithCoder(*this);
     _currentFields = outerFields;
     setFields(uid, std::move(fields), object->archivedClasses());
@@ -176,27 +197,18 @@ KeyedArchiver::Uid KeyedArchiver::archiveCoding(const std::shared_ptr<const Keye
 std::pair<KeyedArchiver::Uid, bool> KeyedArchiver::uidForObject(std::shared_ptr<const void> object) {
     const auto [known, isNew] = _uidsByObject.try_emplace(std::move(object), _objects.size());
     if (isNew)
-        _objects.push_back(0); // nil until the object's contents are known
+        _objects.emplace_back();
     return {known->second, isNew};
 }
 
-KeyedArchiver::Uid KeyedArchiver::appendObject(Index value) {
-    _objects.push_back(value);
+KeyedArchiver::Uid KeyedArchiver::appendObject(PropertyListNode value) {
+    _objects.push_back(std::move(value));
     return _objects.size() - 1;
 }
 
-void KeyedArchiver::setFields(Uid uid, Fields fields, const std::vector<std::string>& classes) {
-    const Uid classUid = archiveClass(classes);
-    fields.emplace_back(_writer.addString("$class"), _writer.addUid(classUid));
-    _objects[uid] = _writer.addDictionary(fields);
-}
-
-KeyedArchiver::Index KeyedArchiver::uidArray(const std::vector<Uid>& uids) {
-    std::vector<Index> elements;
-    elements.reserve(uids.size());
-    for (const Uid uid : uids)
-        elements.push_back(_writer.addUid(uid));
-    return _writer.addArray(std::move(elements));
+void KeyedArchiver::setFields(Uid uid, PropertyListNode fields, const std::vector<std::string>& classes) {
+    setItem(fields, "$class", PropertyListNode(plist_new_uid(archiveClass(classes))));
+    _objects[uid] = std::move(fields);
 }
 
 Data archiveOfEmptyMutableDictionary() {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ignore/BinaryPropertyListWriter.h"
 #include "ignore/KeyedCoding.h"
+#include "propertylist/PropertyListNode.h"
 
 #include <cstdint>
 #include <map>
@@ -24,11 +24,9 @@ public:
     void encodeObject(const ArchiveValue& value, std::string_view key);
 
 private:
-    using Index = BinaryPropertyListWriter::Index;
     using Uid = std::uint64_t;
     // The type and the bits of a number: NaN, and the zeros of both signs, are told apart like any other.
     using NumberIdentity = std::pair<std::type_index, std::uint64_t>;
-    using Fields = std::vector<std::pair<Index, Index>>;
 
     KeyedArchiver();
     Data finish(Uid root);
@@ -45,18 +43,17 @@ private:
     // for a new one.
     std::pair<Uid, bool> uidForObject(std::shared_ptr<const void> object);
     // Takes the next number for a value that is complete.
-    Uid appendObject(Index value);
-    void setFields(Uid uid, Fields fields, const std::vector<std::string>& classes);
-    Index uidArray(const std::vector<Uid>& uids);
+    Uid appendObject(PropertyListNode value);
+    // Completes an object with its fields, a dictionary, and its class.
+    void setFields(Uid uid, PropertyListNode fields, const std::vector<std::string>& classes);
 
-    BinaryPropertyListWriter _writer;
-    std::vector<Index> _objects; // by number
+    std::vector<PropertyListNode> _objects; // by number; nullptr until the object's contents are known
     // Holds on to the objects: the address of one that is gone could be given to another.
     std::unordered_map<std::shared_ptr<const void>, Uid> _uidsByObject;
     std::unordered_map<std::string, Uid> _uidsByString;
     std::map<NumberIdentity, Uid> _uidsByNumber;
     std::map<std::vector<std::string>, Uid> _uidsByClasses;
-    Fields* _currentFields = nullptr;
+    void* _currentFields = nullptr; // of the object that encodes itself
 };
 
 // The archive of an empty mutable dictionary: a stored list with nothing in it.

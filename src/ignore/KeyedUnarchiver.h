@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ignore/BinaryPropertyListReader.h"
+#include "propertylist/BinaryPropertyListReader.h"
 
 #include <cstdint>
 #include <optional>
@@ -19,6 +19,8 @@ class KeyedUnarchiver;
 class ArchivedObject {
 public:
     bool isNil() const { return _uid == 0; }
+    // The object's number in its archive: what is referred to in several places is one object.
+    std::uint64_t uid() const { return _uid; }
     // The object is of that class or of one derived from it, by its class record.
     bool isKindOfClass(std::string_view className) const;
 
@@ -52,7 +54,7 @@ private:
     Object _object;
 };
 
-// Reads keyed archives, from bytes that nobody vouches for.
+// Reads keyed archives, which may be untrusted.
 class KeyedUnarchiver {
 public:
     // The bytes stay the caller's and outlive the unarchiver.

@@ -22,7 +22,7 @@ ArchiveValue valueOrNil(const std::optional<T>& value) {
     return value ? ArchiveValue(*value) : ArchiveValue();
 }
 
-// The texts of an array of strings; nothing for anything else.
+// The strings of an array, without what else it holds; nothing for anything that is no array.
 std::optional<std::vector<std::string>> strings(const ArchivedObject& object) {
     const std::optional<std::vector<ArchivedObject>> elements = object.array();
     if (!elements)
@@ -30,10 +30,8 @@ std::optional<std::vector<std::string>> strings(const ArchivedObject& object) {
     std::vector<std::string> texts;
     texts.reserve(elements->size());
     for (const ArchivedObject& element : *elements) {
-        std::optional<std::string> text = element.string();
-        if (!text)
-            return std::nullopt;
-        texts.push_back(std::move(*text));
+        if (std::optional<std::string> text = element.string())
+            texts.push_back(std::move(*text));
     }
     return texts;
 }
@@ -47,21 +45,12 @@ TarragonBlacklist::TarragonBlacklist()
 std::optional<TarragonBlacklist> TarragonBlacklist::initWithCoder(const ArchivedObject& coder) {
     if (!coder.isKindOfClass(ClassName))
         return std::nullopt;
-    const ArchivedObject identifier = coder.decodeObjectForKey(AppBundleIDKey);
-    const ArchivedObject name = coder.decodeObjectForKey(AppNameKey);
-    const ArchivedObject ignoreAll = coder.decodeObjectForKey(IgnoreAllAppWindowsKey);
-    const ArchivedObject titles = coder.decodeObjectForKey(WindowsWithTitlesToIgnoreKey);
-
     TarragonBlacklist entry;
-    entry._appBundleID = identifier.string();
-    entry._appName = name.string();
-    entry._ignoreAllAppWindows = ignoreAll.boolValue();
-    entry._windowsWithTitlesToIgnore = strings(titles);
-
-    // A missing value is kept as nil. One of another kind was not written by anybody who means us.
-    const bool sound = (identifier.isNil() || entry._appBundleID) && (name.isNil() || entry._appName)
-        && (ignoreAll.isNil() || entry._ignoreAllAppWindows) && (titles.isNil() || entry._windowsWithTitlesToIgnore);
-    return sound ? std::optional(entry) : std::nullopt;
+    entry._appBundleID = coder.decodeObjectForKey(AppBundleIDKey).string();
+    entry._appName = coder.decodeObjectForKey(AppNameKey).string();
+    entry._ignoreAllAppWindows = coder.decodeObjectForKey(IgnoreAllAppWindowsKey).boolValue();
+    entry._windowsWithTitlesToIgnore = strings(coder.decodeObjectForKey(WindowsWithTitlesToIgnoreKey));
+    return entry;
 }
 
 void TarragonBlacklist::encodeWithCoder(KeyedArchiver& coder) const {
@@ -100,8 +89,10 @@ bool TarragonBlacklist::ignoresWindow(const std::optional<std::string>& title) c
     if (!title || !_windowsWithTitlesToIgnore)
         return false;
     const std::vector<std::string>& titles = *_windowsWithTitlesToIgnore;
-    // Stored titles are well-formed text, whatever the window's was when it was stored.
-    if (std::find(titles.begin(), titles.end(), wellFormedText(*title)) != titles.end())
+    // Stored titles are text that a property list can hold, whatever the window's was when it was stored.
+    const std::string storedForm = propertyListText(*title);
+    if (std::any_of(titles.begin(), titles.end(),
+            [&](const std::string& stored) { return stored == *title || stored == storedForm; }))
         return true;
     const std::u32string characters = charactersOf(*title);
     return std::any_of(titles.begin(), titles.end(),

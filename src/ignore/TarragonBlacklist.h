@@ -19,15 +19,16 @@ public:
     // An entry that ignores nothing, without the two strings.
     TarragonBlacklist();
 
-    // What was encoded, without any value filled in for what was not. Nothing when the object is no entry.
-    static std::optional<TarragonBlacklist> initWithCoder(const ArchivedObject& coder);
+    // What was encoded, with nil for what was not and for values of other kinds than the entry has. Nothing when the
+    // object is no entry.
+    [[nodiscard]] static std::optional<TarragonBlacklist> initWithCoder(const ArchivedObject& coder);
     void encodeWithCoder(KeyedArchiver& coder) const override;
     std::vector<std::string> archivedClasses() const override;
 
     // One entry as an archive of its own.
     Data archivedData() const;
-    // Nothing when the bytes, which nobody vouches for, are no archive of an entry.
-    static std::optional<TarragonBlacklist> unarchive(std::span<const std::uint8_t> archive);
+    // Nothing when the bytes, which may be untrusted, are no archive of an entry.
+    [[nodiscard]] static std::optional<TarragonBlacklist> unarchive(std::span<const std::uint8_t> archive);
 
     // The bundle identifier of the application; also the entry's key in the list.
     const std::optional<std::string>& appBundleID() const { return _appBundleID; }

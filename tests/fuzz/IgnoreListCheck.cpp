@@ -5,8 +5,7 @@
 #include "ignore/IgnoreList.h"
 #include "platform/PreferenceKeys.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include <vector>
 
 namespace tarragon {
 
@@ -18,16 +17,9 @@ public:
     bool isFocusedWindowFullScreen() override { return false; }
 };
 
-void require(bool condition, const char* what) {
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
-
 } // namespace
 
-void checkIgnoreListSurvives(std::span<const std::uint8_t> storedList) {
+std::string complaintAboutIgnoreList(std::span<const std::uint8_t> storedList) {
     FakeDefaults defaults;
     defaults.setValue(preference::IgnoreWindowList, Data(storedList.begin(), storedList.end()));
     FakeWorkspace workspace;
@@ -43,13 +35,17 @@ void checkIgnoreListSurvives(std::span<const std::uint8_t> storedList) {
         list.windowIsIgnored();
         list.ignoreApp();
         const std::optional<IgnoreDictionary> after = IgnoreDictionary::load(defaults);
-        require(after.has_value(), "an ignore action left a list that cannot be read");
-        require(identifier.empty() || list.windowIsIgnored(), "an ignored window is not ignored");
+        if (!after)
+            return "an ignore action left a list that cannot be read";
+        if (!identifier.empty() && !list.windowIsIgnored())
+            return "an ignored window is not ignored";
         for (const std::string& key : before ? before->allKeys() : std::vector<std::string>()) {
-            require(key == identifier || before->entry(key) == after->entry(key) || key == identifiers.front(),
-                "an ignore action changed the entry of another application");
+            const bool isOfOthers = key != identifier && key != identifiers.front();
+            if (isOfOthers && before->entry(key) != after->entry(key))
+                return "an ignore action changed the entry of another application";
         }
     }
+    return {};
 }
 
 } // namespace tarragon

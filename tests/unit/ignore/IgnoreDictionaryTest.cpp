@@ -1,6 +1,8 @@
 #include "ignore/IgnoreDictionary.h"
 
 #include "fake/FakeDefaults.h"
+#include "fake/RecordingLog.h"
+#include "fuzz/RawPropertyList.h"
 #include "ignore/KeyedArchiver.h"
 
 #include <gmock/gmock.h>
@@ -82,17 +84,61 @@ TEST(IgnoreDictionary, ReadsImmutableDictionariesAsWell) {
     EXPECT_TRUE(IgnoreDictionary::unarchiveEntry(archiveOf({{{"a", entryData("A")}}}), "a"));
 }
 
-TEST(IgnoreDictionary, LeavesOutValuesThatAreNoData) {
-    const auto read = IgnoreDictionary::unarchive(
-        archiveOf({{{"a", std::string("text")}, {"b", entryData("B")}, {"c", std::monostate()}, {"d", true}}}));
+// An object of a class that nobody knows.
+class Stranger : public KeyedCoding {
+public:
+    std::vector<std::string> archivedClasses() const override { return {"Stranger", "NSObject"}; }
+    void encodeWithCoder(KeyedArchiver& coder) const override { coder.encodeObject(std::string("x"), "x"); }
+};
+
+TEST(IgnoreDictionary, KeepsValuesThatAreNoEntriesAsTheyAre) {
+    const auto shared = std::make_shared<const ArchiveArray>(
+        ArchiveArray{{std::string("$null"), std::monostate(), std::int64_t{-3}, 0.5}, Mutability::Mutable});
+    ArchiveDictionary stored{{{"text", std::string("text")}, {"entry", entryData("B")}, {"nil", std::monostate()},
+                                 {"flag", true}, {"shared", shared}, {"again", shared},
+                                 {"dictionary",
+                                     std::make_shared<const ArchiveDictionary>(ArchiveDictionary{
+                                         {{"in it", shared}, {"data", std::make_shared<const Data>(Data{1, 2})}}})}},
+        Mutability::Mutable};
+    const Data bytes = archiveOf(stored);
+    const auto read = IgnoreDictionary::unarchive(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_THAT(read->allKeys(), ElementsAre("text", "entry", "nil", "flag", "shared", "again", "dictionary"));
+    EXPECT_EQ(read->archivedData(), bytes);
+    EXPECT_FALSE(read->entry("text"));
+    EXPECT_FALSE(read->entry("shared"));
+    EXPECT_TRUE(read->entry("entry"));
+    EXPECT_FALSE(IgnoreDictionary::unarchiveEntry(bytes, "text"));
+}
+
+TEST(IgnoreDictionary, LeavesOutObjectsOfClassesOfTheirOwn) {
+    const auto stranger = std::make_shared<const Stranger>();
+    const auto array = std::make_shared<const ArchiveArray>(ArchiveArray{{stranger}});
+    const auto read = IgnoreDictionary::unarchive(archiveOf({{{"a", stranger}, {"b", entryData("B")}, {"c", array}}}));
     ASSERT_TRUE(read);
     EXPECT_THAT(read->allKeys(), ElementsAre("b"));
+}
+
+TEST(IgnoreDictionary, SaysInTheLogWhatItCannotReadOrLeavesOut) {
+    RecordingLog log;
+    EXPECT_FALSE(IgnoreDictionary::unarchive({}));
+    EXPECT_THAT(log.takeLines(), ElementsAre("settings: the stored ignore list cannot be read"));
+    const auto damaged = std::make_shared<const Data>(Data{1, 2, 3});
+    const Data bytes = archiveOf({{{"org.bad", damaged}, {"stranger", std::make_shared<const Stranger>()}}});
+    EXPECT_FALSE(IgnoreDictionary::unarchiveEntry(bytes, "org.bad"));
+    EXPECT_THAT(log.takeLines(), ElementsAre("settings: the ignore list's entry for org.bad cannot be read"));
+    EXPECT_TRUE(IgnoreDictionary::unarchive(bytes));
+    EXPECT_THAT(log.takeLines(), ElementsAre("settings: left out of the ignore list: what is under stranger"));
+    EXPECT_FALSE(IgnoreDictionary::unarchiveEntry(bytes, "org.other"));
+    EXPECT_THAT(log.takeLines(), ElementsAre());
 }
 
 TEST(IgnoreDictionary, ListsAKeyThatIsStoredTwiceOnce) {
     const auto read = IgnoreDictionary::unarchive(archiveOf({{{"a", entryData("A")}, {"a", entryData("B")}}}));
     ASSERT_TRUE(read);
     EXPECT_THAT(read->allKeys(), ElementsAre("a"));
+    ASSERT_TRUE(read->entry("a"));
+    EXPECT_THAT(read->entry("a")->appName(), Optional(std::string("A")));
 }
 
 TEST(IgnoreDictionary, KeepsAnEntryThatDoesNotUnarchive) {
@@ -144,6 +190,27 @@ TEST(IgnoreDictionary, IsNotStoredWhenItCouldNotBeReadAgain) {
     dictionary.setEntry(tooLongText(), entryNamed("A"));
     EXPECT_FALSE(dictionary.store(defaults));
     EXPECT_FALSE(defaults.storedValue("IgnoreWindowList"));
+}
+
+TEST(IgnoreDictionary, FindsAnIdentifierWithANullCharacterHoweverItIsStored) {
+    const std::string identifier("a\0b", 3);
+    RawPropertyList list;
+    const Data entry = entryNamed("A").archivedData();
+    Data data = RawPropertyList::marker(0x40, entry.size());
+    data.insert(data.end(), entry.begin(), entry.end());
+    const std::uint32_t dictionary = list.dictionary({
+        {list.string("NS.keys"), list.array({list.uid(2)})},
+        {list.string("NS.objects"), list.array({list.uid(3)})},
+        {list.string("$class"), list.uid(4)},
+    });
+    const std::uint32_t record = list.dictionary({{list.string("$classname"), list.string("NSDictionary")}});
+    const Data stored = list.write(list.archive(
+        {list.string("$null"), dictionary, list.string(identifier), list.add(std::move(data)), record}, 1));
+    EXPECT_TRUE(IgnoreDictionary::unarchiveEntry(stored, identifier));
+    const auto read = IgnoreDictionary::unarchive(stored);
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(read->entry(identifier));
+    EXPECT_TRUE(IgnoreDictionary::unarchiveEntry(read->archivedData(), identifier));
 }
 
 TEST(IgnoreDictionary, FindsAnIdentifierThatIsNoTextUnderWhatWasStoredForIt) {

@@ -218,6 +218,45 @@ TEST_F(IgnoreListTest, KeepsTheEntriesOfOtherApplications) {
     EXPECT_EQ(dictionary->entry("org.example.Other"), other);
 }
 
+// An entry as somebody else stored it: the name is a number, and among the titles stands another one.
+class StrangeEntry : public KeyedCoding {
+public:
+    std::vector<std::string> archivedClasses() const override { return {"TarragonBlacklist", "NSObject"}; }
+    void encodeWithCoder(KeyedArchiver& coder) const override {
+        coder.encodeObject(std::string("org.example.Editor"), "appBundleID");
+        coder.encodeObject(std::int64_t{7}, "appName");
+        coder.encodeObject(false, "ignoreAllAppWindows");
+        coder.encodeObject(std::make_shared<const ArchiveArray>(
+                               ArchiveArray{{std::string("Letter"), std::int64_t{7}, std::string("Report*")}}),
+            "windowsWithTitlesToIgnore");
+    }
+};
+
+TEST_F(IgnoreListTest, KeepsWhatElseIsStoredWhenItAddsATitle) {
+    const auto entry =
+        std::make_shared<const Data>(KeyedArchiver::archivedDataWithRootObject(std::make_shared<const StrangeEntry>()));
+    const auto damaged = std::make_shared<const Data>(Data{1, 2, 3});
+    const auto archiveWith = [&](const std::shared_ptr<const Data>& editor) {
+        return KeyedArchiver::archivedDataWithRootObject(std::make_shared<const ArchiveDictionary>(
+            ArchiveDictionary{{{"note", std::string("a text")}, {"org.example.Editor", editor},
+                                  {"org.example.Damaged", damaged}, {"version", std::int64_t{2}}},
+                Mutability::Mutable}));
+    };
+    defaults.setValue("IgnoreWindowList", archiveWith(entry));
+    window.title = "Report 7";
+    EXPECT_TRUE(list.windowIsIgnored());
+    window.title = "Untitled 3";
+    EXPECT_FALSE(list.windowIsIgnored());
+
+    list.ignoreTitle();
+    TarragonBlacklist expected;
+    expected.setAppBundleID("org.example.Editor");
+    expected.setWindowsWithTitlesToIgnore(std::vector<std::string>{"Letter", "Report*", "Untitled 3"});
+    EXPECT_EQ(storedEntry(), expected);
+    EXPECT_EQ(defaults.storedValue("IgnoreWindowList"),
+        DefaultsValue(archiveWith(std::make_shared<const Data>(expected.archivedData()))));
+}
+
 TEST_F(IgnoreListTest, ReplacesAListThatDoesNotUnarchiveByAnEmptyOneAtOnce) {
     defaults.setValue("IgnoreWindowList", Data{1, 2, 3});
     std::vector<DefaultsValue> stored;

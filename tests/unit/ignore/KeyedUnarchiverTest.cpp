@@ -1,6 +1,6 @@
 #include "ignore/KeyedUnarchiver.h"
 
-#include "RawPropertyList.h"
+#include "fuzz/RawPropertyList.h"
 #include "ignore/KeyedArchiver.h"
 
 #include <gmock/gmock.h>
@@ -118,6 +118,55 @@ TEST(KeyedUnarchiver, LeavesOutKeysThatAreNoStrings) {
     ASSERT_TRUE(entries);
     ASSERT_EQ(entries->size(), 1U);
     EXPECT_EQ(entries->front().first, "key");
+}
+
+TEST(KeyedUnarchiver, ReadsReferencesOfEverySize) {
+    for (const unsigned size : {1U, 2U, 3U, 4U, 8U}) {
+        RawPropertyList list;
+        Data uid{static_cast<std::uint8_t>(0x80U | (size - 1))};
+        RawPropertyList::appendBigEndian(uid, 3, size);
+        const std::uint32_t array = list.dictionary(
+            {{list.string("NS.objects"), list.array({list.add(uid)})}, {list.string("$class"), list.uid(2)}});
+        const std::uint32_t record = list.dictionary({{list.string("$classname"), list.string("NSArray")}});
+        const Archive archive(list.write(list.archive({list.string("$null"), array, record, list.string("three")}, 1)));
+        const auto elements = archive.unarchiver.root()->array();
+        ASSERT_TRUE(elements) << size;
+        EXPECT_THAT(elements->front().string(), Optional(std::string("three"))) << size;
+    }
+}
+
+TEST(KeyedUnarchiver, ReadsArchivesWithMoreObjectsThanOneAndTwoBytesCount) {
+    for (const std::int64_t count : {254, 255, 256, 300, 65534, 65535, 65536, 66000}) {
+        std::vector<ArchiveValue> numbers;
+        for (std::int64_t number = 0; number < count; ++number)
+            numbers.emplace_back(number);
+        const Archive archive(std::make_shared<const ArchiveDictionary>(
+            ArchiveDictionary{{{"numbers", array(std::move(numbers))}, {"last", std::string("after all of them")}}}));
+        const auto entries = archive.unarchiver.root()->dictionary();
+        ASSERT_TRUE(entries) << count;
+        ASSERT_EQ(entries->size(), 2U) << count;
+        EXPECT_THAT((*entries)[1].second.string(), Optional(std::string("after all of them"))) << count;
+        EXPECT_GT((*entries)[1].second.uid(), static_cast<std::uint64_t>(count)) << count;
+    }
+}
+
+TEST(KeyedUnarchiver, KnowsAnObjectByItsClassNameOrByThoseOfItsBaseClasses) {
+    const auto isEntry = [](const std::string& name, const std::vector<std::string>& chain) {
+        RawPropertyList list;
+        std::vector<std::uint32_t> classes;
+        for (const std::string& link : chain)
+            classes.push_back(list.string(link));
+        const std::uint32_t object = list.dictionary({{list.string("$class"), list.uid(2)}});
+        const std::uint32_t record = list.dictionary(
+            {{list.string("$classname"), list.string(name)}, {list.string("$classes"), list.array(classes)}});
+        const Archive archive(list.write(list.archive({list.string("$null"), object, record}, 1)));
+        return archive.unarchiver.root()->isKindOfClass("Entry");
+    };
+    EXPECT_TRUE(isEntry("Entry", {}));
+    EXPECT_TRUE(isEntry("Entry", {"Entry", "NSObject"}));
+    EXPECT_TRUE(isEntry("Derived", {"Derived", "Entry", "NSObject"}));
+    EXPECT_FALSE(isEntry("Derived", {"Derived", "NSObject"}));
+    EXPECT_FALSE(isEntry("Entr", {"Entries", "entry"}));
 }
 
 TEST(KeyedUnarchiver, ReadsNothingFromWhatIsNoArchive) {

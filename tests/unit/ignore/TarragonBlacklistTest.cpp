@@ -1,5 +1,6 @@
 #include "ignore/TarragonBlacklist.h"
 
+#include "fuzz/RawPropertyList.h"
 #include "ignore/KeyedArchiver.h"
 #include "ignore/KeyedUnarchiver.h"
 
@@ -127,17 +128,34 @@ TEST(TarragonBlacklist, IsNothingUnderAnotherClassName) {
     EXPECT_FALSE(TarragonBlacklist::unarchive(KeyedArchiver::archivedDataWithRootObject(std::monostate())));
 }
 
-TEST(TarragonBlacklist, IsNothingWithAValueOfAnotherKind) {
+TEST(TarragonBlacklist, TakesAValueOfAnotherKindForAMissingOne) {
     const ArchiveValue number = std::int64_t{1};
     const ArchiveValue text = std::string("text");
-    const ArchiveValue numbers = std::make_shared<const ArchiveArray>(ArchiveArray{{number}});
-    const std::vector<std::pair<std::string, ArchiveValue>> wrong{{"appBundleID", number}, {"appName", numbers},
-        {"ignoreAllAppWindows", text}, {"windowsWithTitlesToIgnore", text}, {"windowsWithTitlesToIgnore", numbers}};
-    for (const auto& field : wrong) {
+    const ArchiveValue texts = std::make_shared<const ArchiveArray>(ArchiveArray{{text}});
+    const std::vector<std::pair<std::string, ArchiveValue>> sound{
+        {"appBundleID", text}, {"appName", text}, {"ignoreAllAppWindows", true}, {"windowsWithTitlesToIgnore", texts}};
+    const std::vector<ArchiveValue> wrong{number, texts, text, text};
+    for (std::size_t place = 0; place < sound.size(); ++place) {
         Impostor impostor;
-        impostor.fields = {field};
-        EXPECT_FALSE(impostor.unarchive()) << field.first;
+        impostor.fields = sound;
+        impostor.fields[place].second = wrong[place];
+        const std::optional<TarragonBlacklist> read = impostor.unarchive();
+        ASSERT_TRUE(read) << place;
+        EXPECT_EQ(read->appBundleID().has_value(), place != 0) << place;
+        EXPECT_EQ(read->appName().has_value(), place != 1) << place;
+        EXPECT_EQ(read->ignoreAllAppWindows().has_value(), place != 2) << place;
+        EXPECT_EQ(read->windowsWithTitlesToIgnore().has_value(), place != 3) << place;
     }
+}
+
+TEST(TarragonBlacklist, KeepsTheTitlesAmongWhatElseStandsInTheirArray) {
+    Impostor impostor;
+    impostor.fields = {{"windowsWithTitlesToIgnore",
+        std::make_shared<const ArchiveArray>(ArchiveArray{
+            {std::string("one"), std::int64_t{1}, std::monostate(), std::string("two")}, Mutability::Mutable})}};
+    const std::optional<TarragonBlacklist> read = impostor.unarchive();
+    ASSERT_TRUE(read);
+    EXPECT_THAT(read->windowsWithTitlesToIgnore(), Optional(ElementsAre("one", "two")));
 }
 
 TEST(TarragonBlacklist, TakesAnyNumberForItsBoolean) {
@@ -202,6 +220,22 @@ TEST(TarragonBlacklist, RecognisesATitleThatIsNoTextByWhatWasStoredForIt) {
     const std::optional<TarragonBlacklist> read = TarragonBlacklist::unarchive(entry.archivedData());
     ASSERT_TRUE(read);
     EXPECT_TRUE(read->ignoresWindow(title));
+}
+
+TEST(TarragonBlacklist, RecognisesATitleWithANullCharacterThatAnotherProgramStored) {
+    const std::string title("a\0b", 3);
+    RawPropertyList list;
+    const std::uint32_t entry = list.dictionary(
+        {{list.string("windowsWithTitlesToIgnore"), list.uid(2)}, {list.string("$class"), list.uid(4)}});
+    const std::uint32_t array =
+        list.dictionary({{list.string("NS.objects"), list.array({list.uid(3)})}, {list.string("$class"), list.uid(5)}});
+    const std::uint32_t entryClass = list.dictionary({{list.string("$classname"), list.string("TarragonBlacklist")}});
+    const std::uint32_t arrayClass = list.dictionary({{list.string("$classname"), list.string("NSArray")}});
+    const auto read = TarragonBlacklist::unarchive(
+        list.write(list.archive({list.string("$null"), entry, array, list.string(title), entryClass, arrayClass}, 1)));
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(read->ignoresWindow(title));
+    EXPECT_FALSE(read->ignoresWindow("a"));
 }
 
 } // namespace

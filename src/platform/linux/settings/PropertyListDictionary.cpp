@@ -1,6 +1,6 @@
 #include "platform/linux/settings/PropertyListDictionary.h"
 
-#include "platform/linux/settings/PropertyListLimits.h"
+#include "platform/linux/settings/XmlPropertyListLimits.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -60,27 +60,29 @@ std::optional<DefaultsValue> settingOf(plist_t node) {
     }
 }
 
-} // namespace
-
-void PropertyListDictionary::Free::operator()(void* node) const {
-    plist_free(node);
+PropertyListNode propertyListOfXml(std::string_view contents) {
+    if (contents.size() > std::numeric_limits<std::uint32_t>::max() || !isXmlPropertyListWithinReason(contents))
+        return nullptr;
+    plist_t root = nullptr;
+    plist_from_xml(contents.data(), static_cast<std::uint32_t>(contents.size()), &root);
+    return PropertyListNode(root);
 }
+
+} // namespace
 
 PropertyListDictionary::PropertyListDictionary()
     : _dictionary(plist_new_dict()) { }
 
-PropertyListDictionary::PropertyListDictionary(Node dictionary)
+PropertyListDictionary::PropertyListDictionary(PropertyListNode dictionary)
     : _dictionary(std::move(dictionary)) { }
 
 std::optional<PropertyListDictionary> PropertyListDictionary::parse(std::string_view contents) {
-    if (contents.size() > std::numeric_limits<std::uint32_t>::max() || !isPropertyListWithinReason(contents))
+    PropertyListNode root = contents.starts_with("bplist")
+        ? propertyListOfBinary({reinterpret_cast<const std::uint8_t*>(contents.data()), contents.size()})
+        : propertyListOfXml(contents);
+    if (!root || plist_get_node_type(root.get()) != PLIST_DICT)
         return std::nullopt;
-    plist_t root = nullptr;
-    plist_from_memory(contents.data(), static_cast<std::uint32_t>(contents.size()), &root);
-    Node owner(root);
-    if (!root || plist_get_node_type(root) != PLIST_DICT)
-        return std::nullopt;
-    return PropertyListDictionary(std::move(owner));
+    return PropertyListDictionary(std::move(root));
 }
 
 std::string PropertyListDictionary::xml() const {
@@ -128,7 +130,7 @@ bool PropertyListDictionary::canHold(const DefaultsValue& value) {
     return !text || text->find('\0') == std::string::npos;
 }
 
-PropertyListDictionary::Node PropertyListDictionary::nodeOf(const DefaultsValue& value) {
+PropertyListNode PropertyListDictionary::nodeOf(const DefaultsValue& value) {
     const auto make = [](const auto& plain) -> plist_t {
         using Plain = std::decay_t<decltype(plain)>;
         if constexpr (std::is_same_v<Plain, bool>)
@@ -142,7 +144,7 @@ PropertyListDictionary::Node PropertyListDictionary::nodeOf(const DefaultsValue&
         else
             return plist_new_data(reinterpret_cast<const char*>(plain.data()), plain.size());
     };
-    return Node(std::visit(make, value));
+    return PropertyListNode(std::visit(make, value));
 }
 
 } // namespace tarragon

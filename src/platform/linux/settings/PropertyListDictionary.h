@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/Defaults.h"
+#include "propertylist/PropertyListNode.h"
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,7 +19,7 @@ class PropertyListDictionary {
 public:
     PropertyListDictionary();
     // From XML or the binary form; nothing when the contents are damaged or hold something other than a dictionary.
-    static std::optional<PropertyListDictionary> parse(std::string_view contents);
+    [[nodiscard]] static std::optional<PropertyListDictionary> parse(std::string_view contents);
 
     std::string xml() const;
     // The entries that are settings.
@@ -33,15 +33,10 @@ public:
     static bool canHold(const DefaultsValue& value);
 
 private:
-    struct Free {
-        void operator()(void* node) const;
-    };
-    using Node = std::unique_ptr<void, Free>;
+    explicit PropertyListDictionary(PropertyListNode dictionary);
+    static PropertyListNode nodeOf(const DefaultsValue& value);
 
-    explicit PropertyListDictionary(Node dictionary);
-    static Node nodeOf(const DefaultsValue& value);
-
-    Node _dictionary;
+    PropertyListNode _dictionary;
 };
 
 } // namespace tarragon

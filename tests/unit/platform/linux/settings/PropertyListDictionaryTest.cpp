@@ -164,6 +164,44 @@ TEST(PropertyListDictionary, ReadsABinaryFormWithContainersAndSharedValues) {
     EXPECT_EQ(dictionary->values(), (PropertyListValues{{"b", true}}));
 }
 
+TEST(PropertyListDictionary, RefusesABinaryFormThatMultipliesItsData) {
+    const std::string data = "\x4F\x12" + reference(100000) + std::string(100000, 'x');
+    std::vector<std::string> values{"\xD1" + reference(1) + reference(2),
+        "\x51"
+        "a",
+        "\xAF\x11\x03\xE8"};
+    for (int count = 0; count < 1000; ++count)
+        values[2] += reference(3);
+    values.push_back(data);
+    EXPECT_FALSE(PropertyListDictionary::parse(binaryOf(values)));
+    values[2] = "\xA1" + reference(3);
+    EXPECT_TRUE(PropertyListDictionary::parse(binaryOf(values)));
+}
+
+TEST(PropertyListDictionary, KeepsEntriesOfOtherKindsOfABinaryForm) {
+    const auto key = [](char name) { return std::string("\x51") + name; };
+    std::string dictionary = "\xD7";
+    for (std::size_t index = 1; index <= 14; ++index)
+        dictionary += reference(index);
+    const auto read = PropertyListDictionary::parse(binaryOf({dictionary, key('a'), key('b'), key('c'), key('d'),
+        key('e'), key('f'), key('g'), std::string("\x33\x41\xC5\x0F\xD9\x58\x80\0\0", 9), // a date
+        "\xC1" + reference(14), // a set
+        std::string("\x14\0\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 17), // 2^64 - 1
+        std::string("\x64\0G\xD8\x34\xDD\x1E\0!", 9), // a text in two planes
+        "\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFB", // -5
+        std::string("\0", 1), // nothing
+        std::string("\x22\x40\x20\0\0", 5)})); // 2.5
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->values(),
+        (PropertyListValues{
+            {"c", std::int64_t(-1)}, {"d", std::string("G\xF0\x9D\x84\x9E!")}, {"e", std::int64_t(-5)}, {"g", 2.5}}));
+    const std::string xml = read->xml();
+    EXPECT_NE(xml.find("<date>2023-05-25T15:13:53Z"), std::string::npos) << xml;
+    EXPECT_NE(xml.find("<array>\n\t\t<real>2.5"), std::string::npos) << xml;
+    EXPECT_NE(xml.find("<integer>18446744073709551615</integer>"), std::string::npos) << xml;
+    EXPECT_EQ(xml.find("<key>f</key>"), std::string::npos) << xml;
+}
+
 TEST(PropertyListDictionary, SurvivesAnyWrongByteOfABinaryForm) {
     plist_t root = plist_new_dict();
     plist_t array = plist_new_array();
@@ -175,22 +213,26 @@ TEST(PropertyListDictionary, SurvivesAnyWrongByteOfABinaryForm) {
     plist_free(root);
     ASSERT_TRUE(PropertyListDictionary::parse(sound));
     for (std::size_t place = 0; place < sound.size(); ++place) {
-        PropertyListDictionary::parse(sound.substr(0, place));
+        EXPECT_FALSE(PropertyListDictionary::parse(sound.substr(0, place))) << place;
         for (const unsigned flip : {0x01U, 0x10U, 0x80U, 0xFFU}) {
             std::string contents = sound;
             contents[place] = static_cast<char>(static_cast<unsigned char>(contents[place]) ^ flip);
-            PropertyListDictionary::parse(contents);
+            // What can be read can be written again.
+            const auto read = PropertyListDictionary::parse(contents);
+            EXPECT_TRUE(!read || PropertyListDictionary::parse(read->xml())) << place;
         }
     }
 }
 
-TEST(PropertyListDictionary, SurvivesEveryTruncationOfAFile) {
+TEST(PropertyListDictionary, ReadsAllOrNothingOfATruncatedFile) {
     PropertyListDictionary dictionary;
     dictionary.set("text", std::string("abc"));
     dictionary.set("bytes", Data{1, 2, 3});
     const std::string xml = dictionary.xml();
-    for (std::size_t length = 0; length < xml.size(); ++length)
-        PropertyListDictionary::parse(xml.substr(0, length));
+    for (std::size_t length = 0; length < xml.size(); ++length) {
+        const auto read = PropertyListDictionary::parse(xml.substr(0, length));
+        EXPECT_TRUE(!read || read->values() == dictionary.values()) << length;
+    }
 }
 
 TEST(PropertyListDictionary, CannotHoldNullBytesInText) {

@@ -6,32 +6,50 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarragon {
 
-// Looks into a property list in its binary form, without unpacking it: only what is asked for is read. Made for bytes
-// that nobody vouches for. A question about a damaged place is answered with nothing, and so is every question once the
-// work done would exceed a bound that no honest list comes near: a few bytes can claim, or refer to, any number of
-// objects. Used by one thread at a time.
+// Looks into a property list in its binary form, without unpacking it: only what is asked for is read. Made for
+// untrusted bytes. A question about a damaged place is answered with nothing, and so is every question once the work
+// done would exceed a bound that no honest list comes near: a few bytes can claim, or refer to, any number of objects.
+// Used by one thread at a time.
 class BinaryPropertyListReader {
 public:
-    enum class Kind { Boolean, Integer, Real, Bytes, AsciiString, Utf16String, Uid, Array, Dictionary, Other };
+    // Large integers are those beyond the signed 64-bit ones, dates are seconds since the beginning of 2001, and sets
+    // count as arrays.
+    enum class Kind {
+        Boolean,
+        Integer,
+        LargeInteger,
+        Real,
+        Date,
+        Bytes,
+        AsciiString,
+        Utf16String,
+        Uid,
+        Array,
+        Dictionary,
+        Other
+    };
 
     struct Object {
         Kind kind = Kind::Other;
         std::uint64_t integer = 0; // the bits of a boolean, an integer or a UID
-        double real = 0;
+        double real = 0; // a real number or a date
         std::size_t begin = 0; // of the contents, in bytes from the start of the list
         std::size_t count = 0; // bytes, characters, elements or entries
     };
 
     // Nothing when the bytes are no binary property list. They stay the caller's and outlive the reader.
-    static std::optional<BinaryPropertyListReader> open(std::span<const std::uint8_t> bytes);
+    [[nodiscard]] static std::optional<BinaryPropertyListReader> open(std::span<const std::uint8_t> bytes);
 
     std::optional<Object> top() const { return object(_top); }
 
     // The element at an index below the array's count.
     std::optional<Object> element(const Object& array, std::size_t index) const;
+    // Key and value of the entry at an index below the dictionary's count.
+    std::optional<std::pair<Object, Object>> entry(const Object& dictionary, std::size_t index) const;
     // The value under a key; nothing when there is none.
     std::optional<Object> find(const Object& dictionary, std::string_view key) const;
     // The text of a string in UTF-8; nothing for objects of other kinds.

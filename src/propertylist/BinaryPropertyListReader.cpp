@@ -1,4 +1,4 @@
-#include "ignore/BinaryPropertyListReader.h"
+#include "propertylist/BinaryPropertyListReader.h"
 
 #include "platform/UnicodeText.h"
 
@@ -71,15 +71,19 @@ std::optional<BinaryPropertyListReader::Object> BinaryPropertyListReader::intege
     if (offset >= _offsetTable || (_bytes[offset] & 0xF0U) != 0x10)
         return std::nullopt;
     const unsigned exponent = _bytes[offset] & 0x0FU;
-    if (exponent > 3)
+    if (exponent > 4)
         return std::nullopt;
     const unsigned size = 1U << exponent;
     if (_offsetTable - offset - 1 < size)
         return std::nullopt;
+    constexpr unsigned ValueSize = 8;
     Object object;
-    object.kind = Kind::Integer;
-    object.integer = bigEndian(offset + 1, size);
     object.begin = offset + 1 + size;
+    object.integer = bigEndian(offset + 1, size);
+    if (size <= ValueSize)
+        object.kind = Kind::Integer;
+    else if (bigEndian(offset + 1, ValueSize) == 0)
+        object.kind = Kind::LargeInteger;
     return object;
 }
 
@@ -91,7 +95,7 @@ bool BinaryPropertyListReader::readCount(Object& object, unsigned nibble) const 
         return true;
     }
     const std::optional<Object> count = integerAt(object.begin);
-    if (!count || count->integer > _bytes.size())
+    if (!count || count->kind != Kind::Integer || count->integer > _bytes.size())
         return false;
     object.count = count->integer;
     object.begin = count->begin;
@@ -123,10 +127,7 @@ std::optional<BinaryPropertyListReader::Object> BinaryPropertyListReader::object
         break;
     case 0x1: {
         const std::optional<Object> integer = integerAt(offset);
-        if (integer)
-            return integer;
-        sound = remaining >= 16 && nibble == 4; // too wide for us, but nothing is wrong with it
-        break;
+        return integer ? integer : damaged();
     }
     case 0x2:
         sound = (nibble == 2 || nibble == 3) && remaining >= (1U << nibble);
@@ -139,7 +140,11 @@ std::optional<BinaryPropertyListReader::Object> BinaryPropertyListReader::object
         }
         break;
     case 0x3:
-        sound = remaining >= 8; // a date
+        sound = remaining >= 8;
+        if (sound) {
+            object.kind = Kind::Date;
+            object.real = std::bit_cast<double>(bigEndian(object.begin, 8));
+        }
         break;
     case 0x4:
         object.kind = Kind::Bytes;
@@ -160,11 +165,9 @@ std::optional<BinaryPropertyListReader::Object> BinaryPropertyListReader::object
             object.integer = bigEndian(object.begin, nibble + 1);
         break;
     case 0xA:
+    case 0xC:
         object.kind = Kind::Array;
         sound = readExtent(object, nibble, _referenceSize);
-        break;
-    case 0xC:
-        sound = readExtent(object, nibble, _referenceSize); // a set
         break;
     case 0xD:
         object.kind = Kind::Dictionary;
@@ -188,6 +191,15 @@ std::optional<BinaryPropertyListReader::Object> BinaryPropertyListReader::elemen
     if (array.kind != Kind::Array || index >= array.count)
         return damaged();
     return reference(array, index);
+}
+
+std::optional<std::pair<BinaryPropertyListReader::Object, BinaryPropertyListReader::Object>>
+BinaryPropertyListReader::entry(const Object& dictionary, std::size_t index) const {
+    if (dictionary.kind != Kind::Dictionary || index >= dictionary.count)
+        return damaged();
+    const std::optional<Object> key = reference(dictionary, index);
+    const std::optional<Object> value = key ? reference(dictionary, dictionary.count + index) : std::nullopt;
+    return value ? std::optional(std::pair(*key, *value)) : std::nullopt;
 }
 
 std::optional<BinaryPropertyListReader::Object> BinaryPropertyListReader::find(

@@ -1,6 +1,6 @@
-#include "HostileList.h"
+#include "fuzz/HostileList.h"
 
-#include "RawPropertyList.h"
+#include "fuzz/RawPropertyList.h"
 #include "ignore/IgnoreDictionary.h"
 #include "ignore/KeyedArchiver.h"
 
@@ -114,6 +114,56 @@ Data listWithSharedEntry() {
     objects[1] = list.dictionary({
         {list.string("NS.keys"), list.array(keys)},
         {list.string("NS.objects"), list.array(std::vector<Number>(Count, list.uid(2)))},
+        {list.string("$class"), list.uid(3)},
+    });
+    return list.write(list.archive(objects, 1));
+}
+
+// Beside no entry, an array whose many elements are all the same large data under other numbers.
+Data listWithSharedDataInAnArray() {
+    constexpr Number Count = 1000;
+    RawPropertyList list;
+    Data large = RawPropertyList::marker(0x40, 1'000'000);
+    large.resize(large.size() + 1'000'000);
+    const Number data = list.add(std::move(large));
+    std::vector<Number> objects{list.string("$null"), 0, list.string("key"), 0,
+        list.dictionary({{list.string("$classname"), list.string("NSDictionary")}}),
+        list.dictionary({{list.string("$classname"), list.string("NSArray")}})};
+    std::vector<Number> elements;
+    for (Number number = 0; number < Count; ++number) {
+        elements.push_back(list.uid(static_cast<Number>(objects.size())));
+        objects.push_back(data);
+    }
+    objects[1] = list.dictionary({
+        {list.string("NS.keys"), list.array({list.uid(2)})},
+        {list.string("NS.objects"), list.array({list.uid(3)})},
+        {list.string("$class"), list.uid(4)},
+    });
+    objects[3] = list.dictionary({
+        {list.string("NS.objects"), list.array(elements)},
+        {list.string("$class"), list.uid(5)},
+    });
+    return list.write(list.archive(objects, 1));
+}
+
+// Beside no entry, arrays of arrays: each holds the next one twice, the last one the first.
+Data listWithArraysInEachOther() {
+    constexpr Number Count = 1000;
+    RawPropertyList list;
+    std::vector<Number> objects{list.string("$null"), 0, list.string("key"),
+        list.dictionary({{list.string("$classname"), list.string("NSDictionary")}}),
+        list.dictionary({{list.string("$classname"), list.string("NSArray")}})};
+    const auto first = static_cast<Number>(objects.size());
+    for (Number number = 0; number < Count; ++number) {
+        const Number next = list.uid(first + (number + 1) % Count);
+        objects.push_back(list.dictionary({
+            {list.string("NS.objects"), list.array({next, next})},
+            {list.string("$class"), list.uid(4)},
+        }));
+    }
+    objects[1] = list.dictionary({
+        {list.string("NS.keys"), list.array({list.uid(2)})},
+        {list.string("NS.objects"), list.array({list.uid(first)})},
         {list.string("$class"), list.uid(3)},
     });
     return list.write(list.archive(objects, 1));
@@ -266,6 +316,8 @@ std::vector<HostileList> hostileLists() {
                 parts.objects.assign(10'000, parts.list.uid(parts.object));
             }),
         {"one-large-entry-under-many-keys", listWithSharedEntry()},
+        {"one-large-data-many-times-in-an-array", listWithSharedDataInAnArray()},
+        {"arrays-in-each-other", listWithArraysInEachOther()},
         {"entry-empty", listWithEntry({})},
         {"entry-with-a-name-out-of-range", listWithDamagedEntry()},
         {"entry-truncated",

@@ -1,4 +1,4 @@
-#include "RawPropertyList.h"
+#include "fuzz/RawPropertyList.h"
 
 namespace tarragon {
 
