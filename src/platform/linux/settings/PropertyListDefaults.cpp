@@ -1,12 +1,12 @@
 #include "platform/linux/settings/PropertyListDefaults.h"
 
+#include "platform/Log.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/desktop/SessionEnvironment.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <iostream>
 #include <set>
 #include <sys/inotify.h>
 #include <system_error>
@@ -49,7 +49,7 @@ PropertyListDefaults::~PropertyListDefaults() {
 std::filesystem::path PropertyListDefaults::fileOfUser() {
     const std::filesystem::path folder = userConfigurationFolder();
     if (folder.empty()) {
-        std::cerr << "tarragon: neither XDG_CONFIG_HOME nor HOME names a folder; settings are not kept\n";
+        logError(LogCategory::Settings, "neither XDG_CONFIG_HOME nor HOME names a folder; settings are not kept");
         return {};
     }
     return folder / "tarragon" / "tarragon.plist";
@@ -71,7 +71,7 @@ std::optional<DefaultsValue> PropertyListDefaults::value(std::string_view key) {
 
 bool PropertyListDefaults::setValue(std::string_view key, const DefaultsValue& value) {
     if (!PropertyListDictionary::canHold(value))
-        std::cerr << "tarragon: the setting " << key << " has a null byte in it and is not kept\n";
+        logError(LogCategory::Settings, "the setting " + std::string(key) + " has a null byte in it and is not kept");
     return change({{std::string(key), value}});
 }
 

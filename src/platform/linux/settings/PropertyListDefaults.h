@@ -27,7 +27,7 @@ public:
     PropertyListDefaults(const PropertyListDefaults&) = delete;
     PropertyListDefaults& operator=(const PropertyListDefaults&) = delete;
 
-    // From XDG_CONFIG_HOME or HOME. Empty, and told on standard error, when neither is set.
+    // From XDG_CONFIG_HOME or HOME. Empty, and an error told, when neither is set.
     static std::filesystem::path fileOfUser();
 
     void registerDefaults(const DefaultsDictionary& values) override;

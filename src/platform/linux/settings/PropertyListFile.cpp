@@ -1,5 +1,7 @@
 #include "platform/linux/settings/PropertyListFile.h"
 
+#include "platform/Log.h"
+
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -8,7 +10,6 @@
 #include <ctime>
 #include <fcntl.h>
 #include <future>
-#include <iostream>
 #include <memory>
 #include <string_view>
 #include <sys/file.h>
@@ -196,8 +197,8 @@ bool PropertyListFile::moveAside() {
         report("are damaged and cannot be moved aside", errno);
         return false;
     }
-    std::cerr << "tarragon: the settings in " << _file.string() << " are damaged; they were moved to " << free.string()
-              << '\n';
+    logError(LogCategory::Settings,
+        "the settings in " + _file.string() + " are damaged; they were moved to " + free.string());
     return true;
 }
 
@@ -232,8 +233,9 @@ bool PropertyListFile::replace(const std::string& contents) {
 void PropertyListFile::report(const std::string& what, int reason) {
     if (std::exchange(_lastReason, reason) == reason)
         return;
-    std::cerr << "tarragon: the settings in " << _file.string() << ' ' << what << ": "
-              << std::error_code(reason, std::generic_category()).message() << '\n';
+    logError(LogCategory::Settings,
+        "the settings in " + _file.string() + ' ' + what + ": "
+            + std::error_code(reason, std::generic_category()).message());
 }
 
 } // namespace tarragon

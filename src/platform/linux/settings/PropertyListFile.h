@@ -16,8 +16,8 @@ using PropertyListChanges = std::map<std::string, std::optional<DefaultsValue>, 
 // A property list on disk that several processes write. Every change is merged into what is there at that moment, and
 // replaces the file in one step: whoever reads it, and whatever fails in between, sees the old file or the new one.
 //
-// A damaged file is moved aside, under a name that says when, and a new one begun. Failures are told on standard error,
-// once until writing works again or fails for another reason.
+// A damaged file is moved aside, under a name that says when, and a new one begun. Failures are errors that the
+// user is told, once until writing works again or fails for another reason.
 class PropertyListFile {
 public:
     // An empty path stands for no file at all: reading gives no values and every change fails. A symbolic link is
@@ -29,17 +29,17 @@ public:
     bool makeFolder();
 
     // No values when there is no file yet; nothing when it cannot be read.
-    std::optional<PropertyListValues> read();
+    [[nodiscard]] std::optional<PropertyListValues> read();
     // The values afterwards; nothing when the changes could not be written. Other processes are waited for, but no
     // longer than a second.
-    std::optional<PropertyListValues> merge(const PropertyListChanges& changes);
+    [[nodiscard]] std::optional<PropertyListValues> merge(const PropertyListChanges& changes);
 
 private:
     enum class Lock { Held, NotHeld };
 
-    std::optional<PropertyListDictionary> readDictionary(Lock lock);
-    bool moveAside();
-    bool replace(const std::string& contents);
+    [[nodiscard]] std::optional<PropertyListDictionary> readDictionary(Lock lock);
+    [[nodiscard]] bool moveAside();
+    [[nodiscard]] bool replace(const std::string& contents);
     void report(const std::string& what, int reason);
 
     std::filesystem::path _file;

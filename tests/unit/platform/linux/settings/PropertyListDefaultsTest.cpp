@@ -1,6 +1,7 @@
 #include "platform/linux/settings/PropertyListDefaults.h"
 
 #include "fake/FakeRunLoop.h"
+#include "fake/RecordingLog.h"
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -66,18 +67,8 @@ protected:
         std::string name = (fs::temp_directory_path() / "property-list-XXXXXX").string();
         _folder = mkdtemp(name.data());
         _file = _folder / "tarragon" / "tarragon.plist";
-        testing::internal::CaptureStderr();
     }
-    ~PropertyListDefaultsTest() override {
-        if (!_isErrorTaken)
-            testing::internal::GetCapturedStderr();
-        fs::remove_all(_folder);
-    }
-
-    std::string standardError() {
-        _isErrorTaken = true;
-        return testing::internal::GetCapturedStderr();
-    }
+    ~PropertyListDefaultsTest() override { fs::remove_all(_folder); }
 
     std::unique_ptr<PropertyListDefaults> open() { return std::make_unique<PropertyListDefaults>(_runLoop, _file); }
 
@@ -111,9 +102,7 @@ protected:
     DescriptorRunLoop _runLoop;
     DescriptorRunLoop _otherRunLoop;
     std::vector<std::string> _told;
-
-private:
-    bool _isErrorTaken = false;
+    RecordingLog _log;
 };
 
 } // namespace
@@ -306,7 +295,9 @@ TEST_F(PropertyListDefaultsTest, MoveADamagedFileAsideAndSaySo) {
     std::getline(std::ifstream(_file.parent_path() / kept.front()) >> std::ws, text);
     EXPECT_EQ(text, "garbage");
     EXPECT_TRUE(defaults->setValue("A", true));
-    EXPECT_THAT(standardError(), HasSubstr("are damaged; they were moved to"));
+    EXPECT_THAT(_log.takeLines(),
+        ElementsAre("settings error: the settings in " + _file.string() + " are damaged; they were moved to "
+            + (_file.parent_path() / kept.front()).string()));
 }
 
 TEST_F(PropertyListDefaultsTest, NeverOverwriteAnEarlierDamagedFile) {
@@ -341,8 +332,9 @@ TEST_F(PropertyListDefaultsTest, HoldAValueInMemoryWhenItCannotBeWritten) {
     fs::remove(_folder / "tarragon");
     EXPECT_TRUE(defaults->synchronize());
     EXPECT_EQ(another()->value("A"), DefaultsValue(std::int64_t(2)));
-    const std::string error = standardError();
-    EXPECT_EQ(error.find("tarragon: the settings in"), error.rfind("tarragon: the settings in")) << error;
+    // Told once, however often it was tried.
+    EXPECT_THAT(_log.takeLines(),
+        ElementsAre(testing::StartsWith("settings error: the settings in " + _file.string() + " cannot be ")));
 }
 
 TEST_F(PropertyListDefaultsTest, LeaveAFileAloneThatCannotBeRead) {
@@ -352,7 +344,7 @@ TEST_F(PropertyListDefaultsTest, LeaveAFileAloneThatCannotBeRead) {
     EXPECT_EQ(defaults->value("A"), DefaultsValue(true));
     EXPECT_TRUE(fs::is_directory(_file));
     EXPECT_THAT(names(".damaged-"), IsEmpty());
-    EXPECT_THAT(standardError(), HasSubstr("cannot be read"));
+    EXPECT_THAT(_log.takeLines(), ElementsAre(HasSubstr("cannot be read")));
 }
 
 TEST_F(PropertyListDefaultsTest, LeaveAProtectedFileAlone) {
@@ -384,6 +376,7 @@ TEST_F(PropertyListDefaultsTest, HoldTextThatNoFileCanHoldInMemory) {
     EXPECT_EQ(defaults->value("A"), text);
     EXPECT_EQ(another()->value("B"), DefaultsValue(true));
     EXPECT_TRUE(defaults->setValue("A", std::string("ab")));
+    EXPECT_THAT(_log.takeLines(), ElementsAre("settings error: the setting A has a null byte in it and is not kept"));
 }
 
 TEST_F(PropertyListDefaultsTest, KeepTheFileBehindASymbolicLink) {
@@ -463,7 +456,7 @@ TEST_F(PropertyListDefaultsFile, IsNoneWithoutEitherAndSaysSo) {
     setVariable("XDG_CONFIG_HOME", nullptr);
     setVariable("HOME", nullptr);
     EXPECT_TRUE(PropertyListDefaults::fileOfUser().empty());
-    EXPECT_THAT(standardError(), HasSubstr("neither XDG_CONFIG_HOME nor HOME"));
+    EXPECT_THAT(_log.takeLines(), ElementsAre(HasSubstr("neither XDG_CONFIG_HOME nor HOME")));
 }
 
 } // namespace tarragon
