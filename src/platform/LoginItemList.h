@@ -20,12 +20,14 @@ class LoginItemList {
 public:
     virtual ~LoginItemList() = default;
 
+    // The session has such a list.
+    virtual bool isAvailable() const = 0;
     // The items as they are now, in the list's order; nothing when there is no such list.
     virtual std::optional<std::vector<LoginItem>> copySnapshot() = 0;
     // Inserts an item at the end of the list, named after its file. False when it could not be inserted.
-    virtual bool insertItem(const std::string& path, bool isHidden) = 0;
+    [[nodiscard]] virtual bool insertItem(const std::string& path, bool isHidden) = 0;
     // Takes an item of a snapshot out of the list. False when it is still there.
-    virtual bool removeItem(const LoginItem& item) = 0;
+    [[nodiscard]] virtual bool removeItem(const LoginItem& item) = 0;
 };
 
 } // namespace tarragon

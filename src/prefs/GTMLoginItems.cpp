@@ -1,6 +1,9 @@
 #include "prefs/GTMLoginItems.h"
 
+#include "platform/Log.h"
+
 #include <algorithm>
+#include <filesystem>
 
 namespace tarragon {
 
@@ -9,10 +12,6 @@ namespace {
 constexpr const char* NameKey = "Name";
 constexpr const char* PathKey = "Path";
 constexpr const char* HideKey = "Hide";
-
-std::optional<std::vector<LoginItem>> snapshot(LoginItemList* list) {
-    return list ? list->copySnapshot() : std::nullopt;
-}
 
 // "Tarragon.app" is called "Tarragon", but ".app" is no extension.
 std::string withoutExtension(const std::string& name) {
@@ -26,18 +25,35 @@ std::optional<std::string> nameOf(const LoginItem& item) {
     return item.displayName ? std::optional(withoutExtension(*item.displayName)) : std::nullopt;
 }
 
+// The path without links, where there is something at it; otherwise the path as it stands.
+std::string canonicalPath(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path canonical = std::filesystem::canonical(path, error);
+    return error ? path : canonical.string();
+}
+
 template <typename Predicate>
 void removeItems(LoginItemList* list, Predicate shouldRemove) {
-    for (const LoginItem& item : snapshot(list).value_or(std::vector<LoginItem>())) {
-        if (shouldRemove(item))
-            list->removeItem(item);
+    LoginItemList* const available = GTMLoginItems::loginItemsFileListRef(list);
+    const auto items = GTMLoginItems::loginItemsArrayForFileListRef(available);
+    for (const LoginItem& item : items.value_or(std::vector<LoginItem>())) {
+        if (shouldRemove(item) && !available->removeItem(item))
+            log(LogCategory::Settings, [&item] { return "a login item could not be removed: " + item.reference; });
     }
 }
 
 } // namespace
 
+LoginItemList* GTMLoginItems::loginItemsFileListRef(LoginItemList* list) {
+    return list && list->isAvailable() ? list : nullptr;
+}
+
+std::optional<std::vector<LoginItem>> GTMLoginItems::loginItemsArrayForFileListRef(LoginItemList* list) {
+    return list ? list->copySnapshot() : std::nullopt;
+}
+
 std::optional<LoginItemArray> GTMLoginItems::loginItems(LoginItemList* list, LoginItemsError* error) {
-    const std::optional<std::vector<LoginItem>> items = snapshot(list);
+    const std::optional<std::vector<LoginItem>> items = loginItemsArrayForFileListRef(loginItemsFileListRef(list));
     if (!items) {
         if (error)
             *error = {"GTMLoginItems", -1};
@@ -69,7 +85,10 @@ std::int64_t GTMLoginItems::indexOfLoginItemWithValue(const std::optional<LoginI
 }
 
 bool GTMLoginItems::pathInLoginItems(LoginItemList* list, const std::string& path) {
-    return indexOfLoginItemWithValue(path, PathKey, loginItems(list, nullptr)) != NSNotFound;
+    const auto items = loginItemsArrayForFileListRef(loginItemsFileListRef(list));
+    return items && std::any_of(items->begin(), items->end(), [canonical = canonicalPath(path)](const LoginItem& item) {
+        return item.path && canonicalPath(*item.path) == canonical;
+    });
 }
 
 bool GTMLoginItems::itemWithNameInLoginItems(LoginItemList* list, const std::string& name) {
@@ -77,15 +96,19 @@ bool GTMLoginItems::itemWithNameInLoginItems(LoginItemList* list, const std::str
 }
 
 void GTMLoginItems::addPathToLoginItems(LoginItemList* list, const std::string& path, bool hide) {
-    if (path.empty() || !list || pathInLoginItems(list, path))
+    LoginItemList* const available = loginItemsFileListRef(list);
+    if (path.empty() || !available || pathInLoginItems(available, path))
         return;
-    list->insertItem(path, hide);
+    if (!available->insertItem(path, hide))
+        log(LogCategory::Settings, [&path] { return "the login item could not be written: " + path; });
 }
 
 void GTMLoginItems::removePathFromLoginItems(LoginItemList* list, const std::string& path) {
     if (path.empty())
         return;
-    removeItems(list, [&path](const LoginItem& item) { return item.path == path; });
+    removeItems(list, [canonical = canonicalPath(path)](const LoginItem& item) {
+        return item.path && canonicalPath(*item.path) == canonical;
+    });
 }
 
 void GTMLoginItems::removeItemWithNameFromLoginItems(LoginItemList* list, const std::string& name) {

@@ -14,14 +14,16 @@ std::optional<std::vector<LoginItem>> FakeLoginItemList::copySnapshot() {
 
 bool FakeLoginItemList::insertItem(const std::string& path, bool isHidden) {
     ++_insertCount;
-    if (!_available)
+    if (!_available || !_writable)
         return false;
     add(path.substr(path.rfind('/') + 1), path, isHidden);
     return true;
 }
 
 bool FakeLoginItemList::removeItem(const LoginItem& item) {
-    return std::erase_if(_items, [&item](const LoginItem& other) { return other.reference == item.reference; }) > 0;
+    ++_removeCount;
+    return _available && _writable
+        && std::erase_if(_items, [&item](const LoginItem& other) { return other.reference == item.reference; }) > 0;
 }
 
 } // namespace tarragon

@@ -14,15 +14,22 @@ public:
     const std::vector<LoginItem>& items() const { return _items; }
     int insertCount() const { return _insertCount; }
 
+    // A list that nothing can be written to.
+    void setWritable(bool writable) { _writable = writable; }
+    int removeCount() const { return _removeCount; }
+
+    bool isAvailable() const override { return _available; }
     std::optional<std::vector<LoginItem>> copySnapshot() override;
-    bool insertItem(const std::string& path, bool isHidden) override;
-    bool removeItem(const LoginItem& item) override;
+    [[nodiscard]] bool insertItem(const std::string& path, bool isHidden) override;
+    [[nodiscard]] bool removeItem(const LoginItem& item) override;
 
 private:
     std::vector<LoginItem> _items;
     int _nextReference = 1;
     int _insertCount = 0;
+    int _removeCount = 0;
     bool _available = true;
+    bool _writable = true;
 };
 
 } // namespace tarragon

@@ -1,11 +1,16 @@
 #include "prefs/GTMLoginItems.h"
 
 #include "fake/FakeLoginItemList.h"
+#include "fake/RecordingLog.h"
 #include "prefs/StartAtLogin.h"
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <vector>
 
 namespace tarragon {
 namespace {
@@ -65,6 +70,93 @@ TEST(GTMLoginItems, ReportsAMissingList) {
         GTMLoginItems::removeItemWithNameFromLoginItems(missing, "a");
         GTMLoginItems::addPathToLoginItems(missing, "/usr/bin/a", false);
     }
+    EXPECT_THAT(list.items(), IsEmpty());
+    EXPECT_EQ(list.insertCount(), 0);
+}
+
+TEST(GTMLoginItems, HandOutOnlyAListThatTheSessionHas) {
+    FakeLoginItemList list;
+    list.add("First", "/usr/bin/first");
+    EXPECT_EQ(GTMLoginItems::loginItemsFileListRef(nullptr), nullptr);
+    EXPECT_EQ(GTMLoginItems::loginItemsArrayForFileListRef(nullptr), std::nullopt);
+    EXPECT_EQ(GTMLoginItems::loginItemsFileListRef(&list), &list);
+    EXPECT_EQ(GTMLoginItems::loginItemsArrayForFileListRef(&list), list.items());
+    list.setAvailable(false);
+    EXPECT_EQ(GTMLoginItems::loginItemsFileListRef(&list), nullptr);
+}
+
+TEST(GTMLoginItems, SendNothingToAListThatTheSessionDoesNotHave) {
+    FakeLoginItemList list;
+    list.add("Tarragon", "/opt/tarragon");
+    list.setAvailable(false);
+    GTMLoginItems::addPathToLoginItems(&list, "/opt/other", false);
+    GTMLoginItems::removePathFromLoginItems(&list, "/opt/tarragon");
+    GTMLoginItems::removeItemWithNameFromLoginItems(&list, "Tarragon");
+    EXPECT_EQ(list.insertCount(), 0);
+    EXPECT_EQ(list.removeCount(), 0);
+}
+
+TEST(GTMLoginItems, SayInTheLogWhatTheyCouldNotWrite) {
+    FakeLoginItemList list;
+    list.add("Tarragon", "/opt/tarragon");
+    list.setWritable(false);
+    RecordingLog log;
+    GTMLoginItems::addPathToLoginItems(&list, "/opt/other", false);
+    EXPECT_THAT(log.takeLines(), ElementsAre("settings: the login item could not be written: /opt/other"));
+    GTMLoginItems::removeItemWithNameFromLoginItems(&list, "Tarragon");
+    EXPECT_THAT(log.takeLines(), ElementsAre("settings: a login item could not be removed: 1"));
+    list.setWritable(true);
+    GTMLoginItems::addPathToLoginItems(&list, "/opt/other", false);
+    GTMLoginItems::removePathFromLoginItems(&list, "/opt/other");
+    EXPECT_THAT(log.takeLines(), IsEmpty());
+}
+
+// A folder with a program and links to it.
+class LoginItemLinks : public testing::Test {
+protected:
+    LoginItemLinks() {
+        std::string pattern = std::filesystem::temp_directory_path() / "tarragon-login-XXXXXX";
+        _folder = std::filesystem::canonical(mkdtemp(pattern.data()));
+        std::filesystem::create_directory(_folder / "bin");
+        std::ofstream(_folder / "bin" / "tarragon") << "#!/bin/sh\n";
+        std::filesystem::create_symlink(_folder / "bin" / "tarragon", _folder / "link");
+        std::filesystem::create_directory_symlink(_folder / "bin", _folder / "folder");
+    }
+    ~LoginItemLinks() override { std::filesystem::remove_all(_folder); }
+
+    std::string path(const std::string& name) const { return _folder / name; }
+    // Every way to name the program.
+    std::vector<std::string> ways() const {
+        return {path("bin/tarragon"), path("link"), path("folder/tarragon"), path("bin/../link")};
+    }
+
+private:
+    std::filesystem::path _folder;
+};
+
+TEST_F(LoginItemLinks, ALinkToAProgramIsTheProgram) {
+    for (const std::string& listed : ways()) {
+        FakeLoginItemList list;
+        list.add("Tarragon", listed);
+        for (const std::string& asked : ways()) {
+            EXPECT_TRUE(GTMLoginItems::pathInLoginItems(&list, asked)) << listed << " " << asked;
+            GTMLoginItems::addPathToLoginItems(&list, asked, false);
+            EXPECT_EQ(list.insertCount(), 0) << listed << " " << asked;
+        }
+        EXPECT_FALSE(GTMLoginItems::pathInLoginItems(&list, path("bin")));
+    }
+}
+
+TEST_F(LoginItemLinks, RemovingAProgramRemovesTheLinksToItFromTheList) {
+    FakeLoginItemList list;
+    for (const std::string& listed : ways())
+        list.add("Tarragon", listed);
+    list.add("Gone", path("gone"));
+    GTMLoginItems::removePathFromLoginItems(&list, path("link"));
+    ASSERT_EQ(list.items().size(), 1U);
+    // What is not there is compared as it stands.
+    EXPECT_FALSE(GTMLoginItems::pathInLoginItems(&list, path("./gone")));
+    GTMLoginItems::removePathFromLoginItems(&list, path("gone"));
     EXPECT_THAT(list.items(), IsEmpty());
 }
 
@@ -173,9 +265,16 @@ TEST(StartAtLogin, TurnedOffLeavesACopyUnderAnotherName) {
     EXPECT_EQ(list.items().size(), 1U);
 }
 
-TEST(StartAtLogin, DoesNothingWithoutAList) {
-    setStartAtLogin(nullptr, "/opt/Tarragon.app", true);
-    setStartAtLogin(nullptr, "/opt/Tarragon.app", false);
+TEST(StartAtLogin, LeavesAListAloneThatTheSessionDoesNotHave) {
+    FakeLoginItemList list;
+    list.add("Tarragon", "/opt/Tarragon.app");
+    list.setAvailable(false);
+    for (LoginItemList* missing : {static_cast<LoginItemList*>(nullptr), static_cast<LoginItemList*>(&list)}) {
+        setStartAtLogin(missing, "/opt/other", true);
+        setStartAtLogin(missing, "/opt/Tarragon.app", false);
+    }
+    EXPECT_EQ(list.insertCount(), 0);
+    EXPECT_EQ(list.items().size(), 1U);
 }
 
 } // namespace

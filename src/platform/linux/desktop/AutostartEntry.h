@@ -20,7 +20,8 @@ struct AutostartEntry {
     bool startsHidden = false; // what is started is not to show itself
 
     // Nothing when the text is no desktop entry. languages as from desktopLanguages.
-    static std::optional<AutostartEntry> parse(std::string_view text, const std::vector<std::string>& languages);
+    [[nodiscard]] static std::optional<AutostartEntry> parse(
+        std::string_view text, const std::vector<std::string>& languages);
     // The text of a file of ours with what is set here.
     std::string text() const;
 

@@ -151,7 +151,7 @@ std::optional<std::string> AutostartLoginItemList::resolve(const std::string& ex
 }
 
 std::optional<std::vector<LoginItem>> AutostartLoginItemList::copySnapshot() {
-    if (_folders.user.empty())
+    if (!isAvailable())
         return std::nullopt;
     std::vector<LoginItem> items;
     for (const std::string& fileName : fileNames()) {
@@ -184,7 +184,7 @@ std::optional<std::string> AutostartLoginItemList::fileNameForNewItem(const std:
 }
 
 bool AutostartLoginItemList::insertItem(const std::string& path, bool isHidden) {
-    if (_folders.user.empty())
+    if (!isAvailable())
         return false;
     const std::optional<std::string> fileName = fileNameForNewItem(path);
     if (!fileName)
@@ -215,7 +215,7 @@ void AutostartLoginItemList::makeNewest(const std::string& fileName) const {
 
 bool AutostartLoginItemList::removeItem(const LoginItem& item) {
     const bool isFileName = !item.reference.empty() && item.reference.find('/') == std::string::npos;
-    if (_folders.user.empty() || !isFileName)
+    if (!isAvailable() || !isFileName)
         return false;
     if (!isOfSystem(item.reference))
         return unlink((_folders.user / item.reference).c_str()) == 0;

@@ -32,9 +32,10 @@ class AutostartLoginItemList : public LoginItemList {
 public:
     explicit AutostartLoginItemList(AutostartFolders folders = AutostartFolders::ofSession());
 
+    bool isAvailable() const override { return !_folders.user.empty(); }
     std::optional<std::vector<LoginItem>> copySnapshot() override;
-    bool insertItem(const std::string& path, bool isHidden) override;
-    bool removeItem(const LoginItem& item) override;
+    [[nodiscard]] bool insertItem(const std::string& path, bool isHidden) override;
+    [[nodiscard]] bool removeItem(const LoginItem& item) override;
 
 private:
     std::vector<std::string> fileNames() const;
@@ -47,7 +48,7 @@ private:
     std::optional<std::string> resolve(const std::string& executable) const;
     // A name for a new file: one that is free, or that stands for a dead entry of ours.
     std::optional<std::string> fileNameForNewItem(const std::string& path) const;
-    bool write(const std::string& fileName, std::string_view text) const;
+    [[nodiscard]] bool write(const std::string& fileName, std::string_view text) const;
     // Puts a file of the user's at the end of the list.
     void makeNewest(const std::string& fileName) const;
 
