@@ -1,13 +1,13 @@
 #include "platform/linux/desktop/DesktopShortcuts.h"
 
 #include "platform/HotKeys.h"
-#include "platform/linux/desktop/DesktopShortcutsXml.h"
 
 #include <algorithm>
 #include <array>
-#include <map>
 #include <optional>
 #include <utility>
+
+#include <pugixml.hpp>
 
 namespace tarragon {
 
@@ -66,73 +66,67 @@ std::optional<DesktopShortcut> openboxCombination(std::string_view text) {
     return shortcut;
 }
 
-// The properties of one group of the settings: those that came with the desktop, and the user's own.
-struct XfceGroup {
-    std::vector<DesktopShortcut> builtIn;
-    std::vector<DesktopShortcut> custom;
-    bool customReplacesBuiltIn = false;
+// What could be read of an XML text: all of it, or what comes before a damaged place.
+pugi::xml_document documentOf(std::string_view text) {
+    pugi::xml_document document;
+    document.load_buffer(text.data(), text.size());
+    return document;
+}
+
+// Says beside the combinations whether the user's own stand for those that came with the desktop.
+constexpr const char* Override = "override";
+
+pugi::xml_node property(const pugi::xml_node& parent, const char* name) {
+    return parent.find_child_by_attribute("property", "name", name);
+}
+
+void appendXfceShortcuts(const pugi::xml_node& properties, std::vector<DesktopShortcut>& shortcuts) {
+    for (const pugi::xml_node& node : properties.children("property")) {
+        const std::string_view name = node.attribute("name").value();
+        std::optional<DesktopShortcut> shortcut = xfceCombination(name);
+        if (!shortcut || name == Override)
+            continue;
+        shortcut->isEnabled =
+            std::string_view(node.attribute("type").value()) != "empty" && *node.attribute("value").value() != '\0';
+        shortcuts.push_back(std::move(*shortcut));
+    }
+}
+
+class OpenboxBindings : public pugi::xml_tree_walker {
+public:
+    std::vector<DesktopShortcut> shortcuts;
+
+    bool for_each(pugi::xml_node& node) override {
+        static constexpr std::string_view Binding = "keybind";
+        // A binding within another one continues its chain.
+        if (node.name() == Binding && node.parent().name() != Binding) {
+            if (std::optional<DesktopShortcut> shortcut = openboxCombination(node.attribute("key").value()))
+                shortcuts.push_back(std::move(*shortcut));
+        }
+        return true;
+    }
 };
 
 } // namespace
 
 std::vector<DesktopShortcut> xfceShortcuts(std::string_view settings) {
-    std::map<std::string, XfceGroup> groups;
-    std::vector<std::string> path; // names of the properties around the tag
-    XmlTags tags(settings);
-    while (const std::optional<XmlTag> tag = tags.next()) {
-        if (tag->name != "property")
-            continue;
-        if (tag->kind == XmlTag::Kind::End) {
-            if (!path.empty())
-                path.pop_back();
-            continue;
-        }
-        const std::string name = tag->attribute("name");
-        const bool isInGroup = path.size() == 2 && (path[0] == "commands" || path[0] == "xfwm4")
-            && (path[1] == "default" || path[1] == "custom");
-        if (isInGroup && name == "override") {
-            groups[path[0]].customReplacesBuiltIn |= path[1] == "custom" && tag->attribute("value") == "true";
-        } else if (isInGroup) {
-            std::optional<DesktopShortcut> shortcut = xfceCombination(name);
-            if (shortcut) {
-                shortcut->isEnabled = tag->attribute("type") != "empty" && !tag->attribute("value").empty();
-                XfceGroup& group = groups[path[0]];
-                (path[1] == "custom" ? group.custom : group.builtIn).push_back(std::move(*shortcut));
-            }
-        }
-        if (tag->kind == XmlTag::Kind::Start)
-            path.push_back(name);
-    }
-
+    const pugi::xml_document document = documentOf(settings);
     std::vector<DesktopShortcut> shortcuts;
-    for (auto& [name, group] : groups) {
-        if (!group.customReplacesBuiltIn)
-            shortcuts.insert(shortcuts.end(), group.builtIn.begin(), group.builtIn.end());
-        shortcuts.insert(shortcuts.end(), group.custom.begin(), group.custom.end());
+    for (const char* const group : {"commands", "xfwm4"}) {
+        const pugi::xml_node properties = property(document.child("channel"), group);
+        const pugi::xml_node custom = property(properties, "custom");
+        if (std::string_view(property(custom, Override).attribute("value").value()) != "true")
+            appendXfceShortcuts(property(properties, "default"), shortcuts);
+        appendXfceShortcuts(custom, shortcuts);
     }
     return shortcuts;
 }
 
 std::vector<DesktopShortcut> openboxShortcuts(std::string_view settings) {
-    std::vector<DesktopShortcut> shortcuts;
-    int depth = 0;
-    XmlTags tags(settings);
-    while (const std::optional<XmlTag> tag = tags.next()) {
-        if (tag->name != "keybind")
-            continue;
-        if (tag->kind == XmlTag::Kind::End) {
-            depth = std::max(0, depth - 1);
-            continue;
-        }
-        // A binding within another one continues its chain.
-        if (depth == 0) {
-            if (std::optional<DesktopShortcut> shortcut = openboxCombination(tag->attribute("key")))
-                shortcuts.push_back(std::move(*shortcut));
-        }
-        if (tag->kind == XmlTag::Kind::Start)
-            ++depth;
-    }
-    return shortcuts;
+    pugi::xml_document document = documentOf(settings);
+    OpenboxBindings bindings;
+    document.traverse(bindings);
+    return bindings.shortcuts;
 }
 
 } // namespace tarragon
