@@ -106,8 +106,8 @@ std::string nameOfHotKey(std::uint32_t virtualKeyCode, std::uint32_t hotKeyModif
         name += "Super+";
     if ((hotKeyModifiers & hotkey::ShiftKey) != 0)
         name += "Shift+";
-    const std::string_view key = keyName(virtualKeyCode);
-    return name + (key.empty() ? "key " + std::to_string(virtualKeyCode) : std::string(key));
+    const std::string key = keyName(virtualKeyCode);
+    return name + (key.empty() ? "key " + std::to_string(virtualKeyCode) : key);
 }
 
 } // namespace tarragon

@@ -1,5 +1,7 @@
 #include "platform/linux/xkb/XkbLayout.h"
 
+#include "platform/UnicodeText.h"
+
 #include <array>
 #include <string_view>
 #include <utility>
@@ -90,6 +92,21 @@ std::optional<std::string> XkbLayout::textOfKey(std::uint8_t keyCode) const {
     xkb_state_key_get_utf8(_state.get(), keyCode, text.data(), text.size());
     text.pop_back();
     return isControlCharacter(text) ? std::nullopt : std::optional(text);
+}
+
+std::string XkbLayout::nameOfKey(std::uint8_t keyCode) const {
+    const xkb_keysym_t symbol = xkb_state_key_get_one_sym(_state.get(), keyCode);
+    if (symbol == XKB_KEY_NoSymbol)
+        return {};
+    constexpr std::size_t LongestName = 64;
+    std::array<char, LongestName> name{};
+    // A keypad types the same characters as other keys do, so its keys go by the names of their symbols.
+    const bool isKeypadKey = symbol >= XKB_KEY_KP_Space && symbol <= XKB_KEY_KP_Equal;
+    const std::string text = isKeypadKey ? std::string() : textOfKey(keyCode).value_or("");
+    if (!text.empty() && symbol != XKB_KEY_space)
+        return uppercaseText(text);
+    const int length = xkb_keysym_get_name(symbol, name.data(), name.size());
+    return length > 0 ? uppercaseText(std::string_view(name.data(), 1)) + (name.data() + 1) : std::string();
 }
 
 std::uint32_t XkbLayout::symbolOfKey(std::uint8_t keyCode) const {

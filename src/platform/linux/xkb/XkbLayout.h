@@ -24,6 +24,9 @@ public:
     // The text that the key types without modifiers, and with Num Lock so that keypads type numbers. A dead key types
     // its mark. Nothing for keys that type nothing or control characters.
     std::optional<std::string> textOfKey(std::uint8_t keyCode) const;
+    // What the key is called: the character that it types in upper case, or the name of its symbol ("Space", "F4",
+    // "KP_1"). Empty for a key without a symbol.
+    std::string nameOfKey(std::uint8_t keyCode) const;
     // The key that gives the symbol of that name ("F4", "Delete", "t") without modifiers, whatever its case.
     std::optional<std::uint8_t> keyOfSymbol(const std::string& name) const;
 
