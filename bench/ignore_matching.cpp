@@ -81,8 +81,16 @@ void matchingAlone(benchmark::State& state) {
         benchmark::DoNotOptimize(blacklist.ignoresWindow(title));
 }
 
+// What an action of the user costs beside reading: the archive of the whole list.
+void archivingTheWholeList(benchmark::State& state) {
+    const std::optional<IgnoreDictionary> dictionary = IgnoreDictionary::unarchive(list());
+    while (state.KeepRunning())
+        benchmark::DoNotOptimize(dictionary->archivedData());
+}
+
 BENCHMARK(windowIsIgnored)->Unit(benchmark::kMicrosecond);
 BENCHMARK(unpackingTheWholeList)->Unit(benchmark::kMicrosecond);
+BENCHMARK(archivingTheWholeList)->Unit(benchmark::kMicrosecond);
 BENCHMARK(matchingAlone)->Unit(benchmark::kMicrosecond);
 
 } // namespace
