@@ -5,16 +5,13 @@
 #include "platform/linux/x11/X11Reply.h"
 #include "platform/linux/xkb/KeyCodes.h"
 #include "platform/linux/xkb/X11Modifiers.h"
+#include "platform/linux/xkb/XcbXkb.h"
 #include "platform/linux/xkb/XkbGrabbedKeys.h"
 
 #include <algorithm>
 #include <utility>
 
 #include <xcb/xcb.h>
-// A field in this header is called like a keyword of C++.
-#define explicit explicitFields // NOLINT(clang-diagnostic-keyword-macro)
-#include <xcb/xkb.h>
-#undef explicit
 #include <xkbcommon/xkbcommon-x11.h>
 
 namespace tarragon {

@@ -6,6 +6,7 @@
 #include "platform/linux/x11/X11Reply.h"
 #include "platform/linux/xkb/KeyCodes.h"
 #include "platform/linux/xkb/X11HotKeys.h"
+#include "platform/linux/xkb/XcbXkb.h"
 #include "support/XkbServer.h"
 
 #include <gmock/gmock.h>
@@ -16,10 +17,6 @@
 
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
-// A field in this header is called like a keyword of C++.
-#define explicit explicitFields // NOLINT(clang-diagnostic-keyword-macro)
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace tarragon {
 namespace {
