@@ -1,6 +1,7 @@
 #include "app/RegisteredPreferences.h"
 
 #include "ignore/KeyedArchiver.h"
+#include "platform/ModifierFlags.h"
 #include "platform/PreferenceKeys.h"
 
 namespace tarragon {
@@ -21,12 +22,11 @@ DefaultsValue text(const char* value) {
 
 DefaultsDictionary makeRegisteredPreferences() {
     constexpr std::int64_t SpaceBarKeyCode = 49;
-    constexpr std::int64_t OptionModifierFlag = 0x80000;
     return {
         entry(preference::EnableHotkey, true),
         entry(preference::NewTrigger, text("\u02C4Z")),
         entry(preference::TriggerCharacterUInt, integer(SpaceBarKeyCode)),
-        entry(preference::TriggerModifiers, integer(OptionModifierFlag)),
+        entry(preference::TriggerModifiers, integer(modifier::Option)),
         entry(preference::FoldAlternate, true),
         entry(preference::ShowKeyEquivalents, true),
         entry(preference::ShowAppleMenu, true),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ModifierFlags.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -9,14 +11,6 @@ namespace tarragon {
 
 class Menu;
 class MenuItem;
-
-// Modifier bits of a key equivalent.
-namespace modifier {
-inline constexpr std::uint32_t Shift = 0x20000;
-inline constexpr std::uint32_t Control = 0x40000;
-inline constexpr std::uint32_t Option = 0x80000;
-inline constexpr std::uint32_t Command = 0x100000;
-} // namespace modifier
 
 // The font of a menu. A size of 0 is the desktop's standard menu font size.
 struct MenuFont {

@@ -11,9 +11,9 @@ struct Modifier {
     std::uint32_t carbon;
 };
 
-constexpr std::array<Modifier, 5> AllModifiers{{{cocoa::CommandKeyMask, hotkey::CommandKey},
-    {cocoa::AlternateKeyMask, hotkey::OptionKey}, {cocoa::ControlKeyMask, hotkey::ControlKey},
-    {cocoa::ShiftKeyMask, hotkey::ShiftKey}, {cocoa::FunctionKeyMask, cocoa::FunctionKeyMask}}};
+constexpr std::array<Modifier, 5> AllModifiers{{{modifier::Command, hotkey::CommandKey},
+    {modifier::Option, hotkey::OptionKey}, {modifier::Control, hotkey::ControlKey}, {modifier::Shift, hotkey::ShiftKey},
+    {modifier::Function, modifier::Function}}};
 
 } // namespace
 

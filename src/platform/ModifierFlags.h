@@ -2,18 +2,20 @@
 
 #include <cstdint>
 
-// Modifier flags come in two conventions: Cocoa flags, in settings and in the key equivalents of menu items, and the
-// Carbon bits of hotkey::, in registrations of hot keys. The Function bit is the same in both.
+// Modifiers come in two conventions: Cocoa flags, in settings and in the key equivalents of menu items, and Carbon
+// bits, in registrations of hot keys. The Function bit is the same in both.
 namespace tarragon {
 
-namespace cocoa {
-inline constexpr std::uint32_t ShiftKeyMask = 0x20000;
-inline constexpr std::uint32_t ControlKeyMask = 0x40000;
-inline constexpr std::uint32_t AlternateKeyMask = 0x80000;
-inline constexpr std::uint32_t CommandKeyMask = 0x100000;
-inline constexpr std::uint32_t FunctionKeyMask = 0x800000;
-} // namespace cocoa
+// Cocoa flags.
+namespace modifier {
+inline constexpr std::uint32_t Shift = 0x20000;
+inline constexpr std::uint32_t Control = 0x40000;
+inline constexpr std::uint32_t Option = 0x80000;
+inline constexpr std::uint32_t Command = 0x100000;
+inline constexpr std::uint32_t Function = 0x800000;
+} // namespace modifier
 
+// Carbon bits.
 namespace hotkey {
 inline constexpr std::uint32_t CommandKey = 0x100;
 inline constexpr std::uint32_t ShiftKey = 0x200;

@@ -4,13 +4,13 @@ namespace tarragon {
 
 std::string stringForCocoaModifierFlags(std::uint32_t cocoaFlags) {
     std::string glyphs;
-    if (cocoaFlags & cocoa::ControlKeyMask)
+    if (cocoaFlags & modifier::Control)
         glyphs += "\u2303";
-    if (cocoaFlags & cocoa::AlternateKeyMask)
+    if (cocoaFlags & modifier::Option)
         glyphs += "\u2325";
-    if (cocoaFlags & cocoa::ShiftKeyMask)
+    if (cocoaFlags & modifier::Shift)
         glyphs += "\u21E7";
-    if (cocoaFlags & cocoa::CommandKeyMask)
+    if (cocoaFlags & modifier::Command)
         glyphs += "\u2318";
     return glyphs;
 }

@@ -9,7 +9,8 @@
 namespace tarragon {
 
 // What the recorder accepts and requires unless it is told otherwise, as Cocoa flags.
-inline constexpr std::uint32_t DefaultAllowedFlags = 0x9E0000;
+inline constexpr std::uint32_t DefaultAllowedFlags =
+    modifier::Shift | modifier::Control | modifier::Option | modifier::Command | modifier::Function;
 inline constexpr std::uint32_t DefaultRequiredFlags = 0;
 
 // The modifiers' glyphs: Control, Option, Shift, Command.
