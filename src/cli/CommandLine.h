@@ -46,7 +46,7 @@ struct CommandLine {
 };
 
 // What the arguments (without the program's name) ask for. A command line that makes no sense switches no log on.
-CommandLine parseCommandLine(const std::vector<std::string>& arguments);
+[[nodiscard]] CommandLine parseCommandLine(const std::vector<std::string>& arguments);
 
 // The text that --help prints.
 std::string helpText();

@@ -27,9 +27,9 @@ public:
     virtual ~Accessibility() = default;
 
     // The desktop has its accessibility interface switched on.
-    virtual bool isEnabled() = 0;
+    [[nodiscard]] virtual bool isEnabled() = 0;
     // This process may use the accessibility interface.
-    virtual bool isTrusted() = 0;
+    [[nodiscard]] virtual bool isTrusted() = 0;
     // Takes the user to where access is granted, or grants it where a program may. False when there is no such place.
     virtual bool openSettings() = 0;
 
@@ -40,21 +40,23 @@ public:
     // The innermost element at a point in screen space; nil when there is none.
     virtual Element elementAtPosition(const Point& pointCG) = 0;
 
-    virtual std::optional<std::int64_t> processIdentifier(const Element& element) = 0;
-    virtual std::optional<std::vector<std::string>> attributeNames(const Element& element) = 0;
+    [[nodiscard]] virtual std::optional<std::int64_t> processIdentifier(const Element& element) = 0;
+    [[nodiscard]] virtual std::optional<std::vector<std::string>> attributeNames(const Element& element) = 0;
     // True when the attribute is among the names. For those who ask for one attribute after the other.
-    virtual bool hasAttribute(const Element& element, std::string_view attribute) {
+    [[nodiscard]] virtual bool hasAttribute(const Element& element, std::string_view attribute) {
         const auto names = attributeNames(element);
         return names && std::ranges::find(*names, attribute) != names->end();
     }
     virtual Value copyAttributeValue(const Element& element, std::string_view attribute) = 0;
     // The number of elements of an attribute that holds several, without fetching them.
-    virtual std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) = 0;
-    virtual bool isAttributeSettable(const Element& element, std::string_view attribute) = 0;
+    [[nodiscard]] virtual std::optional<std::int64_t> attributeValueCount(
+        const Element& element, std::string_view attribute) = 0;
+    [[nodiscard]] virtual bool isAttributeSettable(const Element& element, std::string_view attribute) = 0;
     virtual bool setAttributeValue(const Element& element, std::string_view attribute, const Value& value) = 0;
 
-    virtual std::optional<std::vector<std::string>> actionNames(const Element& element) = 0;
-    virtual std::optional<std::string> actionDescription(const Element& element, std::string_view action) = 0;
+    [[nodiscard]] virtual std::optional<std::vector<std::string>> actionNames(const Element& element) = 0;
+    [[nodiscard]] virtual std::optional<std::string> actionDescription(
+        const Element& element, std::string_view action) = 0;
     // True when the action was handed to the application. Does not wait for the action to end: an application may open
     // a modal dialog from it.
     virtual bool performAction(const Element& element, std::string_view action) = 0;

@@ -40,11 +40,11 @@ public:
     virtual void setInitialValues(const DefaultsDictionary& values) = 0;
 
     // The user's value, else the registered one, else nothing.
-    virtual std::optional<DefaultsValue> value(std::string_view key) = 0;
+    [[nodiscard]] virtual std::optional<DefaultsValue> value(std::string_view key) = 0;
     // Stores the user's value, on disk before the call returns. False when it could not be written; the value then
     // holds for this process only.
-    virtual bool setValue(std::string_view key, const DefaultsValue& value) = 0;
-    virtual bool removeValue(std::string_view key) = 0;
+    [[nodiscard]] virtual bool setValue(std::string_view key, const DefaultsValue& value) = 0;
+    [[nodiscard]] virtual bool removeValue(std::string_view key) = 0;
     // Gives every key of the initial values its initial value again and tells the observers.
     virtual void revertToInitialValues() = 0;
     // Writes what is not written yet and takes over what other processes wrote. False when writing failed.

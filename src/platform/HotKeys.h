@@ -26,15 +26,14 @@ public:
     virtual void installPressedHandler(std::function<bool()> handler) = 0;
 
     // keyCode is the system's own virtual key code (49 is the space bar), by position on the keyboard; modifiers are
-    // bits of hotkey::. On success the
-    // registration's name is stored in reference. When the desktop refuses the combination, false is answered and
-    // reference is left as it is; the back end reports the refusal once.
-    virtual bool registerHotKey(
+    // Carbon bits (hotkey::). On success the registration's name is stored in reference. When the desktop refuses the
+    // combination, false is answered and reference is left as it is; the back end reports the refusal once.
+    [[nodiscard]] virtual bool registerHotKey(
         std::uint32_t keyCode, std::uint32_t modifiers, HotKeyIdentifier identifier, HotKeyReference& reference) = 0;
     // False when the reference names no registration, as for one that was unregistered before.
     virtual bool unregisterHotKey(HotKeyReference reference) = 0;
     // True while the last combination that was asked for is one that the desktop refused.
-    virtual bool isRefused() const = 0;
+    [[nodiscard]] virtual bool isRefused() const = 0;
 };
 
 } // namespace tarragon

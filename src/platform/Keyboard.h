@@ -23,10 +23,10 @@ public:
     // What the key with that virtual key code types in the layout that is current now, without modifiers: UTF-8, one
     // character or a few. For a dead key, the mark that it puts on letters. Nothing when the key types nothing or the
     // layout cannot be read.
-    virtual std::optional<std::string> translateKeyCode(std::uint16_t keyCode) = 0;
+    [[nodiscard]] virtual std::optional<std::string> translateKeyCode(std::uint16_t keyCode) = 0;
 
     // The desktop's own key combinations, in no particular order; nothing when they cannot be had.
-    virtual std::optional<std::vector<SymbolicHotKey>> copySymbolicHotKeys() = 0;
+    [[nodiscard]] virtual std::optional<std::vector<SymbolicHotKey>> copySymbolicHotKeys() = 0;
 };
 
 } // namespace tarragon

@@ -18,6 +18,6 @@ struct LogCategoryList {
 };
 
 // Reads names of categories separated by commas; "all" stands for every one.
-LogCategoryList parseLogCategories(std::string_view list);
+[[nodiscard]] LogCategoryList parseLogCategories(std::string_view list);
 
 } // namespace tarragon

@@ -19,7 +19,8 @@ class RunLoop {
 public:
     virtual ~RunLoop() = default;
 
-    virtual std::unique_ptr<Timer> scheduleTimer(double seconds, bool repeats, std::function<void()> handler) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Timer> scheduleTimer(
+        double seconds, bool repeats, std::function<void()> handler) = 0;
 
     // Blocks the main thread: no timer, posted call, watched descriptor, event or notification of ours is handled
     // before the time is over; they wait their turn. Our own windows are still repainted.

@@ -21,17 +21,17 @@ public:
     virtual ~Workspace() = default;
 
     // The application in front, or nothing when no window is active.
-    virtual std::optional<RunningApplication> activeApplication() = 0;
+    [[nodiscard]] virtual std::optional<RunningApplication> activeApplication() = 0;
     // Every application that has a window, in no particular order.
-    virtual std::vector<RunningApplication> runningApplications() = 0;
+    [[nodiscard]] virtual std::vector<RunningApplication> runningApplications() = 0;
     // Opens a URL with the program that the user has chosen for it. False when nothing could be started.
-    virtual bool openURL(const std::string& url) = 0;
+    [[nodiscard]] virtual bool openURL(const std::string& url) = 0;
 
     // The handler is called on the main thread's run loop after another application, or another window with a menu bar
     // of its own, has come to the front. False when such events cannot be had. Handlers are never removed.
-    virtual bool installFrontSwitchedHandler(std::function<void()> handler) = 0;
+    [[nodiscard]] virtual bool installFrontSwitchedHandler(std::function<void()> handler) = 0;
     // The same for the desktop hiding or showing its own surfaces, as for a full-screen presentation.
-    virtual bool installSystemUIModeChangedHandler(std::function<void()> handler) = 0;
+    [[nodiscard]] virtual bool installSystemUIModeChangedHandler(std::function<void()> handler) = 0;
 };
 
 } // namespace tarragon

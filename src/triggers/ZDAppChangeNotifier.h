@@ -21,7 +21,7 @@ public:
     ZDAppChangeNotifier& operator=(const ZDAppChangeNotifier&) = delete;
 
     // False when the desktop does not tell of such events. The handler is never removed.
-    bool setupAppFrontSwitchedHandler();
+    [[nodiscard]] bool setupAppFrontSwitchedHandler();
     // Posts the notification.
     void appFrontSwitched();
 

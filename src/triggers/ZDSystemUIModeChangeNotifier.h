@@ -17,7 +17,7 @@ public:
     ZDSystemUIModeChangeNotifier& operator=(const ZDSystemUIModeChangeNotifier&) = delete;
 
     // False when the desktop does not tell of such events. The handler is never removed.
-    bool setupSystemUIModeChangedHandler();
+    [[nodiscard]] bool setupSystemUIModeChangedHandler();
     // Posts the notification.
     void systemUIModeChanged();
 
