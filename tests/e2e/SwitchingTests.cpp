@@ -85,6 +85,17 @@ TEST_P(SwitchingTest, ShowsTheOwnMenuAloneForAnApplicationWithoutMenus) {
     EXPECT_TRUE(popUp().openWith(titles));
 }
 
+TEST_P(SwitchingTest, ShowsTheOwnMenuAloneWhenTheLastWindowHasGone) {
+    TestApplication& mousepad = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(popUp().openWith(mousepad.expectedTitles()));
+    ASSERT_TRUE(popUp().close());
+    quit(mousepad);
+    ASSERT_TRUE(waitUntil([&] { return display().managedWindows().empty(); }));
+    ASSERT_TRUE(popUp().openWith({"Tarragon"}));
+    EXPECT_EQ(titlesOf(popUp().items()), std::vector<std::string>{"Tarragon"});
+    EXPECT_TRUE(popUp().close());
+}
+
 INSTANTIATE_TEST_SUITE_P(Under, SwitchingTest, EveryWindowManager, nameOfWindowManager);
 
 } // namespace tarragon::e2e
