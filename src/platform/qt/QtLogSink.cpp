@@ -1,6 +1,6 @@
 #include "platform/qt/QtLogSink.h"
 
-#include <QTime>
+#include <ctime>
 
 namespace tarragon {
 
@@ -8,6 +8,19 @@ namespace {
 
 std::size_t indexOf(LogCategory category) {
     return static_cast<std::size_t>(category);
+}
+
+// The time of day where the user is, to the millisecond.
+std::string timeOfDay() {
+    std::timespec now{};
+    std::timespec_get(&now, TIME_UTC);
+    std::tm local{};
+    // The toolkit's clock reads the time zone anew each time, and several threads may ask here.
+    localtime_r(&now.tv_sec, &local);
+    std::array<char, sizeof "23:59:60.000"> text{};
+    const std::size_t length = std::strftime(text.data(), text.size(), "%H:%M:%S.", &local);
+    const std::string milliseconds = std::to_string(now.tv_nsec / 1000000);
+    return std::string(text.data(), length).append(3 - milliseconds.size(), '0') + milliseconds;
 }
 
 // One call writes the whole line: the file is locked meanwhile.
@@ -37,8 +50,7 @@ bool QtLogSink::isOn(LogCategory category) const {
 }
 
 void QtLogSink::write(LogCategory category, const std::string& line) {
-    const std::string time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")).toStdString();
-    writeLine(_file, time + ' ' + std::string(LogCategoryNames[indexOf(category)]) + ": " + line);
+    writeLine(_file, timeOfDay() + ' ' + std::string(LogCategoryNames[indexOf(category)]) + ": " + line);
 }
 
 void QtLogSink::writeError(LogCategory /*category*/, const std::string& line) {
