@@ -101,6 +101,25 @@ TEST_F(QtLogSinkTest, SaysNothingAfterItWasTakenAway) {
     EXPECT_THAT(lines(), IsEmpty());
 }
 
+ssize_t keepPiece(void* pieces, const char* bytes, std::size_t size) {
+    static_cast<std::vector<std::string>*>(pieces)->emplace_back(bytes, size);
+    return static_cast<ssize_t>(size);
+}
+
+// Whatever is written in one piece, other programs on the same terminal cannot come between either.
+TEST_F(QtLogSinkTest, WritesEachLineInOnePiece) {
+    std::vector<std::string> pieces;
+    std::FILE* const unbuffered = fopencookie(
+        &pieces, "w", cookie_io_functions_t{.read = nullptr, .write = keepPiece, .seek = nullptr, .close = nullptr});
+    ASSERT_NE(unbuffered, nullptr);
+    std::setvbuf(unbuffered, nullptr, _IONBF, 0);
+    QtLogSink sink(only(LogCategory::Menus), unbuffered);
+    sink.write(LogCategory::Menus, "line");
+    sink.writeError(LogCategory::Menus, "error");
+    EXPECT_THAT(pieces, ElementsAre(testing::EndsWith(" menus: line\n"), "tarragon: error\n"));
+    std::fclose(unbuffered);
+}
+
 TEST_F(QtLogSinkTest, WritesWholeLinesFromEveryThread) {
     constexpr int LinesOfEach = 200;
     QtLogSink sink(LogCategorySet().set(), file);
