@@ -94,9 +94,6 @@ bool X11FrontWatch::takeEvents() {
         if (type == XCB_DESTROY_NOTIFY) {
             windowIsGone(reinterpret_cast<const xcb_destroy_notify_event_t&>(*event).window);
             concernsFrontWindow = true;
-        } else if (type == XCB_UNMAP_NOTIFY) {
-            if (reinterpret_cast<const xcb_unmap_notify_event_t&>(*event).window == _watchedWindow)
-                concernsFrontWindow |= std::exchange(_keyboardIsHeld, false);
         } else if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) {
             // Both are of one form.
             const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(*event);
@@ -125,7 +122,8 @@ bool X11FrontWatch::takeRootChange(std::uint32_t atom) {
 bool X11FrontWatch::takeFocusChange(std::uint8_t type, std::uint8_t mode) {
     if (mode == XCB_NOTIFY_MODE_NORMAL)
         return false;
-    // A focus that moves during a grab is gone for good: the grab's end is told to another window.
+    // A focus that moves during a grab, as from a window that is put away, is gone for good: the grab's end is told to
+    // another window.
     const bool wasHeld = std::exchange(_keyboardIsHeld, type == XCB_FOCUS_OUT && mode == XCB_NOTIFY_MODE_GRAB);
     return wasHeld && !_keyboardIsHeld && _isAbsent;
 }
