@@ -133,9 +133,8 @@ void X11PanelWindow::removeProperty(const std::string& property) {
 }
 
 void X11PanelWindow::send() {
+    // Errors about a window that is gone are taken with the connection's other events.
     xcb_flush(_connection.get());
-    // Errors about a window that is gone.
-    _connection.discardEvents();
 }
 
 } // namespace tarragon
