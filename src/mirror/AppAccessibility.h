@@ -74,9 +74,9 @@ public:
     Element getAXMenuBarFor(const Element& element);
     // Nothing when the children cannot be read.
     std::optional<std::vector<Element>> menuItemsIn(const Element& element);
-    bool menuItemsCleared(const Element& element);
+    [[nodiscard]] bool menuItemsCleared(const Element& element);
     // True when no child says whether it is enabled, as for an empty list; false when the children cannot be read.
-    bool menuItemsAllDisabled(const Element& element);
+    [[nodiscard]] bool menuItemsAllDisabled(const Element& element);
     Element getAXElementOfOurProcess();
     void appendAuxiliaryMenuTo(Menu& root);
 
@@ -90,10 +90,10 @@ public:
 
     // The menu cache. The top-level menus that may be cached are converted in the background after each rebuild; a menu
     // that is found there when it opens is copied, and only what its items say of their state is read.
-    bool menuShouldBeCached(const MenuItem& item);
+    [[nodiscard]] bool menuShouldBeCached(const MenuItem& item);
     // Starts the conversion of a top-level item's submenu on a thread of its own.
     void cacheMenuForMenuItem(const MenuItem& item);
-    bool cacheExistsForMenu(const Menu& menu);
+    [[nodiscard]] bool cacheExistsForMenu(const Menu& menu);
     void clearCacheForAppKey(const std::string& appName);
 
     // Recent selections: an option that nothing uses yet. The list holds item keys and stays empty.

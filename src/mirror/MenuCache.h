@@ -51,8 +51,8 @@ public:
     // Starts a thread that converts the submenu of a top-level item. appName is not nullptr. item is a copy that
     // belongs to the cache from now on; fillMenu converts the real items, on the thread. The menus that the
     // application has here are kept only when its entry was made with the very same name object: an equal name starts
-    // the entry afresh. Does nothing when the entry has an item of the title already. A menu that the application
-    // did not tell is kept as an empty one, until a filling starts the entry afresh.
+    // the entry afresh. Does nothing when the entry has an item of the title already. A menu that could not be
+    // read is kept as an empty one, until a filling starts the entry afresh.
     void cacheMenuForMenuItem(Menu::SharedTitle appName, std::shared_ptr<MenuItem> item, FillMenu fillMenu);
 
     // The name of the application in front; nothing when there is none.
@@ -77,7 +77,8 @@ private:
     using Cache = std::map<std::string, Entry>;
 
     void fill(const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu);
-    bool fillOnce(const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu);
+    [[nodiscard]] bool fillOnce(
+        const Menu::SharedTitle& appName, const std::shared_ptr<MenuItem>& item, const FillMenu& fillMenu);
     void createCache();
     std::shared_ptr<Menu> rootForFilling(const Menu::SharedTitle& appName);
     std::shared_ptr<Menu> rootOf(const std::string& appName) const;

@@ -9,8 +9,8 @@ namespace tarragon {
 
 namespace {
 
-// No honest menu comes near these. An application that lists an element among its own children, or new elements
-// without end, is cut off here.
+// Bounds far beyond any real menu. They end the conversion of an application that lists an element among its own
+// children, or new elements without end.
 constexpr std::size_t DeepestLevel = 16;
 constexpr std::size_t MostElements = 100000;
 

@@ -12,6 +12,6 @@ std::optional<std::string> structuredValueText(const Value& value, bool beingVer
 
 // The value of the terse text, of the same kind as the present value. Numbers that the text does not give, from the
 // first that is missing, keep their present values. Nothing when the present value is no structured one.
-std::optional<Value> structuredValueFromText(const std::string& text, const Value& present);
+[[nodiscard]] std::optional<Value> structuredValueFromText(const std::string& text, const Value& present);
 
 } // namespace tarragon

@@ -87,6 +87,14 @@ TEST_F(Filling, HandsBothOptionsToTheConversion) {
     }
 }
 
+TEST_F(Filling, ReadsShortcutsByBothTables) {
+    file.item("Eject", {.commandModifiers = 2, .commandGlyph = 140});
+    reader->setKeyEquivalents(true);
+    open("File");
+    EXPECT_EQ(itemAt("File", "Eject")->keyEquivalent(), "\u23CF");
+    EXPECT_EQ(itemAt("File", "Eject")->keyEquivalentModifierMask(), 0x180000U);
+}
+
 TEST_F(Filling, AsksTheSizeOfServicesDirectly) {
     const FakeMenu services = mail.menu("Services").item("Shown", {.size = Size{10, 10}});
     fake.accessibility.unlistAttribute(services.itemElement("Shown"), "AXSize");

@@ -145,7 +145,7 @@ TEST_F(MenuItemConversion, GoesByTheTitleAndByTheRoleOnlyWithoutOne) {
     };
     for (const char* role : {"AXMenu", "AXMenuItem", "AXTextField"}) {
         const ItemDescription description = convert(titled(role, "Named"));
-        EXPECT_EQ(description.type, Type::AXMenuItem) << role;
+        ASSERT_EQ(description.type, Type::AXMenuItem) << role;
         EXPECT_EQ(description.menuItem->title(), "Named");
     }
     EXPECT_EQ(convert(titled("AXMenuBarItem", "AXMenu")).type, Type::AXMenu);
