@@ -136,7 +136,7 @@ TEST(KeyedUnarchiver, ReadsReferencesOfEverySize) {
 }
 
 TEST(KeyedUnarchiver, ReadsArchivesWithMoreObjectsThanOneAndTwoBytesCount) {
-    for (const std::int64_t count : {254, 255, 256, 300, 65534, 65535, 65536, 66000}) {
+    for (const std::int64_t count : {255, 300, 65535, 66000}) {
         std::vector<ArchiveValue> numbers;
         for (std::int64_t number = 0; number < count; ++number)
             numbers.emplace_back(number);
