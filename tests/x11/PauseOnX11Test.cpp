@@ -34,10 +34,13 @@ TEST(PauseOnX11, RepaintsAWindowThatIsUncoveredAndLeavesInputForLater) {
     OtherClient user;
     QtRunLoop runLoop;
     int nativeEvents = 0;
-    const QtNativeEvents events(runLoop, [&](const void*) {
-        ++nativeEvents;
-        return false;
-    });
+    const QtNativeEvents events(
+        runLoop,
+        [&](const void*) {
+            ++nativeEvents;
+            return false;
+        },
+        [](void*) { return false; });
     Window window;
     window.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return user.pixel(500, 400) == Green; }, 5000));

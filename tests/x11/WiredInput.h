@@ -12,8 +12,8 @@ namespace tarragon {
 struct WiredInput {
     QtRunLoop runLoop;
     X11MenuInput menuInput{static_cast<xcb_connection_t*>(qtX11Connection())};
-    QtNativeEvents nativeEvents{
-        runLoop, {}, [this](void* event) { return menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }};
+    QtNativeEvents nativeEvents{runLoop, [](const void*) { return false; },
+        [this](void* event) { return menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }};
 };
 
 // Handles the toolkit's events until the condition holds. False when that takes too long.

@@ -50,10 +50,8 @@ QtNativeEvents::~QtNativeEvents() {
 bool QtNativeEvents::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
     if (eventType != "xcb_generic_event_t")
         return false;
-    if (_adjustment && _adjustment(message))
+    if (_adjustment(message))
         return true;
-    if (!*_handler)
-        return false;
     if (!_runLoop.isPaused())
         return (*_handler)(message);
 

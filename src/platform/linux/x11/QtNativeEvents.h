@@ -19,7 +19,7 @@ public:
     // May change the event before anybody else sees it, at once, also during a pause. True when nobody else is to.
     using Adjustment = std::function<bool(void* event)>;
 
-    explicit QtNativeEvents(QtRunLoop& runLoop, Handler handler, Adjustment adjustment = {});
+    QtNativeEvents(QtRunLoop& runLoop, Handler handler, Adjustment adjustment);
     ~QtNativeEvents() override;
     QtNativeEvents(const QtNativeEvents&) = delete;
     QtNativeEvents& operator=(const QtNativeEvents&) = delete;

@@ -15,12 +15,12 @@ class X11Connection;
 class RunningInstance {
 public:
     // displayName as for X11Connection. nullptr when no server answers.
-    static std::unique_ptr<RunningInstance> connect(const std::string& displayName = {});
+    [[nodiscard]] static std::unique_ptr<RunningInstance> connect(const std::string& displayName = {});
     ~RunningInstance();
 
     // True when this process is now the agent of the display. False when another one is; that one is told that the
     // program was started again.
-    bool claimOrReopen();
+    [[nodiscard]] bool claimOrReopen();
     // The handler is called when the program is started again while this process is the agent.
     void watchReopen(RunLoop& runLoop, std::function<void()> handler);
 

@@ -26,14 +26,14 @@ public:
     explicit X11MenuInput(xcb_connection_t* connection)
         : _connection(connection) { }
 
-    bool take(std::uint64_t window) override;
+    [[nodiscard]] bool take(std::uint64_t window) override;
     void release() override;
     // A menu has keyboard and pointer, or has asked for them.
     bool isTaken() const { return _menuWindow != XCB_WINDOW_NONE; }
 
     // To be called with every event of the connection before the toolkit sees it. True when the toolkit is not to see
     // it at all.
-    bool redirect(xcb_generic_event_t* event) const;
+    [[nodiscard]] bool redirect(xcb_generic_event_t* event) const;
 
 private:
     bool takeKeyboard();

@@ -232,10 +232,13 @@ TEST_F(QtRunLoopTest, HandlesNothingDuringAPauseAndEverythingAfterItInOrder) {
         _log.emplace_back("descriptor");
     });
     std::vector<std::uint8_t> event(36, 1);
-    QtNativeEvents nativeEvents(_runLoop, [this](const void*) {
-        _log.emplace_back("native event");
-        return true;
-    });
+    QtNativeEvents nativeEvents(
+        _runLoop,
+        [this](const void*) {
+            _log.emplace_back("native event");
+            return true;
+        },
+        [](void*) { return false; });
     ASSERT_EQ(write(ends[1], "a", 1), 1);
     _runLoop.post(note("post before"));
     const auto repeating = _runLoop.scheduleTimer(0.005, true, note("timer"));

@@ -53,12 +53,14 @@ protected:
     bool _answer = false;
     std::size_t _size = 36;
     std::vector<Event> _seen;
-    std::unique_ptr<QtNativeEvents> _nativeEvents =
-        std::make_unique<QtNativeEvents>(_runLoop, [this](const void* event) {
+    std::unique_ptr<QtNativeEvents> _nativeEvents = std::make_unique<QtNativeEvents>(
+        _runLoop,
+        [this](const void* event) {
             const auto* bytes = static_cast<const std::uint8_t*>(event);
             _seen.emplace_back(bytes, bytes + _size);
             return _answer;
-        });
+        },
+        [](void*) { return false; });
 };
 
 TEST_F(QtNativeEventsTest, HandsEventsToTheHandlerAndItsAnswerToQt) {
