@@ -77,6 +77,18 @@ TEST_P(CommandLineTest, TellsItsVersionAndHelp) {
     EXPECT_NE(help.output.find("menus"), std::string::npos);
 }
 
+TEST_P(CommandLineTest, SaysThatThereIsNoServer) {
+    for (const std::vector<std::string>& command :
+        {std::vector<std::string>{E2E_TARRAGON}, {E2E_TARRAGON, "menus"}, {E2E_TARRAGON, "inspect"}}) {
+        for (const char* display : {":4711", "nonsense", ""}) {
+            CommandResult result = desktop().run(command, {{"DISPLAY", display}});
+            EXPECT_EQ(result.status, 1);
+            EXPECT_EQ(result.error, "tarragon: no X server can be reached; is DISPLAY set?\n");
+            EXPECT_EQ(result.output, "");
+        }
+    }
+}
+
 TEST_P(CommandLineTest, SaysThatNothingIsInFront) {
     ASSERT_TRUE(waitUntil([&] { return display().managedWindows().empty(); }));
     expectFailure({"menus"}, 1);

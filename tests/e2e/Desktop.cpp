@@ -30,7 +30,8 @@ Desktop::Desktop(WindowManager windowManager)
     const char* path = std::getenv("PATH");
     _environment = {{"HOME", home}, {"XDG_CONFIG_HOME", configurationFolder()}, {"XDG_DATA_HOME", home / "data"},
         {"XDG_CACHE_HOME", home / "cache"}, {"XDG_STATE_HOME", home / "state"}, {"XDG_RUNTIME_DIR", home / "run"},
-        {"TMPDIR", home / "tmp"}, {"PATH", path ? path : "/usr/bin:/bin"}, {"LANG", "C.UTF-8"},
+        {"TMPDIR", home / "tmp"}, {"PATH", programFolder().string() + ":" + (path ? path : "/usr/bin:/bin")},
+        {"LANG", "C.UTF-8"},
         // Settings and files without further daemons.
         {"GSETTINGS_BACKEND", "memory"}, {"GIO_USE_VFS", "local"}, {"XDG_SESSION_TYPE", "x11"},
         {"XDG_CURRENT_DESKTOP", nameOf(windowManager)}, {SessionVariable, home}};
@@ -41,6 +42,7 @@ Desktop::Desktop(WindowManager windowManager)
     for (const char* variable :
         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR", "TMPDIR"})
         std::filesystem::create_directory(_environment[variable]);
+    std::filesystem::create_directory(programFolder());
     std::filesystem::permissions(_environment["XDG_RUNTIME_DIR"], std::filesystem::perms::owner_all);
     try {
         startServer();

@@ -35,6 +35,8 @@ public:
     const Environment& environment() const { return _environment; }
     const std::filesystem::path& home() const { return _folder.path(); }
     std::filesystem::path configurationFolder() const { return home() / ".config"; }
+    // Programs in it are found before those of the system.
+    std::filesystem::path programFolder() const { return home() / "bin"; }
     bool isAlive();
     // While it is held, windows stay where they are whatever happens to the monitors.
     void holdWindowManager(bool hold);

@@ -3,15 +3,24 @@
 #include "ProcessTree.h"
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace tarragon::e2e {
 
 class LifecycleTest : public WindowManagerTest {
 protected:
     void TearDown() override {
+        std::filesystem::remove(desktop().programFolder() / "xdg-open");
         if (!agent().isRunning())
             session().restartAgent();
         WindowManagerTest::TearDown();
+    }
+
+    static std::string contentsOf(const std::filesystem::path& file) {
+        std::ifstream stream(file);
+        return {std::istreambuf_iterator<char>(stream), {}};
     }
 
     void expectNothingLeft(const std::vector<pid_t>& children) {
@@ -51,6 +60,37 @@ TEST_P(LifecycleTest, EndsOnRequestOfTheSystem) {
         expectNothingLeft(children);
         session().restartAgent();
     }
+}
+
+TEST_P(LifecycleTest, ShowsTheSettingsWhenItIsStartedAgain) {
+    const std::filesystem::path opened = desktop().home() / "opened";
+    const std::filesystem::path opener = desktop().programFolder() / "xdg-open";
+    std::ofstream(opener) << "#!/bin/sh\nprintf '%s\\n' \"$@\" >> '" << opened.string() << "'\n";
+    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+    std::string expected;
+    for (int start = 0; start < 2; ++start) {
+        CommandResult second = tarragon({});
+        EXPECT_EQ(second.status, 0);
+        EXPECT_EQ(second.output, "");
+        EXPECT_EQ(second.error, "tarragon: already running on this display\n");
+        expected += "file://" + Agent::preferencesFile(desktop()).string() + "\n";
+        EXPECT_TRUE(waitUntil([&] { return contentsOf(opened) == expected; })) << contentsOf(opened);
+    }
+    std::filesystem::remove(opened);
+    EXPECT_TRUE(agent().isRunning());
+    EXPECT_TRUE(agent().hotKeyIsRegistered(usualHotKey()));
+}
+
+TEST_P(LifecycleTest, CanBeStartedAgainAfterItWasKilled) {
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
+    agent().process().sendSignal(SIGKILL);
+    EXPECT_EQ(agent().process().waitForExit(), 128 + SIGKILL);
+    EXPECT_TRUE(waitUntil([&] { return !agent().hotKeyIsRegistered(usualHotKey()); }));
+    session().restartAgent();
+    EXPECT_TRUE(popUp().openWith(application.expectedTitles()));
+    EXPECT_TRUE(popUp().close());
+    EXPECT_EQ(agent().process().standardError(), "");
 }
 
 TEST_P(LifecycleTest, OutlivesAllApplications) {
