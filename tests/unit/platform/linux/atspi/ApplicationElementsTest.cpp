@@ -132,6 +132,22 @@ TEST_F(ApplicationElementsTest, AreRememberedByABatchAndReadAnewOutsideOne) {
     EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(1))});
 }
 
+TEST_F(ApplicationElementsTest, AndTheirWindowsTellTheSameUntilABatchEnds) {
+    addWindow(1, "One");
+    const Element window = elementOfWindow(windows.at(1));
+    {
+        const ReadBatch batch(accessibility);
+        const Value before = valueOf(attribute::Windows);
+        EXPECT_EQ(stringIn(accessibility.copyAttributeValue(window, attribute::Title)), "One");
+        addWindow(2, "Two");
+        windows.at(1).title = "Renamed";
+        EXPECT_EQ(valueOf(attribute::Windows), before);
+        EXPECT_EQ(stringIn(accessibility.copyAttributeValue(window, attribute::Title)), "One");
+    }
+    EXPECT_EQ(elementsIn(valueOf(attribute::Windows)).size(), 2U);
+    EXPECT_EQ(stringIn(accessibility.copyAttributeValue(window, attribute::Title)), "Renamed");
+}
+
 TEST_F(ApplicationElementsTest, AreThoseOfProcessesWithAWindowOrOnTheBus) {
     EXPECT_TRUE(accessibility.applicationElement(ownProcess));
     constexpr std::int64_t otherProcess = 1;

@@ -1,5 +1,8 @@
 #include "LinuxAccessibilityFixture.h"
 
+#include <map>
+#include <memory>
+
 namespace tarragon {
 namespace {
 
@@ -97,7 +100,14 @@ TEST_F(NodeElementsTest, HaveNothingToSet) {
 
 TEST_F(NodeElementsTest, OfABusThatIsNoMoreAreNotAskedOfAnother) {
     const Element former = entry();
+    // Names are given out again on another bus.
     AtspiFakeBus second;
+    AtspiFakeApplication secondRegistry(second, "org.a11y.atspi.Registry");
+    AtspiFakeApplication namesake(second);
+    ASSERT_EQ(namesake.busName(), application.busName());
+    std::map<std::string, FakeAccessible> objects;
+    application.change([&] { objects = application.objects; });
+    namesake.change([&] { namesake.objects = objects; });
     ::setenv("AT_SPI_BUS_ADDRESS", second.address().c_str(), 1);
     bus.stop();
     EXPECT_TRUE(isNil(accessibility.copyAttributeValue(former, attribute::Title)));
@@ -106,6 +116,8 @@ TEST_F(NodeElementsTest, OfABusThatIsNoMoreAreNotAskedOfAnother) {
     EXPECT_FALSE(count(former));
     EXPECT_FALSE(accessibility.actionNames(former));
     EXPECT_FALSE(accessibility.performAction(former, action::Press));
+    EXPECT_TRUE(accessibility.isTrusted());
+    EXPECT_EQ(namesake.calls("GetRole"), 0U);
 }
 
 TEST_F(NodeElementsTest, OfOtherBackEndsAndNilTellNothing) {
