@@ -16,7 +16,7 @@ namespace {
 constexpr int NumberOfApplications = 1000;
 constexpr int NumberOfPatterns = 100;
 
-class Window : public FocusedWindowQueries {
+class Window : public WindowInFront {
 public:
     std::optional<std::string> focusedWindowTitle() override {
         return "Minutes of the meeting, page 12 of 30 - Editor";

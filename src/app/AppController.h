@@ -20,7 +20,7 @@ class MenuPresenter;
 // The central controller: owns the menu reader, follows the front application and the settings, and puts the mirrored
 // menu on the screen. Implemented in one file per area. Main thread only; lives as long as the process, for its
 // observers are never removed.
-class AppController : public MenuReaderOwner, private FocusedWindowQueries {
+class AppController : public MenuReaderOwner, private WindowInFront {
 public:
     // The services, the presenter and the delegate outlive the controller.
     AppController(Platform platform, MenuPresenter& presenter, AppDelegate& appDelegate);

@@ -5,7 +5,7 @@
 
 namespace tarragon {
 
-IgnoreList::IgnoreList(Defaults& defaults, Workspace& workspace, FocusedWindowQueries& window, IgnoredPanel* panel)
+IgnoreList::IgnoreList(Defaults& defaults, Workspace& workspace, WindowInFront& window, IgnoredPanel* panel)
     : _defaults(defaults)
     , _workspace(workspace)
     , _window(window)

@@ -10,9 +10,9 @@
 namespace tarragon {
 
 // What the ignore list asks about the window in front.
-class FocusedWindowQueries {
+class WindowInFront {
 public:
-    virtual ~FocusedWindowQueries() = default;
+    virtual ~WindowInFront() = default;
     // Nothing when there is no window or it has no title.
     virtual std::optional<std::string> focusedWindowTitle() = 0;
     virtual bool isFocusedWindowFullScreen() = 0;
@@ -34,7 +34,7 @@ enum class IgnoreCode { App = 0, Role = 1, Title = 2 };
 class IgnoreList {
 public:
     // All of them stay the caller's and outlive the list. panel is nullptr where there is no panel to take away.
-    IgnoreList(Defaults& defaults, Workspace& workspace, FocusedWindowQueries& window, IgnoredPanel* panel);
+    IgnoreList(Defaults& defaults, Workspace& workspace, WindowInFront& window, IgnoredPanel* panel);
 
     // True when the panel is to stay hidden for the window in front. Hides it, unless the window is full-screen.
     bool windowIsIgnored();
@@ -52,7 +52,7 @@ private:
 
     Defaults& _defaults;
     Workspace& _workspace;
-    FocusedWindowQueries& _window;
+    WindowInFront& _window;
     IgnoredPanel* _panel;
     IgnoreDictionary _ignoreList; // the working copy of the last ignore action
 };

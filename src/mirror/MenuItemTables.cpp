@@ -18,17 +18,17 @@ void MenuItemTables::initializeModifierLookUpTable() {
     if (!_modifierLookupTable.empty())
         return;
     _modifierLookupTable = {
-        {"1", cocoa::ShiftKeyMask | cocoa::CommandKeyMask},
-        {"2", cocoa::AlternateKeyMask | cocoa::CommandKeyMask},
-        {"3", cocoa::ShiftKeyMask | cocoa::AlternateKeyMask | cocoa::CommandKeyMask},
-        {"4", cocoa::ControlKeyMask | cocoa::CommandKeyMask},
-        {"6", cocoa::AlternateKeyMask | cocoa::ControlKeyMask | cocoa::CommandKeyMask},
+        {"1", modifier::Shift | modifier::Command},
+        {"2", modifier::Option | modifier::Command},
+        {"3", modifier::Shift | modifier::Option | modifier::Command},
+        {"4", modifier::Control | modifier::Command},
+        {"6", modifier::Option | modifier::Control | modifier::Command},
         // The code for no Command key at all shows Command all the same.
-        {"8", cocoa::CommandKeyMask},
-        {"9", cocoa::ShiftKeyMask},
-        {"10", cocoa::AlternateKeyMask},
-        {"11", cocoa::ShiftKeyMask | cocoa::AlternateKeyMask},
-        {"12", cocoa::ControlKeyMask},
+        {"8", modifier::Command},
+        {"9", modifier::Shift},
+        {"10", modifier::Option},
+        {"11", modifier::Shift | modifier::Option},
+        {"12", modifier::Control},
     };
 }
 

@@ -11,7 +11,7 @@ namespace tarragon {
 
 namespace {
 
-class Window : public FocusedWindowQueries {
+class Window : public WindowInFront {
 public:
     std::optional<std::string> focusedWindowTitle() override { return "Untitled 3"; }
     bool isFocusedWindowFullScreen() override { return false; }

@@ -9,6 +9,7 @@
 //   forget              drops what is cached of the application in front
 //   open TITLE          opens one menu of the root, and each below it: {"cached", "items"}
 //   window              every query about the focused window
+//   timings             how long these take in milliseconds, where the window system alone answers
 //   point X Y           the screens at a point in Cocoa space
 //   convert X Y W H     a rectangle of Cocoa space in screen space
 //   position X Y        moves the focused window
@@ -25,12 +26,15 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <fstream>
 #include <iostream>
 #include <mutex>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace tarragon {
 namespace {
@@ -115,6 +119,8 @@ public:
             return open(rest);
         else if (command == "window")
             return window();
+        else if (command == "timings")
+            return timings();
         else if (command == "point")
             return point({a, b});
         else if (command == "convert")
@@ -214,6 +220,38 @@ private:
             {"mainDisplay", asJson(_platform.displays.mainDisplayBoundsCG())},
             {"primarySize", Json::array({primary.width, primary.height})},
             {"pointerScreen", asJson(ZDScreenTools::screenWithMousePointer(_platform.displays))},
+        };
+    }
+
+    // The median in milliseconds: a machine that is busy with other things spoils single times.
+    template <typename Query>
+    static double timeOf(Query query) {
+        constexpr std::size_t times = 51;
+        std::vector<double> taken;
+        while (taken.size() < times) {
+            const auto start = std::chrono::steady_clock::now();
+            static_cast<void>(query());
+            taken.push_back(
+                std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+        }
+        std::ranges::nth_element(taken, taken.begin() + times / 2);
+        return taken[times / 2];
+    }
+
+    // Of the queries that the window system alone answers.
+    Json timings() {
+        return {
+            {"role", timeOf([this] { return _reader->focusedWindowRole(); })},
+            {"title", timeOf([this] { return _reader->focusedWindowTitle(); })},
+            {"frameNS", timeOf([this] { return _reader->focusedWindowFrameNS(); })},
+            {"frameCG", timeOf([this] { return _reader->focusedWindowFrameCG(); })},
+            {"position", timeOf([this] { return _reader->focusedWindowPosition(); })},
+            {"passing", timeOf([this] { return _reader->isAuxiliaryWindowActive(); })},
+            {"fullScreen", timeOf([this] { return _reader->isFocusedWindowFullScreen(); })},
+            {"minimized", timeOf([this] { return _reader->isFocusedWindowMinimized(); })},
+            {"hidden", timeOf([this] { return _reader->isFocusedWindowHidden(); })},
+            {"screen", timeOf([this] { return _reader->focusedWindowScreen(); })},
+            {"screenRectNS", timeOf([this] { return _reader->focusedWindowScreenRectNS(); })},
         };
     }
 

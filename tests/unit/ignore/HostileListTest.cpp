@@ -23,7 +23,7 @@ constexpr bool IsInstrumented = true;
 constexpr bool IsInstrumented = false;
 #endif
 
-class UntitledWindow : public FocusedWindowQueries {
+class UntitledWindow : public WindowInFront {
 public:
     std::optional<std::string> focusedWindowTitle() override { return "Untitled 3"; }
     bool isFocusedWindowFullScreen() override { return false; }

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Optional;
 
-class FakeFocusedWindow : public FocusedWindowQueries {
+class FakeFocusedWindow : public WindowInFront {
 public:
     std::optional<std::string> title = "Untitled 3";
     bool fullScreen = false;

@@ -161,7 +161,7 @@ TEST(DBusIncomingTest, SurvivesEveryOtherValueOfEveryByte) {
                 if (!message)
                     continue;
                 for (const std::string_view part :
-                    {message->sender, message->errorName, message->signature, message->arguments, message->bytes})
+                    {message->sender, message->errorName, message->signature, message->body, message->bytes})
                     ASSERT_TRUE(liesWithin(part, changed)) << position << ": " << value;
             }
         }
