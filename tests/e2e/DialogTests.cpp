@@ -117,6 +117,33 @@ INSTANTIATE_TEST_SUITE_P(Over, DialogTest,
             Dialog{ApplicationKind::FeatherPad, "About", "Help", "About"})),
     nameOfDialog);
 
+class ReturningDialogTest : public DialogTest { };
+
+TEST_P(ReturningDialogTest, ShowsTheMenusOfItsWindowAfterAnotherApplicationWasInFront) {
+    TestApplication& application = launch(std::get<1>(GetParam()).application);
+    const std::vector<std::string> titles = application.expectedTitles();
+    ASSERT_TRUE(popUp().openWith(titles));
+    const xcb_window_t dialog = openDialog(application);
+    ASSERT_NE(dialog, xcb_window_t(XCB_NONE));
+    TestApplication& other = launch(ApplicationKind::TwoWindows);
+    ASSERT_TRUE(popUp().openWith(other.expectedTitles()));
+    ASSERT_TRUE(popUp().close());
+    // The mirror is made anew while the dialog is in front.
+    ASSERT_TRUE(application.bringToFront(dialog));
+    ASSERT_TRUE(popUp().openWith(titles));
+    EXPECT_EQ(display().activeWindow(), dialog);
+    ASSERT_TRUE(popUp().close());
+    ASSERT_TRUE(closeDialog(application, dialog));
+    EXPECT_EQ(titlesAtOnce(titles.size()), titles);
+}
+
+INSTANTIATE_TEST_SUITE_P(Over, ReturningDialogTest,
+    testing::Combine(EveryWindowManager,
+        testing::Values(
+            Dialog{ApplicationKind::Mousepad, "SaveAs", "File", "Save As", XK_s, {XK_Control_L, XK_Shift_L}},
+            Dialog{ApplicationKind::FeatherPad, "About", "Help", "About"})),
+    nameOfDialog);
+
 class NoWindowTest : public WindowManagerTest {
 protected:
     // Nothing of the application is shown any more; what else is shown does not matter here.
