@@ -19,7 +19,7 @@ class X11Connection;
 //
 // The events come on the connection that carries the questions. The smallest question that there is goes ahead of
 // every answer: its reply has all events before it of what the server has done until then, whoever asked for it, so
-// that an answer from here is as fresh as one that was asked for, at a twentieth of the requests.
+// that an answer from here is as fresh as one that was asked for, with one request in place of sixteen.
 class X11ActiveWindowCache {
 public:
     // How to ask the server; nothing when no window is active, or the window is gone.

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11Windows.h"
 
+#include "platform/Log.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11FrameExtents.h"
 #include "platform/linux/x11/X11PrimaryMonitor.h"
@@ -144,8 +145,11 @@ public:
         const X11Reply<xcb_translate_coordinates_reply_t> origin(
             xcb_translate_coordinates_reply(_connection, _origin, nullptr));
         const std::int64_t clientProcess = clientProcessIdentifier();
-        if (!geometry || !origin)
+        if (!geometry || !origin) {
+            log(LogCategory::X11,
+                [&] { return "window " + std::to_string(_window) + " cannot be described: it is gone"; });
             return std::nullopt;
+        }
 
         WindowDescription description;
         description.identifier = _window;
@@ -255,7 +259,13 @@ bool sendToWindowManager(X11Connection& connection, xcb_window_t window, xcb_ato
     const xcb_void_cookie_t cookie = xcb_send_event_checked(
         connection.get(), 0, connection.rootWindow(), Mask, reinterpret_cast<const char*>(&message));
     const X11Reply<xcb_generic_error_t> error(xcb_request_check(connection.get(), cookie));
-    return !error && connection.isAlive();
+    const bool isSent = !error && connection.isAlive();
+    if (!isSent)
+        log(LogCategory::X11, [&] {
+            return "a request to the window manager about window " + std::to_string(window)
+                + (error ? " is refused" : " is lost: the server is gone");
+        });
+    return isSent;
 }
 
 // Flags of _NET_MOVERESIZE_WINDOW. With north-west gravity the position is that of the window manager's frame. Static
