@@ -141,11 +141,8 @@ std::string keyForPeople(std::string_view key) {
             result[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(result[0])));
         return result;
     }
-    if (functionKeyNumber(key) > 0) {
-        std::string result(key);
-        result.front() = 'F';
-        return result;
-    }
+    if (functionKeyNumber(key) > 0)
+        return "F" + std::string(key.substr(1));
     std::string name = lowerCase(key);
     if (name.starts_with("kp_")) {
         name = name.substr(3);
