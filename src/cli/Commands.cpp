@@ -39,8 +39,10 @@ int Commands::fail(const std::string& message) {
 std::optional<RunningApplication> Commands::chooseApplication(const ApplicationChoice& choice) {
     if (!choice.name && !choice.processIdentifier) {
         auto application = _platform.workspace.activeApplication();
-        if (!application)
+        if (!application) {
+            log(LogCategory::Menus, [] { return "nothing is read: no window of an application is active"; });
             fail("no application is in front");
+        }
         return application;
     }
     for (const RunningApplication& application : _platform.workspace.runningApplications()) {

@@ -69,6 +69,9 @@ TEST_F(CommandsTest, TellTheLogWhoseMenusTheyReadAndHowManyThereAre) {
     EXPECT_EQ(commands.listMenus({}), 0);
     EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("'Mail', process 100")));
     EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("'Mail' has 2 items in its menu bar")));
+    fake.deactivate();
+    EXPECT_EQ(commands.listMenus({}), 1);
+    EXPECT_THAT(log.lines().back(), HasSubstr("nothing is read"));
 }
 
 TEST_F(CommandsTest, PrintsAsManyLevelsAsAsked) {
