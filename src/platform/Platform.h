@@ -12,6 +12,7 @@
 #include "platform/PanelSurfaces.h"
 #include "platform/Process.h"
 #include "platform/RunLoop.h"
+#include "platform/StatusItems.h"
 #include "platform/WindowList.h"
 #include "platform/Workspace.h"
 
@@ -37,6 +38,7 @@ struct Platform {
     Process* process = nullptr; // nullptr where the system tells nothing of it
     WindowList* windowList = nullptr; // nullptr where the desktop does not tell
     PanelSurfaces* panelSurfaces = nullptr; // nullptr where the desktop has no panels
+    StatusItems* statusItems = nullptr; // nullptr where the desktop has no place for them
 };
 
 } // namespace tarragon

@@ -17,7 +17,8 @@ Platform FakePlatform::platform() {
         .inputEvents = &inputEvents,
         .process = &process,
         .windowList = &windowList,
-        .panelSurfaces = &panelSurfaces};
+        .panelSurfaces = &panelSurfaces,
+        .statusItems = &statusItems};
 }
 
 FakeApplication FakePlatform::addApplication(const std::string& name) {

@@ -12,6 +12,7 @@
 #include "fake/FakePanelSurfaces.h"
 #include "fake/FakeProcess.h"
 #include "fake/FakeRunLoop.h"
+#include "fake/FakeStatusItems.h"
 #include "fake/FakeWindowList.h"
 #include "fake/FakeWorkspace.h"
 #include "platform/Platform.h"
@@ -53,6 +54,7 @@ public:
     FakeProcess process;
     FakeWindowList windowList;
     FakePanelSurfaces panelSurfaces;
+    FakeStatusItems statusItems;
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;

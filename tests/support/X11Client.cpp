@@ -116,6 +116,11 @@ std::vector<xcb_window_t> X11Client::stacking() {
     return {children, children + xcb_query_tree_children_length(reply.get())};
 }
 
+bool X11Client::exists(xcb_window_t window) {
+    return owned(xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr))
+        != nullptr;
+}
+
 bool X11Client::isMapped(xcb_window_t window) {
     const auto reply =
         owned(xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr));

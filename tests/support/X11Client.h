@@ -52,6 +52,7 @@ public:
     xcb_window_t focusedWindow();
     // The children of the root window, bottom to top.
     std::vector<xcb_window_t> stacking();
+    bool exists(xcb_window_t window);
     bool isMapped(xcb_window_t window);
     bool isOverrideRedirect(xcb_window_t window);
     // How many pixels the bounding shape leaves of the window.

@@ -24,6 +24,7 @@
 #include "platform/linux/xkb/XkbKeyboard.h"
 #include "platform/qt/QtDisplays.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/QtStatusItems.h"
 
 #include <QApplication>
 #include <QUrl>
@@ -143,12 +144,13 @@ private:
     LinuxProcess _process;
     X11WindowList _windowList;
     X11PanelSurfaces _panelSurfaces;
+    QtStatusItems _statusItems{_runLoop};
     QtNativeEvents _nativeEvents;
     std::unique_ptr<RunningInstance> _instance;
     std::optional<TerminationSignals> _terminationSignals;
     Platform _platform{_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter,
         _menuInput, &_keyboard, &_loginItems, QApplication::applicationFilePath().toStdString(), &_inputEvents,
-        &_process, &_windowList, &_panelSurfaces};
+        &_process, &_windowList, &_panelSurfaces, &_statusItems};
 };
 
 } // namespace
