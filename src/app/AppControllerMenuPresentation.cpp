@@ -17,9 +17,12 @@ void AppController::popUpMenuAtMouseLocation() {
         return;
     }
     const auto appName = _appUIElementInfo->focusedAppName();
-    // These publish their menus late, often after the switch that was to bring them. With nobody in front, whatever
-    // the word of that was too late to clear away goes now.
-    if (appName == "Firefox" || appName == "Camino" || !appName)
+    // These publish their menus late, often after the switch that was to bring them.
+    if (appName == "Firefox" || appName == "Camino")
+        _appUIElementInfo->update();
+    // Nobody is in front, or nobody was when the mirror was made: word of that comes a moment later, and not at all
+    // when the same application is back by then. Windows of our own leave the mirror as it is.
+    else if (!appName || (!_appUIElementInfo->currentAppName() && appName != "Tarragon"))
         _appUIElementInfo->update();
     // An application without menus leaves the own menu alone, so that settings and quitting stay within reach.
     _presenter.popUpMenu(_appUIElementInfo->menu(), _platform.displays.mouseLocationNS());

@@ -231,6 +231,23 @@ TEST_F(NobodyInFrontTest, ShowsNothingStaleEvenBeforeTheWordOfIt) {
     EXPECT_THAT(rootTitles(), ElementsAre("-", "Tarragon"));
 }
 
+TEST_F(NobodyInFrontTest, IsForgottenWhenTheSameApplicationIsBackWithoutAnyWordOfIt) {
+    fake.deactivate();
+    controller().popUpMenuAtMouseLocation();
+    fake.activate(mail);
+    controller().popUpMenuAtMouseLocation();
+    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "-", "Tarragon"));
+}
+
+TEST_F(NobodyInFrontTest, LastsWhileAWindowOfOurOwnIsInFront) {
+    const FakeApplication own = fake.addApplication("Tarragon");
+    own.menu("Own");
+    leaveTheDesktopEmpty();
+    fake.switchTo(own);
+    controller().popUpMenuAtMouseLocation();
+    EXPECT_THAT(rootTitles(), ElementsAre("-", "Tarragon"));
+}
+
 TEST_F(NobodyInFrontTest, EndsWithTheNextApplication) {
     leaveTheDesktopEmpty();
     fake.switchTo(mail);
