@@ -30,6 +30,7 @@ public:
         return _runLoop.scheduleTimer(seconds, repeats, std::move(handler));
     }
     void pause(double) override { }
+    void endPausesFor(int /*descriptor*/) override { }
     void post(std::function<void()> function) override { _runLoop.post(std::move(function)); }
     void watchDescriptor(int descriptor, std::function<void()> handler) override {
         _runLoop.watchDescriptor(descriptor, std::move(handler));

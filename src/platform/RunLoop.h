@@ -26,6 +26,10 @@ public:
     // before the time is over; they wait their turn. Our own windows are still repainted.
     virtual void pause(double seconds) = 0;
 
+    // From now on a pause is over early, or does not begin, while the descriptor can be read. Its handler is called
+    // after the pause like all others; it only need not wait for the whole of it. The descriptor stays the caller's.
+    virtual void endPausesFor(int descriptor) = 0;
+
     // Calls the function from the run loop, in order of posting. May be called from any thread.
     virtual void post(std::function<void()> function) = 0;
 

@@ -62,6 +62,21 @@ TEST_P(LifecycleTest, EndsOnRequestOfTheSystem) {
     }
 }
 
+TEST_P(LifecycleTest, EndsSoonWhileItTurnsToAStoppedApplication) {
+    TestApplication& stopped = launch(ApplicationKind::Mousepad);
+    TestApplication& geany = launch(ApplicationKind::Geany);
+    ASSERT_TRUE(popUp().openWith(geany.expectedTitles()));
+    ASSERT_TRUE(popUp().close());
+    stopped.process().sendSignal(SIGSTOP);
+    ASSERT_TRUE(stopped.bringToFront());
+    // It takes a second to find the application silent, and would give it two more to publish its menus.
+    auto start = Clock::now();
+    agent().process().sendSignal(SIGTERM);
+    EXPECT_EQ(agent().process().waitForExit(), 0);
+    EXPECT_LE(Clock::now() - start, Duration(1200));
+    stopped.process().sendSignal(SIGCONT);
+}
+
 TEST_P(LifecycleTest, ShowsTheSettingsWhenItIsStartedAgain) {
     const std::filesystem::path opened = desktop().home() / "opened";
     const std::filesystem::path opener = desktop().programFolder() / "xdg-open";

@@ -33,6 +33,8 @@ public:
 
     std::unique_ptr<Timer> scheduleTimer(double seconds, bool repeats, std::function<void()> handler) override;
     void pause(double seconds) override;
+    // A pause takes no real time here.
+    void endPausesFor(int /*descriptor*/) override { }
     void post(std::function<void()> function) override;
     void watchDescriptor(int descriptor, std::function<void()> handler) override;
     void stop(int exitStatus) override;

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <thread>
+#include <ctime>
 #include <utility>
 
 #include <QApplication>
@@ -92,6 +92,16 @@ void QtRunLoop::watchDescriptor(int descriptor, std::function<void()> handler) {
     _notifiers.push_back(std::move(notifier));
 }
 
+void QtRunLoop::endPausesFor(int descriptor) {
+    _urgentDescriptors.push_back({descriptor, POLLIN, 0});
+}
+
+bool QtRunLoop::waitForUrgentDescriptor(std::chrono::nanoseconds time) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+    const timespec atMost{static_cast<time_t>(seconds.count()), static_cast<long>((time - seconds).count())};
+    return ::ppoll(_urgentDescriptors.data(), _urgentDescriptors.size(), &atMost, nullptr) > 0;
+}
+
 void QtRunLoop::pause(double seconds) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now()
@@ -104,9 +114,9 @@ void QtRunLoop::pause(double seconds) {
     }
     for (auto now = Clock::now(); now < end; now = Clock::now()) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        const auto left = end - Clock::now();
-        if (left > Clock::duration::zero())
-            std::this_thread::sleep_for(std::min<Clock::duration>(left, RepaintInterval));
+        const Clock::duration left = std::max(end - Clock::now(), Clock::duration::zero());
+        if (waitForUrgentDescriptor(std::min<Clock::duration>(left, RepaintInterval)))
+            break;
     }
     // What waited is called from the run loop, not from here: whoever paused goes on first.
     if (--_pauses == 0) {

@@ -2,11 +2,14 @@
 
 #include "platform/RunLoop.h"
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
+
+#include <poll.h>
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -29,6 +32,7 @@ public:
 
     std::unique_ptr<Timer> scheduleTimer(double seconds, bool repeats, std::function<void()> handler) override;
     void pause(double seconds) override;
+    void endPausesFor(int descriptor) override;
     void post(std::function<void()> function) override;
     void watchDescriptor(int descriptor, std::function<void()> handler) override;
     void stop(int exitStatus) override;
@@ -49,11 +53,14 @@ private:
     };
 
     void callNextPosted();
+    // False when the time is over before one of them can be read.
+    [[nodiscard]] bool waitForUrgentDescriptor(std::chrono::nanoseconds time);
 
     Receiver _receiver{*this};
     std::mutex _mutex; // guards _posted
     std::deque<std::function<void()>> _posted;
     std::vector<std::unique_ptr<QSocketNotifier>> _notifiers;
+    std::vector<pollfd> _urgentDescriptors;
     std::unique_ptr<QtPauseFilter> _pauseFilter;
     int _pauses = 0;
     bool _stopped = false;

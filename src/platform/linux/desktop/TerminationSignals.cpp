@@ -48,6 +48,8 @@ TerminationSignals::TerminationSignals(RunLoop& runLoop, std::function<void()> h
         if (read(eventDescriptor, &count, sizeof count) == sizeof count)
             handler();
     });
+    // A program that is to end ends now, whatever it waits for.
+    runLoop.endPausesFor(eventDescriptor);
     setHandlers(handleSignal);
 }
 

@@ -271,6 +271,31 @@ TEST_F(QtRunLoopTest, HandlesNothingDuringAPauseAndEverythingAfterItInOrder) {
     close(ends[1]);
 }
 
+TEST_F(QtRunLoopTest, EndsAPauseEarlyForADescriptorThatCannotWaitAndCallsItsHandlerAfterwards) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    _runLoop.endPausesFor(ends[0]);
+    _runLoop.watchDescriptor(ends[0], [&] {
+        char byte = 0;
+        ASSERT_EQ(read(ends[0], &byte, 1), 1);
+        _log.emplace_back(1, byte);
+    });
+    const Caller caller([&] { ASSERT_EQ(write(ends[1], "a", 1), 1); });
+    constexpr double TooLong = 30;
+    EXPECT_LT(secondsOf([this] {
+        _runLoop.pause(TooLong);
+        // Until it is read, no pause begins.
+        _runLoop.pause(TooLong);
+    }),
+        TooLong / 2);
+    EXPECT_THAT(_log, IsEmpty());
+    runUntil(1);
+    EXPECT_THAT(_log, ElementsAre("a"));
+    EXPECT_GE(secondsOf([this] { _runLoop.pause(0.05); }), 0.05);
+    close(ends[0]);
+    close(ends[1]);
+}
+
 TEST_F(QtRunLoopTest, FiresARepeatingTimerNotManyTimesAfterAPause) {
     const auto timer = _runLoop.scheduleTimer(0.02, true, note("timer"));
     _runLoop.pause(0.1);
