@@ -233,10 +233,34 @@ void X11FrontWatch::settleAbsence() {
     report(change);
 }
 
-void X11FrontWatch::report(const X11FrontWindowChange& change) {
-    if (change.frontSwitched || change.systemUIModeChanged)
+void X11FrontWatch::report(X11FrontWindowChange change) {
+    while (change.frontSwitched || change.systemUIModeChanged) {
+        // What others were told before is not about this switch.
+        static_cast<void>(_windows.takeToldWindows());
         _changed(change);
+        change = lookWhenOthersWereTold();
+    }
     learnMenuBar();
+}
+
+// What those have seen who were told of a switch, if it was not the window in front, and then what is in front now.
+X11FrontWindowChange X11FrontWatch::lookWhenOthersWereTold() {
+    X11FrontWindowChange change;
+    const std::uint32_t front = _front.window();
+    bool isOther = false;
+    for (const std::uint32_t window : _windows.takeToldWindows()) {
+        const auto description = window != front ? _windows.describe(window) : std::nullopt;
+        if (!description)
+            continue;
+        isOther = true;
+        change = bothOf(change, updateFront(*description));
+    }
+    if (!isOther)
+        return change;
+    const Look now = look();
+    if (now.isAbsent)
+        windowIsAbsent();
+    return bothOf(change, now.change);
 }
 
 std::uint32_t X11FrontWatch::menuBarOf(std::uint32_t window, bool isPassing) {

@@ -26,6 +26,9 @@ struct WindowDescription;
 // and while a drag or a pop-up holds the keyboard. No window counts as being in front only when none has become active
 // within a settling time and nobody holds the keyboard away from a window that is still there.
 //
+// Whoever is told of a switch reads what is in front at that moment, and takes a while. Another window that was in
+// front meanwhile, and that they have seen, counts although it is gone again before anybody looks.
+//
 // A window may publish its menu bar a little late: while it shows another one's it is asked again a few times.
 //
 // Main thread only. The objects passed in outlive it; it outlives the run loop.
@@ -63,7 +66,8 @@ private:
     X11FrontWindowChange updateFront(const WindowDescription& description);
     void windowIsAbsent();
     void settleAbsence();
-    void report(const X11FrontWindowChange& change);
+    void report(X11FrontWindowChange change);
+    X11FrontWindowChange lookWhenOthersWereTold();
 
     std::uint32_t menuBarOf(std::uint32_t window, bool isPassing);
     void learnMenuBar();

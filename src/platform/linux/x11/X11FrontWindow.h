@@ -49,6 +49,8 @@ public:
     // A window is gone for good. Identifiers are used again: the next window with this one is another window.
     void forgetWindow(std::uint32_t window);
 
+    // The window in front; 0 for none, or one that is gone.
+    std::uint32_t window() const { return _front ? _front->active.window : 0; }
     bool hasWindow() const { return _front.has_value(); }
     // The window with the menu bar that is shown; 0 for none.
     std::uint32_t menuBar() const;

@@ -294,7 +294,10 @@ X11Windows::X11Windows(X11Connection& connection)
 X11Windows::~X11Windows() = default;
 
 std::optional<std::uint32_t> X11Windows::activeWindow() {
-    return _cache.activeWindow();
+    const std::optional<std::uint32_t> window = _cache.activeWindow();
+    if (window)
+        noteTold(*window);
+    return window;
 }
 
 std::optional<WindowDescription> X11Windows::describe(std::uint32_t window) {
@@ -302,7 +305,21 @@ std::optional<WindowDescription> X11Windows::describe(std::uint32_t window) {
 }
 
 std::optional<WindowDescription> X11Windows::describeActiveWindow() {
-    return _cache.describeActiveWindow();
+    std::optional<WindowDescription> description = _cache.describeActiveWindow();
+    if (description)
+        noteTold(description->identifier);
+    return description;
+}
+
+std::vector<std::uint32_t> X11Windows::takeToldWindows() {
+    const std::lock_guard guard(_toldMutex);
+    return std::exchange(_toldWindows, {});
+}
+
+void X11Windows::noteTold(std::uint32_t window) {
+    const std::lock_guard guard(_toldMutex);
+    if (std::ranges::find(_toldWindows, window) == _toldWindows.end())
+        _toldWindows.push_back(window);
 }
 
 std::optional<std::uint32_t> X11Windows::readActiveWindow() {

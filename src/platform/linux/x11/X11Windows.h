@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -38,8 +39,11 @@ public:
     X11ActivationOrder& activationOrder() { return _activationOrder; }
     // Takes what the server has told meanwhile. To be called now and then by whoever is woken for it.
     void takeEvents() { _cache.takeEvents(); }
+    // The windows that anybody was told to be the active one since the last call, each once.
+    [[nodiscard]] std::vector<std::uint32_t> takeToldWindows();
 
 private:
+    void noteTold(std::uint32_t window);
     std::optional<std::uint32_t> readActiveWindow();
     std::optional<WindowDescription> readDescription(std::uint32_t window);
 
@@ -47,6 +51,8 @@ private:
     std::unique_ptr<const X11WindowAtoms> _atoms;
     X11ActivationOrder _activationOrder;
     X11ActiveWindowCache _cache;
+    std::mutex _toldMutex; // guards _toldWindows
+    std::vector<std::uint32_t> _toldWindows;
 };
 
 } // namespace tarragon

@@ -86,8 +86,9 @@ protected:
         ASSERT_TRUE(workspace->installFrontSwitchedHandler([this] {
             const auto application = workspace->activeApplication();
             told.push_back(application ? application->processIdentifier : NoApplication);
-            if (whenTold)
-                whenTold();
+            // A copy, since it may replace itself.
+            if (const auto handler = whenTold)
+                handler();
         }));
         ASSERT_TRUE(workspace->installSystemUIModeChangedHandler([this] { ++modeChanges; }));
         happen();
@@ -114,6 +115,7 @@ protected:
     ToldMenuBars menuBars;
     std::vector<std::int64_t> told;
     std::function<void()> whenTold;
+    std::uint32_t whenToldActivates = 0;
     int modeChanges = 0;
 
 private:
@@ -160,6 +162,49 @@ TEST_F(X11FrontWatchTest, TellsOfTwoSwitchesInQuickSuccession) {
     };
     activate(viewer);
     EXPECT_THAT(switches(), ElementsAre(Viewer, Editor));
+}
+
+TEST_F(X11FrontWatchTest, TellsAgainOfAWindowWhenAnotherOneWasSeenWhileItWasTold) {
+    const auto editor = manager->open({.process = Editor});
+    const auto viewer = manager->open({.process = Viewer});
+    manager->activate(editor);
+    begin();
+    // Whoever is told takes a while and reads the editor, which is behind the viewer again before anybody looks.
+    whenTold = [&] {
+        whenTold = {};
+        manager->activate(editor);
+        manager->synchronize();
+        EXPECT_EQ(workspace->activeApplication()->processIdentifier, Editor);
+        manager->activate(viewer);
+        manager->synchronize();
+    };
+    activate(viewer);
+    EXPECT_THAT(switches(), ElementsAre(Viewer, Viewer));
+    pass(LongAfter);
+    EXPECT_THAT(switches(), IsEmpty());
+}
+
+TEST_F(X11FrontWatchTest, TellsOnceOfAWindowThatWasSeenBeforeItWasTold) {
+    const auto editor = manager->open({.process = Editor});
+    const auto viewer = manager->open({.process = Viewer});
+    const auto dialog = manager->open({.process = Viewer, .type = "_NET_WM_WINDOW_TYPE_DIALOG"});
+    menuBars.menuBars[dialog] = viewer;
+    manager->activate(editor);
+    begin();
+    whenTold = [&] {
+        manager->activate(whenToldActivates);
+        manager->synchronize();
+        EXPECT_TRUE(workspace->activeApplication());
+    };
+    whenToldActivates = editor;
+    activate(viewer);
+    EXPECT_THAT(switches(), ElementsAre(Viewer, Editor));
+    // A dialog that comes meanwhile is no switch.
+    whenToldActivates = dialog;
+    activate(viewer);
+    EXPECT_THAT(switches(), ElementsAre(Viewer));
+    pass(LongAfter);
+    EXPECT_THAT(switches(), IsEmpty());
 }
 
 TEST_F(X11FrontWatchTest, TellsOfNoDialogSheetOrPalette) {
