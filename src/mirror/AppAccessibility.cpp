@@ -94,7 +94,7 @@ void AppAccessibility::updateRootMenu() {
     _menuAXUIElementRef = getAXMenuBarFor(_appAXUIElementRef);
     if (!_menuAXUIElementRef) {
         log(LogCategory::Menus,
-            [this] { return "the mirror is empty: " + textOrNil(focusedAppName()) + " has no menu bar"; });
+            [this] { return "the mirror is empty: " + textOrNil(_currentAppName) + " has no menu bar"; });
         return;
     }
     const auto cacheable = _root.rebuild(

@@ -20,7 +20,13 @@ public:
     void setOpensURLs(bool opens) { _opensURLs = opens; }
     const std::vector<std::string>& openedURLs() const { return _openedURLs; }
 
-    std::optional<RunningApplication> activeApplication() override { return _activeApplication; }
+    // How often the active application was asked for.
+    int activeApplicationQuestions() const { return _activeApplicationQuestions; }
+
+    std::optional<RunningApplication> activeApplication() override {
+        ++_activeApplicationQuestions;
+        return _activeApplication;
+    }
     std::vector<RunningApplication> runningApplications() override { return _runningApplications; }
     bool openURL(const std::string& url) override;
     bool installFrontSwitchedHandler(std::function<void()> handler) override;
@@ -32,6 +38,7 @@ private:
     std::vector<std::function<void()>> _frontSwitchedHandlers;
     std::vector<std::function<void()>> _systemUIModeHandlers;
     std::vector<std::string> _openedURLs;
+    int _activeApplicationQuestions = 0;
     bool _eventsAvailable = true;
     bool _opensURLs = true;
 };

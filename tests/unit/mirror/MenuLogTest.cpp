@@ -105,6 +105,52 @@ TEST_F(MenuLog, HearsOfItemsThatAreChosenFromWhateverSenderSinceTheReaderWasMade
     }
 }
 
+// Everything that is asked while the mirror is rebuilt, filled and opened, of a desktop that gives cause for each line.
+std::vector<FakeCall> questionsOfAMirrorInTrouble(int& questionsForTheName) {
+    FakePlatform fake;
+    const FakeApplication editor = fake.addApplication("Editor");
+    editor.menu("Document").item("A").item("A").item("B");
+    editor.menu("Empty");
+    const auto work = std::make_shared<FakeFillingThreads::Work>();
+    fake.activate(editor);
+    const auto reader =
+        AppAccessibility::initWithFocusedApp(fake.platform(), std::make_unique<FakeFillingThreads>(work));
+    const auto updateAndOpen = [&] {
+        reader->update();
+        for (const auto& item : reader->menu()->items())
+            fake.menuPresenter.openSubmenu(*reader->menu(), item->title());
+        fake.menuPresenter.closeMenus();
+    };
+    updateAndOpen();
+    work->runAll();
+    updateAndOpen();
+    reader->setShowApplicationMenu(false);
+    updateAndOpen();
+    reader->setPositionOfFocusedWindow(1, 2);
+    for (const FakeApplication& application : {fake.addApplication("Bare"), editor}) {
+        fake.activate(application);
+        fake.accessibility.setAttribute(editor.menuBar(), "AXChildren", std::vector<Element>());
+        updateAndOpen();
+    }
+    fake.deactivate();
+    updateAndOpen();
+    questionsForTheName = fake.workspace.activeApplicationQuestions();
+    return fake.accessibility.calls();
+}
+
+TEST(LogOfTheMirror, AsksNothingThatIsNotAskedWithoutIt) {
+    int withoutLog = 0;
+    const std::vector<FakeCall> unread = questionsOfAMirrorInTrouble(withoutLog);
+    for (const LogCategory category : {LogCategory::Menus, LogCategory::Front}) {
+        LogLines log{category};
+        int withLog = 0;
+        const std::vector<FakeCall> read = questionsOfAMirrorInTrouble(withLog);
+        EXPECT_THAT(log.take(), testing::Not(IsEmpty()));
+        EXPECT_EQ(read.size(), unread.size());
+        EXPECT_EQ(withLog, withoutLog);
+    }
+}
+
 class FrontLog : public ReaderTest {
 protected:
     LogLines log{LogCategory::Front};
