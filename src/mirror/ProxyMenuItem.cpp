@@ -36,7 +36,7 @@ std::string ProxyMenuItem::createKeyForFennickItem(const MenuItem& item) const {
 
 std::string ProxyMenuItem::itemKey() {
     const std::shared_ptr<MenuItem> item = menuItem();
-    const std::string path = item ? createKeyForFennickItem(*item) : _itemKey;
+    const std::string path = item ? createKeyForFennickItem(*item) : textOrNil(std::nullopt) + _itemKey;
     _itemKey = textOrNil(_appName) + "|" + path;
     return _itemKey;
 }

@@ -33,8 +33,8 @@ public:
     // The item's title after those of its parents, joined by bars, in front of the last item key computed here. A
     // trailing bar follows an item with a submenu.
     std::string createKeyForFennickItem(const MenuItem& item) const;
-    // The application's name, or "(null)" without one, and the path of the item, joined by bars. Every call builds on
-    // the result of the one before, so only the first gives the item's own key: ask once.
+    // The application's name and the path of the item, joined by bars; "(null)" stands for either that is missing.
+    // Every call builds on the result of the one before, so only the first gives the item's own key: ask once.
     std::string itemKey();
 
     const Element& itemAXUIElementRef() const { return _itemAXUIElementRef; }

@@ -92,7 +92,13 @@ TEST_F(ProxyMenuItemTest, DoesNotKeepItsItemAlive) {
     editMenu->removeAllItems();
     copy.reset();
     EXPECT_EQ(proxy.menuItem(), nullptr);
-    EXPECT_EQ(proxy.itemKey(), "Mail|");
+    EXPECT_EQ(proxy.itemKey(), "Mail|(null)");
+}
+
+TEST_F(ProxyMenuItemTest, NamesAMissingItemAsEveryMissingTextIsNamed) {
+    ProxyMenuItem proxy(fake.accessibility);
+    EXPECT_EQ(proxy.itemKey(), "(null)|(null)");
+    EXPECT_EQ(proxy.itemKey(), "(null)|(null)(null)|(null)");
 }
 
 class Clicking : public ProxyMenuItemTest {
