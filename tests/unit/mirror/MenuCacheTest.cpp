@@ -1,5 +1,6 @@
 #include "mirror/MenuCache.h"
 
+#include "LogLines.h"
 #include "MenuTitles.h"
 #include "fake/FakeFillingThreads.h"
 #include "mirror/SystemFillingThreads.h"
@@ -259,6 +260,20 @@ TEST(MenuCacheThreads, FillOneAfterTheOther) {
     last.get_future().wait();
 }
 
+// Only a test that fails waits so long.
+constexpr auto LongEnough = std::chrono::seconds(10);
+
+// Asks until the answer is true.
+bool isToldToStop(const MenuCache::ShouldStop& shouldStop) {
+    const auto tooLate = std::chrono::steady_clock::now() + LongEnough;
+    while (!shouldStop()) {
+        if (std::chrono::steady_clock::now() > tooLate)
+            return false;
+        std::this_thread::yield();
+    }
+    return true;
+}
+
 // A clock that stands still unless a test moves it.
 struct StandingClock {
     MenuCache::Now now() {
@@ -271,35 +286,107 @@ struct StandingClock {
     std::atomic<int> asked = 0;
 };
 
-TEST(MenuCacheThreads, GiveWayToAMenuThatOpensWhenTheyTakeLongAndBeginAnewAfterwards) {
-    StandingClock clock;
-    std::promise<void> begun;
-    std::promise<void> again;
-    std::promise<void> goOn;
-    int runs = 0;
-    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
-    cache.cacheMenuForMenuItem(name("Editor"), item("File"), [&](Menu& menu, const MenuCache::ShouldStop& shouldStop) {
-        if (++runs == 1) {
+// A filling of a menu titled "File" that takes too long the first time, and fills it the second time it runs.
+class SlowFilling {
+public:
+    // Returns when the filling has begun and has taken too long.
+    void begin(MenuCache& cache, const Menu::SharedTitle& appName, StandingClock& clock) {
+        cache.cacheMenuForMenuItem(appName, item("File"),
+            [this](Menu& menu, const MenuCache::ShouldStop& shouldStop) { run(menu, shouldStop); });
+        _begun.get_future().wait();
+        clock.time = MenuCache::LongestDelay + std::chrono::milliseconds(1);
+    }
+    // Returns when the filling was abandoned and has begun again.
+    void waitUntilItRunsAgain() { ASSERT_EQ(_again.get_future().wait_for(LongEnough), std::future_status::ready); }
+    void goOn() { _goOn.set_value(); }
+
+private:
+    void run(Menu& menu, const MenuCache::ShouldStop& shouldStop) {
+        if (++_runs == 1) {
             menu.addItem(item("Half"));
-            begun.set_value();
-            while (!shouldStop())
-                std::this_thread::yield();
+            _begun.set_value();
+            EXPECT_TRUE(isToldToStop(shouldStop));
             EXPECT_TRUE(shouldStop());
             return;
         }
-        again.set_value();
-        goOn.get_future().wait();
+        _again.set_value();
+        _goOn.get_future().wait();
         menu.addItem(item("New"));
-    });
-    begun.get_future().wait();
-    clock.time = MenuCache::LongestDelay + std::chrono::milliseconds(1);
+    }
+
+    int _runs = 0;
+    std::promise<void> _begun;
+    std::promise<void> _again;
+    std::promise<void> _goOn;
+};
+
+TEST(MenuCacheThreads, GiveWayToAMenuThatOpensWhenTheyTakeLongAndBeginAnewAfterwards) {
+    StandingClock clock;
+    SlowFilling slow;
+    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
+    slow.begin(cache, name("Editor"), clock);
     // Ends though the filling never would.
     EXPECT_FALSE(existsIn(cache, "Editor", "File"));
-    again.get_future().wait();
+    slow.waitUntilItRunsAgain();
     EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
-    goOn.set_value();
+    slow.goOn();
     EXPECT_TRUE(existsIn(cache, "Editor", "File"));
     EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "File")), ElementsAre("New"));
+}
+
+TEST(MenuCacheThreads, GiveWayWithoutTouchingTheOtherMenusOfTheVerySameName) {
+    StandingClock clock;
+    SlowFilling slow;
+    const auto editor = name("Editor");
+    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
+    std::promise<void> filled;
+    cache.cacheMenuForMenuItem(editor, item("Edit"), [&](Menu& menu, const MenuCache::ShouldStop&) {
+        menu.addItem(item("Copy"));
+        filled.set_value();
+    });
+    filled.get_future().wait();
+    EXPECT_TRUE(existsIn(cache, "Editor", "Edit"));
+    slow.begin(cache, editor, clock);
+    EXPECT_TRUE(existsIn(cache, "Editor", "Edit"));
+    slow.waitUntilItRunsAgain();
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "Edit")), ElementsAre("Copy"));
+    EXPECT_EQ(cache.filledMenu("Editor", "File"), nullptr);
+    slow.goOn();
+    EXPECT_TRUE(existsIn(cache, "Editor", "File"));
+    EXPECT_THAT(titlesOf(*cache.filledMenu("Editor", "Edit")), ElementsAre("Copy"));
+}
+
+TEST(MenuCacheThreads, GiveWayToAMenuOfAnotherApplicationAlike) {
+    StandingClock clock;
+    SlowFilling slow;
+    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
+    std::promise<void> filled;
+    cache.cacheMenuForMenuItem(
+        name("Viewer"), item("File"), [&](Menu&, const MenuCache::ShouldStop&) { filled.set_value(); });
+    filled.get_future().wait();
+    EXPECT_TRUE(existsIn(cache, "Viewer", "File"));
+    slow.begin(cache, name("Editor"), clock);
+    EXPECT_TRUE(existsIn(cache, "Viewer", "File"));
+    slow.waitUntilItRunsAgain();
+    slow.goOn();
+    EXPECT_TRUE(existsIn(cache, "Editor", "File"));
+    EXPECT_TRUE(existsIn(cache, "Viewer", "File"));
+}
+
+TEST(MenuCacheThreads, TellTheLogWhenTheyGiveWay) {
+    LogLines log{LogCategory::Menus};
+    StandingClock clock;
+    SlowFilling slow;
+    MenuCache cache(std::make_unique<SystemFillingThreads>(), clock.now());
+    slow.begin(cache, name("Editor"), clock);
+    EXPECT_FALSE(existsIn(cache, "Editor", "File"));
+    slow.waitUntilItRunsAgain();
+    EXPECT_THAT(log.take(),
+        ElementsAre("filling of File of Editor started", "filling of File of Editor abandoned",
+            "filling of File of Editor started"));
+    slow.goOn();
+    EXPECT_TRUE(existsIn(cache, "Editor", "File"));
+    EXPECT_THAT(log.take(), ElementsAre("filling of File of Editor kept"));
 }
 
 TEST(MenuCacheThreads, GoOnInFrontOfAMenuThatOpensUnlessTheyTakeLong) {
@@ -343,8 +430,7 @@ TEST(MenuCacheThreads, StopAtTheirNextQuestionWhenTheCacheGoes) {
                 [&](Menu&, const MenuCache::ShouldStop& shouldStop) {
                     if (begun++ == 0)
                         first.set_value();
-                    while (!shouldStop())
-                        std::this_thread::yield();
+                    EXPECT_TRUE(isToldToStop(shouldStop));
                 });
         }
         first.get_future().wait();
