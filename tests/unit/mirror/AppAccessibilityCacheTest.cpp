@@ -418,6 +418,29 @@ TEST_F(Caching, ProbesNeitherForTheRootNorForAMenuOfOurOwn) {
     EXPECT_THAT(titlesOf(root()), ElementsAre("File", "Fennick"));
 }
 
+TEST_F(Caching, LeavesAMenuOfOurOwnAloneAlsoWhenOneOfItsTitleIsCached) {
+    editor.menu("CocoaMenu").item("Cached");
+    rebuildAndFill();
+    Menu own(AppAccessibility::cocoaMenuTitle());
+    own.setDelegate(reader.get());
+    own.addItem(std::make_shared<MenuItem>("Ours", "", ""));
+    EXPECT_TRUE(reader->cacheExistsForMenu(own));
+    fake.accessibility.clearCalls();
+    fake.menuPresenter.open(own);
+    EXPECT_THAT(titlesOf(own), ElementsAre("Ours"));
+    EXPECT_EQ(fake.accessibility.callCount(), 0U);
+}
+
+TEST_F(Caching, LooksAtTheRealMenuWhenTheOldItemsAreGone) {
+    rebuildAndFill();
+    Menu& menu = opened("File");
+    EXPECT_EQ(menu.numberOfItems(), 3U);
+    std::optional<std::size_t> itemsAtTheLook;
+    fake.accessibility.beforeCall(0, [&] { itemsAtTheLook = menu.numberOfItems(); });
+    opened("File");
+    EXPECT_EQ(itemsAtTheLook, 0U);
+}
+
 TEST_F(Caching, OpensAMenuEmptyWhenTheItemOfItsTitleIsGoneFromTheMirror) {
     rebuildAndFill();
     // The probe goes by the menu's title, the look-up by the title of the item that it hangs in.

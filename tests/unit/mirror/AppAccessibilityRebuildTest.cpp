@@ -53,6 +53,14 @@ TEST_F(Rebuild, NotesTheNameOfTheFrontApplication) {
     EXPECT_EQ(reader->currentAppName(), std::nullopt);
 }
 
+TEST_F(Rebuild, NotesTheNameBeforeItReadsTheMenus) {
+    const FakeApplication editor = fake.addApplication("Editor");
+    fake.accessibility.beforeCall(0, [&] { fake.activate(editor); });
+    reader->update();
+    EXPECT_EQ(reader->currentAppName(), "Mail");
+    EXPECT_EQ(reader->focusedAppName(), "Editor");
+}
+
 TEST_F(Rebuild, ShowsTheAppleMenuUnderItsMark) {
     reader->setShowAppleMenu(true);
     reader->update();

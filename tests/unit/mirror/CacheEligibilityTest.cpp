@@ -66,6 +66,9 @@ TEST(CacheEligibility, GoesByExactNamesOfApplications) {
         EXPECT_TRUE(menuMayBeCached(name, "Edit")) << name;
         EXPECT_TRUE(menuMayBeCached(name, "Insert")) << name;
     }
+    for (const char* name : {"microsoft excel", "safari", "Safari Technology Preview", "xcode", "Xcode 2", "firefox",
+             "My Camino", "thunderbird", "Thunderbird Beta", "photoshop", "Photoshop 2", "audacity", "officetime"})
+        EXPECT_TRUE(menuMayBeCached(name, "File")) << name;
     for (const char* name : {"iphoto", "iPhoto 9", "iPhoto Library", "iPhot", "bookends", "Bookends 12", "Bookend",
              "parallels desktop", "Parallels Desktop 2", "Parallels", "My Parallels Desktop"})
         EXPECT_TRUE(menuMayBeCached(name, "File")) << name;

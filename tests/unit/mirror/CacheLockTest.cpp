@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <string>
 #include <thread>
 #include <vector>
@@ -85,14 +87,24 @@ TEST(CacheLock, SendsFillingsAwayThatWaitWhenItIsClosedOrComeLater) {
     CacheLock lock;
     ASSERT_TRUE(lock.lockForFilling());
     EXPECT_FALSE(lock.isClosed());
-    std::vector<std::jthread> threads;
-    for (int index = 0; index < 4; ++index)
-        threads.emplace_back([&] { EXPECT_FALSE(lock.lockForFilling()); });
+    std::vector<std::future<bool>> fillings;
+    for (int index = 0; index < 4; ++index) {
+        fillings.push_back(std::async(std::launch::async, [&] {
+            const bool hasLock = lock.lockForFilling();
+            if (hasLock)
+                lock.unlock();
+            return hasLock;
+        }));
+    }
     lock.close();
     // The lock is still held: they do not wait for it.
-    threads.clear();
+    const auto tooLate = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    for (const auto& filling : fillings)
+        EXPECT_EQ(filling.wait_until(tooLate), std::future_status::ready);
     EXPECT_TRUE(lock.isClosed());
     lock.unlock();
+    for (auto& filling : fillings)
+        EXPECT_FALSE(filling.get());
     EXPECT_FALSE(lock.lockForFilling());
 }
 
