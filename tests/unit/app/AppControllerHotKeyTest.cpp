@@ -1,5 +1,5 @@
 #include "AppFixture.h"
-#include "fake/RecordingLogSink.h"
+#include "fake/RecordingLog.h"
 
 #include <gmock/gmock.h>
 
@@ -96,7 +96,7 @@ TEST_F(HotKeyTest, OpensOneMenuHoweverManyHandlersAreInstalled) {
 }
 
 TEST_F(HotKeyTest, TellsTheLogWhetherItIsRegisteredAndWhenItIsPressed) {
-    const RecordingLogSink log(parseLogCategories("triggers").categories);
+    const RecordingLog log(LogCategory::Triggers);
     launch();
     EXPECT_TRUE(fake.hotKeys.press(SpaceBar, hotkey::OptionKey));
     set(preference::EnableHotkey, false);

@@ -1,5 +1,5 @@
 #include "AppFixture.h"
-#include "fake/RecordingLogSink.h"
+#include "fake/RecordingLog.h"
 
 #include <gmock/gmock.h>
 
@@ -56,7 +56,7 @@ TEST_F(PopUpTest, ShowsNothingForAnApplicationWithoutMenusWhenTheOwnMenuIsOff) {
     set(preference::ShowTarragonMenu, false);
     launch();
     fake.switchTo(fake.addApplication("Terminal"));
-    const RecordingLogSink log(parseLogCategories("menus").categories);
+    const RecordingLog log(LogCategory::Menus);
     controller().popUpMenuAtMouseLocation();
     ASSERT_EQ(fake.menuPresenter.popUps().size(), 1U);
     EXPECT_FALSE(fake.menuPresenter.popUps()[0].shown);
@@ -66,7 +66,7 @@ TEST_F(PopUpTest, ShowsNothingForAnApplicationWithoutMenusWhenTheOwnMenuIsOff) {
 }
 
 TEST_F(PopUpTest, TellsTheLogWhatItShowsOrWhyItCannot) {
-    const RecordingLogSink log(parseLogCategories("menus").categories);
+    const RecordingLog log(LogCategory::Menus);
     fake.deactivate();
     launch();
     controller().popUpMenuAtMouseLocation();

@@ -1,5 +1,5 @@
 #include "AppFixture.h"
-#include "fake/RecordingLogSink.h"
+#include "fake/RecordingLog.h"
 
 #include <gmock/gmock.h>
 
@@ -217,7 +217,7 @@ TEST_F(SettingChangeTest, IsHeardOfForEveryObservedSettingOnceAndInOrder) {
     // Each observer takes the change of its own setting to the controller.
     for (const std::string& path : expected) {
         const std::string key = path.substr(std::string("values.").size());
-        const RecordingLogSink log(parseLogCategories("settings").categories);
+        const RecordingLog log(LogCategory::Settings);
         set(key, *fake.defaults.value(key));
         EXPECT_THAT(log.lines(), ElementsAre("settings: " + path + " has changed"));
     }
@@ -225,7 +225,7 @@ TEST_F(SettingChangeTest, IsHeardOfForEveryObservedSettingOnceAndInOrder) {
 
 TEST_F(SettingChangeTest, OfAnyOtherSettingIsNotHeardOf) {
     launch();
-    const RecordingLogSink log(parseLogCategories("settings").categories);
+    const RecordingLog log(LogCategory::Settings);
     for (const std::string_view key : {preference::TriggerCharacterUInt, preference::TriggerModifiers,
              preference::LaunchOnLogin, preference::EnableSmartIgnore, preference::MouseButton})
         set(key, std::int64_t(1));

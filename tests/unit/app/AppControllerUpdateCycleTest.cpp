@@ -1,5 +1,5 @@
 #include "AppFixture.h"
-#include "fake/RecordingLogSink.h"
+#include "fake/RecordingLog.h"
 
 #include <gmock/gmock.h>
 
@@ -52,7 +52,7 @@ TEST_F(ApplicationSwitchTest, IsHeardOfFromItsOwnNotifierAlone) {
 }
 
 TEST_F(ApplicationSwitchTest, TellsTheLogWhatItReadAndWhatItWaitedFor) {
-    const RecordingLogSink log(parseLogCategories("front").categories);
+    const RecordingLog log(LogCategory::Front);
     fake.switchTo(notes);
     fake.switchTo(fake.addApplication("Slow"));
     EXPECT_THAT(log.lines(),
@@ -62,7 +62,7 @@ TEST_F(ApplicationSwitchTest, TellsTheLogWhatItReadAndWhatItWaitedFor) {
 }
 
 TEST_F(ApplicationSwitchTest, TellsTheLogWhyNothingIsRebuilt) {
-    const RecordingLogSink log(parseLogCategories("front").categories);
+    const RecordingLog log(LogCategory::Front);
     fake.switchTo(fake.addApplication("Tarragon"));
     EXPECT_THAT(log.lines(), ElementsAre("front: switch: nothing is rebuilt, a window of Tarragon is in front"));
 }
@@ -182,7 +182,7 @@ protected:
 };
 
 TEST_F(NobodyInFrontTest, EmptiesTheMirrorDownToTheOwnMenu) {
-    const RecordingLogSink log(parseLogCategories("front").categories);
+    const RecordingLog log(LogCategory::Front);
     leaveTheDesktopEmpty();
     EXPECT_THAT(rootTitles(), ElementsAre("-", "Tarragon"));
     EXPECT_EQ(reader().currentAppName(), std::nullopt);

@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 
 #include "fake/FakePlatform.h"
-#include "fake/RecordingLogSink.h"
+#include "fake/RecordingLog.h"
 #include "platform/AccessibilityNames.h"
 
 #include <gmock/gmock.h>
@@ -65,7 +65,7 @@ TEST_F(CommandsTest, PrintsTheFrontApplicationsMenusWithTheirKeys) {
 }
 
 TEST_F(CommandsTest, TellTheLogWhoseMenusTheyReadAndHowManyThereAre) {
-    const RecordingLogSink log(parseLogCategories("menus").categories);
+    const RecordingLog log(LogCategory::Menus);
     EXPECT_EQ(commands.listMenus({}), 0);
     EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("'Mail', process 100")));
     EXPECT_THAT(log.lines(), testing::Contains(HasSubstr("'Mail' has 2 items in its menu bar")));
