@@ -1,11 +1,12 @@
 #include "platform/linux/xkb/X11HotKeys.h"
 
+#include "platform/Log.h"
 #include "platform/RunLoop.h"
 #include "platform/linux/x11/X11Reply.h"
 #include "platform/linux/xkb/KeyCodes.h"
 
 #include <algorithm>
-#include <iostream>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -167,11 +168,11 @@ void X11HotKeys::takeOverMapping() {
 void X11HotKeys::refuse(const Combination& combination) {
     if (!_reported.insert(combination).second)
         return;
-    std::cerr << "tarragon: the hot key " << nameOfHotKey(combination.keyCode, combination.modifiers);
-    if (x11KeyCode(combination.keyCode) == 0)
-        std::cerr << " does not work: this keyboard has no such key\n";
-    else
-        std::cerr << " does not work: another program, most likely the window manager, has taken it\n";
+    const std::string reason = x11KeyCode(combination.keyCode) == 0
+        ? "this keyboard has no such key"
+        : "another program, most likely the window manager, has taken it";
+    logError(LogCategory::Triggers,
+        "the hot key " + nameOfHotKey(combination.keyCode, combination.modifiers) + " does not work: " + reason);
 }
 
 void X11HotKeys::callHandlers() {

@@ -1,6 +1,7 @@
 #include "platform/linux/xkb/X11HotKeys.h"
 
 #include "fake/FakeRunLoop.h"
+#include "fake/RecordingLog.h"
 #include "platform/HotKeys.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Reply.h"
@@ -36,12 +37,6 @@ protected:
         otherProgram = X11Connection::connect(server->displayName());
         ASSERT_TRUE(connection && otherProgram);
         hotKeys = std::make_unique<X11HotKeys>(connection->get(), connection->rootWindow(), runLoop);
-        testing::internal::CaptureStderr();
-        _capturesStandardError = true;
-    }
-    void TearDown() override {
-        if (_capturesStandardError)
-            testing::internal::GetCapturedStderr();
     }
 
     bool grabByOtherProgram(std::uint32_t keyCode, std::uint16_t modifiers) {
@@ -80,9 +75,7 @@ protected:
     std::unique_ptr<X11Connection> connection;
     std::unique_ptr<X11Connection> otherProgram;
     std::unique_ptr<X11HotKeys> hotKeys;
-
-private:
-    bool _capturesStandardError = false;
+    RecordingLog log;
 };
 
 std::unique_ptr<XkbServer> X11HotKeysTest::server;
@@ -120,6 +113,26 @@ TEST_F(X11HotKeysTest, DoNotTakeACombinationForTheirsThatTheyWereRefused) {
     EXPECT_TRUE(grabByOtherProgram(F4, XCB_MOD_MASK_1));
 }
 
+TEST_F(X11HotKeysTest, TellTheUserOnceOfEachCombinationThatAnotherProgramHasTaken) {
+    ASSERT_TRUE(grabByOtherProgram(F4, XCB_MOD_MASK_1));
+    HotKeyReference reference = 0;
+    for (int time = 0; time < 2; ++time)
+        EXPECT_FALSE(hotKeys->registerHotKey(F4, OptionKey, {}, reference));
+    EXPECT_THAT(log.takeLines(),
+        testing::ElementsAre("triggers error: the hot key Alt+F4 does not work: another program, most likely the "
+                             "window manager, has taken it"));
+    ASSERT_TRUE(hotKeys->registerHotKey(F4, CommandKey, {}, reference));
+    EXPECT_THAT(log.takeLines(), testing::IsEmpty());
+}
+
+TEST_F(X11HotKeysTest, TellTheUserOfAKeyThatTheKeyboardDoesNotHave) {
+    constexpr std::uint32_t NoSuchKey = 200;
+    HotKeyReference reference = 0;
+    EXPECT_FALSE(hotKeys->registerHotKey(NoSuchKey, CommandKey, {}, reference));
+    EXPECT_THAT(log.takeLines(),
+        testing::ElementsAre("triggers error: the hot key Ctrl+key 200 does not work: this keyboard has no such key"));
+}
+
 TEST_F(X11HotKeysTest, LoseACombinationToAnotherProgramWithANewMapping) {
     ASSERT_TRUE(grabByOtherProgram(F4, XCB_MOD_MASK_4 | XCB_MOD_MASK_LOCK));
     HotKeyReference reference = 0;
@@ -127,6 +140,7 @@ TEST_F(X11HotKeysTest, LoseACombinationToAnotherProgramWithANewMapping) {
     swapAltAndSuper();
     EXPECT_FALSE(hotKeys->isOwnCombination(F4, OptionKey));
     EXPECT_TRUE(hotKeys->isRefused());
+    EXPECT_EQ(log.takeLines().size(), 1U);
     EXPECT_TRUE(grabByOtherProgram(F4, XCB_MOD_MASK_4));
     swapAltAndSuper();
     EXPECT_TRUE(hotKeys->isOwnCombination(F4, OptionKey));
