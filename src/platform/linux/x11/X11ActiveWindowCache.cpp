@@ -99,7 +99,6 @@ void X11ActiveWindowCache::takeEvent(const xcb_generic_event_t& event) {
         else if (property.atom == _activeWindowAtom)
             _activeWindow.reset();
     } else if (type == XCB_REPARENT_NOTIFY || type == XCB_DESTROY_NOTIFY) {
-        _description.reset();
         unwatch();
     } else if (type == XCB_CONFIGURE_NOTIFY || type == XCB_MAP_NOTIFY || type == XCB_UNMAP_NOTIFY
         || type == XCB_GRAVITY_NOTIFY || type == XCB_CIRCULATE_NOTIFY || isOfMonitors) {
@@ -142,7 +141,9 @@ bool X11ActiveWindowCache::watch(std::uint32_t window) {
     return false;
 }
 
+// What was told of the window holds no longer: nothing more is told of it.
 void X11ActiveWindowCache::unwatch() {
+    _description.reset();
     for (const std::uint32_t window : std::exchange(_watched, {}))
         (void)selectEvents(window, XCB_EVENT_MASK_NO_EVENT);
 }

@@ -126,6 +126,19 @@ TEST_F(X11WindowsTest, KnowsNothingOfAWindowThatIsGone) {
     EXPECT_EQ(active().title, "next");
 }
 
+TEST_F(X11WindowsTest, FollowsAWindowThatWasLeftForOneThatIsGone) {
+    const std::uint32_t window = openActive();
+    manager->setTitle(window, "before");
+    EXPECT_EQ(active().title, "before");
+    const std::uint32_t gone = manager->open({.process = 1002});
+    manager->close(gone);
+    manager->activate(gone);
+    EXPECT_EQ(active().identifier, 0U);
+    manager->setTitle(window, "after");
+    manager->activate(window);
+    EXPECT_EQ(active().title, "after");
+}
+
 TEST_F(X11WindowsTest, FollowsChangesThatItsOwnConnectionHasAskedFor) {
     const std::uint32_t window = openActive();
     EXPECT_EQ(active().title, "");
