@@ -76,7 +76,11 @@ void X11InputEvents::listen() {
     constexpr InputEventMask drags = inputEventMask(InputEventType::LeftMouseDragged);
     const auto isHeard = [](const auto& entry) { return entry.second.enabled && entry.second.mask != 0; };
     const auto hearsDrags = [](const auto& entry) { return entry.second.enabled && (entry.second.mask & drags) != 0; };
-    _input->listen(std::ranges::any_of(_watchers, isHeard), _leftIsHeld && std::ranges::any_of(_watchers, hearsDrags));
+    const bool hearsButtons = std::ranges::any_of(_watchers, isHeard);
+    // Its release will not be heard of.
+    if (!hearsButtons)
+        _leftIsHeld = _leftPressWasOurs = false;
+    _input->listen(hearsButtons, _leftIsHeld && std::ranges::any_of(_watchers, hearsDrags));
 }
 
 void X11InputEvents::handle(const X11RawEvent& event) {

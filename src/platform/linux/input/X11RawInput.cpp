@@ -56,13 +56,15 @@ std::unique_ptr<X11RawInput> X11RawInput::create(const X11Connection& connection
         log(LogCategory::X11, [] { return "the X server does not tell of input: no input extension 2.1"; });
         return nullptr;
     }
-    std::unique_ptr<X11RawInput> input(new X11RawInput(std::move(own), *extension, std::move(handler)));
+    std::unique_ptr<X11RawInput> input(new X11RawInput(std::move(own), runLoop, *extension, std::move(handler)));
     runLoop.watchDescriptor(input->_connection->descriptor(), [raw = input.get()] { raw->handleEvents(); });
     return input;
 }
 
-X11RawInput::X11RawInput(std::unique_ptr<X11Connection> connection, std::uint8_t extension, Handler handler)
+X11RawInput::X11RawInput(
+    std::unique_ptr<X11Connection> connection, RunLoop& runLoop, std::uint8_t extension, Handler handler)
     : _connection(std::move(connection))
+    , _runLoop(runLoop)
     , _extension(extension)
     , _handler(std::move(handler)) { }
 
@@ -78,8 +80,12 @@ void X11RawInput::listen(bool toButtons, bool toMotion) {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
     } selection = {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
-    xcb_input_xi_select_events(_connection->get(), _connection->rootWindow(), 1, &selection.head);
-    xcb_flush(_connection->get());
+    const xcb_void_cookie_t cookie =
+        xcb_input_xi_select_events_checked(_connection->get(), _connection->rootWindow(), 1, &selection.head);
+    // Waits for the server, so that whatever is done from now on is heard.
+    const X11Reply<xcb_generic_error_t> error(xcb_request_check(_connection->get(), cookie));
+    // What was read meanwhile does not wake the run loop any more.
+    _runLoop.post([this] { handleEvents(); });
 }
 
 // Everything is read before anybody is told: a handler may take its time, and a motion is worth telling only once.

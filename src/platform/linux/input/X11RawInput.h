@@ -31,14 +31,15 @@ public:
     X11RawInput(const X11RawInput&) = delete;
     X11RawInput& operator=(const X11RawInput&) = delete;
 
-    // Motions that follow one another and are read together are told as one.
+    // Returns after the server has heard of it. Motions that follow one another and are read together are told as one.
     void listen(bool toButtons, bool toMotion);
 
 private:
-    X11RawInput(std::unique_ptr<X11Connection> connection, std::uint8_t extension, Handler handler);
+    X11RawInput(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, std::uint8_t extension, Handler handler);
     void handleEvents();
 
     std::unique_ptr<X11Connection> _connection;
+    RunLoop& _runLoop;
     std::uint8_t _extension; // opcode
     std::uint32_t _mask = 0;
     Handler _handler;

@@ -255,6 +255,45 @@ TEST_F(X11InputEventsTest, LetsAHandlerRemoveItselfAndOthers) {
     EXPECT_THAT(later, IsEmpty());
 }
 
+// To ask the server for motions also reads what it has told by then.
+TEST_F(X11InputEventsTest, TellsAReleaseThatCameWhileMoreWasAskedFor) {
+    std::vector<InputEvent> ups;
+    std::vector<InputEvent> presses;
+    std::vector<InputEvent> drags;
+    ASSERT_NE(monitor(LeftUpMask, ups), 0U);
+    const auto buttons = tap(OtherDownMask, presses);
+    const auto dragging = tap(DragMask, drags);
+    dragging->setEnabled(false);
+    other->press();
+    other->click(2);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !presses.empty(); }));
+    runLoop.runReadable();
+    other->release();
+    // The server has told of it by then.
+    connection->atom("TARRAGON_TEST_BARRIER");
+    dragging->setEnabled(true);
+    EXPECT_TRUE(runLoop.runUntil([&] { return !ups.empty(); }));
+}
+
+TEST_F(X11InputEventsTest, TellsNoDragAfterAReleaseThatNobodyListenedFor) {
+    std::vector<InputEvent> drags;
+    auto dragging = tap(DragMask, drags);
+    other->press();
+    ASSERT_TRUE(drag(*other, drags));
+    dragging.reset();
+    other->release();
+    runLoop.runReadable();
+    drags.clear();
+
+    std::vector<InputEvent> presses;
+    dragging = tap(DragMask, drags);
+    const auto buttons = tap(OtherDownMask, presses);
+    other->movePointer(30, 30);
+    other->click(2);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !presses.empty(); }));
+    EXPECT_THAT(drags, IsEmpty());
+}
+
 TEST_F(X11InputEventsTest, TellsATapNothingWhileItIsDisabledAndAfterItsEnd) {
     std::vector<InputEvent> told;
     std::vector<InputEvent> witness;
