@@ -46,6 +46,8 @@ std::unique_ptr<PanelSurface> X11PanelSurfaces::makeSurface(std::uint64_t window
     const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(_events->get(), panel.identifier(), XCB_CW_EVENT_MASK, &mask);
     xcb_flush(_events->get());
+    // Whoever asks or writes also reads what has come; the run loop is not woken for that any more.
+    _runLoop.post([this] { handleEvents(); });
     return std::make_unique<X11PanelSurface>(*this, panel);
 }
 
@@ -61,8 +63,6 @@ bool X11PanelSurfaces::watch() {
     _compositor.emplace(_connection, *_events);
     xcb_flush(_events->get());
     _runLoop.watchDescriptor(_events->descriptor(), [this] { handleEvents(); });
-    // What came while the questions above waited for their answers would not wake the run loop.
-    _runLoop.post([this] { handleEvents(); });
     return true;
 }
 

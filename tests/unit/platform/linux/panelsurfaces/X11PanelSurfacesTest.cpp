@@ -279,6 +279,17 @@ TEST_F(X11PanelSurfacesTest, CutsOffWhatItDoesNotPaintUnlessACompositorRuns) {
     ASSERT_TRUE(runLoop.runUntil([&] { return toolkit->shapeArea(panel) == 200; }));
 }
 
+// To make a surface also reads what the server has told by then.
+TEST_F(X11PanelSurfacesTest, LearnsOfACompositorThatCameBeforeAnotherPanel) {
+    surface->setClickableRegion({{{30, 2}, {20, 10}}});
+    settle();
+    const xcb_window_t another = toolkit->makeWindow({.overrideRedirect = true});
+    settle();
+    startCompositor();
+    const auto anotherSurface = surfaces->makeSurface(another);
+    EXPECT_TRUE(runLoop.runUntil([&] { return toolkit->shapeArea(panel) == 100 * 20; }));
+}
+
 TEST_F(X11PanelSurfacesTest, IsVisibleFromOneHalfOnWithoutACompositor) {
     surface->setAlpha(0.49);
     settle();
