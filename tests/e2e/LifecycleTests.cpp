@@ -69,11 +69,12 @@ TEST_P(LifecycleTest, EndsSoonWhileItTurnsToAStoppedApplication) {
     ASSERT_TRUE(popUp().close());
     stopped.process().sendSignal(SIGSTOP);
     ASSERT_TRUE(stopped.bringToFront());
-    // It takes a second to find the application silent, and would give it two more to publish its menus.
+    // It takes a second to find the application silent, and would otherwise give it two more to publish its menus. A
+    // busy machine adds to the second.
     auto start = Clock::now();
     agent().process().sendSignal(SIGTERM);
     EXPECT_EQ(agent().process().waitForExit(), 0);
-    EXPECT_LE(Clock::now() - start, Duration(1200));
+    EXPECT_LE(Clock::now() - start, Duration(2000));
     stopped.process().sendSignal(SIGCONT);
 }
 
