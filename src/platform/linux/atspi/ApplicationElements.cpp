@@ -62,7 +62,11 @@ std::optional<std::int64_t> ApplicationElements::attributeValueCount(
     const Element& element, std::string_view attribute) {
     if (attribute != attribute::Windows && attribute != attribute::Children)
         return {};
-    return static_cast<std::int64_t>(windowsOf(*AtspiElement::of(element)).size());
+    const AtspiElement& application = *AtspiElement::of(element);
+    auto count = static_cast<std::int64_t>(windowsOf(application).size());
+    if (attribute == attribute::Children && menuBar(application))
+        ++count;
+    return count;
 }
 
 std::optional<WindowDescription> ApplicationElements::focusedWindow(const AtspiElement& application) {

@@ -44,16 +44,25 @@ TEST_F(ApplicationElementsTest, ListTheirWindowsTopmostFirstAndTheMenuBarAfterTh
     EXPECT_EQ(AtspiElement::of(children[2])->reference.path, barPath(1));
 }
 
-TEST_F(ApplicationElementsTest, AreCountedByTheirWindowsWithoutAskingAnybody) {
+TEST_F(ApplicationElementsTest, CountTheirWindowsWithoutAskingAnybody) {
     addWindow(1, "One");
     addMenuBar(1);
     addWindow(2, "Two");
     const std::uint64_t sent = messagesSent();
     EXPECT_EQ(accessibility.attributeValueCount(element, attribute::Windows), 2);
-    EXPECT_EQ(accessibility.attributeValueCount(element, attribute::Children), 2);
     EXPECT_FALSE(accessibility.attributeValueCount(element, attribute::MenuBar));
     EXPECT_FALSE(accessibility.attributeValueCount(element, attribute::Title));
     EXPECT_EQ(messagesSent(), sent);
+}
+
+TEST_F(ApplicationElementsTest, CountAsManyChildrenAsTheyHave) {
+    addWindow(1, "One");
+    EXPECT_EQ(accessibility.attributeValueCount(element, attribute::Children), 1);
+    EXPECT_EQ(elementsIn(valueOf(attribute::Children)).size(), 1U);
+    addWindow(2, "Two");
+    addMenuBar(2);
+    EXPECT_EQ(accessibility.attributeValueCount(element, attribute::Children), 3);
+    EXPECT_EQ(elementsIn(valueOf(attribute::Children)).size(), 3U);
 }
 
 TEST_F(ApplicationElementsTest, AreHiddenWhenAllTheirWindowsAre) {

@@ -45,7 +45,6 @@ bool areAnswered(LinuxAccessibility& accessibility, std::uint32_t window, const 
         static_cast<void>(accessibility.processIdentifier(element));
     }
     require(accessibility.attributeValueCount(application, attribute::Windows).has_value(), "windows");
-    require(accessibility.attributeValueCount(application, attribute::Children).has_value(), "children");
     require(accessibility.isAttributeSettable(focused, attribute::Position), "settable");
     require(accessibility.setAttributeValue(focused, attribute::Position, Point{10, 20}), "set");
     require(accessibility.setAttributeValue(focused, attribute::Size, Size{300, 200}), "set");
