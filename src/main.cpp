@@ -21,7 +21,7 @@ using namespace tarragon;
 namespace {
 
 int fail(const std::string& message) {
-    logError(LogCategory::X11, message);
+    logError(LogCategory::Front, message);
     return 1;
 }
 
@@ -36,7 +36,7 @@ int runAgent(DesktopSession& desktop) {
     if (const auto* error = std::get_if<DesktopError>(&claim))
         return fail(error->message);
     if (std::get<DesktopAgent>(claim) == DesktopAgent::AnotherProcess) {
-        logError(LogCategory::X11, "already running on this display");
+        logError(LogCategory::Front, "already running on this display");
         return 0;
     }
     const Platform& platform = desktop.platform();
