@@ -6,7 +6,7 @@
 
 namespace tarragon {
 
-// The numbers are those of the masks, of which each type has one bit.
+// What the pointer and its buttons do. The number of a type is that of its bit in a mask.
 enum class InputEventType : std::uint32_t {
     LeftMouseUp = 2,
     LeftMouseDragged = 6, // the pointer has moved while the left button is held
@@ -16,6 +16,7 @@ enum class InputEventType : std::uint32_t {
     TapDisabledByUserInput = 0xFFFFFFFF,
 };
 
+// Which types are asked for; made with inputEventMask.
 using InputEventMask = std::uint64_t;
 
 // 0 for the types that no mask chooses.
@@ -30,7 +31,7 @@ struct InputEvent {
     bool operator==(const InputEvent&) const = default;
 };
 
-// Watches input of a desktop. Destroying it removes it. Main thread only.
+// One watch over the input of the desktop. Destroying it ends the watch. Main thread only.
 class EventTap {
 public:
     virtual ~EventTap() = default;
@@ -48,7 +49,7 @@ public:
 
     // The handler gets the events of the mask that go to other applications. Several movements that came together are
     // one event. 0 when such events cannot be had.
-    virtual EventMonitor addGlobalMonitor(
+    [[nodiscard]] virtual EventMonitor addGlobalMonitor(
         InputEventMask mask, std::function<void(const InputEvent& event)> handler) = 0;
     // Does nothing for a monitor that was removed before.
     virtual void removeMonitor(EventMonitor monitor) = 0;

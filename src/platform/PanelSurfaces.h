@@ -39,7 +39,7 @@ public:
     virtual void setPointerHandler(std::function<void(bool isInside)> handler) = 0;
 };
 
-// Main thread only.
+// Turns windows of the toolkit into panels. Main thread only.
 class PanelSurfaces {
 public:
     virtual ~PanelSurfaces() = default;

@@ -31,14 +31,16 @@ struct Platform {
     RunLoop& runLoop;
     NotificationCenter& notificationCenter;
     MenuInput& menuInput;
-    Keyboard* keyboard = nullptr; // nullptr where the desktop tells nothing of it
-    LoginItemList* loginItemList = nullptr; // nullptr where the desktop has none
-    std::string bundlePath = {}; // of the running program
-    InputEvents* inputEvents = nullptr; // nullptr where the desktop has none
-    Process* process = nullptr; // nullptr where the system tells nothing of it
-    WindowList* windowList = nullptr; // nullptr where the desktop does not tell
-    PanelSurfaces* panelSurfaces = nullptr; // nullptr where the desktop has no panels
-    StatusItems* statusItems = nullptr; // nullptr where the desktop has no place for them
+    std::string bundlePath = {}; // of the running program; empty when unknown
+
+    // What a desktop may be without; nullptr then.
+    Keyboard* keyboard = nullptr;
+    LoginItemList* loginItemList = nullptr;
+    InputEvents* inputEvents = nullptr;
+    Process* process = nullptr;
+    WindowList* windowList = nullptr;
+    PanelSurfaces* panelSurfaces = nullptr;
+    StatusItems* statusItems = nullptr;
 };
 
 } // namespace tarragon

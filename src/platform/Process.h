@@ -15,7 +15,7 @@ public:
 
     // Starts a tool of its own that waits for this program to end and then starts the program at the path. Ending is
     // left to the caller. False when the tool could not be started.
-    virtual bool relaunchAfterEnd(const std::string& path) = 0;
+    [[nodiscard]] virtual bool relaunchAfterEnd(const std::string& path) = 0;
 };
 
 } // namespace tarragon

@@ -26,7 +26,7 @@ public:
     virtual ~StatusItem() = default;
 };
 
-// Main thread only; actions are called from the run loop.
+// Puts items of ours into the status bar or tray. Main thread only; actions are called from the run loop.
 class StatusItems {
 public:
     virtual ~StatusItems() = default;

@@ -148,9 +148,22 @@ private:
     QtNativeEvents _nativeEvents;
     std::unique_ptr<RunningInstance> _instance;
     std::optional<TerminationSignals> _terminationSignals;
-    Platform _platform{_accessibility, _workspace, _displays, _hotKeys, _defaults, _runLoop, _notificationCenter,
-        _menuInput, &_keyboard, &_loginItems, QApplication::applicationFilePath().toStdString(), &_inputEvents,
-        &_process, &_windowList, &_panelSurfaces, &_statusItems};
+    Platform _platform{.accessibility = _accessibility,
+        .workspace = _workspace,
+        .displays = _displays,
+        .hotKeys = _hotKeys,
+        .defaults = _defaults,
+        .runLoop = _runLoop,
+        .notificationCenter = _notificationCenter,
+        .menuInput = _menuInput,
+        .bundlePath = QApplication::applicationFilePath().toStdString(),
+        .keyboard = &_keyboard,
+        .loginItemList = &_loginItems,
+        .inputEvents = &_inputEvents,
+        .process = &_process,
+        .windowList = &_windowList,
+        .panelSurfaces = &_panelSurfaces,
+        .statusItems = &_statusItems};
 };
 
 } // namespace
