@@ -20,7 +20,7 @@ public:
     void lockForProbe();
     void unlock();
 
-    // Whoever fills keeps a menu from opening.
+    // True while a probe waits: the filling that holds the lock keeps a menu from opening.
     bool probeWaits() const;
 
     // No filling begins any more, those that wait included.

@@ -11,62 +11,62 @@ using namespace std::chrono_literals;
 constexpr AtspiTimeout::Clock::time_point Start{100s};
 
 TEST(AtspiTimeout, EndsAfterASecondWithoutAnyReply) {
-    const AtspiTimeout patience(Start);
-    EXPECT_FALSE(patience.isExhausted(Start + 999ms));
-    EXPECT_TRUE(patience.isExhausted(Start + 1000ms));
+    const AtspiTimeout timeout(Start);
+    EXPECT_FALSE(timeout.isExhausted(Start + 999ms));
+    EXPECT_TRUE(timeout.isExhausted(Start + 1000ms));
 }
 
 TEST(AtspiTimeout, LastsAsLongAsRepliesKeepComing) {
-    AtspiTimeout patience(Start);
-    patience.noteReply(Start + 900ms);
-    EXPECT_FALSE(patience.isExhausted(Start + 1800ms));
-    patience.noteReply(Start + 1800ms);
-    EXPECT_FALSE(patience.isExhausted(Start + 2700ms));
+    AtspiTimeout timeout(Start);
+    timeout.noteReply(Start + 900ms);
+    EXPECT_FALSE(timeout.isExhausted(Start + 1800ms));
+    timeout.noteReply(Start + 1800ms);
+    EXPECT_FALSE(timeout.isExhausted(Start + 2700ms));
 }
 
 TEST(AtspiTimeout, EndsAfterFiveSecondsWhateverComes) {
-    AtspiTimeout patience(Start);
-    patience.noteReply(Start + 4900ms);
-    EXPECT_FALSE(patience.isExhausted(Start + 4999ms));
-    EXPECT_TRUE(patience.isExhausted(Start + 5000ms));
+    AtspiTimeout timeout(Start);
+    timeout.noteReply(Start + 4900ms);
+    EXPECT_FALSE(timeout.isExhausted(Start + 4999ms));
+    EXPECT_TRUE(timeout.isExhausted(Start + 5000ms));
 }
 
 TEST(AtspiTimeout, LastsLongerWhereNobodyWaitsAtAMenu) {
-    AtspiTimeout patience(Start, 4);
-    EXPECT_FALSE(patience.isExhausted(Start + 3999ms));
-    EXPECT_TRUE(patience.isExhausted(Start + 4000ms));
-    patience.noteReply(Start + 19'500ms);
-    EXPECT_FALSE(patience.isExhausted(Start + 19'999ms));
-    EXPECT_TRUE(patience.isExhausted(Start + 20s));
+    AtspiTimeout timeout(Start, 4);
+    EXPECT_FALSE(timeout.isExhausted(Start + 3999ms));
+    EXPECT_TRUE(timeout.isExhausted(Start + 4000ms));
+    timeout.noteReply(Start + 19'500ms);
+    EXPECT_FALSE(timeout.isExhausted(Start + 19'999ms));
+    EXPECT_TRUE(timeout.isExhausted(Start + 20s));
 }
 
 TEST(AtspiBackOff, BeginsWithATimeoutAndEndsWithAReply) {
-    AtspiBackOff suspension;
-    EXPECT_FALSE(suspension.isSuspended());
-    suspension.noteTimeout();
-    EXPECT_TRUE(suspension.isSuspended());
-    suspension.noteReply();
-    EXPECT_FALSE(suspension.isSuspended());
+    AtspiBackOff backOff;
+    EXPECT_FALSE(backOff.isSuspended());
+    backOff.noteTimeout();
+    EXPECT_TRUE(backOff.isSuspended());
+    backOff.noteReply();
+    EXPECT_FALSE(backOff.isSuspended());
 }
 
 TEST(AtspiBackOff, ProbesAtOnceAndThenEveryFiveSeconds) {
-    AtspiBackOff suspension;
-    EXPECT_FALSE(suspension.needsProbe(Start));
-    suspension.noteTimeout();
-    EXPECT_TRUE(suspension.needsProbe(Start));
-    suspension.noteProbe(Start);
-    EXPECT_FALSE(suspension.needsProbe(Start + 4999ms));
-    EXPECT_TRUE(suspension.needsProbe(Start + 5s));
+    AtspiBackOff backOff;
+    EXPECT_FALSE(backOff.needsProbe(Start));
+    backOff.noteTimeout();
+    EXPECT_TRUE(backOff.needsProbe(Start));
+    backOff.noteProbe(Start);
+    EXPECT_FALSE(backOff.needsProbe(Start + 4999ms));
+    EXPECT_TRUE(backOff.needsProbe(Start + 5s));
 }
 
 TEST(AtspiBackOff, ProbesAtOnceAgainAtTheNextTimeout) {
-    AtspiBackOff suspension;
-    suspension.noteTimeout();
-    suspension.noteProbe(Start);
-    suspension.noteReply();
-    EXPECT_FALSE(suspension.needsProbe(Start + 1s));
-    suspension.noteTimeout();
-    EXPECT_TRUE(suspension.needsProbe(Start + 1s));
+    AtspiBackOff backOff;
+    backOff.noteTimeout();
+    backOff.noteProbe(Start);
+    backOff.noteReply();
+    EXPECT_FALSE(backOff.needsProbe(Start + 1s));
+    backOff.noteTimeout();
+    EXPECT_TRUE(backOff.needsProbe(Start + 1s));
 }
 
 } // namespace
