@@ -11,12 +11,13 @@ namespace {
 
 // A dialog of an application, by the item that opens it: its menu's title and the beginning of its own. Dialogs that
 // their application runs within the action of the item are opened by keys: with a screen reader on the bus, as the
-// observer of these tests is one, the toolkit hangs at the next key when that action came over the bus.
+// observer of these tests is one, the toolkit hangs at the next key when that action came over the bus. Without an item
+// it is the message box that asks whether to save a changed text, before the window closes.
 struct Dialog {
     ApplicationKind application;
     std::string name;
-    std::string menu;
-    std::string item;
+    std::string menu = {};
+    std::string item = {};
     xcb_keysym_t key = XCB_NO_SYMBOL;
     std::vector<xcb_keysym_t> modifiers = {};
 };
@@ -47,6 +48,8 @@ protected:
     }
 
     bool chooseDialog(const TestApplication& application, const Dialog& dialog) {
+        if (dialog.item.empty())
+            return closeWithChangedText(application);
         if (dialog.key != XCB_NO_SYMBOL) {
             const bool isClosed = popUp().close();
             input().tap(dialog.key, dialog.modifiers);
@@ -56,6 +59,15 @@ protected:
         const auto item = std::ranges::find_if(
             items, [&](const MenuRecord& record) { return record.title.starts_with(dialog.item); });
         return item != items.end() && popUp().chooseByKeyboard({dialog.menu, item->title});
+    }
+
+    bool closeWithChangedText(const TestApplication& application) {
+        if (!popUp().close())
+            return false;
+        input().tap(XK_x);
+        const bool isChanged = waitUntil([&] { return application.text() != TestApplication::Text; });
+        display().close(application.window());
+        return isChanged;
     }
 
     // The titles of the mirror as it stands now, without the system's own menu; empty when it does not open at once. An
@@ -110,11 +122,14 @@ INSTANTIATE_TEST_SUITE_P(Over, DialogTest,
             Dialog{ApplicationKind::Mousepad, "SaveAs", "File", "Save As", XK_s, {XK_Control_L, XK_Shift_L}},
             Dialog{ApplicationKind::Mousepad, "Replace", "Search", "Find and Replace"},
             Dialog{ApplicationKind::Mousepad, "About", "Help", "About"},
+            Dialog{ApplicationKind::Mousepad, "SaveChanges"},
             Dialog{ApplicationKind::Geany, "Open", "File", "Open", XK_o, {XK_Control_L}},
             Dialog{ApplicationKind::Geany, "Find", "Search", "Find"},
             Dialog{ApplicationKind::Geany, "Preferences", "Edit", "Preferences"},
+            Dialog{ApplicationKind::Geany, "SaveChanges"},
             Dialog{ApplicationKind::FeatherPad, "SaveAs", "File", "Save As"},
-            Dialog{ApplicationKind::FeatherPad, "About", "Help", "About"})),
+            Dialog{ApplicationKind::FeatherPad, "About", "Help", "About"},
+            Dialog{ApplicationKind::FeatherPad, "SaveChanges"})),
     nameOfDialog);
 
 class ReturningDialogTest : public DialogTest { };
