@@ -32,7 +32,7 @@ HotKey takenHotKey() {
     return {SpaceKeyCode, OptionFlag, "Alt+Space", XK_space, {XK_Alt_L}, XCB_MOD_MASK_1};
 }
 
-Agent::Agent(Desktop& desktop, const HotKey& hotKey, const std::string& program)
+Agent::Agent(Desktop& desktop, const HotKey& hotKey, const std::string& program, const Environment& additions)
     : _desktop(desktop)
     , _hotKey(hotKey)
     , _preferences(preferencesFile(desktop)) {
@@ -40,7 +40,7 @@ Agent::Agent(Desktop& desktop, const HotKey& hotKey, const std::string& program)
     // Not the first launch, which would open the help.
     _preferences.set("FirstRun", true);
     _preferences.setHotKey(hotKey.keyCode, hotKey.modifierFlags, hotKey.text);
-    _process = desktop.start({program});
+    _process = desktop.start({program}, additions);
     if (!takenBefore && !waitUntil([this] { return hotKeyIsRegistered(_hotKey) || !isRunning(); }, Duration(20000)))
         throw std::runtime_error("the program registers no hot key: " + _process->standardError());
     if (!isRunning())

@@ -33,7 +33,8 @@ public:
     // Writes the hot key into the preferences and starts the program. It is up when the constructor returns, unless
     // the combination is one that the desktop refuses. Throws std::runtime_error when it does not come up.
     // Another program may stand in that behaves as this one does.
-    Agent(Desktop& desktop, const HotKey& hotKey, const std::string& program = E2E_TARRAGON);
+    Agent(Desktop& desktop, const HotKey& hotKey, const std::string& program = E2E_TARRAGON,
+        const Environment& additions = {});
     ~Agent();
     Agent(const Agent&) = delete;
     Agent& operator=(const Agent&) = delete;

@@ -25,14 +25,14 @@ bool Session::isAlive() {
     return _desktop.isAlive() && _agent && _agent->isRunning();
 }
 
-void Session::restartAgent(const HotKey& hotKey) {
+void Session::restartAgent(const HotKey& hotKey, const Environment& additions) {
     _observer.reset();
     _agent.reset();
     // The program takes up its work when an application is in front.
     std::optional<TestApplication> terminal;
     if (_desktop.display().managedWindows().empty())
         terminal.emplace(_desktop, ApplicationKind::Terminal);
-    _agent = std::make_unique<Agent>(_desktop, hotKey);
+    _agent = std::make_unique<Agent>(_desktop, hotKey, E2E_TARRAGON, additions);
     _observer = std::make_unique<MenuObserver>(_desktop, _agent->identifier());
 }
 

@@ -17,8 +17,8 @@ public:
     Agent& agent() { return *_agent; }
     MenuObserver& observer() { return *_observer; }
     bool isAlive();
-    // Ends the program and starts it anew, with the same or another combination.
-    void restartAgent(const HotKey& hotKey = usualHotKey());
+    // Ends the program and starts it anew, with the same or another combination and additions to its environment.
+    void restartAgent(const HotKey& hotKey = usualHotKey(), const Environment& additions = {});
 
     // The one session of a window manager that tests share, since starting one takes seconds. A test finds it with the
     // program running and nothing else; one that has broken it discards it, and the next test gets a new one.

@@ -178,6 +178,13 @@ void XDisplay::minimize(xcb_window_t window) {
     sendToWindowManager(window, "WM_CHANGE_STATE", {iconic});
 }
 
+void XDisplay::showWorkspace(std::uint32_t workspace) {
+    const auto count = cardinals(root(), "_NET_NUMBER_OF_DESKTOPS", XCB_ATOM_CARDINAL);
+    if (count.empty() || count[0] <= workspace)
+        sendToWindowManager(root(), "_NET_NUMBER_OF_DESKTOPS", {workspace + 1});
+    sendToWindowManager(root(), "_NET_CURRENT_DESKTOP", {workspace, XCB_CURRENT_TIME});
+}
+
 void XDisplay::setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
     const std::vector<std::uint32_t>& values) {
     xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom(property), atom(type), 32,

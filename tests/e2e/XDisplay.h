@@ -69,6 +69,8 @@ public:
     void moveWindow(xcb_window_t window, int x, int y);
     void setState(xcb_window_t window, const std::string& state, bool on);
     void minimize(xcb_window_t window);
+    // Counted from 0, as a pager does. Asks for as many workspaces as that needs.
+    void showWorkspace(std::uint32_t workspace);
     void setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
         const std::vector<std::uint32_t>& values);
 

@@ -1,4 +1,5 @@
-/* A main window with a menu bar, and a second window of the kind that it is told: dialog, sheet, utility or desktop. */
+/* A main window with a menu bar, and a second window of the kind that it is told: dialog, sheet, utility, loose_utility,
+   which belongs to no window, or desktop. */
 #include <gtk/gtk.h>
 #include <string.h>
 
@@ -26,6 +27,8 @@ int main(int argc, char** argv) {
     gtk_window_set_default_size(GTK_WINDOW(second), 300, 150);
     if (strcmp(kind, "desktop") == 0) {
         gtk_window_set_type_hint(GTK_WINDOW(second), GDK_WINDOW_TYPE_HINT_DESKTOP);
+    } else if (strcmp(kind, "loose_utility") == 0) {
+        gtk_window_set_type_hint(GTK_WINDOW(second), GDK_WINDOW_TYPE_HINT_UTILITY);
     } else {
         gtk_window_set_transient_for(GTK_WINDOW(second), GTK_WINDOW(main));
         gtk_window_set_modal(GTK_WINDOW(second), strcmp(kind, "sheet") == 0);
