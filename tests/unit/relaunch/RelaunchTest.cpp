@@ -39,12 +39,13 @@ protected:
     std::string file(const std::string& name) const { return (_folder / name).string(); }
 
     // Starts the tool; its errors go to a file.
-    pid_t start(std::vector<std::string> arguments) {
+    pid_t start(const std::vector<std::string>& arguments) {
+        std::vector<std::string> command{TARRAGON_RELAUNCH};
+        command.insert(command.end(), arguments.begin(), arguments.end());
         const pid_t child = fork();
         if (child == 0) {
-            arguments.insert(arguments.begin(), TARRAGON_RELAUNCH);
             std::vector<char*> pointers;
-            for (std::string& argument : arguments)
+            for (std::string& argument : command)
                 pointers.push_back(argument.data());
             pointers.push_back(nullptr);
             dup2(open(file("errors").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
