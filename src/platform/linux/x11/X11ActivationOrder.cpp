@@ -1,6 +1,7 @@
 #include "platform/linux/x11/X11ActivationOrder.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tarragon {
 
@@ -21,17 +22,17 @@ void X11ActivationOrder::keepOnly(const std::vector<std::uint32_t>& windows) {
         _latestLast, [&](std::uint32_t window) { return std::ranges::find(windows, window) == windows.end(); });
 }
 
-std::vector<std::uint32_t> X11ActivationOrder::ordered(std::vector<std::uint32_t> windows) const {
+std::vector<std::uint32_t> X11ActivationOrder::ordered(const std::vector<std::uint32_t>& windows) const {
     const std::lock_guard lock(_mutex);
-    std::ranges::reverse(windows);
-    // Positions from the end; 0 for windows that were never active.
-    const auto recency = [&](std::uint32_t window) {
-        return std::ranges::find(_latestLast, window) == _latestLast.end()
-            ? 0
-            : std::ranges::find(_latestLast, window) - _latestLast.begin() + 1;
+    const auto isAmong = [](const std::vector<std::uint32_t>& list, std::uint32_t window) {
+        return std::ranges::find(list, window) != list.end();
     };
-    std::ranges::stable_sort(windows, std::ranges::greater(), recency);
-    return windows;
+    std::vector<std::uint32_t> result;
+    std::copy_if(_latestLast.rbegin(), _latestLast.rend(), std::back_inserter(result),
+        [&](std::uint32_t window) { return isAmong(windows, window); });
+    std::copy_if(windows.rbegin(), windows.rend(), std::back_inserter(result),
+        [&](std::uint32_t window) { return !isAmong(_latestLast, window); });
+    return result;
 }
 
 } // namespace tarragon

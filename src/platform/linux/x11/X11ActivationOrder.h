@@ -15,7 +15,7 @@ public:
     void keepOnly(const std::vector<std::uint32_t>& windows);
 
     // The windows, given bottom to top: those that were active, the latest first, then the others, topmost first.
-    std::vector<std::uint32_t> ordered(std::vector<std::uint32_t> windows) const;
+    std::vector<std::uint32_t> ordered(const std::vector<std::uint32_t>& windows) const;
 
 private:
     mutable std::mutex _mutex;
