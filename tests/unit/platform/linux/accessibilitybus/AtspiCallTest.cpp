@@ -32,7 +32,9 @@ std::string valuesOf(DBusMessageIter& values) {
         if (dbus_type_is_container(type)) {
             DBusMessageIter inner;
             dbus_message_iter_recurse(&values, &inner);
-            text += "[" + valuesOf(inner) + "]";
+            text += "[";
+            text += valuesOf(inner);
+            text += "]";
             continue;
         }
         DBusBasicValue value;
