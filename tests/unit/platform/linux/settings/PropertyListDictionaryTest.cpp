@@ -132,7 +132,7 @@ TEST(PropertyListDictionary, RefusesABinaryFormThatIsNestedWithoutEnd) {
         "\x51"
         "a"};
     for (std::size_t index = 3; index < 50000; ++index)
-        values.push_back("\xA1" + reference(index));
+        values.push_back(std::string("\xA1").append(reference(index)));
     values.push_back("\x09");
     EXPECT_FALSE(PropertyListDictionary::parse(binaryOf(values)));
     values = {"\xD1" + reference(1) + reference(0),
@@ -146,7 +146,7 @@ TEST(PropertyListDictionary, RefusesABinaryFormThatRefersToItsValuesWithoutEnd) 
         "\x51"
         "a"};
     for (std::size_t index = 3; index < 40; ++index)
-        values.push_back("\xA2" + reference(index) + reference(index));
+        values.push_back(std::string("\xA2").append(reference(index)).append(reference(index)));
     values.push_back("\x09");
     EXPECT_FALSE(PropertyListDictionary::parse(binaryOf(values)));
     EXPECT_FALSE(PropertyListDictionary::parse(binaryOf({std::string("\xAF\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF")})));
