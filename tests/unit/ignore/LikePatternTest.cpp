@@ -92,12 +92,16 @@ TEST(LikePattern, TreatsTheEmptyTextAndTheEmptyPattern) {
 }
 
 TEST(LikePattern, FindsSegmentsLongerThanOneMachineWord) {
+    const auto between = [](char32_t first, const std::u32string& text, char32_t last) {
+        return std::u32string(1, first).append(text).append(1, last);
+    };
     for (const std::size_t length : {63U, 64U, 65U, 127U, 128U, 129U, 200U}) {
         const std::u32string segment = std::u32string(length - 1, U'a') + U'b';
-        EXPECT_TRUE(isLike(U"x" + std::u32string(500, U'a') + segment + U"y", U"*" + segment + U"*")) << length;
-        EXPECT_FALSE(isLike(U"x" + segment.substr(1) + U"y", U"*" + segment + U"*")) << length;
-        EXPECT_TRUE(isLike(U"x" + segment + U"y", U"*" + std::u32string(length, U'?') + U"*")) << length;
-        EXPECT_FALSE(isLike(segment, U"*" + std::u32string(length + 1, U'?') + U"*")) << length;
+        const std::u32string pattern = between(U'*', segment, U'*');
+        EXPECT_TRUE(isLike(between(U'x', std::u32string(500, U'a').append(segment), U'y'), pattern)) << length;
+        EXPECT_FALSE(isLike(between(U'x', segment.substr(1), U'y'), pattern)) << length;
+        EXPECT_TRUE(isLike(between(U'x', segment, U'y'), between(U'*', std::u32string(length, U'?'), U'*'))) << length;
+        EXPECT_FALSE(isLike(segment, between(U'*', std::u32string(length + 1, U'?'), U'*'))) << length;
     }
 }
 
