@@ -6,7 +6,7 @@
 #include "app/AppDelegate.h"
 #include "menus/MenuView.h"
 #include "menus/PopUpInput.h"
-#include "panels/MessagePanels.h"
+#include "panels/widgets/MessagePanels.h"
 #include "platform/linux/LinuxPlatform.h"
 
 #include <functional>

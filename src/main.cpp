@@ -5,7 +5,7 @@
 #include "cli/Commands.h"
 #include "menus/MenuView.h"
 #include "menus/PopUpInput.h"
-#include "panels/MessagePanels.h"
+#include "panels/widgets/MessagePanels.h"
 #include "platform/LogCategories.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/qt/QtLogSink.h"

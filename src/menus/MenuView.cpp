@@ -11,6 +11,7 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QPixmap>
@@ -69,7 +70,8 @@ void MenuView::warmUp() {
 #endif
 }
 
-void MenuView::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) {
+void MenuView::popUpMenu(
+    const std::shared_ptr<Menu>& menu, const Point& locationNS, const std::weak_ptr<MenuOpener>& /*opener*/) {
     closeMenus();
     if (!menu)
         return;
@@ -123,6 +125,13 @@ void MenuView::closeMenus() {
 
 bool MenuView::isMenuOpen() const {
     return _window && _window->isVisible();
+}
+
+bool MenuView::isMenuAt(const Point& pointNS) const {
+    if (!isMenuOpen())
+        return false;
+    const QPoint point = qtPointFromNS(pointNS, _displays.screens(), primaryOrigin());
+    return dynamic_cast<MenuWindow*>(QApplication::widgetAt(point)) != nullptr;
 }
 
 void MenuView::sendAction() {

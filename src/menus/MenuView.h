@@ -31,9 +31,12 @@ public:
     MenuView(const MenuView&) = delete;
     MenuView& operator=(const MenuView&) = delete;
 
-    void popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) override;
+    using MenuPresenter::popUpMenu;
+    void popUpMenu(
+        const std::shared_ptr<Menu>& menu, const Point& locationNS, const std::weak_ptr<MenuOpener>& opener) override;
     void closeMenus() override;
     bool isMenuOpen() const override;
+    bool isMenuAt(const Point& pointNS) const override;
 
 private:
     struct Choice {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tarragon {
@@ -34,9 +35,11 @@ public:
     // What the panel paints, in points from its top-left corner, y down. Clicks beside it reach the window below. All
     // of the panel at the start.
     virtual void setClickableRegion(const std::vector<Rect>& region) = 0;
-    // Called from the run loop when the pointer enters or leaves the panel's frame, whatever the alpha is and whatever
-    // lies above the panel. A hidden panel is left.
-    virtual void setPointerHandler(std::function<void(bool isInside)> handler) = 0;
+    // Called from the run loop when the pointer enters the panel's frame, moves within it (several movements that came
+    // together are one) or leaves it, whatever the alpha is, whoever has grabbed the pointer and whatever lies above the
+    // panel. The location is in points from the panel's top-left corner, y down; nothing when the pointer has left. A
+    // hidden panel is left.
+    virtual void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) = 0;
 };
 
 // Turns windows of the toolkit into panels. Main thread only.

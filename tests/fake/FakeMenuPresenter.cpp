@@ -1,5 +1,7 @@
 #include "fake/FakeMenuPresenter.h"
 
+#include <utility>
+
 namespace tarragon {
 
 void FakeMenuPresenter::open(Menu& menu) {
@@ -32,14 +34,24 @@ bool FakeMenuPresenter::choose(MenuItem& item) {
     return true;
 }
 
-void FakeMenuPresenter::popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) {
+void FakeMenuPresenter::pressArrowAtEdge(MenuNeighbour neighbour) {
+    if (const auto opener = _opener.lock())
+        opener->moveToNeighbour(neighbour);
+}
+
+void FakeMenuPresenter::popUpMenu(
+    const std::shared_ptr<Menu>& menu, const Point& locationNS, const std::weak_ptr<MenuOpener>& opener) {
     closeMenus();
     if (menu->delegate())
         menu->delegate()->menuNeedsUpdate(*menu);
     const bool shown = menu->numberOfItems() > 0;
-    _popUps.push_back({menu, locationNS, shown});
-    if (!shown)
+    _popUps.push_back({menu, locationNS, shown, opener});
+    if (!shown) {
+        if (const auto told = opener.lock())
+            told->menuHasClosed();
         return;
+    }
+    _opener = opener;
     if (menu->delegate())
         menu->delegate()->menuWillOpen(*menu);
     _openMenus.push_back(menu.get());
@@ -52,6 +64,8 @@ void FakeMenuPresenter::closeMenus() {
         if (menu->delegate())
             menu->delegate()->menuDidClose(*menu);
     }
+    if (const auto opener = std::exchange(_opener, {}).lock())
+        opener->menuHasClosed();
 }
 
 } // namespace tarragon

@@ -13,6 +13,7 @@ public:
         std::shared_ptr<Menu> menu;
         Point locationNS;
         bool shown = false; // false when it was empty after the update
+        std::weak_ptr<MenuOpener> opener = {};
     };
 
     const std::vector<PopUp>& popUps() const { return _popUps; }
@@ -28,13 +29,23 @@ public:
     // cannot be chosen: it is disabled, a separator, or has no action or no target.
     bool choose(MenuItem& item);
 
-    void popUpMenu(const std::shared_ptr<Menu>& menu, const Point& locationNS) override;
+    // The opener of the open menu hears of Left or Right.
+    void pressArrowAtEdge(MenuNeighbour neighbour);
+    // Where open menus lie on the screen.
+    void setMenuFrameNS(const Rect& frameNS) { _menuFrameNS = frameNS; }
+
+    using MenuPresenter::popUpMenu;
+    void popUpMenu(
+        const std::shared_ptr<Menu>& menu, const Point& locationNS, const std::weak_ptr<MenuOpener>& opener) override;
     void closeMenus() override;
     bool isMenuOpen() const override { return !_openMenus.empty(); }
+    bool isMenuAt(const Point& pointNS) const override { return isMenuOpen() && contains(_menuFrameNS, pointNS); }
 
 private:
     std::vector<PopUp> _popUps;
     std::vector<Menu*> _openMenus;
+    std::weak_ptr<MenuOpener> _opener;
+    Rect _menuFrameNS;
 };
 
 } // namespace tarragon

@@ -19,7 +19,7 @@ public:
         record().alphas.push_back(alpha);
     }
     void setClickableRegion(const std::vector<Rect>& region) override { record().clickableRegion = region; }
-    void setPointerHandler(std::function<void(bool isInside)> handler) override {
+    void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) override {
         record().pointerHandler = std::move(handler);
     }
 
@@ -30,12 +30,12 @@ private:
     std::uint64_t _window;
 };
 
-bool FakePanelSurfaces::movePointer(std::uint64_t window, bool isInside) {
+bool FakePanelSurfaces::movePointer(std::uint64_t window, const std::optional<Point>& location) {
     const auto found = _surfaces.find(window);
     if (found == _surfaces.end() || !found->second.pointerHandler)
         return false;
     const auto handler = found->second.pointerHandler; // which may end the surface
-    handler(isInside);
+    handler(location);
     return true;
 }
 

@@ -18,15 +18,15 @@ public:
         double alpha = 1;
         std::vector<double> alphas; // every one that was set
         std::optional<std::vector<Rect>> clickableRegion; // nothing for all of it
-        std::function<void(bool isInside)> pointerHandler;
+        std::function<void(const std::optional<Point>& location)> pointerHandler;
     };
 
     // No surface can be had for this window from now on.
     void refuse(std::uint64_t window) { _refused.insert(window); }
     // Of the surfaces that there are, by window.
     const std::map<std::uint64_t, Record>& surfaces() const { return _surfaces; }
-    // The pointer enters or leaves the panel. False when there is no surface that wants to hear of it.
-    bool movePointer(std::uint64_t window, bool isInside);
+    // The pointer enters, moves or leaves (nothing) the panel. False when there is no surface that wants to hear of it.
+    bool movePointer(std::uint64_t window, const std::optional<Point>& location);
 
     std::unique_ptr<PanelSurface> makeSurface(std::uint64_t window) override;
 

@@ -52,7 +52,7 @@ void X11PanelSurface::setClickableRegion(const std::vector<Rect>& region) {
     applyAppearance();
 }
 
-void X11PanelSurface::setPointerHandler(std::function<void(bool isInside)> handler) {
+void X11PanelSurface::setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) {
     _surfaces._pointerTracking.track(_window.identifier(), std::move(handler));
     _frameIsKnown = false;
     updateFrame();

@@ -21,7 +21,7 @@ public:
     void setLevel(PanelLevel level) override;
     void setAlpha(double alpha) override;
     void setClickableRegion(const std::vector<Rect>& region) override;
-    void setPointerHandler(std::function<void(bool isInside)> handler) override;
+    void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) override;
 
     std::uint32_t window() const { return _window.identifier(); }
     // A compositor has come or gone, or something else that the appearance depends on has changed.

@@ -67,11 +67,13 @@ void X11PointerTracking::look() {
         if (found == _areas.end())
             continue;
         Area& area = found->second;
-        const bool isInside = area.rect && contains(*area.rect, *position);
-        if (std::exchange(area.isInside, isInside) == isInside)
+        std::optional<Point> inside;
+        if (area.rect && contains(*area.rect, *position))
+            inside = Point{position->x - area.rect->origin.x, position->y - area.rect->origin.y};
+        if (std::exchange(area.toldPosition, inside) == inside)
             continue;
         const Handler handler = area.handler;
-        handler(isInside);
+        handler(inside);
     }
 }
 

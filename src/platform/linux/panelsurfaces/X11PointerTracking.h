@@ -14,13 +14,14 @@ namespace tarragon {
 class RunLoop;
 class X11Connection;
 
-// Tells when the pointer enters and leaves rectangles of the root window, whichever windows lie there and whoever has
-// grabbed the pointer. Nobody is woken by a moving pointer while there are none.
+// Tells when the pointer enters rectangles of the root window, moves within them and leaves them, whichever windows lie
+// there and whoever has grabbed the pointer. Nobody is woken by a moving pointer while there are none.
 //
 // Main thread only. Outlives the run loop; the connection outlives this object.
 class X11PointerTracking {
 public:
-    using Handler = std::function<void(bool isInside)>;
+    // The position in pixels from the area's top-left corner; nothing when the pointer has left it.
+    using Handler = std::function<void(const std::optional<Point>& position)>;
 
     X11PointerTracking(X11Connection& connection, RunLoop& runLoop);
     ~X11PointerTracking();
@@ -35,7 +36,7 @@ public:
 private:
     struct Area {
         std::optional<Rect> rect;
-        bool isInside = false;
+        std::optional<Point> toldPosition;
         Handler handler;
     };
     void lookLater();

@@ -331,7 +331,11 @@ protected:
         X11PanelSurfacesTest::SetUp();
         if (IsSkipped())
             return;
-        surface->setPointerHandler([this](bool isInside) { told.push_back(isInside); });
+        surface->setPointerHandler([this](const std::optional<Point>& location) {
+            locations.push_back(location);
+            if (told.empty() || told.back() != location.has_value())
+                told.push_back(location.has_value());
+        });
         settle();
     }
     bool isTold(const std::vector<bool>& expected) {
@@ -339,8 +343,17 @@ protected:
         settle();
         return done && told == expected;
     }
-    std::vector<bool> told;
+    std::vector<bool> told; // each entering and leaving
+    std::vector<std::optional<Point>> locations;
 };
+
+TEST_F(X11PanelPointerTest, TellsWhereThePointerIsFromTheTopLeftCorner) {
+    other->movePointer(20, 30);
+    EXPECT_TRUE(isTold({true}));
+    other->movePointer(57, 44);
+    EXPECT_TRUE(runLoop.runUntil([&] { return locations.size() >= 2; }));
+    EXPECT_THAT(locations, testing::ElementsAre(Point{0, 0}, Point{37, 14}));
+}
 
 TEST_F(X11PanelPointerTest, TellsThatThePointerEntersAndLeavesTheFrame) {
     other->movePointer(20, 30);
@@ -411,7 +424,7 @@ TEST_F(X11PanelPointerTest, TellsNothingAfterTheSurfacesEnd) {
 }
 
 TEST_F(X11PanelPointerTest, LetsTheHandlerEndTheSurface) {
-    surface->setPointerHandler([this](bool) { surface.reset(); });
+    surface->setPointerHandler([this](const std::optional<Point>&) { surface.reset(); });
     other->movePointer(50, 40);
     ASSERT_TRUE(runLoop.runUntil([&] { return !surface; }));
     other->movePointer(300, 200);

@@ -1,4 +1,4 @@
-#include "panels/MessagePanels.h"
+#include "panels/widgets/MessagePanels.h"
 
 #include <QAbstractButton>
 #include <QApplication>

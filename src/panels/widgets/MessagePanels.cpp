@@ -1,4 +1,4 @@
-#include "panels/MessagePanels.h"
+#include "panels/widgets/MessagePanels.h"
 
 #include <QMessageBox>
 #include <QPushButton>

@@ -1,0 +1,1 @@
+#include "panels/rules/ButtonStyle.h"
