@@ -36,9 +36,9 @@ public:
     // of the panel at the start.
     virtual void setClickableRegion(const std::vector<Rect>& region) = 0;
     // Called from the run loop when the pointer enters the panel's frame, moves within it (several movements that came
-    // together are one) or leaves it, whatever the alpha is, whoever has grabbed the pointer and whatever lies above the
-    // panel. The location is in points from the panel's top-left corner, y down; nothing when the pointer has left. A
-    // hidden panel is left.
+    // together are one) or leaves it, whatever the alpha is, whoever has grabbed the pointer and whatever lies above
+    // the panel. The location is in points from the panel's top-left corner, y down; nothing when the pointer has left.
+    // A hidden panel is left.
     virtual void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) = 0;
 };
 
