@@ -29,9 +29,11 @@ inline constexpr std::string_view Role = "AXRole"; // string, one of role:: or a
 inline constexpr std::string_view RoleDescription = "AXRoleDescription"; // string for people
 inline constexpr std::string_view Rows = "AXRows"; // elements
 inline constexpr std::string_view Size = "AXSize"; // size
+inline constexpr std::string_view Subrole = "AXSubrole"; // string; tells elements of one role apart
 inline constexpr std::string_view Title = "AXTitle"; // string
 inline constexpr std::string_view TitleUIElement = "AXTitleUIElement"; // element
 inline constexpr std::string_view Value = "AXValue"; // string or number
+inline constexpr std::string_view Window = "AXWindow"; // element; the window in which the element lies
 inline constexpr std::string_view Windows = "AXWindows"; // elements; of an application
 } // namespace attribute
 

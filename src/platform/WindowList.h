@@ -10,6 +10,7 @@ struct ListedWindow {
     std::uint64_t identifier = 0;
     std::string title;
     std::string ownerName; // what people call its application; empty when unknown
+    std::int64_t processIdentifier = 0; // of its application; 0 when unknown
     bool operator==(const ListedWindow&) const = default;
 };
 

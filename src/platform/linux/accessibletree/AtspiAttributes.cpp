@@ -92,8 +92,7 @@ AttributeGroups attributeGroupsOfRole(std::string_view role) {
     static constexpr std::array titled{attribute::Title};
     static constexpr std::array items{attribute::MenuItemMarkChar, attribute::MenuItemCmdChar,
         attribute::MenuItemCmdModifiers, attribute::MenuItemCmdGlyph, attribute::MenuItemShortcutText};
-    static constexpr std::array others{
-        attribute::Description, attribute::Focused, attribute::Value, std::string_view("AXWindow")};
+    static constexpr std::array others{attribute::Description, attribute::Focused, attribute::Value, attribute::Window};
     if (role == role::Menu)
         return {all};
     if (role == role::MenuBar)

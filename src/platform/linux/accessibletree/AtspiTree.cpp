@@ -66,7 +66,7 @@ Value AtspiTree::attributeValue(const Element& element, std::string_view attribu
         const Element parent = parentOf(handle);
         return parent ? Value{parent} : Value{};
     }
-    if (attribute == "AXWindow") {
+    if (attribute == attribute::Window) {
         if (handle.window == 0)
             return {};
         return Element(relative(handle, Kind::Window));

@@ -9,9 +9,8 @@ namespace tarragon {
 
 namespace {
 
-constexpr std::string_view Subrole = "AXSubrole";
 constexpr std::string_view Minimized = "AXMinimized";
-constexpr std::array WindowAttributes{attribute::Role, Subrole, attribute::RoleDescription, attribute::Title,
+constexpr std::array WindowAttributes{attribute::Role, attribute::Subrole, attribute::RoleDescription, attribute::Title,
     attribute::Position, attribute::Size, attribute::FullScreen, Minimized, attribute::Focused, attribute::Parent,
     attribute::Children};
 
@@ -115,7 +114,7 @@ bool AccessibleWindows::windowHasAttribute(std::string_view attribute) {
 Value AccessibleWindows::attributeOfWindow(const WindowDescription& window, std::string_view attribute) {
     if (attribute == attribute::Role)
         return std::string(role::Window);
-    if (attribute == Subrole)
+    if (attribute == attribute::Subrole)
         return std::string(windowSubrole(window.kind));
     if (attribute == attribute::RoleDescription)
         return std::string(windowRoleDescription(window.kind));

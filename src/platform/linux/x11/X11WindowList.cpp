@@ -16,7 +16,8 @@ std::vector<ListedWindow> X11WindowList::onScreenWindows() {
     std::vector<ListedWindow> list;
     for (const WindowDescription& window : _windows.describe(mappedWindows())) {
         if (!window.hidden)
-            list.push_back({window.identifier, window.title, _applications.applicationName(window)});
+            list.push_back(
+                {window.identifier, window.title, _applications.applicationName(window), window.processIdentifier});
     }
     std::ranges::reverse(list);
     return list;

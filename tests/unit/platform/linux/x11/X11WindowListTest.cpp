@@ -14,10 +14,13 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 namespace tarragon {
 
 void PrintTo(const ListedWindow& window, std::ostream* stream) {
-    *stream << window.identifier << " \"" << window.title << "\" of " << window.ownerName;
+    *stream << window.identifier << " \"" << window.title << "\" of " << window.ownerName << ", process "
+            << window.processIdentifier;
 }
 
 namespace {
@@ -68,7 +71,8 @@ TEST_F(X11WindowListTest, NamesTheWindowsFrontToBack) {
     const xcb_window_t second = makeWindow("Letter – draft");
     manage({first, second});
     EXPECT_THAT(list->onScreenWindows(),
-        ElementsAre(ListedWindow{second, "Letter – draft", "Editor"}, ListedWindow{first, "Notes", "Editor"}));
+        ElementsAre(ListedWindow{second, "Letter – draft", "Editor", ::getpid()},
+            ListedWindow{first, "Notes", "Editor", ::getpid()}));
     manage({second, first});
     EXPECT_EQ(list->onScreenWindows().front().identifier, first);
 }
@@ -82,7 +86,7 @@ TEST_F(X11WindowListTest, LeavesOutWhatIsNotOnTheScreen) {
     const xcb_window_t gone = makeWindow("gone");
     manage({shown, elsewhere, minimised, gone});
     client->destroy(gone);
-    EXPECT_THAT(list->onScreenWindows(), ElementsAre(ListedWindow{shown, "shown", "Editor"}));
+    EXPECT_THAT(list->onScreenWindows(), ElementsAre(ListedWindow{shown, "shown", "Editor", ::getpid()}));
 }
 
 TEST_F(X11WindowListTest, IsEmptyWithoutAWindowManager) {
