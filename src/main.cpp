@@ -46,7 +46,10 @@ int runAgent(DesktopSession& desktop) {
     AppDelegate delegate(platform, menuView, panels, desktop.settingsURL());
     desktop.watchReopen([&] { delegate.applicationShouldHandleReopen(); });
     desktop.watchTermination([&] { delegate.terminate(); });
-    platform.runLoop.post([&] { delegate.applicationWillFinishLaunching(); });
+    platform.runLoop.post([&] {
+        delegate.applicationWillFinishLaunching();
+        delegate.applicationDidFinishLaunching();
+    });
     return desktop.run();
 }
 

@@ -3,6 +3,7 @@
 #include "app/AppController.h"
 #include "app/RegisteredPreferences.h"
 #include "platform/Log.h"
+#include "platform/PreferenceKeys.h"
 
 #include <utility>
 
@@ -29,6 +30,20 @@ void AppDelegate::applicationWillFinishLaunching() {
         return;
     _appController = std::make_unique<AppController>(_platform, _presenter, *this);
     _appController->init();
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    if (boolValue(_platform.defaults.value(preference::FirstRun)))
+        return;
+    writeFirstRun(true);
+    if (accessibilityIsMissing())
+        writeFirstRun(false);
+    showPreferencePanelWithHelpAsInitial();
+}
+
+void AppDelegate::writeFirstRun(bool value) {
+    if (!_platform.defaults.setValue(preference::FirstRun, value))
+        log(LogCategory::Settings, [] { return "that this was the first launch cannot be stored"; });
 }
 
 bool AppDelegate::applicationShouldHandleReopen() {
@@ -94,6 +109,21 @@ void AppDelegate::checkForUpdates() {
 void AppDelegate::terminate() {
     if (applicationShouldTerminate())
         _platform.runLoop.stop(0);
+}
+
+std::uint64_t AppDelegate::memoryUsed() const {
+    return _platform.process ? _platform.process->residentSize() : 0;
+}
+
+void AppDelegate::restartAppUsingSUUpdater() {
+    // The program goes on until its run loop comes round. A second copy would find the first one running, and have it
+    // show the settings.
+    if (!_restarts) {
+        _restarts = true;
+        if (!_platform.process || !_platform.process->relaunchAfterEnd(_platform.bundlePath))
+            logError(LogCategory::Settings, "the program ends and cannot be started anew");
+    }
+    terminate();
 }
 
 } // namespace tarragon

@@ -3,6 +3,7 @@
 #include "panels/UserPanels.h"
 #include "platform/Platform.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -27,6 +28,9 @@ public:
 
     // Creates the controller, and with it everything else, unless there is one.
     void applicationWillFinishLaunching();
+    // The first launch opens the help. Without access the help has nothing to explain yet: the launch does not count
+    // then, and the next one is the first again. After applicationWillFinishLaunching.
+    void applicationDidFinishLaunching();
     // The program was started again while it runs. False: there is nothing more to do.
     bool applicationShouldHandleReopen();
     // Drops what the controller holds. True: the program may end at once.
@@ -39,13 +43,20 @@ public:
     void showPreferencePanel();
     void showPreferencePanelWithHelpAsInitial();
     void checkForUpdates();
-    // Ends the program, unless applicationShouldTerminate objects.
+    // Ends the program, unless applicationShouldTerminate objects. The reader is gone when this returns.
     void terminate();
+
+    // Memory that the program occupies, in bytes; 0 where the desktop does not tell.
+    std::uint64_t memoryUsed() const;
+    // Ends the program and has a fresh copy of it started once it has ended; it ends also where nothing can start it
+    // again. The reader is gone when this returns.
+    void restartAppUsingSUUpdater();
 
     AppController* appController() const { return _appController.get(); }
 
 private:
     bool accessibilityIsMissing();
+    void writeFirstRun(bool value);
     void showAccessibilityAlert();
 
     const Platform& _platform;
@@ -53,6 +64,7 @@ private:
     UserPanels& _panels;
     std::string _settingsURL;
     std::unique_ptr<AppController> _appController;
+    bool _restarts = false; // a fresh copy was asked for
 };
 
 } // namespace tarragon

@@ -40,6 +40,11 @@ inline constexpr std::string_view HideOnPrimaryTopEdge = "HideOnPrimaryTopEdge";
 inline constexpr std::string_view IgnoreWindowList = "IgnoreWindowList";
 inline constexpr std::string_view EnableMouseButton = "EnableMouseButton";
 inline constexpr std::string_view MouseButton = "MouseButton";
+
+// Without a registered default: nothing until the program or the user writes them.
+
+// The program was started before, with access to the accessibility interface.
+inline constexpr std::string_view FirstRun = "FirstRun";
 } // namespace preference
 
 // What an observer of a key watches: "values." followed by the key.

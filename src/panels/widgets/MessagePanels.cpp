@@ -52,7 +52,9 @@ void MessagePanels::showAboutPanel() {
         _aboutPanel->setWindowTitle("About Tarragon");
     }
     openPanel(_aboutPanel, QMessageBox::NoIcon, QString::fromStdString("Tarragon " + _version),
-        "Shows the menu bar of the application in front where your pointer and eyes are.");
+        "Shows the menu bar of the application in front where your pointer and eyes are.\n\n"
+        "Copyright 2026 The Tarragon developers. Free software under the MIT License.\n\n"
+        "Made with Qt, libdbus, XCB, libxkbcommon, libplist, pugixml and JSON for Modern C++.");
 }
 
 void MessagePanels::showHelp() {

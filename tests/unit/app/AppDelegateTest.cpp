@@ -1,8 +1,12 @@
 #include "AppFixture.h"
 
 #include "app/TarragonMenu.h"
+#include "fake/RecordingLog.h"
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
+#include <optional>
 
 namespace tarragon {
 namespace {
@@ -100,6 +104,176 @@ TEST_F(AppDelegateTest, DropsTheReaderAndOpenMenusWhenItEnds) {
     EXPECT_TRUE(delegate.applicationShouldTerminate());
     EXPECT_EQ(controller().reader(), nullptr);
     EXPECT_THAT(fake.menuPresenter.openMenus(), IsEmpty());
+}
+
+class FirstLaunchTest : public AppTest {
+protected:
+    void takeAccessAway() {
+        fake.accessibility.setEnabled(false);
+        fake.accessibility.setTrusted(false);
+    }
+    void launchWhole() {
+        delegate.applicationWillFinishLaunching();
+        delegate.applicationDidFinishLaunching();
+    }
+    int writesOfFirstRun() const {
+        const auto& keys = fake.defaults.changedKeys();
+        return static_cast<int>(std::count(keys.begin(), keys.end(), preference::FirstRun));
+    }
+};
+
+TEST_F(FirstLaunchTest, OpensTheHelpAndIsRemembered) {
+    launchWhole();
+    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
+    EXPECT_EQ(writesOfFirstRun(), 1);
+}
+
+TEST_F(FirstLaunchTest, IsNoneWhenTheProgramWasStartedBefore) {
+    set(preference::FirstRun, true);
+    launchWhole();
+    EXPECT_THAT(panels.shown, IsEmpty());
+    EXPECT_EQ(writesOfFirstRun(), 1);
+}
+
+TEST_F(FirstLaunchTest, IsReadAsABoolean) {
+    const std::pair<DefaultsValue, bool> rows[] = {
+        {false, false},
+        {std::int64_t{0}, false},
+        {std::int64_t{1}, true},
+        {0.0, false},
+        {2.0, true},
+        {std::string("YES"), true},
+        {std::string("NO"), false},
+        {std::string(), false},
+        {Data{1}, false},
+    };
+    for (const auto& [stored, wasLaunched] : rows) {
+        set(preference::FirstRun, stored);
+        panels.shown.clear();
+        delegate.applicationDidFinishLaunching();
+        EXPECT_EQ(panels.shown.empty(), wasLaunched) << "value " << stored.index();
+        EXPECT_EQ(fake.defaults.storedValue("FirstRun"), wasLaunched ? stored : DefaultsValue(true));
+    }
+}
+
+TEST_F(FirstLaunchTest, RepeatsUntilAccessIsGranted) {
+    takeAccessAway();
+    for (int launches = 1; launches <= 2; ++launches) {
+        panels.shown.clear();
+        delegate.applicationDidFinishLaunching();
+        EXPECT_THAT(panels.shown, ElementsAre("alert"));
+        EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(false));
+        // Written before access was looked at, and taken back.
+        EXPECT_EQ(writesOfFirstRun(), 2 * launches);
+    }
+    fake.accessibility.setEnabled(true);
+    panels.shown.clear();
+    delegate.applicationDidFinishLaunching();
+    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
+}
+
+TEST_F(FirstLaunchTest, CountsWithEitherKindOfAccess) {
+    fake.accessibility.setEnabled(false);
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
+    set(preference::FirstRun, false);
+    fake.accessibility.setEnabled(true);
+    fake.accessibility.setTrusted(false);
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
+}
+
+TEST_F(FirstLaunchTest, TakesTheMarkBackBeforeItAsksForAccess) {
+    takeAccessAway();
+    std::optional<DefaultsValue> whenAsked;
+    panels.whenAlertIsShown = [&] { whenAsked = fake.defaults.storedValue("FirstRun"); };
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(whenAsked, DefaultsValue(false));
+}
+
+TEST_F(FirstLaunchTest, ComesAfterTheControllerHasStarted) {
+    fake.runLoop.setPauseHook([this](double) {
+        EXPECT_THAT(panels.shown, IsEmpty());
+        EXPECT_EQ(fake.defaults.storedValue("FirstRun"), std::nullopt);
+    });
+    launchWhole();
+    EXPECT_THAT(fake.runLoop.pauses(), ElementsAre(1.0));
+    EXPECT_EQ(fake.defaults.readKeys().back(), preference::FirstRun);
+    EXPECT_THAT(panels.shown, ElementsAre("help"));
+}
+
+TEST_F(FirstLaunchTest, LeavesNoMarkWithoutAccess) {
+    takeAccessAway();
+    launchWhole();
+    EXPECT_EQ(controller().reader(), nullptr);
+    EXPECT_THAT(panels.shown, ElementsAre("alert", "alert"));
+    EXPECT_THAT(fake.runLoop.validTimers(), IsEmpty());
+    EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(false));
+}
+
+TEST_F(FirstLaunchTest, SaysInTheLogThatItCannotBeStored) {
+    fake.defaults.setWritable(false);
+    const RecordingLog log;
+    delegate.applicationDidFinishLaunching();
+    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_THAT(log.lines(), ElementsAre("settings: that this was the first launch cannot be stored"));
+}
+
+TEST_F(AppDelegateTest, HasNoRegisteredValueForTheFirstLaunch) {
+    EXPECT_EQ(fake.defaults.value(preference::FirstRun), std::nullopt);
+}
+
+TEST_F(AppDelegateTest, DoesNothingMoreOnASecondStartBeforeTheFirstHasComeUp) {
+    EXPECT_FALSE(delegate.applicationShouldHandleReopen());
+    EXPECT_EQ(delegate.appController(), nullptr);
+}
+
+TEST_F(AppDelegateTest, KnowsHowMuchMemoryTheProgramOccupies) {
+    fake.process.setResidentSize(180'000'001);
+    EXPECT_EQ(delegate.memoryUsed(), 180'000'001U);
+}
+
+class RestartTest : public AppTest {
+protected:
+    // The delegate of a program on another desktop than the fixture's.
+    static void restart(FakePlatform& desktop, const Platform& platform, RecordingPanels& panels) {
+        AppDelegate other(platform, desktop.menuPresenter, panels, "");
+        other.restartAppUsingSUUpdater();
+    }
+};
+
+TEST_F(RestartTest, StartsTheProgramAnewOnceItHasEnded) {
+    launch();
+    delegate.restartAppUsingSUUpdater();
+    EXPECT_THAT(fake.process.relaunches(), ElementsAre("/opt/Tarragon"));
+    EXPECT_EQ(fake.runLoop.exitStatus(), 0);
+    EXPECT_EQ(controller().reader(), nullptr);
+}
+
+TEST_F(RestartTest, EndsAlsoWhenTheToolCannotBeStarted) {
+    fake.process.setRefusesRelaunch(true);
+    const RecordingLog log;
+    delegate.restartAppUsingSUUpdater();
+    EXPECT_EQ(fake.process.relaunches().size(), 1U);
+    EXPECT_EQ(fake.runLoop.exitStatus(), 0);
+    EXPECT_THAT(log.lines(), ElementsAre("settings error: the program ends and cannot be started anew"));
+}
+
+TEST_F(RestartTest, StartsOneCopyHoweverOftenItIsAskedFor) {
+    delegate.restartAppUsingSUUpdater();
+    delegate.restartAppUsingSUUpdater();
+    EXPECT_EQ(fake.process.relaunches().size(), 1U);
+}
+
+TEST_F(RestartTest, EndsOnADesktopThatTellsNothingOfProcesses) {
+    FakePlatform desktop;
+    Platform without = desktop.platform();
+    without.process = nullptr;
+    restart(desktop, without, panels);
+    EXPECT_EQ(desktop.runLoop.exitStatus(), 0);
+    EXPECT_EQ(AppDelegate(without, desktop.menuPresenter, panels, "").memoryUsed(), 0U);
 }
 
 TEST_F(AppDelegateTest, EndsBeforeItEverStarted) {

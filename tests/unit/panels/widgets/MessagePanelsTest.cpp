@@ -84,5 +84,25 @@ TEST(MessagePanels, TellTheVersion) {
     EXPECT_TRUE(shownBox()->testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
+TEST(MessagePanels, TellWhatTheProgramIsAndWhatItIsMadeOf) {
+    MessagePanels panels("1.2.3");
+    panels.showAboutPanel();
+    ASSERT_NE(shownBox(), nullptr);
+    EXPECT_EQ(shownBox()->text(), "Tarragon 1.2.3");
+    const QString details = shownBox()->informativeText();
+    EXPECT_TRUE(details.startsWith("Shows the menu bar of the application in front"));
+    for (const char* part : {"MIT License", "Qt", "libdbus", "XCB", "libxkbcommon", "libplist", "pugixml", "JSON"})
+        EXPECT_TRUE(details.contains(part)) << part;
+}
+
+TEST(MessagePanels, BringTheAboutPanelThatIsOpenToTheFront) {
+    MessagePanels panels("1.2.3");
+    panels.showAboutPanel();
+    const QMessageBox* first = shownBox();
+    panels.showAboutPanel();
+    EXPECT_EQ(shownBox(), first);
+    EXPECT_FALSE(first->isModal());
+}
+
 } // namespace
 } // namespace tarragon
