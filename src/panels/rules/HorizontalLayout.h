@@ -30,7 +30,8 @@ struct HorizontalLayout {
     bool operator==(const HorizontalLayout&) const = default;
 };
 
-// windowWidth is truncated to whole points; widths are those of the title buttons as they are drawn.
+// windowWidth is truncated to whole points; widths are those of the title buttons as they are drawn, one below 0
+// counting as 0.
 HorizontalLayout layOutHorizontally(
     std::int32_t windowWidth, const std::vector<double>& widths, const RightOfButtons& settings);
 
