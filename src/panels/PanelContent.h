@@ -42,9 +42,6 @@ struct ButtonContent {
     bool operator==(const ButtonContent&) const = default;
 };
 
-// The title of the system's own menu, a private-use character that is drawn as an image.
-inline constexpr const char* LogoTitle = "\xEF\xA3\xBF"; // U+F8FF
-
 struct PanelContent {
     ZDGradientView background;
     std::vector<ButtonContent> buttons; // in the order of drawing

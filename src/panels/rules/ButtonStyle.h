@@ -31,6 +31,9 @@ struct ButtonDress {
     bool operator==(const ButtonDress&) const = default;
 };
 
+// The title of the system's own menu, a private-use character that is drawn as an image.
+inline constexpr const char* LogoTitle = "\xEF\xA3\xBF"; // U+F8FF
+
 // The style in which titles look like those of a menu bar; it has no dress.
 inline constexpr std::int64_t MenuBarLook = 5;
 inline constexpr std::int32_t MenuBarLookFontSize = 13;
