@@ -121,8 +121,11 @@ TEST(HorizontalLayout, HoldsTwoHundredTitlesInAWindowOfThirtyThousandPoints) {
 }
 
 TEST(HorizontalLayout, ComparesInSinglePrecision) {
-    // 16777217 and 16777216 are the same there.
-    EXPECT_EQ(layOutHorizontally(16777216 + 26, {16777216.0 - 15}, WholeWidth).firstInBunch, 0U);
+    // 16777217 and 16777216 are the same there, so that a title which reaches the latter reaches the former.
+    EXPECT_EQ(layOutHorizontally(16777217 + 25, {16777216.0 - 15}, WholeWidth).firstInBunch, 0U);
+    EXPECT_EQ(layOutHorizontally(16777217 + 25, {16777215.0 - 15}, WholeWidth).firstInBunch, std::nullopt);
+    EXPECT_EQ(layOutHorizontally(2 * (16777217 + 240), {16777216.0 - 5}, AlwaysRight).firstInBunch, 0U);
+    EXPECT_EQ(layOutHorizontally(2 * (16777217 + 240), {16777215.0 - 5}, AlwaysRight).firstInBunch, std::nullopt);
 }
 
 TEST(HorizontalLayout, EndsWithTheRangeForTitlesOfHugeWidth) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <vector>
 
 namespace tarragon {
 namespace {
@@ -44,6 +45,16 @@ TEST(MenuBarHeight, IsNoMatterOfADockAtTheBottom) {
 
 TEST(MenuBarHeight, IsTwentyTwoWithoutAScreen) {
     EXPECT_EQ(menuBarHeight(Screen()), 22);
+}
+
+TEST(MenuBarHeight, IsTheDistanceOfBothTopsUnlessThatIsLess) {
+    RandomValues random;
+    for (int round = 0; round < 2000; ++round) {
+        const Rect frame = random.rect(3000, 2000);
+        const double taken = random.quarters(-5, 50);
+        const double height = menuBarHeight(screenWithBar(frame, taken, random.quarters(0, 100)));
+        EXPECT_EQ(height, taken > 22 ? taken : 22);
+    }
 }
 
 TEST(ScreenRectMemory, AnswersTheLastGoodRectangleForOneNoMoreThanAPointHigh) {
@@ -87,6 +98,23 @@ TEST(ScreenRectMemory, AnswersTheRectangleThatItStartedWithUntilItHasSeenAGoodOn
     EXPECT_EQ(memory.lastGood(), Start);
     EXPECT_EQ(memory.rectToUse({}), Start);
     EXPECT_EQ(ScreenRectMemory().rectToUse({}), Rect());
+}
+
+TEST(ScreenRectMemory, AnswersTheLatestOfAllThatWereWorthKeeping) {
+    RandomValues random;
+    std::vector<Rect> kept{Rect()};
+    ScreenRectMemory memory;
+    for (int round = 0; round < 5000; ++round) {
+        Rect rect = random.rect(100, 100);
+        rect.origin.y = random.quarters(-1, 1);
+        rect.size.height = random.quarters(0, 3);
+        const bool usable = rect.size.height > 1;
+        EXPECT_EQ(memory.rectToUse(rect), usable ? rect : kept.back());
+        if (usable && (rect.origin.y < 0 || rect.origin.y > 0))
+            kept.push_back(rect);
+        EXPECT_EQ(memory.lastGood(), kept.back());
+    }
+    EXPECT_GT(kept.size(), 1000U);
 }
 
 struct PlaceCase {
@@ -347,6 +375,33 @@ TEST(WindowOnTitleBar, IsComparedWithItsScreenBeforeTheRounding) {
     EXPECT_TRUE(window.change().size);
     window.frameCG.size.height = std::nextafter(1200.1 - 23, 0);
     EXPECT_FALSE(window.change().size);
+}
+
+TEST(WindowOnTitleBar, IsMovedByTwentyThreePointsAndShortenedToWhatIsLeft) {
+    RandomValues random;
+    int shortened = 0;
+    for (int round = 0; round < 5000; ++round) {
+        WindowOnTitleBar window{.frameCG = random.rect(3000, 2000),
+            .frameNS = random.rect(3000, 2000),
+            .screenCG = random.rect(3000, 2000),
+            .tarragonAlwaysRight = random.truth(),
+            .tarragonAlwaysVisible = random.truth(),
+            .screenTopEnabledWithAutohide = random.truth()};
+        const double rest = random.quarters(-10, 60);
+        window.frameCG.size.height = window.screenCG.size.height - rest;
+
+        WindowChange expected;
+        if (!window.tarragonAlwaysRight && window.tarragonAlwaysVisible) {
+            if (window.screenTopEnabledWithAutohide)
+                expected.positionCG = Point{window.frameNS.origin.x, window.frameCG.origin.y + 23};
+            if (window.screenTopEnabledWithAutohide && rest <= 23)
+                expected.size = Size{window.frameCG.size.width, window.frameCG.size.height + rest - 23};
+        }
+        EXPECT_EQ(window.change(), expected) << rest;
+        if (expected.size)
+            ++shortened;
+    }
+    EXPECT_GT(shortened, 100);
 }
 
 } // namespace

@@ -251,9 +251,9 @@ TEST(BarLayout, HoldsTwoHundredTitlesOnAScreenOfThirtyThousandPoints) {
 }
 
 TEST(BarLayout, ComparesInSinglePrecision) {
-    // 16777217 and 16777216 are the same there.
-    EXPECT_EQ(layOutBar(16777216 + 25, {16777215}).firstInBunch, std::nullopt);
-    EXPECT_EQ(layOutBar(16777216 + 26, {16777216}).firstInBunch, 0U);
+    // 16777217 and 16777216 are the same there, so that a title which reaches the latter reaches the former.
+    EXPECT_EQ(layOutBar(16777217 + 25, {16777216}).firstInBunch, 0U);
+    EXPECT_EQ(layOutBar(16777217 + 25, {16777215}).firstInBunch, std::nullopt);
 }
 
 TEST(BarLayout, EndsWithTheRangeForTitlesOfHugeWidth) {
