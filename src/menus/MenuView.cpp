@@ -21,11 +21,6 @@ namespace tarragon {
 
 namespace {
 
-QPoint primaryOrigin() {
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    return primary ? primary->geometry().topLeft() : QPoint();
-}
-
 std::vector<QRect> screenRectangles() {
     std::vector<QRect> rectangles;
     for (const QScreen* screen : QGuiApplication::screens()) {
@@ -77,7 +72,7 @@ void MenuView::popUpMenu(
         return;
     // Outside of every screen Qt would not know on which one to keep the menu.
     const QPoint location =
-        nearestPointInside(qtPointFromNS(locationNS, _displays.screens(), primaryOrigin()), screenRectangles());
+        nearestPointInside(qtPointFromNS(locationNS, _displays.screens(), qtPrimaryOrigin()), screenRectangles());
     const auto tracking = std::make_shared<MenuTracking>(
         _style, QGuiApplication::screenAt(location), [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
             _choice = {chosenMenu, item};
@@ -130,7 +125,7 @@ bool MenuView::isMenuOpen() const {
 bool MenuView::isMenuAt(const Point& pointNS) const {
     if (!isMenuOpen())
         return false;
-    const QPoint point = qtPointFromNS(pointNS, _displays.screens(), primaryOrigin());
+    const QPoint point = qtPointFromNS(pointNS, _displays.screens(), qtPrimaryOrigin());
     return dynamic_cast<MenuWindow*>(QApplication::widgetAt(point)) != nullptr;
 }
 

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <optional>
 
+#include <QGuiApplication>
+#include <QScreen>
+
 namespace tarragon {
 
 namespace {
@@ -15,6 +18,11 @@ int coordinate(double value) {
 }
 
 } // namespace
+
+QPoint qtPrimaryOrigin() {
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    return primary ? primary->geometry().topLeft() : QPoint();
+}
 
 QPoint qtPointFromNS(const Point& pointNS, const std::vector<Screen>& screens, const QPoint& primaryOrigin) {
     if (screens.empty())

@@ -9,6 +9,9 @@
 
 namespace tarragon {
 
+// The primary screen's top-left corner in Qt's global coordinates.
+QPoint qtPrimaryOrigin();
+
 // A point in Qt's global coordinates, where y grows downwards. primaryOrigin is the primary screen's top-left corner
 // there. screens are those of Displays, the primary one first; without any the point is the origin.
 QPoint qtPointFromNS(const Point& pointNS, const std::vector<Screen>& screens, const QPoint& primaryOrigin);
