@@ -1,0 +1,50 @@
+#include "panels/widgets/ButtonPlace.h"
+
+#include "panels/widgets/PanelGeometry.h"
+#include "panels/widgets/TitleFonts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QFontMetricsF>
+
+namespace tarragon {
+
+namespace {
+
+Rect toRect(const QRect& rect) {
+    return {{double(rect.x()), double(rect.y())}, {double(rect.width()), double(rect.height())}};
+}
+
+// The same part of the panel, as high as a line of the title as far as the panel is.
+QRect highEnoughFor(const ButtonContent& button, QRect visible, const QRect& panel) {
+    const int line = static_cast<int>(std::ceil(QFontMetricsF(titleFont(button)).height()));
+    const int missing = std::min(line, panel.height()) - visible.height();
+    if (missing <= 0)
+        return visible;
+    const int top = std::clamp(visible.top() - missing / 2, 0, panel.height() - visible.height() - missing);
+    return {visible.left(), top, visible.width(), visible.height() + missing};
+}
+
+} // namespace
+
+ButtonPlace placeOf(const ButtonContent& button, const QSize& panelSize) {
+    const QRect panel(QPoint(0, 0), panelSize);
+    const QRect frame = frameInWidget(button.frame, panelSize.height());
+    const QRect visible = frame.intersected(panel);
+    return {frame, visible.isEmpty() ? QRect() : highEnoughFor(button, visible, panel), panel};
+}
+
+std::vector<Rect> paintedRegion(const PanelContent& content, const QSize& panelSize) {
+    if (content.background.showGradient)
+        return {toRect(QRect(QPoint(0, 0), panelSize))};
+    std::vector<Rect> region;
+    for (const ButtonContent& button : content.buttons) {
+        const QRect visible = placeOf(button, panelSize).visible;
+        if (!visible.isEmpty())
+            region.push_back(toRect(visible));
+    }
+    return region;
+}
+
+} // namespace tarragon

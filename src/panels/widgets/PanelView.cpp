@@ -1,0 +1,105 @@
+#include "panels/widgets/PanelView.h"
+
+#include "menus/QtCoordinates.h"
+#include "panels/widgets/PanelGeometry.h"
+#include "panels/widgets/PanelPainter.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tarragon {
+
+PanelView::PanelView(Displays& displays, PanelWindowHandler& handler)
+    : QWidget(nullptr,
+        Qt::Tool | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus
+            | Qt::NoDropShadowWindowHint)
+    , _displays(displays)
+    , _handler(&handler) {
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_X11DoNotAcceptFocus);
+    setAttribute(Qt::WA_AlwaysShowToolTips, false);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setFocusPolicy(Qt::NoFocus);
+    setMouseTracking(true);
+}
+
+void PanelView::retire(std::unique_ptr<PanelView> view) {
+    view->_handler = nullptr;
+    view->hide();
+    // An event that is being handled deletes the view when it is done with it.
+    if (view->_eventsBeingHandled > 0)
+        (void)view.release();
+}
+
+bool PanelView::event(QEvent* event) {
+    // Nothing is left of the view after this one.
+    if (event->type() == QEvent::DeferredDelete)
+        return QWidget::event(event);
+    ++_eventsBeingHandled;
+    const bool handled = QWidget::event(event);
+    --_eventsBeingHandled;
+    // The window system's part of the toolkit may still use the view for this event.
+    if (!_handler && _eventsBeingHandled == 0)
+        deleteLater();
+    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange
+        || event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange)
+        update();
+    return handled;
+}
+
+void PanelView::display(const PanelContent& content) {
+    if (content == _content)
+        return;
+    _content = content;
+    update();
+}
+
+void PanelView::tellPointer(const std::optional<Point>& location) {
+    if (!_handler)
+        return;
+    if (!location)
+        _handler->pointerMoved(std::nullopt);
+    else
+        _handler->pointerMoved(Point{location->x, height() - location->y});
+}
+
+void PanelView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintPanel(painter, _content, size(), palette());
+}
+
+PanelMouseEvent PanelView::mouseEvent(const QMouseEvent& event) const {
+    return {.locationInPanel = {event.position().x(), height() - event.position().y()},
+        .locationNS = pointNSFromQt(event.globalPosition(), _displays.screens(), qtPrimaryOrigin()),
+        .controlKey = event.modifiers().testFlag(Qt::ControlModifier)};
+}
+
+void PanelView::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    if (!_handler)
+        return;
+    if (event->button() == Qt::LeftButton)
+        _handler->mouseDown(mouseEvent(*event));
+    else if (event->button() == Qt::RightButton)
+        _handler->rightMouseDown(mouseEvent(*event));
+}
+
+void PanelView::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Every press is one.
+    mousePressEvent(event);
+}
+
+void PanelView::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+    if (_handler && event->buttons().testFlag(Qt::LeftButton))
+        _handler->mouseDragged(mouseEvent(*event));
+}
+
+void PanelView::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    if (_handler && event->button() == Qt::LeftButton)
+        _handler->mouseUp(mouseEvent(*event));
+}
+
+} // namespace tarragon

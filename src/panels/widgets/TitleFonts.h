@@ -1,0 +1,16 @@
+#pragma once
+
+#include "panels/PanelContent.h"
+
+#include <QFont>
+
+namespace tarragon {
+
+// The font of a button's title: the desktop's menu-bar font at the size and weight asked for. One whose lines are
+// higher than a panel is made smaller until they fit, so that no title is cut off.
+QFont titleFont(const ButtonContent& button);
+
+// In points of ours, of the desktop's font for the titles of windows.
+double desktopTitleBarFontSize();
+
+} // namespace tarragon

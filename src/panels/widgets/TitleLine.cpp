@@ -1,0 +1,73 @@
+#include "panels/widgets/TitleLine.h"
+
+#include "menus/MenuText.h"
+#include "panels/widgets/PixelGrid.h"
+#include "panels/widgets/RaisedText.h"
+#include "panels/widgets/TitleFonts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QFontMetricsF>
+
+namespace tarragon {
+
+namespace {
+
+// Measuring a text takes time, and this many characters are wider than every screen.
+constexpr int LargestWidth = 30000;
+
+} // namespace
+
+TitleLine::TitleLine(const ButtonContent& button)
+    : _font(titleFont(button))
+    , _text(elidedToWidth(lineOfText(button.title), QFontMetrics(_font), LargestWidth)) { }
+
+double TitleLine::width() const {
+    return QFontMetricsF(_font).horizontalAdvance(_text);
+}
+
+double TitleLine::height() const {
+    return QFontMetricsF(_font).height();
+}
+
+void TitleLine::limitWidth(double width) {
+    // Not for the fraction of a point that rounding took from a button.
+    if (this->width() >= width + 1)
+        _text = elidedToWidth(_text, QFontMetrics(_font), std::max(0, static_cast<int>(width)));
+}
+
+double TitleLine::baselineAround(double middle) const {
+    return middle + QFontMetricsF(_font).capHeight() / 2;
+}
+
+double TitleLine::baselineBelow(double top) const {
+    return top + QFontMetricsF(_font).ascent();
+}
+
+double TitleLine::baselineInside(const QRectF& room, double baseline) const {
+    const QFontMetricsF metrics(_font);
+    // Characters of another font may be higher than the line.
+    const QRectF ink = metrics.tightBoundingRect(_text);
+    const double above = std::max(metrics.ascent(), -ink.top());
+    const double below = std::max(metrics.descent(), ink.bottom());
+    return std::max(std::min(baseline, room.bottom() - below), room.top() + above);
+}
+
+void TitleLine::draw(QPainter& painter, const QPointF& baseline, const QRectF& room, const QColor& color,
+    const std::optional<QColor>& edge) const {
+    const PixelGrid grid(painter);
+    const QPointF start(grid.aligned(baseline.x()), grid.aligned(baselineInside(room, baseline.y())));
+    painter.save();
+    painter.setFont(_font);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    if (edge)
+        drawRaisedText(painter, start, _text, color, *edge);
+    else {
+        painter.setPen(color);
+        painter.drawText(start, _text);
+    }
+    painter.restore();
+}
+
+} // namespace tarragon

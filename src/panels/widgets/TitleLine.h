@@ -1,0 +1,41 @@
+#pragma once
+
+#include "panels/PanelContent.h"
+
+#include <optional>
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QString>
+
+namespace tarragon {
+
+// The title of a button, in one line. Lengths are in points.
+class TitleLine {
+public:
+    explicit TitleLine(const ButtonContent& button);
+
+    double width() const;
+    double height() const;
+    // A title that is wider gets an ellipsis in its middle.
+    void limitWidth(double width);
+
+    // The height of the baseline that puts the capitals in the middle of that height.
+    double baselineAround(double middle) const;
+    // The height of the baseline when the line begins at that height.
+    double baselineBelow(double top) const;
+
+    // Draws the title with its left end there, moved up or down where it would leave the room for which there is
+    // enough of it. Right-to-left titles are drawn from right to left. With an edge it looks raised.
+    void draw(QPainter& painter, const QPointF& baseline, const QRectF& room, const QColor& color,
+        const std::optional<QColor>& edge = std::nullopt) const;
+
+private:
+    double baselineInside(const QRectF& room, double baseline) const;
+
+    QFont _font;
+    QString _text;
+};
+
+} // namespace tarragon
