@@ -1,0 +1,198 @@
+// Draws contact sheets of panels in all their looks, one picture for each theme and scale, into the folder named.
+
+#include "panels/widgets/ButtonMetrics.h"
+#include "panels/widgets/PanelPainter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QPainter>
+#include <QStyle>
+
+namespace tarragon {
+
+namespace {
+
+struct Style {
+    std::string name;
+    ButtonLook look;
+    ButtonDress dress;
+    Size growth;
+};
+
+const std::vector<Style>& styles() {
+    static const std::vector<Style> all = {
+        {"0 round rectangle", ButtonLook::Bezel, {ButtonBezel::RoundRect, true, std::nullopt}, {}},
+        {"1 recessed", ButtonLook::Bezel, {ButtonBezel::Recessed, true, std::nullopt}, {}},
+        {"2 small square", ButtonLook::Bezel, {ButtonBezel::SmallSquare, true, std::nullopt}, {}},
+        {"3 shadowless square", ButtonLook::Bezel, {ButtonBezel::ShadowlessSquare, true, std::nullopt}, {}},
+        {"4 borderless", ButtonLook::Bezel, {ButtonBezel::Rounded, false, Grey{0.7, 0.1}}, {5, 10}},
+        {"as made", ButtonLook::Bezel, {ButtonBezel::Rounded, true, std::nullopt}, {}},
+        {"5 menu bar", ButtonLook::MenuBar, {}, {8, 0}},
+    };
+    return all;
+}
+
+using Titles = std::vector<std::string>;
+
+// Titles in a row, the second under the pointer and the third pressed.
+PanelContent row(const Titles& titles, const Style& style, double fontSize, bool showGradient) {
+    PanelContent content;
+    content.background = {.startingColor = {0.45, 1},
+        .endingColor = Grey{0.95, 1},
+        .angle = 90,
+        .showGradient = showGradient,
+        .roundedCorners = true};
+    double x = 0;
+    for (std::size_t index = 0; index < titles.size(); ++index) {
+        ButtonContent button;
+        button.title = titles[index];
+        button.look = style.look;
+        button.dress = style.dress;
+        button.font = {style.look == ButtonLook::MenuBar ? 13 : fontSize, index == 0};
+        button.mouseIsOver = index == 1;
+        button.highlighted = index == 2;
+        Size size = buttonSizeThatFits(button, 1000);
+        size = {size.width + style.growth.width, size.height + style.growth.height};
+        button.frame = {{x + 5, 3}, size};
+        x = std::trunc(x + size.width + 15);
+        content.buttons.push_back(button);
+    }
+    return content;
+}
+
+PanelContent screenTopBar(const Titles& titles) {
+    PanelContent content;
+    content.background = {.startingColor = {0.807, 1},
+        .endingColor = Grey{0.98, 1},
+        .angle = 90,
+        .showGradient = true,
+        .roundedCorners = false};
+    double x = 0;
+    for (std::size_t index = 0; index < titles.size(); ++index) {
+        ButtonContent button;
+        button.title = titles[index] + (index == 1 ? "  " : "");
+        button.look = ButtonLook::ScreenTopBar;
+        button.font.bold = index == 1;
+        button.highlighted = index == 2;
+        Size size = buttonSizeThatFits(button, 1000);
+        size.width = button.title == LogoTitle ? 35 : size.width + 16;
+        button.frame = {{x + 5, 1}, size};
+        x = std::trunc(x + size.width);
+        content.buttons.push_back(button);
+    }
+    return content;
+}
+
+const Titles english = {"Mousepad", "File", "Edit", "View", "Typography", LogoTitle, "\u25BF"};
+const Titles german = {"Übersicht", "Ändern", "Größe", "Schriftzüge", "Extras", "Hilfe"};
+const Titles rightToLeft = {"ملف", "تحرير", "עריכה", "תצוגה", "Help"};
+
+class Sheet {
+public:
+    Sheet(QImage& image, const QPalette& palette)
+        : _painter(&image)
+        , _palette(palette) {
+        image.fill(palette.color(QPalette::Window));
+    }
+
+    void add(const std::string& name, const PanelContent& content, const QSize& size, bool nextColumn = false) {
+        if (nextColumn) {
+            _left += 640;
+            _top = 8;
+        }
+        _painter.setFont(QFont("DejaVu Sans", 7));
+        _painter.setPen(_palette.color(QPalette::WindowText));
+        _painter.drawText(QPointF(_left, _top + 16), QString::fromStdString(name));
+        _painter.save();
+        _painter.translate(_left + 130, _top);
+        _painter.setClipRect(QRect(QPoint(0, 0), size));
+        paintPanel(_painter, content, size, _palette);
+        _painter.restore();
+        _top += size.height() + 8;
+    }
+
+private:
+    QPainter _painter;
+    QPalette _palette;
+    int _left = 8;
+    int _top = 8;
+};
+
+void draw(Sheet& sheet) {
+    const QSize panel(490, 24);
+    for (const Style& style : styles()) {
+        for (const bool gradient : {true, false})
+            sheet.add(style.name + (gradient ? "" : ", no gradient"), row(english, style, 12, gradient), panel);
+    }
+    sheet.add("German", row(german, styles()[0], 12, true), panel);
+    sheet.add("right to left", row(rightToLeft, styles()[0], 12, true), panel);
+    sheet.add("right to left, 5", row(rightToLeft, styles().back(), 12, true), panel);
+    Titles bar = english;
+    std::swap(bar[5], bar[4]);
+    std::rotate(bar.begin(), bar.begin() + 4, bar.begin() + 5);
+    sheet.add("screen-top bar", screenTopBar(bar), {490, 22});
+    bool nextColumn = true;
+    for (const double size : {9, 13, 18, 24}) {
+        for (const std::size_t index : {0, 1, 2, 3, 4}) {
+            sheet.add(styles()[index].name + ", " + std::to_string(int(size)),
+                row({"Ågypt", "File", "Edit", "Größe"}, styles()[index], size, true), panel, nextColumn);
+            nextColumn = false;
+        }
+    }
+    for (const bool open : {false, true}) {
+        PanelContent vertical = row({"Menu"}, styles()[0], 12, false);
+        ButtonContent& button = vertical.buttons.front();
+        button.frame.origin = {0, 0};
+        button.frame.size = {button.frame.size.width + 5, button.frame.size.height + 10};
+        button.highlighted = open;
+        sheet.add("vertical", vertical, {int(button.frame.size.width), 25});
+    }
+}
+
+QPalette darkPalette() {
+    QPalette palette(QColor(49, 54, 59), QColor(35, 38, 41));
+    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    return palette;
+}
+
+} // namespace
+
+} // namespace tarragon
+
+int main(int argumentCount, char** arguments) {
+    using namespace tarragon;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argumentCount, arguments);
+    if (argumentCount != 2) {
+        std::cerr << "Usage: panel_pictures FOLDER\n";
+        return 2;
+    }
+    QApplication::setStyle("Fusion");
+    const QDir folder(arguments[1]);
+    if (!folder.mkpath(".")) {
+        std::cerr << "Cannot make the folder " << arguments[1] << '\n';
+        return 1;
+    }
+    const QPalette light = QApplication::style()->standardPalette();
+    for (const auto& [theme, palette] : {std::pair("light", light), std::pair("dark", darkPalette())}) {
+        for (const double scale : {1.0, 1.5, 2.0}) {
+            QImage image(QSize(1290, 710) * scale, QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(scale);
+            Sheet sheet(image, palette);
+            draw(sheet);
+            const QString file = folder.filePath(QString("panels-%1-%2.png").arg(theme).arg(scale));
+            if (!image.save(file)) {
+                std::cerr << "Cannot write " << file.toStdString() << '\n';
+                return 1;
+            }
+        }
+    }
+    return 0;
+}
