@@ -146,7 +146,7 @@ void drawBezel(QPainter& painter, const QRectF& rect, const ButtonContent& butto
 
 void paintBezelButton(
     QPainter& painter, const ButtonContent& button, const ButtonPlace& place, const QPalette& palette) {
-    const QRectF rect(place.visible);
+    const QRectF rect = PixelGrid(painter).aligned(place.visible);
     BezelColours colours = coloursOf(button, palette);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -73,12 +73,13 @@ void paintBackground(QPainter& painter, const ZDGradientView& background, const 
 
 void paintPanel(QPainter& painter, const PanelContent& content, const QSize& size, const QPalette& palette) {
     paintBackground(painter, content.background, size, palette);
+    const PixelGrid grid(painter);
     for (const ButtonContent& button : content.buttons) {
         const ButtonPlace place = placeOf(button, size);
         if (place.visible.isEmpty())
             continue;
         painter.save();
-        painter.setClipRect(place.visible, Qt::IntersectClip);
+        painter.setClipRect(grid.aligned(place.visible), Qt::IntersectClip);
         switch (button.look) {
         case ButtonLook::Bezel:
             paintBezelButton(painter, button, place, palette);

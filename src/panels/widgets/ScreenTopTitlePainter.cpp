@@ -41,8 +41,8 @@ void paintScreenTopTitle(
     TitleLine title(button);
     const QPointF topLeft = frame.topLeft() + TextOffset + QPointF(TextMargin, 0);
     title.limitWidth(frame.right() - topLeft.x());
-    title.draw(painter, {topLeft.x(), title.baselineBelow(topLeft.y())}, place.panel,
-        drawsWhite ? QColor(Qt::white) : QColor(Qt::black));
+    title.draw(
+        painter, {topLeft.x(), title.baselineBelow(topLeft.y())}, place.panel, drawsWhite ? Qt::white : Qt::black);
 }
 
 } // namespace tarragon

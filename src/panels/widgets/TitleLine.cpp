@@ -55,14 +55,14 @@ double TitleLine::baselineInside(const QRectF& room, double baseline) const {
 }
 
 void TitleLine::draw(QPainter& painter, const QPointF& baseline, const QRectF& room, const QColor& color,
-    const std::optional<QColor>& edge) const {
+    const std::optional<QColor>& raisedEdge) const {
     const PixelGrid grid(painter);
     const QPointF start(grid.aligned(baseline.x()), grid.aligned(baselineInside(room, baseline.y())));
     painter.save();
     painter.setFont(_font);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    if (edge)
-        drawRaisedText(painter, start, _text, color, *edge);
+    if (raisedEdge)
+        drawRaisedText(painter, start, _text, color, *raisedEdge);
     else {
         painter.setPen(color);
         painter.drawText(start, _text);

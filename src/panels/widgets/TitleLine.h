@@ -27,9 +27,10 @@ public:
     double baselineBelow(double top) const;
 
     // Draws the title with its left end there, moved up or down where it would leave the room for which there is
-    // enough of it. Right-to-left titles are drawn from right to left. With an edge it looks raised.
+    // enough of it. Right-to-left titles are drawn from right to left.
+    // With an edge they look raised.
     void draw(QPainter& painter, const QPointF& baseline, const QRectF& room, const QColor& color,
-        const std::optional<QColor>& edge = std::nullopt) const;
+        const std::optional<QColor>& raisedEdge = std::nullopt) const;
 
 private:
     double baselineInside(const QRectF& room, double baseline) const;
