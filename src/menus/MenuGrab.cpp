@@ -4,6 +4,7 @@
 #include "platform/MenuInput.h"
 
 #include <chrono>
+#include <utility>
 
 #include <QWidget>
 #include <QWindow>
@@ -26,19 +27,22 @@ MenuGrab::MenuGrab(MenuInput& menuInput)
 }
 
 void MenuGrab::acquire(QWidget& popup) {
-    release();
     _popup = &popup;
     _refusals = 0;
+    _isTaken = true;
     _timer.start();
     takeAgain();
 }
 
-void MenuGrab::release() {
-    if (!_timer.isActive())
-        return;
+void MenuGrab::hold() {
     _timer.stop();
     _popup = nullptr;
-    _menuInput.release();
+}
+
+void MenuGrab::release() {
+    hold();
+    if (std::exchange(_isTaken, false))
+        _menuInput.release();
 }
 
 // False when the keyboard was refused.

@@ -17,9 +17,13 @@ public:
     // The menu input outlives this object.
     explicit MenuGrab(MenuInput& menuInput);
 
-    // Asks for both again and again until release is called. A pop-up that does not get the keyboard in time is closed,
-    // for nobody could be sure to get rid of it. The widget is shown.
+    // Asks for both again and again until hold or release is called. A pop-up that does not get the keyboard in time is
+    // closed, for nobody could be sure to get rid of it. The widget is shown. What another pop-up has goes over to this
+    // one directly, so that no key reaches an application in between.
     void acquire(QWidget& popup);
+    // Keeps what there is, without asking for it again, while the pop-up closes for another one.
+    void hold();
+    // Nothing happens when there is nothing to give back.
     void release();
 
 private:
@@ -30,6 +34,7 @@ private:
     QPointer<QWidget> _popup;
     QTimer _timer;
     int _refusals = 0; // in a row
+    bool _isTaken = false; // or asked for
 };
 
 } // namespace tarragon

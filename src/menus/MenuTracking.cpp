@@ -23,8 +23,10 @@ std::uint32_t modifierMask(Qt::KeyboardModifiers modifiers) {
     return mask;
 }
 
-MenuTracking::MenuTracking(QStyle& style, const QScreen* screen, ChosenHandler handler)
+MenuTracking::MenuTracking(
+    QStyle& style, const QScreen* screen, std::weak_ptr<MenuOpener> opener, ChosenHandler handler)
     : _style(style)
+    , _opener(std::move(opener))
     , _chosenHandler(std::move(handler))
     , _titleWidthLimit(screen ? screen->availableSize().width() / 2 : 0) { }
 
@@ -46,10 +48,27 @@ void MenuTracking::windowClosed(MenuWindow& window) {
     _openWindows.erase(std::remove(_openWindows.begin(), _openWindows.end(), &window), _openWindows.end());
 }
 
+bool MenuTracking::hasWindowAt(const QPoint& point) const {
+    return std::any_of(_openWindows.begin(), _openWindows.end(),
+        [&](const MenuWindow* window) { return window->geometry().contains(point); });
+}
+
 void MenuTracking::closeAll() {
     while (!_openWindows.empty())
         _openWindows.back()->tellClosed();
     end();
+}
+
+void MenuTracking::tellOpener() {
+    if (const auto opener = std::exchange(_opener, {}).lock())
+        opener->menuHasClosed();
+}
+
+bool MenuTracking::moveToNeighbour(MenuNeighbour neighbour) {
+    const auto opener = _opener.lock();
+    if (opener)
+        opener->moveToNeighbour(neighbour);
+    return opener != nullptr;
 }
 
 void MenuTracking::choose(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item) {

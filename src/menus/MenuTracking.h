@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mirror/MenuPresenter.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -7,6 +9,7 @@
 
 #include <Qt>
 
+class QPoint;
 class QScreen;
 class QStyle;
 
@@ -23,7 +26,7 @@ public:
     using ChosenHandler = std::function<void(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item)>;
 
     // The style is not owned and outlives the tracking.
-    MenuTracking(QStyle& style, const QScreen* screen, ChosenHandler handler);
+    MenuTracking(QStyle& style, const QScreen* screen, std::weak_ptr<MenuOpener> opener, ChosenHandler handler);
 
     QStyle& style() const { return _style; }
 
@@ -38,10 +41,17 @@ public:
     void windowOpened(MenuWindow& window);
     void windowClosed(MenuWindow& window);
 
+    // Whether the point, in Qt's global coordinates, lies in a window of the pop-up.
+    bool hasWindowAt(const QPoint& point) const;
+
     // Tells the delegates that everything has closed, the innermost menu first, and ends.
     void closeAll();
     // Nothing opens any more, and the delegates are not asked.
     void end() { _ended = true; }
+    // Tells the opener that everything has closed, once. It may open another pop-up meanwhile.
+    void tellOpener();
+    // Has the opener go to the menu beside this one. False when there is none to ask.
+    bool moveToNeighbour(MenuNeighbour neighbour);
     bool hasEnded() const { return _ended; }
 
     // While a menu opens QMenu relies on the ones above it, so that they must not be hidden.
@@ -52,6 +62,7 @@ public:
 
 private:
     QStyle& _style;
+    std::weak_ptr<MenuOpener> _opener;
     ChosenHandler _chosenHandler;
     std::vector<MenuWindow*> _openWindows;
     int _titleWidthLimit;

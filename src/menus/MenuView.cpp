@@ -66,15 +66,22 @@ void MenuView::warmUp() {
 }
 
 void MenuView::popUpMenu(
-    const std::shared_ptr<Menu>& menu, const Point& locationNS, const std::weak_ptr<MenuOpener>& /*opener*/) {
-    closeMenus();
-    if (!menu)
+    const std::shared_ptr<Menu>& menu, const Point& locationNS, const std::weak_ptr<MenuOpener>& opener) {
+    const std::uint64_t popUp = ++_popUps;
+    _grab.hold();
+    closeWindows();
+    // Whoever has heard that the former menu has closed may have opened another one instead.
+    if (popUp != _popUps || !menu) {
+        releaseUnusedInput();
+        if (const auto told = opener.lock())
+            told->menuHasClosed();
         return;
+    }
     // Outside of every screen Qt would not know on which one to keep the menu.
     const QPoint location =
         nearestPointInside(qtPointFromNS(locationNS, _displays.screens(), qtPrimaryOrigin()), screenRectangles());
-    const auto tracking = std::make_shared<MenuTracking>(
-        _style, QGuiApplication::screenAt(location), [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
+    const auto tracking = std::make_shared<MenuTracking>(_style, QGuiApplication::screenAt(location), opener,
+        [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
             _choice = {chosenMenu, item};
             // The window that tells is still at work.
             _actionTimer.start(0);
@@ -98,6 +105,8 @@ void MenuView::popUpMenu(
             _window = nullptr;
         }
         window->deleteLater();
+        releaseUnusedInput();
+        tracking->tellOpener();
         return;
     }
     window->popup(location);
@@ -106,16 +115,27 @@ void MenuView::popUpMenu(
 }
 
 void MenuView::closeMenus() {
+    _grab.release();
+    closeWindows();
+}
+
+void MenuView::closeWindows() {
     if (!_window)
         return;
     MenuWindow* window = _window;
     _window = nullptr;
-    _grab.release();
-    _tracking->closeAll();
-    if (_tracking->isOpening())
+    const std::shared_ptr<MenuTracking> tracking = _tracking; // whoever is told may open another pop-up
+    tracking->closeAll();
+    if (tracking->isOpening())
         QTimer::singleShot(0, window, [window] { window->hide(); });
     else
         window->hide();
+    tracking->tellOpener();
+}
+
+void MenuView::releaseUnusedInput() {
+    if (!_window)
+        _grab.release();
 }
 
 bool MenuView::isMenuOpen() const {
@@ -123,16 +143,15 @@ bool MenuView::isMenuOpen() const {
 }
 
 bool MenuView::isMenuAt(const Point& pointNS) const {
-    if (!isMenuOpen())
-        return false;
-    const QPoint point = qtPointFromNS(pointNS, _displays.screens(), qtPrimaryOrigin());
-    return dynamic_cast<MenuWindow*>(QApplication::widgetAt(point)) != nullptr;
+    return isMenuOpen() && _tracking->hasWindowAt(qtPointFromNS(pointNS, _displays.screens(), qtPrimaryOrigin()));
 }
 
 void MenuView::sendAction() {
     const Choice choice = std::exchange(_choice, {});
     if (!choice.item)
         return;
+    // The opener may have opened another menu when it heard that this one has closed.
+    closeMenus();
     // The window system answers only after it has done all that it was told before, so that the menus are off the
     // screen and the keyboard is free when another program gets to work.
     QCursor::pos();

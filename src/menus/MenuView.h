@@ -6,6 +6,7 @@
 #include "platform/Displays.h"
 #include "platform/NotificationCenter.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -26,7 +27,7 @@ class MenuWindow;
 class MenuView : public MenuPresenter {
 public:
     MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput);
-    // Closes what is open; the delegates do not hear of it, for they may be gone.
+    // Closes what is open; neither the delegates nor the opener hear of it, for what they need may be gone.
     ~MenuView() override;
     MenuView(const MenuView&) = delete;
     MenuView& operator=(const MenuView&) = delete;
@@ -44,6 +45,8 @@ private:
         std::shared_ptr<MenuItem> item;
     };
     void warmUp();
+    void closeWindows();
+    void releaseUnusedInput();
     void sendAction();
 
     Displays& _displays;
@@ -53,6 +56,7 @@ private:
     MenuGrab _grab;
     std::shared_ptr<MenuTracking> _tracking;
     QPointer<MenuWindow> _window;
+    std::uint64_t _popUps = 0; // asked for so far
     Choice _choice;
     QTimer _actionTimer;
 };

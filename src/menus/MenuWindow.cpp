@@ -9,6 +9,7 @@
 #include <utility>
 
 #include <QActionEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QStyle>
@@ -57,6 +58,8 @@ MenuWindow::MenuWindow(std::shared_ptr<Menu> menu, std::shared_ptr<MenuTracking>
     , _menu(std::move(menu))
     , _tracking(std::move(tracking)) {
     setStyle(&_tracking->style());
+    // A press beside a menu closes it and does nothing else: the title below would open it again.
+    setAttribute(Qt::WA_NoMouseReplay);
     if (parent) // The menu above opens this one by itself.
         connect(this, &QMenu::aboutToShow, this, [this] { prepare(); });
     connect(this, &QMenu::hovered, this, [this] { tellHighlight(); });
@@ -197,6 +200,8 @@ void MenuWindow::setVisible(bool visible) {
 void MenuWindow::hideEvent(QHideEvent* event) {
     QMenu::hideEvent(event);
     tellClosed();
+    if (!parentWidget())
+        _tracking->tellOpener();
 }
 
 void MenuWindow::tellClosed() {
@@ -244,11 +249,34 @@ void MenuWindow::keyPressEvent(QKeyEvent* event) {
     // The key that opened the menu may still be held.
     if (choosesItem(event->key()) && event->isAutoRepeat())
         return;
+    const auto neighbour = neighbourByKey(event->key());
+    if (neighbour && _tracking->moveToNeighbour(*neighbour))
+        return;
     const bool typing = event->key() != Qt::Key_Space || _typeSelect.isTyping(std::chrono::steady_clock::now());
     if (typesText(*event) && typing)
         typeSelect(event->text());
     else if (event->text().isEmpty() || !event->text().front().isPrint() || event->modifiers() == Qt::NoModifier)
         QMenu::keyPressEvent(event);
+}
+
+// Where the key leads out of the pop-up. Nothing for a key that opens or closes a submenu here, or does something else.
+std::optional<MenuNeighbour> MenuWindow::neighbourByKey(int key) const {
+    if (key != Qt::Key_Left && key != Qt::Key_Right)
+        return std::nullopt;
+    const bool leadsIntoSubmenus = key == (isRightToLeft() ? Qt::Key_Left : Qt::Key_Right);
+    const QAction* action = activeAction();
+    const bool isUsedHere =
+        leadsIntoSubmenus ? action && action->isEnabled() && action->menu() : parentWidget() != nullptr;
+    if (isUsedHere)
+        return std::nullopt;
+    return key == Qt::Key_Left ? MenuNeighbour::Left : MenuNeighbour::Right;
+}
+
+// The button that was pressed on a title may be let go there, even after a look into the menu: it stays open.
+void MenuWindow::mouseReleaseEvent(QMouseEvent* event) {
+    const QPoint point = event->globalPosition().toPoint();
+    if (_tracking->hasWindowAt(point) || !QGuiApplication::topLevelAt(point))
+        QMenu::mouseReleaseEvent(event);
 }
 
 void MenuWindow::typeSelect(const QString& text) {

@@ -3,8 +3,10 @@
 #include "menus/MenuSlots.h"
 #include "menus/MenuTypeSelect.h"
 #include "mirror/Menu.h"
+#include "mirror/MenuPresenter.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QMenu>
@@ -36,6 +38,7 @@ protected:
     bool event(QEvent* event) override;
     void actionEvent(QActionEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -46,6 +49,7 @@ private:
         QString title; // as it is shown
     };
 
+    std::optional<MenuNeighbour> neighbourByKey(int key) const;
     bool fill();
     void removeEverything();
     void dress(Place& place);

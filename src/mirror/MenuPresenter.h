@@ -16,7 +16,9 @@ class MenuOpener {
 public:
     virtual ~MenuOpener() = default;
     // The menu has closed, with all its submenus, in whatever way. Once, and before the action of a chosen item is
-    // sent; for a menu that was not shown because it is empty, before popUpMenu returns.
+    // sent; for a menu that was not shown because it is empty, before popUpMenu returns. Not when the presenter is
+    // destroyed. Another menu may be opened at once: it then takes the place of one whose opening has closed this one,
+    // which is not shown, and closes before the action of a chosen item is sent.
     virtual void menuHasClosed() { }
     // Left or Right was pressed where the menus themselves have no use for it. The opener may open another menu.
     virtual void moveToNeighbour(MenuNeighbour) { }

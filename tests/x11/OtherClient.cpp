@@ -96,6 +96,8 @@ OtherClient::Told OtherClient::told() {
     while (const auto event = owned(xcb_poll_for_event(_connection))) {
         const int type = event->response_type & 0x7F;
         told.keyPresses += type == XCB_KEY_PRESS;
+        told.buttonPresses += type == XCB_BUTTON_PRESS;
+        told.focusLosses += type == XCB_FOCUS_OUT;
         if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT)
             _believesToHaveFocus = type == XCB_FOCUS_IN;
     }
@@ -151,6 +153,18 @@ void OtherClient::pressKey(std::uint32_t keysym) {
 
 void OtherClient::releaseKey(std::uint32_t keysym) {
     fake(XCB_KEY_RELEASE, keycodeOf(keysym));
+}
+
+void OtherClient::sendMessage(xcb_window_t window, std::uint32_t number) {
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = XCB_ATOM_INTEGER;
+    message.data.data32[0] = number;
+    // Without a mask it goes to whoever made the window.
+    xcb_send_event(_connection, 0, window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
+    synchronize();
 }
 
 void OtherClient::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {

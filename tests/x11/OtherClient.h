@@ -30,7 +30,10 @@ public:
     bool hasFocus();
     // What its window has been told.
     struct Told {
-        int keyPresses = 0; // since the last call
+        // Since the last call:
+        int keyPresses = 0;
+        int buttonPresses = 0;
+        int focusLosses = 0;
         bool believesToHaveFocus = false; // the last that it has heard of the focus is that it came
     };
     Told told();
@@ -47,6 +50,9 @@ public:
     void type(std::uint32_t keysym);
     void pressKey(std::uint32_t keysym);
     void releaseKey(std::uint32_t keysym);
+
+    // Sends a message to a window, which gets it after everything that was done before.
+    void sendMessage(xcb_window_t window, std::uint32_t number);
 
 private:
     void synchronize();
