@@ -92,13 +92,13 @@ bool FocusedWindowQueries::isFinderDesktopWindowActive() {
     const auto title = describedAttribute(_accessibility, attribute::Title, _application);
     if (const auto decided = isDesktopLikeWindow(title, focusedWindowRole()))
         return *decided;
-    // Windows of this one application count as desktop-like when they hold many elements. Its name is tested last.
+    // Windows of this one application count as desktop-like when they hold many elements. Only it is asked for them.
+    if (focusedAppName() != "Photoshop")
+        return false;
     constexpr std::size_t ManyChildren = 31;
     const Value value = UIElementUtilities::valueOfAttribute(_accessibility, attribute::Children, focusedWindow());
     const auto* children = valueAs<std::vector<Element>>(value);
-    if (!children || children->size() < ManyChildren)
-        return false;
-    return focusedAppName() == "Photoshop";
+    return children && children->size() >= ManyChildren;
 }
 
 bool FocusedWindowQueries::isAuxiliaryWindowActive() {
