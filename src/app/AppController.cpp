@@ -36,6 +36,7 @@ void AppController::accessibilityCreation() {
         return;
     }
     _appUIElementInfo->setAppController(this);
+    setupStatusItem();
     loadDefaults();
     updateAtInit();
     constexpr double SettlingTime = 1.0;

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarragon {
 
@@ -55,6 +56,14 @@ public:
     void popUpMenuAtMouseLocation();
     // The system's own menu, built afresh.
     std::shared_ptr<Menu> addTarragonMenuToMenu();
+
+    // The status item.
+
+    // Puts the item into the status bar, or takes it away, as the setting says; leaves it where it is as wanted.
+    void setupStatusItem();
+    void removeStatusItem();
+    // The items of the system's own menu, built afresh.
+    std::vector<StatusMenuItem> statusItemMenu();
 
     // The ignore list.
 
@@ -114,6 +123,7 @@ private:
     std::shared_ptr<AppAccessibility> _appUIElementInfo;
     ControllerPreferences _preferences;
     IgnoreList _ignoreList;
+    std::unique_ptr<StatusItem> _statusItem; // nullptr while there is none
     HotKeyReference _myHotKeyRef = 0; // 0 until the first registration, then never again
     std::int64_t _appPID = 0; // kept for reference only
 };

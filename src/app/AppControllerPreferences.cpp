@@ -101,6 +101,8 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
 
     if (is(preference::EnableHotkey) || is(preference::NewTrigger))
         installCarbonHotKeyHandler();
+    if (is(preference::ShowStatusBarIcon))
+        setupStatusItem();
     if (is(preference::FoldAlternate))
         readFoldAlternate();
     if (is(preference::ShowKeyEquivalents))

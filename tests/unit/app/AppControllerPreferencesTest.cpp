@@ -78,7 +78,7 @@ TEST_F(LoadDefaultsTest, TakesTheUsersValueOfEveryField) {
 TEST_F(LoadDefaultsTest, ReadsEverySettingInItsOrder) {
     launch();
     EXPECT_THAT(fake.defaults.readKeys(),
-        ElementsAre("EnableHotkey",
+        ElementsAre("ShowStatusBarIcon", "EnableHotkey",
             // The hot key is registered before anything else is read.
             "EnableHotkey", "TriggerModifiers", "TriggerCharacterUInt",
             // The options of the reader.
@@ -96,7 +96,7 @@ TEST_F(LoadDefaultsTest, ReadsEverySettingInItsOrder) {
 TEST_F(LoadDefaultsTest, ReadsNoneOfTheHotKeysSettingsWhenItIsOff) {
     set(preference::EnableHotkey, false);
     launch();
-    EXPECT_EQ(fake.defaults.readKeys()[1], "FoldAlternate");
+    EXPECT_EQ(fake.defaults.readKeys()[2], "FoldAlternate");
 }
 
 TEST_F(LoadDefaultsTest, GivesTheReaderItsOptions) {
