@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/OperationTarget.h"
+#include "platform/Texts.h"
 
 namespace tarragon {
 
@@ -13,9 +14,13 @@ std::shared_ptr<Menu> makeIgnoreMenu(AppController& controller, const std::strin
         item->setTarget(std::make_shared<Target>(controller, operation));
         menu->addItem(std::move(item));
     };
-    const std::string allWindows = "Ignore all " + applicationName + " windows";
-    add(allWindows, "ignoreApp", &AppController::ignoreApp);
-    add(allWindows + " with current title", "ignoreTitle", &AppController::ignoreTitle);
+    // With nobody in front there is nothing to ignore.
+    if (applicationName.empty())
+        return menu;
+    add(withArguments(translated("IgnoreMenu", "Ignore all %@ windows"), {applicationName}), "ignoreApp",
+        &AppController::ignoreApp);
+    add(withArguments(translated("IgnoreMenu", "Ignore all %@ windows with current title"), {applicationName}),
+        "ignoreTitle", &AppController::ignoreTitle);
     return menu;
 }
 

@@ -1,5 +1,7 @@
 #include "recorder/SRModifierFlags.h"
 
+#include "platform/Texts.h"
+
 namespace tarragon {
 
 std::string stringForCocoaModifierFlags(std::uint32_t cocoaFlags) {
@@ -22,13 +24,13 @@ std::string stringForCarbonModifierFlags(std::uint32_t carbonFlags) {
 std::string readableStringForCarbonModifierFlags(std::uint32_t carbonFlags, std::string_view keyName) {
     std::string text;
     if (carbonFlags & hotkey::CommandKey)
-        text += "Command + ";
+        text += translated("SRModifierFlags", "Command + ");
     if (carbonFlags & hotkey::OptionKey)
-        text += "Option + ";
+        text += translated("SRModifierFlags", "Option + ");
     if (carbonFlags & hotkey::ControlKey)
-        text += "Control + ";
+        text += translated("SRModifierFlags", "Control + ");
     if (carbonFlags & hotkey::ShiftKey)
-        text += "Shift + ";
+        text += translated("SRModifierFlags", "Shift + ");
     return text.append(keyName);
 }
 

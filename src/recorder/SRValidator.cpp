@@ -3,6 +3,7 @@
 #include "mirror/Menu.h"
 #include "mirror/MenuItem.h"
 #include "platform/HotKeys.h"
+#include "platform/Texts.h"
 #include "platform/UnicodeText.h"
 #include "recorder/SRKeyCodeTransformer.h"
 #include "recorder/SRModifierFlags.h"
@@ -33,7 +34,8 @@ SRValidator::SRValidator(
 bool SRValidator::isKeyCodeAndFlagsTaken(std::int16_t keyCode, std::uint32_t flags, SRValidationError* error) {
     std::string reason;
     if (_delegate && _delegate->shortcutValidatorIsKeyCodeAndFlagsTaken(*this, keyCode, flags, reason)) {
-        fillError(error, keyCode, flags, (reason.empty() ? "it's already used" : reason) + ".");
+        fillError(
+            error, keyCode, flags, (reason.empty() ? translated("SRValidator", "it's already used") : reason) + ".");
         return true;
     }
 
@@ -48,8 +50,10 @@ bool SRValidator::isKeyCodeAndFlagsTaken(std::int16_t keyCode, std::uint32_t fla
             return true;
         if (hotKey.keyCode == keyCode && modifiersAgree(hotKey.modifiers, flags)) {
             fillError(error, keyCode, flags,
-                "it's already used by a system-wide keyboard shortcut. (If you really want to use this key "
-                "combination, most shortcuts can be changed in the Keyboard & Mouse panel in System Preferences.)");
+                translated("SRValidator",
+                    "it's already used by a system-wide keyboard shortcut. (If you really want to use this key "
+                    "combination, most shortcuts can be changed in the Keyboard & Mouse panel in System "
+                    "Preferences.)"));
             return true;
         }
     }
@@ -67,7 +71,9 @@ bool SRValidator::isKeyCodeAndFlagsTakenInMenu(
         const bool isHit = !item->keyEquivalent().empty() && uppercaseText(item->keyEquivalent()) == name
             && modifiersAgree(cocoaToCarbonFlags(item->keyEquivalentModifierMask()), flags);
         if (isHit)
-            fillError(error, keyCode, flags, "it's already used by the menu item \"" + item->title() + "\".");
+            fillError(error, keyCode, flags,
+                withArguments(
+                    translated("SRValidator", "it's already used by the menu item \"%@\"."), {item->title()}));
         return isHit;
     });
 }
@@ -78,9 +84,11 @@ void SRValidator::fillError(
         return;
     const std::string combination =
         readableStringForCarbonModifierFlags(flags, _transformer.transformedValue(keyCode).value_or(""));
-    error->description = "The key combination " + combination + " can't be used!";
-    error->recoverySuggestion = "The key combination \"" + combination + "\" can't be used because " + reason;
-    error->recoveryOptions = {"OK"};
+    error->description =
+        withArguments(translated("SRValidator", "The key combination %@ can't be used!"), {combination});
+    error->recoverySuggestion = withArguments(
+        translated("SRValidator", "The key combination \"%@\" can't be used because %@"), {combination, reason});
+    error->recoveryOptions = {translated("SRValidator", "OK")};
 }
 
 } // namespace tarragon

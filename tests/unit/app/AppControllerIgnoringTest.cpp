@@ -115,6 +115,13 @@ TEST_F(IgnoringTest, OffersToIgnoreTheApplicationInFrontAndItsWindow) {
         EXPECT_EQ(item->keyEquivalent(), "");
 }
 
+TEST_F(IgnoringTest, OffersNothingWithNobodyInFront) {
+    launch();
+    fake.deactivate();
+    EXPECT_EQ(controller().contextMenu()->title(), "Ignore");
+    EXPECT_EQ(controller().contextMenu()->numberOfItems(), 0U);
+}
+
 TEST_F(IgnoringTest, BuildsTheMenuAnewForTheApplicationThatIsInFrontThen) {
     launch();
     const auto menu = controller().contextMenu();
