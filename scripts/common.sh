@@ -6,7 +6,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # Debian packages needed to build the program, and those that the embedded desktop and the tests need as well.
 build_packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev qt6-svg-dev libgl-dev libdbus-1-dev libplist-dev nlohmann-json3-dev libpugixml-dev
+    qt6-base-dev qt6-svg-dev libgl-dev libdbus-1-dev libplist-dev nlohmann-json3-dev
+    libpugixml-dev libappstream-dev
     libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxcb-shape0-dev libxcb-xfixes0-dev
     libxkbcommon-dev libxkbcommon-x11-dev
 )
@@ -17,7 +18,7 @@ desktop_packages=(
 test_packages=(
     libgtest-dev libgmock-dev libsystemd-dev libxcb-xtest0-dev libatspi2.0-dev libgtk-3-dev
     xfwm4 geany featherpad xterm x11-xkb-utils libplist-utils gobjc libgnustep-base-dev make
-    dex desktop-file-utils libglib2.0-bin python3
+    dex desktop-file-utils libglib2.0-bin openssl python3
 )
 benchmark_packages=(libbenchmark-dev)
 lint_packages=(clang-format clang-tidy)

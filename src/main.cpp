@@ -9,9 +9,11 @@
 #include "platform/LogCategories.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/qt/QtLogSink.h"
+#include "updates/process/UpdateProcess.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -43,7 +45,10 @@ int runAgent(DesktopSession& desktop) {
     MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput);
     const PopUpInput popUpInput(platform.menuInput);
     MessagePanels panels(TARRAGON_VERSION);
-    AppDelegate delegate(platform, menuView, panels, desktop.settingsURL());
+    UpdateProcess updates({.tool = std::filesystem::path(platform.bundlePath).replace_filename("tarragon-updates"),
+        .runningVersion = TARRAGON_VERSION,
+        .builtInFeed = TARRAGON_UPDATE_FEED});
+    AppDelegate delegate(platform, menuView, panels, updates, desktop.settingsURL());
     desktop.watchReopen([&] { delegate.applicationShouldHandleReopen(); });
     desktop.watchTermination([&] { delegate.terminate(); });
     platform.runLoop.post([&] {

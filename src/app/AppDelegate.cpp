@@ -4,16 +4,19 @@
 #include "app/RegisteredPreferences.h"
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
+#include "platform/Texts.h"
 
+#include <optional>
 #include <utility>
 
 namespace tarragon {
 
-AppDelegate::AppDelegate(
-    const Platform& platform, MenuPresenter& presenter, UserPanels& panels, std::string settingsURL)
+AppDelegate::AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels,
+    UpdateChecker& updateChecker, std::string settingsURL)
     : _platform(platform)
     , _presenter(presenter)
     , _panels(panels)
+    , _updateChecker(updateChecker)
     , _settingsURL(std::move(settingsURL)) {
     setupPreferenceDefaults(_platform.defaults);
 }
@@ -81,7 +84,8 @@ void AppDelegate::showPreferencePanel() {
     // A store that was never written has no file to open yet.
     _platform.defaults.synchronize();
     if (!_platform.workspace.openURL(_settingsURL))
-        _panels.showFailure("No program could be found to open the settings: " + _settingsURL);
+        _panels.showFailure(withArguments(
+            translated("AppDelegate", "No program could be found to open the settings: %@"), {_settingsURL}));
 }
 
 void AppDelegate::showAccessibilityAlert() {
@@ -103,7 +107,23 @@ void AppDelegate::showPreferencePanelWithHelpAsInitial() {
 }
 
 void AppDelegate::checkForUpdates() {
-    _panels.showUpdateInformation();
+    if (_updateChecker.isChecking())
+        return showUpdateOutcome(UpdateUnderWay{});
+    const std::optional<std::string> chosen = stringValue(_platform.defaults.value(preference::UpdateFeed));
+    const std::string feed = chosen.value_or(_updateChecker.builtInFeed());
+    if (feed.empty())
+        return showUpdateOutcome(UpdateFeedMissing{});
+    showUpdateOutcome(UpdateUnderWay{});
+    _updateChecker.check(feed, [this](const UpdateOutcome& outcome) { showUpdateOutcome(outcome); });
+}
+
+void AppDelegate::showUpdateOutcome(const UpdateOutcome& outcome) {
+    const auto* newer = std::get_if<NewerVersion>(&outcome);
+    _panels.showUpdateOutcome(outcome, [this, link = newer ? newer->link : std::string()] {
+        if (!_platform.workspace.openURL(link))
+            _panels.showFailure(
+                withArguments(translated("AppDelegate", "No program could be found to open the page: %@"), {link}));
+    });
 }
 
 void AppDelegate::terminate() {

@@ -2,6 +2,7 @@
 
 #include "panels/UserPanels.h"
 #include "platform/Platform.h"
+#include "updates/UpdateChecker.h"
 
 #include <cstdint>
 #include <memory>
@@ -18,7 +19,8 @@ class AppDelegate {
 public:
     // Registers the default settings first, before anything reads one. Everything passed in outlives the delegate.
     // settingsURL is where the user finds the stored settings.
-    AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels, std::string settingsURL);
+    AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels, UpdateChecker& updateChecker,
+        std::string settingsURL);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -42,6 +44,7 @@ public:
     void displayAboutPanel();
     void showPreferencePanel();
     void showPreferencePanelWithHelpAsInitial();
+    // Asks whether there is a newer version, once at a time, and shows what came of it.
     void checkForUpdates();
     // Ends the program, unless applicationShouldTerminate objects. The reader is gone when this returns.
     void terminate();
@@ -58,10 +61,12 @@ private:
     bool accessibilityIsMissing();
     void writeFirstRun(bool value);
     void showAccessibilityAlert();
+    void showUpdateOutcome(const UpdateOutcome& outcome);
 
     const Platform& _platform;
     MenuPresenter& _presenter;
     UserPanels& _panels;
+    UpdateChecker& _updateChecker;
     std::string _settingsURL;
     std::unique_ptr<AppController> _appController;
     bool _restarts = false; // a fresh copy was asked for

@@ -45,6 +45,8 @@ inline constexpr std::string_view MouseButton = "MouseButton";
 
 // The program was started before, with access to the accessibility interface.
 inline constexpr std::string_view FirstRun = "FirstRun";
+// Where releases are listed, in place of the address that the program was built with. Empty: nowhere.
+inline constexpr std::string_view UpdateFeed = "UpdateFeed";
 } // namespace preference
 
 // What an observer of a key watches: "values." followed by the key.

@@ -1,5 +1,9 @@
 #include "panels/widgets/MessagePanels.h"
 
+#include "panels/widgets/MessageTexts.h"
+#include "platform/Texts.h"
+
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -9,9 +13,12 @@ namespace tarragon {
 
 namespace {
 
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
 // The box in slot with these words, made when it is not open.
-QMessageBox* preparePanel(
-    QPointer<QMessageBox>& slot, QMessageBox::Icon icon, const QString& text, const QString& details) {
+QMessageBox* preparePanel(QPointer<QMessageBox>& slot, QMessageBox::Icon icon, const MessageText& message) {
     if (!slot) {
         slot = new QMessageBox();
         slot->setAttribute(Qt::WA_DeleteOnClose);
@@ -19,16 +26,26 @@ QMessageBox* preparePanel(
         slot->setWindowTitle("Tarragon");
     }
     slot->setIcon(icon);
-    slot->setTextFormat(Qt::PlainText);
-    slot->setText(text);
-    slot->setInformativeText(details);
+    slot->setText(text(message.text));
+    slot->setInformativeText(text(message.details));
+    // Words of others may hold markup. The box's own property does not reach the details.
+    for (QLabel* label : slot->findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
     return slot;
 }
 
 // Shows the box in slot with these words, or raises it when it is open.
-void openPanel(QPointer<QMessageBox>& slot, QMessageBox::Icon icon, const QString& text, const QString& details) {
-    preparePanel(slot, icon, text, details)->show();
+void openPanel(QPointer<QMessageBox>& slot, QMessageBox::Icon icon, const MessageText& message) {
+    preparePanel(slot, icon, message)->show();
     slot->raise();
+}
+
+void removeButtons(QMessageBox& box) {
+    const auto buttons = box.buttons();
+    for (QAbstractButton* button : buttons) {
+        box.removeButton(button);
+        delete button;
+    }
 }
 
 } // namespace
@@ -43,35 +60,44 @@ MessagePanels::~MessagePanels() {
 }
 
 void MessagePanels::showAboutPanel() {
+    const MessageText message = aboutText(_version);
     if (!_aboutPanel) {
-        _aboutPanel = new QMessageBox();
-        _aboutPanel->setAttribute(Qt::WA_DeleteOnClose);
+        preparePanel(_aboutPanel, QMessageBox::NoIcon, message);
         // Comes to the front without taking the keyboard focus from the application that is used.
         _aboutPanel->setAttribute(Qt::WA_ShowWithoutActivating);
-        _aboutPanel->setModal(false);
-        _aboutPanel->setWindowTitle("About Tarragon");
+        _aboutPanel->setWindowTitle(text(translated("MessagePanels", "About Tarragon")));
     }
-    openPanel(_aboutPanel, QMessageBox::NoIcon, QString::fromStdString("Tarragon " + _version),
-        "Shows the menu bar of the application in front where your pointer and eyes are.\n\n"
-        "Copyright 2026 The Tarragon developers. Free software under the MIT License.\n\n"
-        "Made with Qt, libdbus, XCB, libxkbcommon, libplist, pugixml and JSON for Modern C++.");
+    openPanel(_aboutPanel, QMessageBox::NoIcon, message);
 }
 
 void MessagePanels::showHelp() {
-    openPanel(_helpPanel, QMessageBox::Information, "Using Tarragon",
-        "Press the hot key (Alt+Space unless you changed it) to open the menus of the application in front at the "
-        "pointer. Choose an item with the mouse, or with the arrow keys and Return; Escape closes the menus.\n\n"
-        "If the hot key does nothing, your desktop uses the same combination for itself: choose another one in the "
-        "preferences.");
+    openPanel(_helpPanel, QMessageBox::Information, helpText());
 }
 
-void MessagePanels::showUpdateInformation() {
-    openPanel(_updatePanel, QMessageBox::Information, QString::fromStdString("This is Tarragon " + _version + "."),
-        "Newer versions come with the updates of your system.");
+void MessagePanels::showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> openLink) {
+    const bool isKnown = !std::holds_alternative<UpdateUnknown>(outcome);
+    QMessageBox* box = preparePanel(
+        _updatePanel, isKnown ? QMessageBox::Information : QMessageBox::Warning, updateText(outcome, _version));
+    // What it showed before may have had other buttons.
+    removeButtons(*box);
+    QObject::disconnect(box, &QMessageBox::finished, box, nullptr);
+    QPushButton* close = box->addButton(text(translated("MessagePanels", "Close")), QMessageBox::RejectRole);
+    const auto* newer = std::get_if<NewerVersion>(&outcome);
+    if (newer && !newer->link.empty()) {
+        const QPushButton* open =
+            box->addButton(text(translated("MessagePanels", "Open Web Page")), QMessageBox::AcceptRole);
+        QObject::connect(box, &QMessageBox::finished, box, [box, open, openLink = std::move(openLink)] {
+            if (box->clickedButton() == open)
+                openLink();
+        });
+    }
+    box->setEscapeButton(close);
+    box->show();
+    box->raise();
 }
 
 void MessagePanels::showFailure(const std::string& message) {
-    openPanel(_failurePanel, QMessageBox::Warning, "Something went wrong.", QString::fromStdString(message));
+    openPanel(_failurePanel, QMessageBox::Warning, {translated("MessagePanels", "Something went wrong."), message});
 }
 
 void MessagePanels::showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) {
@@ -79,12 +105,11 @@ void MessagePanels::showAccessibilityAlert(std::function<void(AccessibilityAlert
         _accessibilityAlert->raise();
         return;
     }
-    QMessageBox* alert = preparePanel(_accessibilityAlert, QMessageBox::Warning,
-        "Tarragon requires that Apple's Accessibility API be enabled.",
-        "Would you like to launch System Preferences so that you can turn on \"Enable access for assistive devices\"? "
-        "(Please relaunch Tarragon after turning on this setting)");
-    const QPushButton* open = alert->addButton("Open System Preferences", QMessageBox::AcceptRole);
-    const QPushButton* quit = alert->addButton("Quit Tarragon", QMessageBox::DestructiveRole);
+    QMessageBox* alert = preparePanel(_accessibilityAlert, QMessageBox::Warning, accessibilityAlertText());
+    const QPushButton* open =
+        alert->addButton(text(translated("MessagePanels", "Open System Preferences")), QMessageBox::AcceptRole);
+    const QPushButton* quit =
+        alert->addButton(text(translated("MessagePanels", "Quit Tarragon")), QMessageBox::DestructiveRole);
     QObject::connect(alert, &QMessageBox::finished, alert, [alert, open, quit, handler = std::move(handler)] {
         const QAbstractButton* clicked = alert->clickedButton();
         handler(clicked == open   ? AccessibilityAlertAnswer::OpenSystemPreferences

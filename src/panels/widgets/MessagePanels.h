@@ -22,7 +22,7 @@ public:
 
     void showAboutPanel() override;
     void showHelp() override;
-    void showUpdateInformation() override;
+    void showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> openLink) override;
     void showFailure(const std::string& message) override;
     void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override;
 

@@ -235,14 +235,7 @@ TEST_F(AppDelegateTest, KnowsHowMuchMemoryTheProgramOccupies) {
     EXPECT_EQ(delegate.memoryUsed(), 180'000'001U);
 }
 
-class RestartTest : public AppTest {
-protected:
-    // The delegate of a program on another desktop than the fixture's.
-    static void restart(FakePlatform& desktop, const Platform& platform, RecordingPanels& panels) {
-        AppDelegate other(platform, desktop.menuPresenter, panels, "");
-        other.restartAppUsingSUUpdater();
-    }
-};
+class RestartTest : public AppTest { };
 
 TEST_F(RestartTest, StartsTheProgramAnewOnceItHasEnded) {
     launch();
@@ -271,14 +264,83 @@ TEST_F(RestartTest, EndsOnADesktopThatTellsNothingOfProcesses) {
     FakePlatform desktop;
     Platform without = desktop.platform();
     without.process = nullptr;
-    restart(desktop, without, panels);
+    AppDelegate other(without, desktop.menuPresenter, panels, updateChecker, "");
+    EXPECT_EQ(other.memoryUsed(), 0U);
+    other.restartAppUsingSUUpdater();
     EXPECT_EQ(desktop.runLoop.exitStatus(), 0);
-    EXPECT_EQ(AppDelegate(without, desktop.menuPresenter, panels, "").memoryUsed(), 0U);
 }
 
 TEST_F(AppDelegateTest, EndsBeforeItEverStarted) {
     delegate.terminate();
     EXPECT_EQ(fake.runLoop.exitStatus(), 0);
+}
+
+class CheckForUpdatesTest : public AppTest {
+protected:
+    static constexpr const char* Feed = "https://example.org/releases.xml";
+};
+
+TEST_F(CheckForUpdatesTest, SaysSoWhenNoAddressIsKnown) {
+    delegate.checkForUpdates();
+    EXPECT_THAT(panels.updateOutcomes, ElementsAre(UpdateFeedMissing{}));
+    EXPECT_THAT(updateChecker.addresses(), IsEmpty());
+}
+
+TEST_F(CheckForUpdatesTest, AsksWhereTheProgramWasBuiltToAsk) {
+    updateChecker.setBuiltInFeed(Feed);
+    delegate.checkForUpdates();
+    EXPECT_THAT(updateChecker.addresses(), ElementsAre(Feed));
+    EXPECT_THAT(panels.updateOutcomes, ElementsAre(UpdateUnderWay{}));
+    updateChecker.answer(UpToDate{});
+    EXPECT_THAT(panels.updateOutcomes, ElementsAre(UpdateUnderWay{}, UpToDate{}));
+}
+
+TEST_F(CheckForUpdatesTest, AsksWhereTheUserWantsItTo) {
+    updateChecker.setBuiltInFeed("https://example.org/built-in.xml");
+    set(preference::UpdateFeed, std::string(Feed));
+    delegate.checkForUpdates();
+    EXPECT_THAT(updateChecker.addresses(), ElementsAre(Feed));
+}
+
+TEST_F(CheckForUpdatesTest, AsksNowhereWhenTheUserWantsThat) {
+    updateChecker.setBuiltInFeed(Feed);
+    set(preference::UpdateFeed, std::string());
+    delegate.checkForUpdates();
+    EXPECT_THAT(panels.updateOutcomes, ElementsAre(UpdateFeedMissing{}));
+    EXPECT_THAT(updateChecker.addresses(), IsEmpty());
+}
+
+TEST_F(CheckForUpdatesTest, TakesOnlyATextForAnAddress) {
+    updateChecker.setBuiltInFeed(Feed);
+    set(preference::UpdateFeed, std::int64_t{1});
+    delegate.checkForUpdates();
+    EXPECT_THAT(updateChecker.addresses(), ElementsAre(Feed));
+}
+
+TEST_F(CheckForUpdatesTest, AsksOnceAtATime) {
+    updateChecker.setBuiltInFeed(Feed);
+    delegate.checkForUpdates();
+    delegate.checkForUpdates();
+    EXPECT_EQ(updateChecker.addresses().size(), 1U);
+    EXPECT_THAT(panels.updateOutcomes, ElementsAre(UpdateUnderWay{}, UpdateUnderWay{}));
+    updateChecker.answer(UpToDate{});
+    delegate.checkForUpdates();
+    EXPECT_EQ(updateChecker.addresses().size(), 2U);
+}
+
+TEST_F(CheckForUpdatesTest, OpensThePageOfANewerVersion) {
+    updateChecker.setBuiltInFeed(Feed);
+    delegate.checkForUpdates();
+    updateChecker.answer(NewerVersion{"2.0", "", "https://example.org/2.0"});
+    panels.openLink();
+    EXPECT_THAT(fake.workspace.openedURLs(), ElementsAre("https://example.org/2.0"));
+    fake.workspace.setOpensURLs(false);
+    panels.openLink();
+    EXPECT_EQ(panels.shown.back(), "failure: No program could be found to open the page: https://example.org/2.0");
+}
+
+TEST_F(AppDelegateTest, HasNoRegisteredAddressOfAReleaseList) {
+    EXPECT_EQ(fake.defaults.value(preference::UpdateFeed), std::nullopt);
 }
 
 struct OwnMenuRow {

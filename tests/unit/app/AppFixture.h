@@ -5,6 +5,7 @@
 #include "app/RegisteredPreferences.h"
 #include "fake/FakeLoginItemList.h"
 #include "fake/FakePlatform.h"
+#include "fake/FakeUpdateChecker.h"
 #include "panels/UserPanels.h"
 #include "platform/PreferenceKeys.h"
 
@@ -19,7 +20,11 @@ class RecordingPanels : public UserPanels {
 public:
     void showAboutPanel() override { shown.emplace_back("about"); }
     void showHelp() override { shown.emplace_back("help"); }
-    void showUpdateInformation() override { shown.emplace_back("updates"); }
+    void showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> open) override {
+        shown.emplace_back("updates");
+        updateOutcomes.push_back(outcome);
+        openLink = std::move(open);
+    }
     void showFailure(const std::string& message) override { shown.push_back("failure: " + message); }
     void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override {
         shown.emplace_back("alert");
@@ -31,6 +36,8 @@ public:
     std::vector<std::string> shown;
     std::function<void(AccessibilityAlertAnswer)> answerAlert;
     std::function<void()> whenAlertIsShown;
+    std::vector<UpdateOutcome> updateOutcomes;
+    std::function<void()> openLink; // of the outcome that was shown last
 };
 
 // A desktop with Mail in front, and the agent not started yet.
@@ -39,7 +46,7 @@ protected:
     AppTest()
         : platform(fake.platform())
         , mail(fake.addApplication("Mail"))
-        , delegate(platform, fake.menuPresenter, panels, "file:///settings.plist") {
+        , delegate(platform, fake.menuPresenter, panels, updateChecker, "file:///settings.plist") {
         mail.menu("File").item("New").item("Close");
         mail.menu("Edit").item("Copy").item("Paste");
         fake.activate(mail);
@@ -70,6 +77,7 @@ protected:
 
     FakePlatform fake;
     RecordingPanels panels;
+    FakeUpdateChecker updateChecker;
     FakeLoginItemList loginItems;
     Platform platform;
     FakeApplication mail;
