@@ -9,6 +9,7 @@
 #include "platform/LogCategories.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/qt/QtLogSink.h"
+#include "platform/qt/QtTexts.h"
 #include "updates/process/UpdateProcess.h"
 
 #include <algorithm>
@@ -44,6 +45,7 @@ int runAgent(DesktopSession& desktop) {
     const Platform& platform = desktop.platform();
     MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput);
     const PopUpInput popUpInput(platform.menuInput);
+    const QtTexts texts(":/translations/tarragon_linux.qm");
     MessagePanels panels(TARRAGON_VERSION);
     UpdateProcess updates({.tool = std::filesystem::path(platform.bundlePath).replace_filename("tarragon-updates"),
         .runningVersion = TARRAGON_VERSION,

@@ -1,0 +1,226 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>AppDelegate</name>
+    <message>
+        <source>No program could be found to open the settings: %@</source>
+        <translation>No program could be found to open the settings: %@</translation>
+    </message>
+    <message>
+        <source>No program could be found to open the page: %@</source>
+        <translation>No program could be found to open the page: %@</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoreMenu</name>
+    <message>
+        <source>Ignore all %@ windows</source>
+        <translation>Ignore all %@ windows</translation>
+    </message>
+    <message>
+        <source>Ignore all %@ windows with current title</source>
+        <translation>Ignore all %@ windows with current title</translation>
+    </message>
+</context>
+<context>
+    <name>MessagePanels</name>
+    <message>
+        <source>About Tarragon</source>
+        <translation>About Tarragon</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Open Web Page</source>
+        <translation>Open Web Page</translation>
+    </message>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Something went wrong.</translation>
+    </message>
+    <message>
+        <source>Open System Preferences</source>
+        <translation>Switch On and Quit</translation>
+    </message>
+    <message>
+        <source>Quit Tarragon</source>
+        <translation>Quit Tarragon</translation>
+    </message>
+    <message>
+        <source>The address of the release list is no https, http or file address: %@</source>
+        <translation>The address of the release list is no https, http or file address: %@</translation>
+    </message>
+    <message>
+        <source>The release list cannot be reached: %@</source>
+        <translation>The release list cannot be reached: %@</translation>
+    </message>
+    <message>
+        <source>The address of the release list leads on to one that is less safe.</source>
+        <translation>The address of the release list leads on to one that is less safe.</translation>
+    </message>
+    <message>
+        <source>The server of the release list answered: %@</source>
+        <translation>The server of the release list answered: %@</translation>
+    </message>
+    <message>
+        <source>The release list did not arrive in time.</source>
+        <translation>The release list did not arrive in time.</translation>
+    </message>
+    <message>
+        <source>What arrived is too large for a release list.</source>
+        <translation>What arrived is too large for a release list.</translation>
+    </message>
+    <message>
+        <source>What arrived is no release list.</source>
+        <translation>What arrived is no release list.</translation>
+    </message>
+    <message>
+        <source>The release list names no release.</source>
+        <translation>The release list names no release.</translation>
+    </message>
+    <message>
+        <source>The program that asks for updates did not do its work.</source>
+        <translation>The program that asks for updates did not do its work.</translation>
+    </message>
+    <message>
+        <source>No address is configured where new versions are listed.</source>
+        <translation>No address is configured where new versions are listed.</translation>
+    </message>
+    <message>
+        <source>This is Tarragon %@. Newer versions come with the updates of your system, or set &quot;UpdateFeed&quot; in the preferences to the address of a release list.</source>
+        <translation>This is Tarragon %@. Newer versions come with the updates of your system, or set &quot;UpdateFeed&quot; in the preferences to the address of a release list.</translation>
+    </message>
+    <message>
+        <source>Looking for a newer version...</source>
+        <translation>Looking for a newer version...</translation>
+    </message>
+    <message>
+        <source>This is Tarragon %@.</source>
+        <translation>This is Tarragon %@.</translation>
+    </message>
+    <message>
+        <source>Tarragon is up to date.</source>
+        <translation>Tarragon is up to date.</translation>
+    </message>
+    <message>
+        <source>No version is newer than %@, which is yours.</source>
+        <translation>No version is newer than %@, which is yours.</translation>
+    </message>
+    <message>
+        <source>Tarragon %@ is available.</source>
+        <translation>Tarragon %@ is available.</translation>
+    </message>
+    <message>
+        <source>You have version %@.</source>
+        <translation>You have version %@.</translation>
+    </message>
+    <message>
+        <source>It could not be told whether there is a newer version.</source>
+        <translation>It could not be told whether there is a newer version.</translation>
+    </message>
+    <message>
+        <source>Shows the menu bar of the application in front where your pointer and eyes are.</source>
+        <translation>Shows the menu bar of the application in front where your pointer and eyes are.</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Tarragon developers. Free software under the MIT License.</source>
+        <translation>Copyright 2026 The Tarragon developers. Free software under the MIT License.</translation>
+    </message>
+    <message>
+        <source>Made with Qt, libdbus, XCB, libxkbcommon, libplist, pugixml, libappstream and JSON for Modern C++.</source>
+        <translation>Made with Qt, libdbus, XCB, libxkbcommon, libplist, pugixml, libappstream and JSON for Modern C++.</translation>
+    </message>
+    <message>
+        <source>Using Tarragon</source>
+        <translation>Using Tarragon</translation>
+    </message>
+    <message>
+        <source>Press the hot key (Alt+Space unless you changed it) to open the menus of the application in front at the pointer. Choose an item with the mouse, or with the arrow keys and Return; Escape closes the menus.</source>
+        <translation>Press the hot key (Alt+Space unless you changed it) to open the menus of the application in front at the pointer. Choose an item with the mouse, or with the arrow keys and Return; Escape closes the menus.</translation>
+    </message>
+    <message>
+        <source>If the hot key does nothing, your desktop uses the same combination for itself: choose another one in the preferences.</source>
+        <translation>If the hot key does nothing, your desktop uses the same combination for itself: choose another one in the preferences.</translation>
+    </message>
+    <message>
+        <source>Tarragon requires that Apple&apos;s Accessibility API be enabled.</source>
+        <translation>Tarragon needs the accessibility services of your desktop.</translation>
+    </message>
+    <message>
+        <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
+        <translation>Would you like to switch them on? Tarragon then ends; please start it again, and applications whose menus it does not show as well. (On GNOME, Xfce and most other desktops these services come with the package at-spi2-core. Without it nothing happens.)</translation>
+    </message>
+</context>
+<context>
+    <name>SRModifierFlags</name>
+    <message>
+        <source>Command + </source>
+        <translation>Ctrl + </translation>
+    </message>
+    <message>
+        <source>Option + </source>
+        <translation>Alt + </translation>
+    </message>
+    <message>
+        <source>Control + </source>
+        <translation>Super + </translation>
+    </message>
+    <message>
+        <source>Shift + </source>
+        <translation>Shift + </translation>
+    </message>
+</context>
+<context>
+    <name>SRValidator</name>
+    <message>
+        <source>it&apos;s already used</source>
+        <translation>it&apos;s already used</translation>
+    </message>
+    <message>
+        <source>it&apos;s already used by a system-wide keyboard shortcut. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
+        <translation>it&apos;s already used by a system-wide keyboard shortcut. (If you really want to use this key combination, most shortcuts can be changed in the keyboard settings of your desktop.)</translation>
+    </message>
+    <message>
+        <source>it&apos;s already used by the menu item &quot;%@&quot;.</source>
+        <translation>it&apos;s already used by the menu item &quot;%@&quot;.</translation>
+    </message>
+    <message>
+        <source>The key combination %@ can&apos;t be used!</source>
+        <translation>The key combination %@ can&apos;t be used!</translation>
+    </message>
+    <message>
+        <source>The key combination &quot;%@&quot; can&apos;t be used because %@</source>
+        <translation>The key combination &quot;%@&quot; can&apos;t be used because %@</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TarragonMenu</name>
+    <message>
+        <source>About Tarragon...</source>
+        <translation>About Tarragon...</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Preferences...</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Check for Updates</translation>
+    </message>
+    <message>
+        <source>Help...</source>
+        <translation>Help...</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quit</translation>
+    </message>
+</context>
+</TS>
