@@ -7,7 +7,9 @@
 #include "menus/MenuView.h"
 #include "menus/PopUpInput.h"
 #include "panels/widgets/MessagePanels.h"
+#include "panels/widgets/QtPanelToolkit.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "updates/UpdateChecker.h"
 
 #include <functional>
 #include <iostream>
@@ -50,6 +52,14 @@ void tellOfSwitch(const Notification& notification, const AppDelegate& delegate)
               << std::endl;
 }
 
+// Nothing that the soak does asks for a newer version.
+class NoUpdates : public UpdateChecker {
+public:
+    std::string builtInFeed() const override { return {}; }
+    bool isChecking() const override { return false; }
+    void check(const std::string&, Handler) override { }
+};
+
 } // namespace
 
 int main(int, char** arguments) {
@@ -68,12 +78,19 @@ int main(int, char** arguments) {
         .defaults = usual.defaults,
         .runLoop = runLoop,
         .notificationCenter = usual.notificationCenter,
-        .menuInput = usual.menuInput};
+        .menuInput = usual.menuInput,
+        .inputEvents = usual.inputEvents,
+        .process = usual.process,
+        .windowList = usual.windowList,
+        .panelSurfaces = usual.panelSurfaces,
+        .statusItems = usual.statusItems};
 
     MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput);
     const PopUpInput popUpInput(platform.menuInput);
     MessagePanels panels("soak");
-    AppDelegate delegate(platform, menuView, panels, {});
+    QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);
+    NoUpdates updates;
+    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, {});
     desktop.watchTermination([&] { delegate.terminate(); });
     runLoop.post([&] {
         delegate.applicationWillFinishLaunching();

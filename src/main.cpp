@@ -6,6 +6,7 @@
 #include "menus/MenuView.h"
 #include "menus/PopUpInput.h"
 #include "panels/widgets/MessagePanels.h"
+#include "panels/widgets/QtPanelToolkit.h"
 #include "platform/LogCategories.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/qt/QtLogSink.h"
@@ -50,7 +51,8 @@ int runAgent(DesktopSession& desktop) {
     UpdateProcess updates({.tool = std::filesystem::path(platform.bundlePath).replace_filename("tarragon-updates"),
         .runningVersion = TARRAGON_VERSION,
         .builtInFeed = TARRAGON_UPDATE_FEED});
-    AppDelegate delegate(platform, menuView, panels, updates, desktop.settingsURL());
+    QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);
+    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, desktop.settingsURL());
     desktop.watchReopen([&] { delegate.applicationShouldHandleReopen(); });
     desktop.watchTermination([&] { delegate.terminate(); });
     platform.runLoop.post([&] {

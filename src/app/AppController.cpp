@@ -4,17 +4,30 @@
 
 #include "app/AppDelegate.h"
 #include "mirror/MenuPresenter.h"
+#include "panels/TarragonPanel.h"
+#include "panels/TarragonPanelController.h"
 #include "platform/Log.h"
 
 #include <utility>
+#include <vector>
 
 namespace tarragon {
 
-AppController::AppController(Platform platform, MenuPresenter& presenter, AppDelegate& appDelegate)
+namespace {
+
+// No window is ever there, so that the first comparison sees a change.
+constexpr Point ImpossiblePosition{7434, 8333};
+
+} // namespace
+
+AppController::AppController(Platform platform, const UserInterface& userInterface, AppDelegate& appDelegate)
     : _platform(std::move(platform))
-    , _presenter(presenter)
+    , _presenter(userInterface.menuPresenter)
+    , _panelServices{userInterface.panelToolkit, userInterface.menuPresenter, _platform.displays, _platform.runLoop}
     , _appDelegate(appDelegate)
-    , _ignoreList(_platform.defaults, _platform.workspace, *this, nullptr) { }
+    , _ignoreList(_platform.defaults, _platform.workspace, *this, this) { }
+
+AppController::~AppController() = default;
 
 void AppController::init() {
     _appChangeNotifier = std::make_unique<ZDAppChangeNotifier>(_platform.workspace, _platform.notificationCenter);
@@ -36,11 +49,25 @@ void AppController::accessibilityCreation() {
         return;
     }
     _appUIElementInfo->setAppController(this);
+    setupWindowTracking();
+    mouseUpMonitor();
+    _lastDragPoint = {};
+    _firstDrag = true;
     setupStatusItem();
     loadDefaults();
     updateAtInit();
     constexpr double SettlingTime = 1.0;
     pauseForMenuBar(SettlingTime);
+    setupPanel();
+    _lastPoint = ImpossiblePosition;
+    callsToStartDrag = 0;
+    callsToEndDrag = 0;
+    _alreadyFadedOut = false;
+    const std::vector<Screen> screens = _platform.displays.screens();
+    _tempCGRect = ScreenRectMemory(
+        screens.empty() ? Rect() : _appUIElementInfo->convertNSToCGRectCoords(screens.front().frameNS));
+    startTimer();
+    checkTimer();
 }
 
 void AppController::updateAtInit() {
@@ -50,6 +77,7 @@ void AppController::updateAtInit() {
 
 void AppController::clearAll() {
     _presenter.closeMenus();
+    dropPanel();
     _appUIElementInfo = nullptr;
 }
 

@@ -1,10 +1,18 @@
 #pragma once
 
 #include "app/ControllerPreferences.h"
+#include "app/UserInterface.h"
 #include "ignore/IgnoreList.h"
 #include "mirror/AppAccessibility.h"
 #include "mirror/MenuReaderOwner.h"
+#include "panels/PanelServices.h"
+#include "panels/TarragonHackButton.h"
+#include "panels/TarragonPanelOwner.h"
+#include "panels/rules/PanelPlacement.h"
+#include "panels/rules/PanelVisibility.h"
 #include "platform/Platform.h"
+#include "triggers/JTWindowInfo.h"
+#include "triggers/JTWindowInfoDelegate.h"
 #include "triggers/ZDAppChangeNotifier.h"
 
 #include <cstdint>
@@ -16,15 +24,21 @@
 namespace tarragon {
 
 class AppDelegate;
-class MenuPresenter;
+class TarragonPanel;
+class TarragonPanelController;
 
-// The central controller: owns the menu reader, follows the front application and the settings, and puts the mirrored
-// menu on the screen. Implemented in one file per area. Main thread only; lives as long as the process, for its
-// observers are never removed.
-class AppController : public MenuReaderOwner, private WindowInFront {
+// The central controller: owns the menu reader and the panel, follows the front application, its window and the
+// settings, and puts the mirrored menu on the screen. Implemented in one file per area. Main thread only; lives as long
+// as the process, for its observers are never removed.
+class AppController : public MenuReaderOwner,
+                      private WindowInFront,
+                      private IgnoredPanel,
+                      private TarragonPanelOwner,
+                      private JTWindowInfoDelegate {
 public:
-    // The services, the presenter and the delegate outlive the controller.
-    AppController(Platform platform, MenuPresenter& presenter, AppDelegate& appDelegate);
+    // The services, the user interface and the delegate outlive the controller.
+    AppController(Platform platform, const UserInterface& userInterface, AppDelegate& appDelegate);
+    ~AppController() override;
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
 
@@ -36,26 +50,85 @@ public:
     // Builds the reader and what depends on it. Without a reader (no access, or no application in front) nothing is
     // built, until a later call succeeds. Blocks for a second, so that the front application's menu bar has settled.
     void accessibilityCreation();
-    // Closes open menus and drops the reader.
+    // Closes open menus and drops the panel and the reader.
     void clearAll();
 
     // The update cycle.
 
     // Observes application switches and the settings. Once, after the notifier was made.
     void setupNotificationsToReceive();
-    // Another application came to the front: rebuilds the mirror, with pauses for applications that publish their menu
-    // bar late. When none is in front any more, the mirror is that of no application: the own menu at most.
+    // Another application came to the front: rebuilds the mirror and the panel, with pauses for applications that
+    // publish their menu bar late. When none is in front any more, the mirror is that of no application: the own menu
+    // at most.
     void handleAppChange(const Notification& notification);
+    // The window of an application that publishes its menus anew has moved: rebuilds likewise.
+    void fireFoxSpecial();
     // True when the reader's menu holds an item.
     bool menuPopulated() const;
+    // True while a title of the panel has its menu open.
+    bool checkIfMenuIsShowing() const;
+    // The tick of the update cycle, until stopTimer.
+    void startTimer();
+    void stopTimer();
+    // The watchdog, which is never stopped.
+    void checkTimer();
+    void turnTimerOnIfNotRunning();
+    void performTimerBasedUpdateOnce();
+    // One update after the drag of a window has ended.
+    void performUpdate();
+    // Fades the panel out where the window in front has come too close to the top of its screen; true when it did.
+    bool closeCheck();
+    // Notices windows that the user has moved.
+    void mouseUpMonitor();
+    // A workaround for one application, which empties its menus while it works. Nothing sets it up.
+    void setupPhotoshopTimer();
+    void photoshopcs5special();
 
     // Putting menus on the screen.
 
     // Opens the mirrored menu at the pointer, with the system's own menu at its end unless that is switched off. Where
     // the front application has no menus, and where no application is in front, the own menu is all there is.
     void popUpMenuAtMouseLocation();
+    // The same below the panel; at the bottom-left corner of the primary screen when there is no panel.
+    void popUpMenu() override;
+    // The menu that offers to ignore the window in front, at the same place.
+    void popUpIgnoreMenu() override;
     // The system's own menu, built afresh.
     std::shared_ptr<Menu> addTarragonMenuToMenu();
+    // The file URL of the program; empty when its path is unknown.
+    std::string appURL() const;
+
+    // The floating panel.
+
+    // Creates the panel unless there is one, and fits it out; nothing without "EnableButton".
+    void setupTarragonPanel();
+    void setupHorizontalTarragonPanel();
+    // Creates, fills and places the panel of the kind that is set.
+    void setupPanel();
+    // Drops the panel and makes another one. A horizontal one gets the single button at first.
+    void refreshPanel();
+    void addButtonsToTarragonPanel();
+    void addButtonsToHorizontalTarragonPanel();
+    void changeToButtonTGMenuFont();
+    void applyStyle(std::int64_t style, PanelButton& button);
+    void applyStyleToAllButtonsInPanel(std::int64_t style);
+    // Moves every button 5 points to the right, each time.
+    void setSpacingBetweenButtons(double spacing);
+    // windowPositionCG is the top-left corner of the window in front.
+    void updateTarragonWindowPositionWithPoint(const Point& windowPositionCG);
+    void resetLevels() override;
+    void addGradient();
+    // To the front without becoming active, and off the screen.
+    void showTarragonPanel();
+    void hideTarragonPanel() override;
+    Point originOfCurrentWindow();
+    Point originOfScreenWithMousePointer();
+    // Compares a y of Cocoa space with one of screen space, on purpose.
+    bool isWindowFlushWithScreenEdge();
+    Rect convertCGtoNSRectCoords(const Rect& rectCG);
+    Rect convertNSToCGRectCoords(const Rect& rectNS);
+    // nullptr while there is none.
+    TarragonPanel* tarragonPanel() const { return _tarragonPanel.get(); }
 
     // The status item.
 
@@ -79,7 +152,7 @@ public:
     // Every window of the application with the title of the window in front.
     void ignoreTitle();
     // The menu that offers them for the application in front, built afresh.
-    std::shared_ptr<Menu> contextMenu();
+    std::shared_ptr<Menu> contextMenu() override;
 
     // The hot key: registers it anew from the settings, or unregisters it.
     void installCarbonHotKeyHandler();
@@ -96,9 +169,17 @@ public:
     AppAccessibility* reader() const { return _appUIElementInfo.get(); }
 
 private:
-    // What the ignore list asks.
+    // What the ignore list asks, and what it does to the panel.
     std::optional<std::string> focusedWindowTitle() override;
     bool isFocusedWindowFullScreen() override;
+    void orderOut() override;
+    // A mirrored menu has closed.
+    void menuHasClosed() override;
+    // The user drags a window, and has released the button.
+    void windowInfoWindowDraggedToScreenEdgeDidStart(JTWindowInfo& windowInfo, std::int64_t screenEdge) override;
+    void windowInfoWindowDraggedToScreenEdgeDidEnd(JTWindowInfo& windowInfo, std::int64_t screenEdge) override;
+    void setupWindowTracking();
+    bool fadeOutForDrag();
 
     // These need the reader.
     void updateAtInit();
@@ -107,6 +188,31 @@ private:
     // Shows the menu of the application itself in bold.
     void boldenAppTitleMenu();
     void setMenuFont();
+    // Once more after a pause, and twice more for applications that publish their menu bar in pieces.
+    void readAgainIfEmpty(double pause, const std::vector<std::string>& applicationsReadTwiceMore);
+
+    // The panel.
+    void dropPanel();
+    void rebuildPanel();
+    void applyChangeToPanel();
+    void buildAndPlacePanel();
+    void fadeOutOnce();
+    bool isOtherThanWindowInFront();
+    bool windowIsOnFirstScreen();
+    Rect screenRectOfWindowCG();
+    double primaryScreenHeight();
+    Point panelMenuLocationNS() const;
+    TarragonHackButton::Surroundings titleSurroundings();
+    std::shared_ptr<TarragonHackButton> makeTitle(const MenuItem& item, double x);
+    void dressTitle(TarragonHackButton& title);
+    MenuFont menuBarFont() const;
+    MenuFont titleFont(const std::string& title);
+    void placeOnTitleBar(const Point& windowPositionCG);
+    void placeAboveWindow(const Point& windowPositionCG);
+    void rebuildForBrowserThatMoved(const std::vector<std::string>& appNames);
+    // False when the panel was faded out, or is being dragged, so that nothing more is to be done.
+    bool updateHorizontalPanel(PanelTickOutcome (*decide)(const PanelTick&));
+
     bool readBool(std::string_view key);
     std::int8_t readFontSize(std::string_view key);
     void readFoldAlternate();
@@ -118,6 +224,7 @@ private:
 
     Platform _platform;
     MenuPresenter& _presenter;
+    PanelServices _panelServices;
     AppDelegate& _appDelegate;
     std::unique_ptr<ZDAppChangeNotifier> _appChangeNotifier;
     std::shared_ptr<AppAccessibility> _appUIElementInfo;
@@ -126,6 +233,30 @@ private:
     std::unique_ptr<StatusItem> _statusItem; // nullptr while there is none
     HotKeyReference _myHotKeyRef = 0; // 0 until the first registration, then never again
     std::int64_t _appPID = 0; // kept for reference only
+
+    // The panel outlives its controller.
+    std::unique_ptr<TarragonPanel> _tarragonPanel;
+    std::unique_ptr<TarragonPanelController> _tarragonPanelController;
+    std::shared_ptr<Menu> _horizontalBunch; // the titles that did not fit
+    std::shared_ptr<TarragonHackButton> _bunchButton;
+    std::int32_t _currentWidth = 0; // of the window in front, in whole points
+    std::int32_t _lastWidth = 0; // for which the panel was last laid out
+    bool _alreadyFadedOut = false;
+    bool _tempAboveTrafficLights = false; // the window was too narrow for "TarragonAlwaysRight"
+    ScreenRectMemory _tempCGRect;
+    Point _currentPoint; // of the window in front, Cocoa space
+    Point _lastPoint;
+    Point _lastPanelPoint;
+    bool _firstDrag = true;
+    Point _lastDragPoint;
+    std::int32_t callsToStartDrag = 0;
+    std::int32_t callsToEndDrag = 0;
+    std::unique_ptr<JTWindowInfo> _windowInfo;
+
+    EventMonitor _mouseUpMonitor = 0;
+    std::unique_ptr<Timer> _mainTimer;
+    std::unique_ptr<Timer> _checkTimer;
+    std::unique_ptr<Timer> _photoshopTimer;
 };
 
 } // namespace tarragon

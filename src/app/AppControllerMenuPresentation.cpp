@@ -3,6 +3,7 @@
 #include "app/AppController.h"
 #include "app/TarragonMenu.h"
 #include "mirror/MenuPresenter.h"
+#include "panels/TarragonPanel.h"
 #include "platform/Log.h"
 
 #include <string>
@@ -32,6 +33,27 @@ void AppController::popUpMenuAtMouseLocation() {
             ? "pop-up: " + std::to_string(_appUIElementInfo->menu()->numberOfItems()) + " items for " + name
             : "pop-up: nothing to show for " + name + ", and the own menu is switched off";
     });
+}
+
+Point AppController::panelMenuLocationNS() const {
+    constexpr double Distance = 6;
+    const Point origin = _tarragonPanel ? _tarragonPanel->frame().origin : Point();
+    return {origin.x, origin.y - Distance};
+}
+
+void AppController::popUpMenu() {
+    if (!_appUIElementInfo)
+        return;
+    boldenAppTitleMenu();
+    _presenter.popUpMenu(_appUIElementInfo->menu(), panelMenuLocationNS());
+}
+
+void AppController::popUpIgnoreMenu() {
+    _presenter.popUpMenu(contextMenu(), panelMenuLocationNS());
+}
+
+std::string AppController::appURL() const {
+    return _platform.bundlePath.empty() ? std::string() : "file://" + _platform.bundlePath;
 }
 
 std::shared_ptr<Menu> AppController::addTarragonMenuToMenu() {

@@ -6,6 +6,8 @@
 #include "platform/PreferenceKeys.h"
 #include "prefs/StartAtLogin.h"
 
+#include <algorithm>
+
 namespace tarragon {
 
 bool AppController::readBool(std::string_view key) {
@@ -92,10 +94,11 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
         {preference::HideOnPrimaryTopEdge, &ControllerPreferences::_hideOnPrimaryTopEdge},
         {preference::ShowOnPrimaryScreen, &ControllerPreferences::_showOnPrimaryScreen},
         {preference::EnableButton, &ControllerPreferences::_enableButton},
-        {preference::Horizontal, &ControllerPreferences::_horizontal},
         {preference::EnableScreenTop, &ControllerPreferences::_screenTopEnabled},
-        {preference::EnableMouseButton, &ControllerPreferences::_mouseButtonEnabled},
     };
+    // The panel looks these up by itself, or not at all.
+    static constexpr std::string_view looks[] = {preference::ButtonHasBorder, preference::ButtonHasShadow,
+        preference::ButtonRound, preference::ButtonHasTexture, preference::ButtonLabel};
     log(LogCategory::Settings, [&] { return keyPath + " has changed"; });
     const auto is = [&](std::string_view key) { return keyPath == keyPathOfPreference(key); };
 
@@ -103,30 +106,63 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
         installCarbonHotKeyHandler();
     if (is(preference::ShowStatusBarIcon))
         setupStatusItem();
-    if (is(preference::FoldAlternate))
+    if (is(preference::FoldAlternate)) {
         readFoldAlternate();
-    if (is(preference::ShowKeyEquivalents))
+        applyChangeToPanel();
+    }
+    if (is(preference::ShowKeyEquivalents)) {
         readShowKeyEquivalents();
+        applyChangeToPanel();
+    }
     if (is(preference::ShowAppleMenu)) {
         readShowAppleMenu();
         // The only reader option that shows at once; the others do with the next update.
         if (_appUIElementInfo)
             _appUIElementInfo->update();
+        applyChangeToPanel();
     }
-    if (is(preference::ShowTarragonMenu))
+    if (is(preference::ShowTarragonMenu)) {
         readShowTarragonMenu();
-    for (const BoolRow& row : boolRows) {
-        if (is(row.key))
-            _preferences.*row.field = readBool(row.key);
+        applyChangeToPanel();
     }
-    if (is(preference::FontSizeSmall))
+    for (const BoolRow& row : boolRows) {
+        if (is(row.key)) {
+            _preferences.*row.field = readBool(row.key);
+            applyChangeToPanel();
+        }
+    }
+    if (is(preference::Horizontal)) {
+        _preferences._horizontal = readBool(preference::Horizontal);
+        dropPanel();
+        applyChangeToPanel();
+    }
+    if (is(preference::FontSizeSmall)) {
         _preferences._fontSizeSmall = readFontSize(preference::FontSizeSmall);
-    if (is(preference::TitleFontSizeSmall))
+        applyChangeToPanel();
+    }
+    if (is(preference::TitleFontSizeSmall)) {
         _preferences._titleFontSizeSmall = readFontSize(preference::TitleFontSizeSmall);
-    if (is(preference::ButtonStyle))
+        applyChangeToPanel();
+    }
+    if (std::ranges::any_of(looks, is))
+        applyChangeToPanel();
+    if (is(preference::ButtonStyle)) {
         readButtonStyle();
-    if (is(preference::ShowApplicationMenu))
+        applyChangeToPanel();
+    }
+    if (is(preference::ShowApplicationMenu)) {
         readShowApplicationMenu();
+        applyChangeToPanel();
+    }
+    if (is(preference::EnableMouseButton))
+        _preferences._mouseButtonEnabled = readBool(preference::EnableMouseButton);
+}
+
+// Rebuilds the panel, and places it at once rather than with the next tick.
+void AppController::applyChangeToPanel() {
+    rebuildPanel();
+    if (_appUIElementInfo)
+        updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
 }
 
 } // namespace tarragon

@@ -2,11 +2,14 @@
 
 #include "app/AppController.h"
 #include "app/RegisteredPreferences.h"
+#include "panels/TarragonPanel.h"
+#include "panels/TarragonPanelController.h"
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 
 #include <cmath>
 #include <string>
+#include <vector>
 
 namespace tarragon {
 
@@ -23,6 +26,20 @@ void AppController::pauseForMenuBar(double seconds) {
     log(LogCategory::Front,
         [&] { return "waiting " + std::to_string(std::lround(seconds * 1000)) + " ms for the menu bar"; });
     _platform.runLoop.pause(seconds);
+}
+
+void AppController::readAgainIfEmpty(double pause, const std::vector<std::string>& applicationsReadTwiceMore) {
+    // With no application in front there is nobody who could publish a menu bar later.
+    if (menuPopulated() || !_platform.workspace.activeApplication())
+        return;
+    pauseForMenuBar(pause);
+    _appUIElementInfo->update();
+    for (const std::string& name : applicationsReadTwiceMore) {
+        if (_appUIElementInfo->focusedAppName() == name) {
+            _appUIElementInfo->update();
+            _appUIElementInfo->update();
+        }
+    }
 }
 
 void AppController::handleAppChange(const Notification& notification) {
@@ -45,16 +62,8 @@ void AppController::handleAppChange(const Notification& notification) {
     if (const auto entry = notification.userInformation.find(ZDAppChangeNotifier::PID);
         entry != notification.userInformation.end())
         _appPID = entry->second;
-    // With no application in front there is nobody who could publish a menu bar later.
-    if (!menuPopulated() && _platform.workspace.activeApplication()) {
-        pauseForMenuBar(2.0);
-        _appUIElementInfo->update();
-        // This one publishes its menu bar in pieces.
-        if (_appUIElementInfo->focusedAppName() == "Firefox") {
-            _appUIElementInfo->update();
-            _appUIElementInfo->update();
-        }
-    }
+    dropPanel();
+    readAgainIfEmpty(2.0, {"Firefox"});
     log(LogCategory::Front, [&] {
         const auto& appName = _appUIElementInfo->currentAppName();
         return "switch: " + (appName ? "'" + *appName + "'" : "no application")
@@ -64,10 +73,29 @@ void AppController::handleAppChange(const Notification& notification) {
         _appUIElementInfo->appendAuxiliaryMenuTo(*_appUIElementInfo->menu());
     boldenAppTitleMenu();
     setMenuFont();
+    buildAndPlacePanel();
+}
+
+void AppController::fireFoxSpecial() {
+    dropPanel();
+    if (_preferences._horizontal)
+        pauseForMenuBar(0.5);
+    if (!_appUIElementInfo)
+        return;
+    _appUIElementInfo->update();
+    readAgainIfEmpty(1.8, {"Firefox", "Thunderbird"});
+    boldenAppTitleMenu();
+    setMenuFont();
+    buildAndPlacePanel();
 }
 
 bool AppController::menuPopulated() const {
     return _appUIElementInfo && _appUIElementInfo->menu()->numberOfItems() > 0;
+}
+
+bool AppController::checkIfMenuIsShowing() const {
+    return _preferences._horizontal && _preferences._enableButton && _tarragonPanelController
+        && _tarragonPanelController->bShowing();
 }
 
 } // namespace tarragon

@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/RegisteredPreferences.h"
+#include "panels/UserPanels.h"
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/Texts.h"
@@ -11,11 +12,11 @@
 
 namespace tarragon {
 
-AppDelegate::AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels,
-    UpdateChecker& updateChecker, std::string settingsURL)
+AppDelegate::AppDelegate(
+    const Platform& platform, const UserInterface& userInterface, UpdateChecker& updateChecker, std::string settingsURL)
     : _platform(platform)
-    , _presenter(presenter)
-    , _panels(panels)
+    , _userInterface(userInterface)
+    , _panels(userInterface.panels)
     , _updateChecker(updateChecker)
     , _settingsURL(std::move(settingsURL)) {
     setupPreferenceDefaults(_platform.defaults);
@@ -31,7 +32,7 @@ void AppDelegate::setupPreferenceDefaults(Defaults& defaults) {
 void AppDelegate::applicationWillFinishLaunching() {
     if (_appController)
         return;
-    _appController = std::make_unique<AppController>(_platform, _presenter, *this);
+    _appController = std::make_unique<AppController>(_platform, _userInterface, *this);
     _appController->init();
 }
 

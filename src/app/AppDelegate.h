@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panels/UserPanels.h"
+#include "app/UserInterface.h"
 #include "platform/Platform.h"
 #include "updates/UpdateChecker.h"
 
@@ -11,7 +11,6 @@
 namespace tarragon {
 
 class AppController;
-class MenuPresenter;
 
 // The application object's delegate: owns the controller and carries out the small actions of the system's own menu.
 // Main thread only.
@@ -19,7 +18,7 @@ class AppDelegate {
 public:
     // Registers the default settings first, before anything reads one. Everything passed in outlives the delegate.
     // settingsURL is where the user finds the stored settings.
-    AppDelegate(const Platform& platform, MenuPresenter& presenter, UserPanels& panels, UpdateChecker& updateChecker,
+    AppDelegate(const Platform& platform, const UserInterface& userInterface, UpdateChecker& updateChecker,
         std::string settingsURL);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
@@ -64,7 +63,7 @@ private:
     void showUpdateOutcome(const UpdateOutcome& outcome);
 
     const Platform& _platform;
-    MenuPresenter& _presenter;
+    UserInterface _userInterface;
     UserPanels& _panels;
     UpdateChecker& _updateChecker;
     std::string _settingsURL;

@@ -2,7 +2,6 @@
 
 #include "panels/rules/Measures.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace tarragon {
@@ -13,6 +12,9 @@ namespace {
 constexpr double WidthOfWindowButtons = 68;
 // By how much a window is pushed down, and shortened, to leave a bar and a point free above it.
 constexpr double BarAndMargin = 23;
+
+// What a panel above a window takes of its screen.
+constexpr double RoomForPanel = 23;
 
 constexpr std::int64_t RoundedRectangle = 0;
 constexpr std::int64_t ShadowlessSquare = 3;
@@ -37,10 +39,6 @@ Point originOfNewPanel(const Point& windowPositionCG, double primaryScreenHeight
 
 } // namespace
 
-double menuBarHeight(const Screen& screen) {
-    return std::max(StandardMenuBarHeight, topNS(screen.frameNS) - topNS(screen.visibleFrameNS));
-}
-
 Rect ScreenRectMemory::rectToUse(const Rect& screenRectCG) {
     if (screenRectCG.size.height <= 1.0)
         return _lastGood;
@@ -49,9 +47,8 @@ Rect ScreenRectMemory::rectToUse(const Rect& screenRectCG) {
     return screenRectCG;
 }
 
-PanelPlace panelPlace(
-    const Rect& windowFrameCG, const Rect& screenRectCG, double menuBarHeightOfScreen, bool tarragonAlwaysRight) {
-    const bool hasNoRoomAbove = screenRectCG.origin.y + menuBarHeightOfScreen + 1 > windowFrameCG.origin.y;
+PanelPlace panelPlace(const Rect& windowFrameCG, const Rect& screenRectCG, bool tarragonAlwaysRight) {
+    const bool hasNoRoomAbove = screenRectCG.origin.y + RoomForPanel > windowFrameCG.origin.y;
     return hasNoRoomAbove || tarragonAlwaysRight ? PanelPlace::OnTitleBar : PanelPlace::AboveWindow;
 }
 

@@ -10,11 +10,6 @@ namespace tarragon {
 
 // Where a floating panel is put beside the window in front. Pure functions on plain values; points throughout.
 
-// Height of the menu bar that the measures below count on at the top of a screen.
-inline constexpr double StandardMenuBarHeight = 22;
-// The desktop's own bar at the top of the screen, where it is higher than that, else the standard height.
-double menuBarHeight(const Screen& screen);
-
 // The last rectangle of a screen that was worth keeping; takes the place of one that comes back empty.
 class ScreenRectMemory {
 public:
@@ -31,10 +26,10 @@ private:
 
 enum class PanelPlace : std::uint8_t { OnTitleBar, AboveWindow };
 
-// On the title bar when the window's top is closer to its screen's top than the menu bar's height and a point, or when
-// the panel is always to be at the right of the window's buttons.
-PanelPlace panelPlace(
-    const Rect& windowFrameCG, const Rect& screenRectCG, double menuBarHeightOfScreen, bool tarragonAlwaysRight);
+// On the title bar when the window's top is less than 23 points below the top of its screen, or when the panel is
+// always to be at the right of the window's buttons. screenRectCG is the visible frame, so that a bar of the desktop at
+// the top of the screen stays free, however high it is.
+PanelPlace panelPlace(const Rect& windowFrameCG, const Rect& screenRectCG, bool tarragonAlwaysRight);
 
 // The panel's top-left corner. windowPositionCG is the window's top-left corner; heights in points.
 Point panelTopLeftNS(PanelPlace place, bool horizontal, const Point& windowPositionCG, double primaryScreenHeight);

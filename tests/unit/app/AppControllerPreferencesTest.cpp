@@ -90,7 +90,9 @@ TEST_F(LoadDefaultsTest, ReadsEverySettingInItsOrder) {
             "LaunchOnLogin", "ShowApplicationMenu",
             // The bars at the top of screens, and the mouse button among them.
             "EnableScreenTop", "ScreenTopAutoHide", "ScreenTopTransparency", "EnableMouseButton",
-            "ScreenTopHalfHotZone", "HideOnPrimaryTopEdge"));
+            "ScreenTopHalfHotZone", "HideOnPrimaryTopEdge",
+            // Whether the panel is to stay away, once for its titles and once for its place.
+            "IgnoreWindowList", "IgnoreWindowList"));
 }
 
 TEST_F(LoadDefaultsTest, ReadsNoneOfTheHotKeysSettingsWhenItIsOff) {

@@ -12,7 +12,7 @@ class StartUpTest : public AppTest { };
 
 TEST_F(StartUpTest, ReadsTheMenusAndThenWaitsASecondForThemToSettle) {
     launch();
-    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit"));
+    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "-", "Tarragon"));
     EXPECT_THAT(fake.runLoop.pauses(), ElementsAre(1.0));
 }
 
@@ -42,7 +42,7 @@ TEST_F(StartUpTest, ChecksForAccessAfterItObservesTheSettingsAndBeforeItBuildsTh
 TEST_F(StartUpTest, TakesTheSettingsOverBeforeItReadsTheMenus) {
     mail.menu("Apple").item("About");
     launch();
-    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "\uF8FF"));
+    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "\uF8FF", "-", "Tarragon"));
 }
 
 TEST_F(StartUpTest, GivesTheReaderItsOwnerAndTheMenuFont) {

@@ -55,7 +55,7 @@ TEST_F(ApplicationSwitchTest, IsHeardOfFromItsOwnNotifierAlone) {
     const int anotherSender = 0;
     for (const void* sender : {static_cast<const void*>(&anotherSender), static_cast<const void*>(nullptr)}) {
         fake.notificationCenter.postNotification({.name = "ZDAppChanged", .object = sender, .userInformation = {}});
-        EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit"));
+        EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "-", "Tarragon"));
         EXPECT_THAT(pausesSinceLaunch(), IsEmpty());
     }
     fake.workspace.fireFrontSwitched();
@@ -89,7 +89,7 @@ TEST_F(ApplicationSwitchTest, LeavesTheMirrorInPlaceWhenAnOwnWindowComesToTheFro
     const FakeApplication ourselves = fake.addApplication("Tarragon");
     ourselves.menu("Ours").item("Item");
     fake.switchTo(ourselves);
-    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit"));
+    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "-", "Tarragon"));
     EXPECT_THAT(pausesSinceLaunch(), IsEmpty());
 }
 

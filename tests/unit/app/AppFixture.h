@@ -4,6 +4,7 @@
 #include "app/AppDelegate.h"
 #include "app/RegisteredPreferences.h"
 #include "fake/FakeLoginItemList.h"
+#include "fake/FakePanelToolkit.h"
 #include "fake/FakePlatform.h"
 #include "fake/FakeUpdateChecker.h"
 #include "panels/UserPanels.h"
@@ -46,9 +47,10 @@ protected:
     AppTest()
         : platform(fake.platform())
         , mail(fake.addApplication("Mail"))
-        , delegate(platform, fake.menuPresenter, panels, updateChecker, "file:///settings.plist") {
+        , delegate(platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist") {
         mail.menu("File").item("New").item("Close");
         mail.menu("Edit").item("Copy").item("Paste");
+        inbox = mail.window({.title = "Inbox", .positionCG = Point{100, 200}, .size = Size{900, 500}});
         fake.activate(mail);
         platform.loginItemList = &loginItems;
         platform.bundlePath = "/opt/Tarragon";
@@ -78,9 +80,11 @@ protected:
     FakePlatform fake;
     RecordingPanels panels;
     FakeUpdateChecker updateChecker;
+    FakePanelToolkit panelToolkit;
     FakeLoginItemList loginItems;
     Platform platform;
     FakeApplication mail;
+    Element inbox; // its window, from (100, 200) to (1000, 700)
     AppDelegate delegate;
 };
 

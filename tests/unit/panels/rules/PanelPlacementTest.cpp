@@ -14,48 +14,6 @@ constexpr auto OnTitleBar = PanelPlace::OnTitleBar;
 constexpr auto AboveWindow = PanelPlace::AboveWindow;
 
 // The primary screen at the right, 1920 x 1080; the other one at its left, lower by half a point and with 1200 points.
-constexpr Rect PrimaryNS{{0, 0}, {1920, 1080}};
-constexpr Rect SecondaryNS{{-1600, -120.5}, {1600, 1200}};
-
-Screen screenWithBar(const Rect& frameNS, double barHeight, double dockHeight = 0) {
-    Rect visible = frameNS;
-    visible.origin.y += dockHeight;
-    visible.size.height -= barHeight + dockHeight;
-    return {.frameNS = frameNS, .visibleFrameNS = visible};
-}
-
-TEST(MenuBarHeight, IsTwentyTwoWhereTheDesktopTakesNoMore) {
-    for (const double taken : {0.0, 10.0, 21.5, 22.0}) {
-        EXPECT_EQ(menuBarHeight(screenWithBar(PrimaryNS, taken)), 22) << taken;
-        EXPECT_EQ(menuBarHeight(screenWithBar(SecondaryNS, taken)), 22) << taken;
-    }
-}
-
-TEST(MenuBarHeight, IsWhatTheDesktopTakesAtTheTopWhereThatIsMore) {
-    for (const double taken : {22.5, 30.0, 64.0}) {
-        EXPECT_EQ(menuBarHeight(screenWithBar(PrimaryNS, taken)), taken);
-        EXPECT_EQ(menuBarHeight(screenWithBar(SecondaryNS, taken)), taken);
-    }
-}
-
-TEST(MenuBarHeight, IsNoMatterOfADockAtTheBottom) {
-    EXPECT_EQ(menuBarHeight(screenWithBar(SecondaryNS, 0, 80)), 22);
-    EXPECT_EQ(menuBarHeight(screenWithBar(SecondaryNS, 30, 80)), 30);
-}
-
-TEST(MenuBarHeight, IsTwentyTwoWithoutAScreen) {
-    EXPECT_EQ(menuBarHeight(Screen()), 22);
-}
-
-TEST(MenuBarHeight, IsTheDistanceOfBothTopsUnlessThatIsLess) {
-    RandomValues random;
-    for (int round = 0; round < 2000; ++round) {
-        const Rect frame = random.rect(3000, 2000);
-        const double taken = random.quarters(-5, 50);
-        const double height = menuBarHeight(screenWithBar(frame, taken, random.quarters(0, 100)));
-        EXPECT_EQ(height, taken > 22 ? taken : 22);
-    }
-}
 
 TEST(ScreenRectMemory, AnswersTheLastGoodRectangleForOneNoMoreThanAPointHigh) {
     constexpr Rect Good{{-1600, 30}, {1600, 1170}};
@@ -119,30 +77,31 @@ TEST(ScreenRectMemory, AnswersTheLatestOfAllThatWereWorthKeeping) {
 
 struct PlaceCase {
     double screenTop;
-    double barHeight;
     double windowTop;
     PanelPlace place;
 };
 
-TEST(PanelPlace, IsOnTheTitleBarOfAWindowCloserToTheTopThanTheMenuBarAndAPoint) {
+TEST(PanelPlace, IsOnTheTitleBarOfAWindowLessThan23PointsBelowTheTop) {
     for (const PlaceCase& c : std::initializer_list<PlaceCase>{
-             {0, 22, 0, OnTitleBar},
-             {0, 22, 22.5, OnTitleBar},
-             {0, 22, 22.9, OnTitleBar},
-             {0, 22, 23, AboveWindow},
-             {0, 22, 23.5, AboveWindow},
-             {30, 30, 60.5, OnTitleBar},
-             {30, 30, 61, AboveWindow},
-             {-120.5, 22, -98, OnTitleBar},
-             {-120.5, 22, -97.5, AboveWindow},
-             {-120.5, 22, -200, OnTitleBar},
-             {1080, 22.5, 1103, OnTitleBar},
-             {1080, 22.5, 1103.5, AboveWindow},
+             {0, 0, OnTitleBar},
+             {0, 22.5, OnTitleBar},
+             {0, 22.9, OnTitleBar},
+             {0, 23, AboveWindow},
+             {0, 23.5, AboveWindow},
+             // Below a bar of the desktop.
+             {30, 30, OnTitleBar},
+             {30, 52.5, OnTitleBar},
+             {30, 53, AboveWindow},
+             {-120.5, -98, OnTitleBar},
+             {-120.5, -97.5, AboveWindow},
+             {-120.5, -200, OnTitleBar},
+             {1080.5, 1103, OnTitleBar},
+             {1080.5, 1103.5, AboveWindow},
          }) {
         const Rect window{{-700.5, c.windowTop}, {800, 600}};
         const Rect screen{{-1600, c.screenTop}, {1600, 1200}};
-        EXPECT_EQ(panelPlace(window, screen, c.barHeight, false), c.place) << c.screenTop << " " << c.windowTop;
-        EXPECT_EQ(panelPlace(window, screen, c.barHeight, true), OnTitleBar) << c.screenTop << " " << c.windowTop;
+        EXPECT_EQ(panelPlace(window, screen, false), c.place) << c.screenTop << " " << c.windowTop;
+        EXPECT_EQ(panelPlace(window, screen, true), OnTitleBar) << c.screenTop << " " << c.windowTop;
     }
 }
 
@@ -152,11 +111,9 @@ TEST(PanelPlace, IsThatOfTheDistanceToTheScreensTop) {
         const Rect screen = random.rect(3000, 2000);
         Rect window = random.rect(3000, 2000);
         window.origin.y = screen.origin.y + random.quarters(-10, 60);
-        const auto barHeight = static_cast<double>(random.whole(22, 48));
         const bool always = random.truth();
         const double distance = window.origin.y - screen.origin.y;
-        EXPECT_EQ(panelPlace(window, screen, barHeight, always),
-            !always && distance >= barHeight + 1 ? AboveWindow : OnTitleBar);
+        EXPECT_EQ(panelPlace(window, screen, always), !always && distance >= 23 ? AboveWindow : OnTitleBar);
     }
 }
 

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace tarragon {
+
+class MenuPresenter;
+class PanelToolkit;
+class UserPanels;
+
+// What the user sees of the program. Owns nothing; all of it outlives the delegate.
+struct UserInterface {
+    MenuPresenter& menuPresenter;
+    PanelToolkit& panelToolkit;
+    UserPanels& panels;
+};
+
+} // namespace tarragon
