@@ -163,7 +163,7 @@ void paintBezelButton(
     }
     TitleLine title(button);
     title.limitWidth(rect.width());
-    title.draw(painter, {rect.center().x() - title.width() / 2, title.baselineAround(rect.center().y())}, place.panel,
+    title.draw(painter, {rect.center().x() - title.width() / 2, title.baselineAround(rect.center().y())}, place.visible,
         colours.title, colours.titleEdge);
 }
 

@@ -1,12 +1,10 @@
 #include "panels/widgets/ButtonPlace.h"
 
 #include "panels/widgets/PanelGeometry.h"
-#include "panels/widgets/TitleFonts.h"
+#include "panels/widgets/TitleLine.h"
 
 #include <algorithm>
 #include <cmath>
-
-#include <QFontMetricsF>
 
 namespace tarragon {
 
@@ -16,10 +14,10 @@ Rect toRect(const QRect& rect) {
     return {{double(rect.x()), double(rect.y())}, {double(rect.width()), double(rect.height())}};
 }
 
-// The same part of the panel, as high as a line of the title as far as the panel is.
-QRect highEnoughFor(const ButtonContent& button, QRect visible, const QRect& panel) {
-    const int line = static_cast<int>(std::ceil(QFontMetricsF(titleFont(button)).height()));
-    const int missing = std::min(line, panel.height()) - visible.height();
+// The same part of the panel, as high as the title, as far as the panel is.
+QRect highEnoughFor(const ButtonContent& button, const QRect& visible, const QRect& panel) {
+    const int needed = static_cast<int>(std::ceil(TitleLine(button).height()));
+    const int missing = std::min(needed, panel.height()) - visible.height();
     if (missing <= 0)
         return visible;
     const int top = std::clamp(visible.top() - missing / 2, 0, panel.height() - visible.height() - missing);
@@ -32,7 +30,9 @@ ButtonPlace placeOf(const ButtonContent& button, const QSize& panelSize) {
     const QRect panel(QPoint(0, 0), panelSize);
     const QRect frame = frameInWidget(button.frame, panelSize.height());
     const QRect visible = frame.intersected(panel);
-    return {frame, visible.isEmpty() ? QRect() : highEnoughFor(button, visible, panel), panel};
+    if (visible.isEmpty() || button.title == LogoTitle)
+        return {frame, visible};
+    return {frame, highEnoughFor(button, visible, panel)};
 }
 
 std::vector<Rect> paintedRegion(const PanelContent& content, const QSize& panelSize) {

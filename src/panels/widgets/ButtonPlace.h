@@ -13,7 +13,6 @@ namespace tarragon {
 struct ButtonPlace {
     QRect frame; // as the button has it, each edge at the nearest whole point; may reach beyond the panel
     QRect visible; // what is drawn of it: in the panel, and high enough for a line of the title
-    QRect panel;
 };
 
 // In a panel of that size. visible is empty when nothing is to be seen of the button.

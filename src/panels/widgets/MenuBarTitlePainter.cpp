@@ -50,8 +50,8 @@ void paintMenuBarTitle(
     TitleLine title(button);
     title.limitWidth(frame.width());
     title.draw(painter,
-        {frame.center().x() - title.width() / 2, title.baselineAround(QRectF(place.visible).center().y())}, place.panel,
-        inverse ? colours.white() : colours.black());
+        {frame.center().x() - title.width() / 2, title.baselineAround(QRectF(place.visible).center().y())},
+        place.visible, inverse ? colours.white() : colours.black());
 }
 
 } // namespace tarragon

@@ -42,7 +42,7 @@ void paintScreenTopTitle(
     const QPointF topLeft = frame.topLeft() + TextOffset + QPointF(TextMargin, 0);
     title.limitWidth(frame.right() - topLeft.x());
     title.draw(
-        painter, {topLeft.x(), title.baselineBelow(topLeft.y())}, place.panel, drawsWhite ? Qt::white : Qt::black);
+        painter, {topLeft.x(), title.baselineBelow(topLeft.y())}, place.visible, drawsWhite ? Qt::white : Qt::black);
 }
 
 } // namespace tarragon

@@ -20,8 +20,12 @@ constexpr double ScreenTopBarHeight = 22;
 
 } // namespace
 
+double roomForTitle(ButtonLook look) {
+    return look == ButtonLook::ScreenTopBar ? ScreenTopBarHeight : HorizontalPanelHeight;
+}
+
 QFont titleFont(const ButtonContent& button) {
-    const double room = button.look == ButtonLook::ScreenTopBar ? ScreenTopBarHeight : HorizontalPanelHeight;
+    const double room = roomForTitle(button.look);
     QFont font = menuFont(button.font, QApplication::font("QMenuBar"));
     // Rounding to whole pixels may take a second step.
     for (double height = QFontMetricsF(font).height(); height > room; height = QFontMetricsF(font).height()) {

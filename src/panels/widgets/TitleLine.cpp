@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 
 namespace tarragon {
@@ -21,14 +22,24 @@ constexpr int LargestWidth = 30000;
 
 TitleLine::TitleLine(const ButtonContent& button)
     : _font(titleFont(button))
-    , _text(elidedToWidth(lineOfText(button.title), QFontMetrics(_font), LargestWidth)) { }
+    , _text(elidedToWidth(lineOfText(button.title), QFontMetrics(_font), LargestWidth)) {
+    measureHeight();
+    for (int size = QFontInfo(_font).pixelSize(); height() > roomForTitle(button.look) && size > 1; --size) {
+        _font.setPixelSize(size - 1);
+        measureHeight();
+    }
+}
+
+void TitleLine::measureHeight() {
+    const QFontMetricsF metrics(_font);
+    const QRectF ink = metrics.tightBoundingRect(_text);
+    // Smoothed edges reach into the next pixel.
+    _above = std::ceil(std::max(metrics.ascent(), -ink.top()));
+    _below = std::ceil(std::max(metrics.descent(), ink.bottom()));
+}
 
 double TitleLine::width() const {
     return QFontMetricsF(_font).horizontalAdvance(_text);
-}
-
-double TitleLine::height() const {
-    return QFontMetricsF(_font).height();
 }
 
 void TitleLine::limitWidth(double width) {
@@ -46,12 +57,7 @@ double TitleLine::baselineBelow(double top) const {
 }
 
 double TitleLine::baselineInside(const QRectF& room, double baseline) const {
-    const QFontMetricsF metrics(_font);
-    // Characters of another font may be higher than the line.
-    const QRectF ink = metrics.tightBoundingRect(_text);
-    const double above = std::max(metrics.ascent(), -ink.top());
-    const double below = std::max(metrics.descent(), ink.bottom());
-    return std::max(std::min(baseline, room.bottom() - below), room.top() + above);
+    return std::max(std::min(baseline, room.bottom() - _below), room.top() + _above);
 }
 
 void TitleLine::draw(QPainter& painter, const QPointF& baseline, const QRectF& room, const QColor& color,

@@ -60,6 +60,11 @@ inline int grey(const QImage& image, int x, int y) {
     return qGray(image.pixel(x, y));
 }
 
+// Not weighed by its alpha.
+inline int red(const QImage& image, int x, int y) {
+    return image.pixelColor(x, y).red();
+}
+
 inline int alpha(const QImage& image, int x, int y) {
     return qAlpha(image.pixel(x, y));
 }
