@@ -32,6 +32,9 @@ public:
     // 0 is invisible and lets clicks through, 1 is opaque, as at the start. Where the desktop cannot draw translucent
     // windows the panel is visible from 0.5 on.
     virtual void setAlpha(double alpha) = 0;
+    // Whether the desktop shows what lies below where the panel paints translucent. Elsewhere that would be black: the
+    // panel has to be opaque in all of its clickable region. May change at any time.
+    [[nodiscard]] virtual bool isTranslucent() const = 0;
     // What the panel paints, in points from its top-left corner, y down. Clicks beside it reach the window below. All
     // of the panel at the start.
     virtual void setClickableRegion(const std::vector<Rect>& region) = 0;

@@ -18,6 +18,7 @@ public:
         record().alpha = alpha;
         record().alphas.push_back(alpha);
     }
+    bool isTranslucent() const override { return _surfaces._translucent; }
     void setClickableRegion(const std::vector<Rect>& region) override { record().clickableRegion = region; }
     void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) override {
         record().pointerHandler = std::move(handler);

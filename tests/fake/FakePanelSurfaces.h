@@ -23,6 +23,8 @@ public:
 
     // No surface can be had for this window from now on.
     void refuse(std::uint64_t window) { _refused.insert(window); }
+    // Whether panels are shown translucent from now on; they are at the start.
+    void setTranslucent(bool translucent) { _translucent = translucent; }
     // Of the surfaces that there are, by window.
     const std::map<std::uint64_t, Record>& surfaces() const { return _surfaces; }
     // The pointer enters, moves or leaves (nothing) the panel. False when there is no surface that wants to hear of it.
@@ -35,6 +37,7 @@ private:
 
     std::map<std::uint64_t, Record> _surfaces;
     std::set<std::uint64_t> _refused;
+    bool _translucent = true;
 };
 
 } // namespace tarragon

@@ -1,8 +1,11 @@
 #include "panels/widgets/PanelView.h"
 
 #include "menus/QtCoordinates.h"
+#include "panels/widgets/ButtonPlace.h"
 #include "panels/widgets/PanelGeometry.h"
 #include "panels/widgets/PanelPainter.h"
+
+#include <utility>
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -55,6 +58,11 @@ void PanelView::display(const PanelContent& content) {
     update();
 }
 
+void PanelView::setOpaque(bool opaque) {
+    if (std::exchange(_opaque, opaque) != opaque)
+        update();
+}
+
 void PanelView::tellPointer(const std::optional<Point>& location) {
     if (!_handler)
         return;
@@ -66,6 +74,11 @@ void PanelView::tellPointer(const std::optional<Point>& location) {
 
 void PanelView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (_opaque) {
+        for (const Rect& rect : paintedRegion(_content, size()))
+            painter.fillRect(
+                QRectF(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height), palette().window());
+    }
     paintPanel(painter, _content, size(), palette());
 }
 

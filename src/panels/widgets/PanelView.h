@@ -21,6 +21,8 @@ public:
     static void retire(std::unique_ptr<PanelView> view);
 
     void display(const PanelContent& content);
+    // An opaque view paints the colour of the theme's windows where its content is translucent. It is not at the start.
+    void setOpaque(bool opaque);
     const PanelContent& content() const { return _content; }
     // A location from the top-left corner, y down, or nothing when the pointer has left.
     void tellPointer(const std::optional<Point>& location);
@@ -39,6 +41,7 @@ private:
     Displays& _displays;
     PanelWindowHandler* _handler; // nullptr for a retired view
     PanelContent _content;
+    bool _opaque = false;
     int _eventsBeingHandled = 0;
 };
 

@@ -49,6 +49,7 @@ void QtPanelWindow::setFrame(const Rect& frameNS) {
 
 void QtPanelWindow::orderFront() {
     applyLevel();
+    updateOpacity();
     _view->show();
 }
 
@@ -58,9 +59,10 @@ void QtPanelWindow::orderOut() {
 }
 
 void QtPanelWindow::setAlpha(double alpha) {
-    if (_surface)
+    if (_surface) {
         _surface->setAlpha(alpha);
-    else
+        updateOpacity();
+    } else
         _view->setWindowOpacity(alpha);
 }
 
@@ -78,6 +80,13 @@ void QtPanelWindow::applyLevel() {
 void QtPanelWindow::display(const PanelContent& content) {
     _view->display(content);
     updateClickableRegion();
+    updateOpacity();
+}
+
+// Asked whenever something changes about the panel: compositors hardly ever start or end meanwhile.
+void QtPanelWindow::updateOpacity() {
+    if (_surface)
+        _view->setOpaque(!_surface->isTranslucent());
 }
 
 void QtPanelWindow::updateClickableRegion() {

@@ -29,6 +29,7 @@ public:
 
 private:
     void updateClickableRegion();
+    void updateOpacity();
     void applyLevel();
 
     Displays& _displays;

@@ -45,6 +45,10 @@ void X11PanelSurface::setAlpha(double alpha) {
         applyAppearance();
 }
 
+bool X11PanelSurface::isTranslucent() const {
+    return _surfaces._compositor->isRunning();
+}
+
 void X11PanelSurface::setClickableRegion(const std::vector<Rect>& region) {
     if (_clickableRegion == region)
         return;

@@ -20,6 +20,7 @@ public:
 
     void setLevel(PanelLevel level) override;
     void setAlpha(double alpha) override;
+    bool isTranslucent() const override;
     void setClickableRegion(const std::vector<Rect>& region) override;
     void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) override;
 

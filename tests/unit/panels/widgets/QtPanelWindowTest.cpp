@@ -260,6 +260,34 @@ TEST_F(QtPanelWindowTest, FollowsTheThemeAtOnce) {
     QApplication::setPalette(former);
 }
 
+TEST_F(QtPanelWindowTest, IsOpaqueInItsRegionWhereTheDesktopShowsNothingThroughIt) {
+    ButtonContent button = buttonTitled("");
+    button.dress = {ButtonBezel::Rounded, false, Grey{0.7, 0.1}};
+    button.frame = {{5, 3}, {40, 18}};
+    const PanelContent content = panelWith({button});
+    const auto alphaAt = [&](int x, int y) {
+        QImage image(widget().size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        widget().render(&image, {}, {}, {});
+        return alpha(image, x, y);
+    };
+    _window->display(content);
+    EXPECT_LT(alphaAt(20, 12), 30);
+    _surfaces.setTranslucent(false);
+    _window->orderFront();
+    EXPECT_EQ(alphaAt(20, 12), 255);
+    EXPECT_EQ(alphaAt(60, 12), 0);
+    _surfaces.setTranslucent(true);
+    _window->setAlpha(0.5);
+    EXPECT_LT(alphaAt(20, 12), 30);
+    _surfaces.setTranslucent(false);
+    PanelContent withCorners = content;
+    withCorners.background = {
+        .startingColor = {0.45, 1}, .endingColor = Grey{0.95, 1}, .angle = 90, .showGradient = true};
+    _window->display(withCorners);
+    EXPECT_EQ(alphaAt(0, 0), 255);
+}
+
 TEST(QtPanelToolkit, MakesOrdinaryWindowsWithoutSurfaces) {
     FakeDisplays displays;
     FakePanelSurfaces refusing;

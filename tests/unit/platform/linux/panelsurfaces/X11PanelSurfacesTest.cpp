@@ -271,8 +271,10 @@ TEST_F(X11PanelSurfacesTest, CutsOffWhatItDoesNotPaintUnlessACompositorRuns) {
     surface->setClickableRegion({{{30, 2}, {20, 10}}});
     settle();
     EXPECT_EQ(toolkit->shapeArea(panel), 200);
+    EXPECT_FALSE(surface->isTranslucent());
     startCompositor();
     ASSERT_TRUE(runLoop.runUntil([&] { return toolkit->shapeArea(panel) == 100 * 20; }));
+    EXPECT_TRUE(surface->isTranslucent());
     EXPECT_EQ(pressesAfterClick(25, 40), ToOther);
     EXPECT_EQ(pressesAfterClick(52, 34), ToPanel);
     stopCompositor();
