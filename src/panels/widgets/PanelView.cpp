@@ -21,7 +21,6 @@ PanelView::PanelView(Displays& displays, PanelWindowHandler& handler)
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_X11DoNotAcceptFocus);
-    setAttribute(Qt::WA_AlwaysShowToolTips, false);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
@@ -45,9 +44,6 @@ bool PanelView::event(QEvent* event) {
     // The window system's part of the toolkit may still use the view for this event.
     if (!_handler && _eventsBeingHandled == 0)
         deleteLater();
-    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange
-        || event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange)
-        update();
     return handled;
 }
 

@@ -3,6 +3,7 @@
 #include "menus/QtCoordinates.h"
 #include "panels/widgets/ButtonPlace.h"
 #include "panels/widgets/PanelGeometry.h"
+#include "platform/Log.h"
 
 #include <cmath>
 #include <utility>
@@ -26,8 +27,10 @@ QtPanelWindow::QtPanelWindow(Displays& displays, PanelSurfaces* surfaces, PanelW
         return;
     // The identifier makes the window, which has not been shown.
     _surface = surfaces->makeSurface(_view->winId());
-    if (!_surface)
+    if (!_surface) {
+        log(LogCategory::Panel, [] { return "the desktop takes a panel for an ordinary window"; });
         return;
+    }
     _surface->setPointerHandler(
         [view = _view.get()](const std::optional<Point>& location) { view->tellPointer(location); });
     updateClickableRegion();
@@ -51,6 +54,9 @@ void QtPanelWindow::orderFront() {
     applyLevel();
     updateOpacity();
     _view->show();
+    // A surface keeps the window in its place by itself.
+    if (!_surface)
+        _view->raise();
 }
 
 void QtPanelWindow::orderOut() {

@@ -2,7 +2,6 @@
 
 #include "menus/MenuText.h"
 #include "panels/widgets/PixelGrid.h"
-#include "panels/widgets/RaisedText.h"
 #include "panels/widgets/TitleFonts.h"
 
 #include <algorithm>
@@ -17,6 +16,8 @@ namespace {
 
 // Measuring a text takes time, and this many characters are wider than every screen.
 constexpr int LargestWidth = 30000;
+// In pixels at scale 1. Characters with towers of accents are cut off rather than shown smaller.
+constexpr int SmallestLegibleSize = 9;
 
 } // namespace
 
@@ -24,7 +25,8 @@ TitleLine::TitleLine(const ButtonContent& button)
     : _font(titleFont(button))
     , _text(elidedToWidth(lineOfText(button.title), QFontMetrics(_font), LargestWidth)) {
     measureHeight();
-    for (int size = QFontInfo(_font).pixelSize(); height() > roomForTitle(button.look) && size > 1; --size) {
+    for (int size = QFontInfo(_font).pixelSize(); height() > roomForTitle(button.look) && size > SmallestLegibleSize;
+         --size) {
         _font.setPixelSize(size - 1);
         measureHeight();
     }
@@ -67,12 +69,12 @@ void TitleLine::draw(QPainter& painter, const QPointF& baseline, const QRectF& r
     painter.save();
     painter.setFont(_font);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    if (raisedEdge)
-        drawRaisedText(painter, start, _text, color, *raisedEdge);
-    else {
-        painter.setPen(color);
-        painter.drawText(start, _text);
+    if (raisedEdge) {
+        painter.setPen(*raisedEdge);
+        painter.drawText(start + QPointF(0, 1), _text);
     }
+    painter.setPen(color);
+    painter.drawText(start, _text);
     painter.restore();
 }
 

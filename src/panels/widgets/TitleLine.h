@@ -28,7 +28,8 @@ public:
     double baselineBelow(double top) const;
 
     // Draws the title with its left end there, moved up or down where it would leave a room that is high enough for it.
-    // Right-to-left titles are drawn from right to left. With an edge they look raised.
+    // Right-to-left titles are drawn from right to left. With an edge, one point below the
+    // characters, they look raised.
     void draw(QPainter& painter, const QPointF& baseline, const QRectF& room, const QColor& color,
         const std::optional<QColor>& raisedEdge = std::nullopt) const;
 
