@@ -19,7 +19,7 @@ struct WindowDescription {
     WindowKind kind = WindowKind::Normal;
     std::uint32_t transientFor = 0; // the window that it belongs to, as a dialog does; 0 for none, or a whole group
     Rect frame; // with decorations, without shadows; pixels of the root window, y down
-    Rect frameCG; // the same in screen space
+    Rect frameCG; // the same in screen space, in points
     bool fullScreen = false;
     bool hidden = false; // minimised
 };

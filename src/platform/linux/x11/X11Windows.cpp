@@ -138,7 +138,7 @@ public:
         }
     }
 
-    // Reads all replies; to be called exactly once.
+    // Reads all replies; to be called exactly once. frameCG is in pixels still.
     // screenOrigin is the corner of screen space in the root window.
     std::optional<WindowDescription> description(const Point& screenOrigin) {
         const X11Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(_connection, _geometry, nullptr));
@@ -282,10 +282,23 @@ std::uint32_t pixels(double value) {
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lround(std::clamp(value, -32768.0, 32767.0))));
 }
 
+// Screen space begins at the corner of a screen, which has the same numbers in pixels and in points.
+WindowDescription inPoints(WindowDescription description, const PixelScale& scale) {
+    if (scale.isOne())
+        return description;
+    const Point fromOrigin{description.frame.origin.x - description.frameCG.origin.x,
+        description.frame.origin.y - description.frameCG.origin.y};
+    description.frameCG = scale.pointsFromPixels(description.frame);
+    description.frameCG.origin.x -= fromOrigin.x;
+    description.frameCG.origin.y -= fromOrigin.y;
+    return description;
+}
+
 } // namespace
 
-X11Windows::X11Windows(X11Connection& connection)
+X11Windows::X11Windows(X11Connection& connection, const CurrentPixelScale* scale)
     : _connection(connection)
+    , _scale(scale)
     , _atoms(std::make_unique<X11WindowAtoms>(connection))
     , _cache(connection,
           {.activeWindow = [this] { return readActiveWindow(); },
@@ -300,14 +313,24 @@ std::optional<std::uint32_t> X11Windows::activeWindow() {
     return window;
 }
 
+PixelScale X11Windows::scale() const {
+    return _scale ? _scale->get() : PixelScale();
+}
+
+// The cache holds pixels, for the scale may change without the server telling of it.
 std::optional<WindowDescription> X11Windows::describe(std::uint32_t window) {
-    return _cache.describe(window);
+    std::optional<WindowDescription> description = _cache.describe(window);
+    if (description)
+        description = inPoints(std::move(*description), scale());
+    return description;
 }
 
 std::optional<WindowDescription> X11Windows::describeActiveWindow() {
     std::optional<WindowDescription> description = _cache.describeActiveWindow();
-    if (description)
+    if (description) {
         noteTold(description->identifier);
+        description = inPoints(std::move(*description), scale());
+    }
     return description;
 }
 
@@ -336,6 +359,14 @@ std::optional<WindowDescription> X11Windows::readDescription(std::uint32_t windo
 }
 
 std::vector<WindowDescription> X11Windows::describe(const std::vector<std::uint32_t>& windows) {
+    std::vector<WindowDescription> descriptions = describeInPixels(windows);
+    const PixelScale current = scale();
+    for (WindowDescription& description : descriptions)
+        description = inPoints(std::move(description), current);
+    return descriptions;
+}
+
+std::vector<WindowDescription> X11Windows::describeInPixels(const std::vector<std::uint32_t>& windows) {
     X11PrimaryMonitor primary(_connection);
     std::vector<DescriptionRequests> requests;
     requests.reserve(windows.size());
@@ -370,14 +401,17 @@ std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) 
     desktops.reserve(windows.size());
     for (const std::uint32_t window : windows)
         desktops.emplace_back(connection, window, _atoms->desktop);
-    const std::vector<WindowDescription> descriptions = describe(windows);
+    X11PrimaryMonitor primary(_connection);
+    const std::vector<WindowDescription> descriptions = describeInPixels(windows);
+    const Point screenOrigin = primary.origin();
+    const Point pixel = scale().pixelFromPoint({pointCG.x + screenOrigin.x, pointCG.y + screenOrigin.y});
 
     const std::optional<std::uint32_t> current = currentDesktop.number();
     constexpr std::uint32_t EveryDesktop = 0xFFFFFFFF;
     for (std::size_t index = windows.size(); index-- > 0;) {
         const auto isThisWindow = [&](const auto& description) { return description.identifier == windows[index]; };
         const auto description = std::find_if(descriptions.begin(), descriptions.end(), isThisWindow);
-        if (description == descriptions.end() || description->hidden || !contains(description->frameCG, pointCG))
+        if (description == descriptions.end() || description->hidden || !contains(description->frame, pixel))
             continue;
         const std::optional<std::uint32_t> desktop = desktops[index].number();
         if (current && desktop && *desktop != EveryDesktop && desktop != current)
@@ -395,17 +429,29 @@ bool X11Windows::setPosition(std::uint32_t window, const Point& topLeftCG) {
     if (!extents)
         return false;
     const Point screenOrigin = primary.origin();
-    const Point outer = outerOriginOfFrame(topLeftCG, extents->shadow);
+    Rect frame{{topLeftCG.x + screenOrigin.x, topLeftCG.y + screenOrigin.y}, {}};
+    // Where the window lies then depends on its size.
+    if (const PixelScale current = scale(); !current.isOne()) {
+        if (const auto description = describe(window))
+            frame.size = description->frameCG.size;
+        frame = current.pixelsFromPoints(frame);
+    }
+    const Point outer = outerOriginOfFrame(frame.origin, extents->shadow);
     return sendToWindowManager(_connection, window, _atoms->moveResizeWindow,
-        {Gravity | HasPosition | MoveResizeSource, pixels(outer.x + screenOrigin.x), pixels(outer.y + screenOrigin.y),
-            0, 0});
+        {Gravity | HasPosition | MoveResizeSource, pixels(outer.x), pixels(outer.y), 0, 0});
 }
 
 bool X11Windows::setSize(std::uint32_t window, const Size& frameSize) {
     const std::optional<WindowExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
     if (!extents)
         return false;
-    const Size size = clientSizeOfFrame(frameSize, visibleFrameExtents(extents->decorations, extents->shadow));
+    double pixelsPerPoint = 1;
+    if (const PixelScale current = scale(); !current.isOne()) {
+        if (const auto description = describe(window))
+            pixelsPerPoint = current.scaleOfPixels(description->frame);
+    }
+    const Size framePixels{frameSize.width * pixelsPerPoint, frameSize.height * pixelsPerPoint};
+    const Size size = clientSizeOfFrame(framePixels, visibleFrameExtents(extents->decorations, extents->shadow));
     return sendToWindowManager(_connection, window, _atoms->moveResizeWindow,
         {Gravity | HasSize | MoveResizeSource, 0, 0, pixels(size.width), pixels(size.height)});
 }

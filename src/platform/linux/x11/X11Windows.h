@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/windows/PixelScale.h"
 #include "platform/linux/windows/WindowSource.h"
 #include "platform/linux/x11/X11ActivationOrder.h"
 #include "platform/linux/x11/X11ActiveWindowCache.h"
@@ -18,7 +19,8 @@ struct X11WindowAtoms;
 // Top-level windows of an X server, through the window manager's hints.
 class X11Windows final : public WindowSource {
 public:
-    explicit X11Windows(X11Connection& connection);
+    // Both outlive this object. Without a scale every pixel is a point.
+    explicit X11Windows(X11Connection& connection, const CurrentPixelScale* scale = nullptr);
     ~X11Windows() override;
     X11Windows(const X11Windows&) = delete;
     X11Windows& operator=(const X11Windows&) = delete;
@@ -43,11 +45,14 @@ public:
     [[nodiscard]] std::vector<std::uint32_t> takeToldWindows();
 
 private:
+    PixelScale scale() const;
+    std::vector<WindowDescription> describeInPixels(const std::vector<std::uint32_t>& windows);
     void noteTold(std::uint32_t window);
     std::optional<std::uint32_t> readActiveWindow();
     std::optional<WindowDescription> readDescription(std::uint32_t window);
 
     X11Connection& _connection;
+    const CurrentPixelScale* _scale;
     std::unique_ptr<const X11WindowAtoms> _atoms;
     X11ActivationOrder _activationOrder;
     X11ActiveWindowCache _cache;
