@@ -57,19 +57,46 @@ void X11PanelSurface::setClickableRegion(const std::vector<Rect>& region) {
 }
 
 void X11PanelSurface::setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) {
-    _surfaces._pointerTracking.track(_window.identifier(), std::move(handler));
+    _surfaces._pointerTracking.track(
+        _window.identifier(), [this, told = std::move(handler)](const std::optional<Point>& pixel) {
+            // The surface may be gone when the handler returns.
+            told(pixel ? std::optional(Point{pixel->x / _pixelsPerPoint, pixel->y / _pixelsPerPoint}) : std::nullopt);
+        });
     _frameIsKnown = false;
     updateFrame();
 }
 
 void X11PanelSurface::applyAppearance() {
-    _window.show(panelAppearance(_alpha, _surfaces._compositor->isRunning()), _clickableRegion);
+    _pixelsPerPoint = pixelsPerPoint();
+    show();
+}
+
+void X11PanelSurface::show() {
+    std::optional<std::vector<Rect>> pixels = _clickableRegion;
+    if (pixels) {
+        for (Rect& rect : *pixels) {
+            rect = {{rect.origin.x * _pixelsPerPoint, rect.origin.y * _pixelsPerPoint},
+                {rect.size.width * _pixelsPerPoint, rect.size.height * _pixelsPerPoint}};
+        }
+    }
+    _window.show(panelAppearance(_alpha, _surfaces._compositor->isRunning()), pixels);
+}
+
+// Of the screen that most of the panel is on, or would be if it were shown.
+double X11PanelSurface::pixelsPerPoint() const {
+    const PixelScale scale = _surfaces.scale();
+    if (scale.isOne())
+        return 1;
+    const std::optional<Rect> frame = _frame ? _frame : _window.frame();
+    return frame ? scale.scaleOfPixels(*frame) : 1;
 }
 
 void X11PanelSurface::updateFrame() {
     if (std::exchange(_frameIsKnown, true))
         return;
     _frame = _window.visibleFrame();
+    if (const double pixels = pixelsPerPoint(); std::exchange(_pixelsPerPoint, pixels) != pixels)
+        show();
     _surfaces._pointerTracking.setArea(_window.identifier(), _frame);
     // Kept while the dock is hidden for a moment, or else every window would be resized twice.
     if (_level == PanelLevel::Dock && _frame)

@@ -32,12 +32,16 @@ public:
     void updateFrame();
 
 private:
+    void show();
+    double pixelsPerPoint() const;
+
     X11PanelSurfaces& _surfaces;
     X11PanelWindow _window;
     PanelLevel _level = PanelLevel::FrontWindow;
     double _alpha = 1;
-    std::optional<std::vector<Rect>> _clickableRegion; // nothing for all of the window
-    std::optional<Rect> _frame; // nothing while it is hidden
+    std::optional<std::vector<Rect>> _clickableRegion; // in points; nothing for all of the window
+    std::optional<Rect> _frame; // in pixels; nothing while it is hidden
+    double _pixelsPerPoint = 1;
     bool _frameIsKnown = false;
 };
 

@@ -30,9 +30,10 @@ xcb_window_t windowOfEvent(const xcb_generic_event_t& event) {
 
 } // namespace
 
-X11PanelSurfaces::X11PanelSurfaces(X11Connection& connection, RunLoop& runLoop)
+X11PanelSurfaces::X11PanelSurfaces(X11Connection& connection, RunLoop& runLoop, const CurrentPixelScale* scale)
     : _connection(connection)
     , _runLoop(runLoop)
+    , _scale(scale)
     , _stacking(connection)
     , _pointerTracking(connection, runLoop) { }
 
@@ -49,6 +50,17 @@ std::unique_ptr<PanelSurface> X11PanelSurfaces::makeSurface(std::uint64_t window
     // Whoever asks or writes also reads what has come; the run loop is not woken for that any more.
     _runLoop.post([this] { handleEvents(); });
     return std::make_unique<X11PanelSurface>(*this, panel);
+}
+
+void X11PanelSurfaces::scaleMayHaveChanged() {
+    for (X11PanelSurface* surface : _surfaces) {
+        surface->frameMayHaveChanged();
+        surface->updateFrame();
+    }
+}
+
+PixelScale X11PanelSurfaces::scale() const {
+    return _scale ? _scale->get() : PixelScale();
 }
 
 bool X11PanelSurfaces::watch() {

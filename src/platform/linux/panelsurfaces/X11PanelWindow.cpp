@@ -32,19 +32,26 @@ bool X11PanelWindow::exists() const {
         != nullptr;
 }
 
-std::optional<Rect> X11PanelWindow::visibleFrame() const {
+std::optional<Rect> X11PanelWindow::frame() const {
     xcb_connection_t* connection = _connection.get();
-    const auto attributesCookie = xcb_get_window_attributes(connection, _window);
     const auto geometryCookie = xcb_get_geometry(connection, _window);
     const auto originCookie = xcb_translate_coordinates(connection, _window, _connection.rootWindow(), 0, 0);
-    const X11Reply<xcb_get_window_attributes_reply_t> attributes(
-        xcb_get_window_attributes_reply(connection, attributesCookie, nullptr));
     const X11Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(connection, geometryCookie, nullptr));
     const X11Reply<xcb_translate_coordinates_reply_t> origin(
         xcb_translate_coordinates_reply(connection, originCookie, nullptr));
-    if (!attributes || !geometry || !origin || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
+    if (!geometry || !origin)
         return std::nullopt;
     return Rect{{double(origin->dst_x), double(origin->dst_y)}, {double(geometry->width), double(geometry->height)}};
+}
+
+std::optional<Rect> X11PanelWindow::visibleFrame() const {
+    xcb_connection_t* connection = _connection.get();
+    const auto attributesCookie = xcb_get_window_attributes(connection, _window);
+    const std::optional<Rect> anyFrame = frame();
+    const X11Reply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(connection, attributesCookie, nullptr));
+    const bool isVisible = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    return isVisible ? anyFrame : std::nullopt;
 }
 
 void X11PanelWindow::refuseFocus() {

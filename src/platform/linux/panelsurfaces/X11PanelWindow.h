@@ -24,7 +24,9 @@ public:
 
     xcb_window_t identifier() const { return _window; }
     bool exists() const;
-    // In pixels of the root window, y down; nothing while the window is not shown.
+    // In pixels of the root window, y down; nothing when the window is gone.
+    std::optional<Rect> frame() const;
+    // Nothing either while the window is not shown.
     std::optional<Rect> visibleFrame() const;
 
     void refuseFocus();
@@ -34,7 +36,7 @@ public:
     // Reserves the room that the dock takes, or gives it back.
     void setStrut(const std::optional<Rect>& frame);
     void raise();
-    // Nothing for the region stands for all of the window.
+    // The region is in pixels from the window's corner; nothing stands for all of the window.
     void show(const PanelAppearance& appearance, const std::optional<std::vector<Rect>>& paintedRegion);
 
 private:
