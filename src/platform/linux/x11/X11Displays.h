@@ -9,6 +9,7 @@
 
 namespace tarragon {
 
+class CurrentPixelScale;
 class X11Connection;
 
 // Screens and pointer of another source, with the visible frames that the panels and docks of an X11 desktop leave. The
@@ -17,9 +18,11 @@ class X11Connection;
 // Main thread only. The objects passed in outlive it.
 class X11Displays : public Displays {
 public:
-    X11Displays(Displays& displays, X11Connection& connection)
+    // Without a scale every pixel is a point.
+    X11Displays(Displays& displays, X11Connection& connection, const CurrentPixelScale* scale = nullptr)
         : _displays(displays)
-        , _connection(connection) { }
+        , _connection(connection)
+        , _scale(scale) { }
 
     std::vector<Screen> screens() override;
     Rect mainDisplayBoundsCG() override { return _displays.mainDisplayBoundsCG(); }
@@ -31,6 +34,7 @@ public:
 private:
     Displays& _displays;
     X11Connection& _connection;
+    const CurrentPixelScale* _scale;
 };
 
 } // namespace tarragon

@@ -81,6 +81,23 @@ std::vector<X11Strut> strutsOfProperty(const std::vector<std::uint32_t>& numbers
     return struts;
 }
 
+std::vector<X11Strut> strutsAlongside(const std::vector<X11Strut>& struts, const Rect& panel) {
+    std::vector<X11Strut> result = struts;
+    for (X11Strut& strut : result) {
+        Sides area(strut.area);
+        const Sides taken(panel);
+        if (taken.areEmpty() || !area.meet(taken))
+            continue;
+        const bool isColumn = strut.edge == X11Edge::Left || strut.edge == X11Edge::Right;
+        double& begin = isColumn ? area.top : area.left;
+        double& end = isColumn ? area.bottom : area.right;
+        begin = std::max(begin, isColumn ? taken.top : taken.left);
+        end = std::min(end, isColumn ? taken.bottom : taken.right);
+        strut.area = {{area.left, area.top}, {area.right - area.left, area.bottom - area.top}};
+    }
+    return result;
+}
+
 Rect rectWithoutStruts(const Rect& monitor, const std::vector<X11Strut>& struts) {
     Sides free(monitor);
     for (const X11Strut& strut : struts) {

@@ -21,6 +21,10 @@ struct X11Strut {
 // damaged.
 std::vector<X11Strut> strutsOfProperty(const std::vector<std::uint32_t>& numbers, const Size& root);
 
+// The same struts, but only for as much of their edges as a panel takes that lies there. A panel that is nowhere near
+// its edge leaves them as they are.
+std::vector<X11Strut> strutsAlongside(const std::vector<X11Strut>& struts, const Rect& panel);
+
 // A monitor less what panels and docks take of it; y grows downwards. The edges of the root window are those of the
 // outermost monitors: a strut that would leave nothing of a monitor is meant for the one behind it and does not count.
 Rect rectWithoutStruts(const Rect& monitor, const std::vector<X11Strut>& struts);

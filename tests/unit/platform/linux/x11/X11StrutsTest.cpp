@@ -50,6 +50,18 @@ TEST(X11Struts, CountsAPanelAtAnInnerEdgeForTheMonitorThatItStandsOn) {
     EXPECT_EQ(rectWithoutStruts(Right, struts), (Rect{{840, 0}, {760, 1200}}));
 }
 
+TEST(X11Struts, CountsAPanelThatDoesNotSayWhereItBeginsForAsMuchOfItsEdgeAsItTakes) {
+    const auto top = strutsOfProperty({0, 0, 40, 0}, Root);
+    EXPECT_EQ(
+        strutsAlongside(top, {{800, 0}, {500, 40}}), (std::vector<X11Strut>{{X11Edge::Top, {{800, 0}, {500, 40}}}}));
+    const auto left = strutsOfProperty({840, 0, 0, 0}, Root);
+    EXPECT_EQ(strutsAlongside(left, {{800, 300}, {40, 2000}}),
+        (std::vector<X11Strut>{{X11Edge::Left, {{0, 300}, {840, 900}}}}));
+    // One that hides itself beyond the edge.
+    EXPECT_EQ(strutsAlongside(top, {{800, -40}, {500, 40}}), top);
+    EXPECT_EQ(strutsAlongside(top, {{800, 0}, {0, 0}}), top);
+}
+
 TEST(X11Struts, CountsTheThickerOfTwoPanelsAtOneEdge) {
     auto struts = strutsOfProperty({0, 0, 0, 40}, Root);
     const auto thinner = strutsOfProperty({0, 0, 0, 10}, Root);
