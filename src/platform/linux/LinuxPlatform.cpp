@@ -12,6 +12,7 @@
 #include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
 #include "platform/linux/settings/PropertyListDefaults.h"
 #include "platform/linux/x11/QtNativeEvents.h"
+#include "platform/linux/x11/QtPixelScale.h"
 #include "platform/linux/x11/RunningInstance.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Displays.h"
@@ -69,8 +70,8 @@ public:
     LinuxPlatform(std::unique_ptr<X11Connection> connection, const Program& program)
         : _connection(std::move(connection))
         , _toolkit(program)
-        , _displays(_qtDisplays, *_connection)
-        , _windows(*_connection)
+        , _displays(_qtDisplays, *_connection, &_pixelScale)
+        , _windows(*_connection, &_pixelScale)
         , _accessibility(_windows, _desktopEntries)
         , _workspace(*_connection, _windows, _desktopEntries, _runLoop, openURLDetached, &_accessibility)
         , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
@@ -84,12 +85,19 @@ public:
         , _inputEvents(*_connection, _runLoop,
               [this] { return _menuInput.isTaken() || pointerIsOverOwnWindow(*_connection, qtX11Connection()); })
         , _windowList(*_connection, _windows, _desktopEntries)
-        , _panelSurfaces(*_connection, _runLoop)
+        , _panelSurfaces(*_connection, _runLoop, &_pixelScale)
         , _nativeEvents(
               _runLoop,
               [this](
                   const void* event) { return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
-              [this](void* event) { return _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) { }
+              [this](void* event) { return _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) {
+        _pixelScale.set(pixelScaleOfQt());
+        // Before anybody else who asks to be told.
+        _qtDisplays.installReconfigurationHandler([this](std::uint32_t) {
+            _pixelScale.set(pixelScaleOfQt());
+            _panelSurfaces.scaleMayHaveChanged();
+        });
+    }
 
     Platform& platform() override { return _platform; }
 
@@ -128,6 +136,7 @@ private:
     Toolkit _toolkit;
     QtRunLoop _runLoop;
     QtDisplays _qtDisplays{_runLoop};
+    CurrentPixelScale _pixelScale;
     X11Displays _displays;
     NotificationCenter _notificationCenter;
     X11Windows _windows;
