@@ -15,7 +15,7 @@ struct StatusMenuItem {
 struct StatusItemDescription {
     // Images of the program's own resources, by name and without an extension.
     std::string imageName;
-    std::string alternateImageName; // for the highlighted item; empty when there is none
+    std::string alternateImageName; // for dark trays and the highlighted item; empty when there is none
     std::vector<StatusMenuItem> menu; // opened by the item
 };
 

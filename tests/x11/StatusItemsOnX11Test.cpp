@@ -1,12 +1,15 @@
+#include "EmbeddingTrayWindow.h"
+#include "NotifierTray.h"
+
+#include "platform/linux/tray/X11EmbeddingTray.h"
+#include "platform/linux/x11/X11Connection.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/QtStatusItems.h"
-#include "support/X11Client.h"
 
-#include <array>
 #include <cstdlib>
 #include <memory>
-#include <set>
 #include <string>
+#include <vector>
 
 #include <QApplication>
 #include <QMenu>
@@ -17,111 +20,227 @@
 namespace tarragon {
 namespace {
 
-// A tray of the older kind: whoever owns a certain selection gets the windows of the items.
-class Tray {
-public:
-    Tray() {
-        _window = _client.makeWindow({.width = 200, .height = 24});
-        _client.map(_window);
-        const xcb_atom_t selection = _client.atom("_NET_SYSTEM_TRAY_S0");
-        xcb_set_selection_owner(_client.connection(), _window, selection, XCB_CURRENT_TIME);
-        xcb_client_message_event_t message{};
-        message.response_type = XCB_CLIENT_MESSAGE;
-        message.format = 32;
-        message.window = _client.root();
-        message.type = _client.atom("MANAGER");
-        message.data.data32[1] = selection;
-        message.data.data32[2] = _window;
-        xcb_send_event(_client.connection(), 0, _client.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-            reinterpret_cast<const char*>(&message));
-        _client.synchronize();
-    }
-
-    // Takes in what asks for it; how many items there are.
-    std::size_t itemCount() {
-        _client.synchronize();
-        while (xcb_generic_event_t* event = xcb_poll_for_event(_client.connection())) {
-            if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE) {
-                const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);
-                if (message.type == _client.atom("_NET_SYSTEM_TRAY_OPCODE") && message.data.data32[1] == 0)
-                    _items.insert(message.data.data32[2]);
-            }
-            std::free(event);
-        }
-        std::erase_if(_items, [this](xcb_window_t item) { return !_client.exists(item); });
-        return _items.size();
-    }
-
-private:
-    X11Client _client{std::getenv("DISPLAY")};
-    xcb_window_t _window = 0;
-    std::set<xcb_window_t> _items;
-};
+using testing::ElementsAre;
+using testing::IsSupersetOf;
 
 class StatusItemsOnX11 : public testing::Test {
 protected:
     std::unique_ptr<StatusItem> addItem() {
         return items.addItem({"statusItemIcon", "statusItemIconInverse",
-            {{"About Tarragon...", [this] { chosen += "about "; }}, {"Quit & more", [this] { chosen += "quit "; }}}});
+            {{"About Tarragon...", [this] { chosen += "about "; }}, {"Preferences...", [this] { chosen += "prefs "; }},
+                {"Check for Updates", [this] { chosen += "updates "; }}, {"Help...", [this] { chosen += "help "; }},
+                {"Quit & more", [this] { chosen += "quit "; }}}});
     }
+    template <typename Condition>
+    static bool waitFor(Condition condition) {
+        return QTest::qWaitFor(condition, 20000);
+    }
+    template <typename Tray>
     static bool waitForItems(Tray& tray, std::size_t count) {
-        return QTest::qWaitFor([&] { return tray.itemCount() == count; }, 20000);
+        return waitFor([&] { return tray.itemCount() == count; });
     }
-    // The menu of the one item there is.
-    static QMenu* menu() {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (auto* found = qobject_cast<QMenu*>(widget); found && !found->actions().isEmpty())
-                return found;
-        }
-        return nullptr;
+    // Until all that was under way has been seen.
+    static void settle() { QTest::qWait(100); }
+    static QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+    static std::vector<std::string> titlesOf(NotifierTray& tray) {
+        std::vector<std::string> titles;
+        for (const auto& [number, title] : tray.menu())
+            titles.push_back(title);
+        return titles;
     }
 
     QtRunLoop runLoop;
-    QtStatusItems items{runLoop};
+    std::unique_ptr<X11Connection> connection = X11Connection::connect(std::getenv("DISPLAY"));
+    X11EmbeddingTray embeddingTray{*connection, runLoop};
+    QtStatusItems items{runLoop, &embeddingTray};
     std::string chosen;
 };
 
-TEST_F(StatusItemsOnX11, AppearInTheTrayAndGoWithTheirObject) {
-    Tray tray;
+TEST_F(StatusItemsOnX11, WaitWithoutATray) {
+    auto item = addItem();
+    settle();
+    item.reset();
+    settle();
+}
+
+TEST_F(StatusItemsOnX11, AppearInAnEmbeddingTrayAndGoWithTheirObject) {
+    EmbeddingTrayWindow tray;
     auto item = addItem();
     EXPECT_TRUE(waitForItems(tray, 1));
     item.reset();
     EXPECT_TRUE(waitForItems(tray, 0));
 }
 
-TEST_F(StatusItemsOnX11, AppearInATrayThatComesLater) {
+TEST_F(StatusItemsOnX11, AppearInAnEmbeddingTrayThatComesLater) {
     const auto item = addItem();
-    QCoreApplication::processEvents();
-    Tray tray;
+    settle();
+    EmbeddingTrayWindow tray;
     EXPECT_TRUE(waitForItems(tray, 1));
 }
 
-TEST_F(StatusItemsOnX11, SurviveTheEndOfATrayAndAppearInTheNextOne) {
-    auto tray = std::make_unique<Tray>();
+TEST_F(StatusItemsOnX11, SurviveTheEndOfAnEmbeddingTrayAndAppearInTheNextOne) {
+    auto tray = std::make_unique<EmbeddingTrayWindow>();
     const auto item = addItem();
     EXPECT_TRUE(waitForItems(*tray, 1));
     tray.reset();
-    QCoreApplication::processEvents();
-    tray = std::make_unique<Tray>();
+    settle();
+    tray = std::make_unique<EmbeddingTrayWindow>();
     EXPECT_TRUE(waitForItems(*tray, 1));
 }
 
+TEST_F(StatusItemsOnX11, MoveToAnEmbeddingTrayThatTakesThePlaceOfAnother) {
+    EmbeddingTrayWindow first;
+    const auto item = addItem();
+    EXPECT_TRUE(waitForItems(first, 1));
+    EmbeddingTrayWindow second;
+    EXPECT_TRUE(waitForItems(second, 1));
+    EXPECT_TRUE(waitForItems(first, 0));
+}
+
+TEST_F(StatusItemsOnX11, LieOnTheColourOfTheEmbeddingTrayInInkThatStandsOut) {
+    for (const auto& [colour, ink] : {std::pair{0xF0F0F0U, 0x2E3436U}, std::pair{0x202428U, 0xFFFFFFU}}) {
+        EmbeddingTrayWindow tray(colour);
+        const auto item = addItem();
+        // The corner is free and the middle is the stem of the sprig.
+        EXPECT_TRUE(waitFor([&] { return tray.pixel(12, 12) == ink; })) << std::hex << tray.pixel(12, 12);
+        EXPECT_EQ(tray.pixel(0, 0), colour);
+    }
+}
+
+TEST_F(StatusItemsOnX11, AreDrawnAnewInTheSizeOfTheEmbeddingTray) {
+    EmbeddingTrayWindow tray(0xF0F0F0, 24);
+    const auto item = addItem();
+    EXPECT_TRUE(waitFor([&] { return tray.pixel(12, 12) == 0x2E3436U; }));
+    tray.resize(48);
+    // The lower end of the stem, which the smaller picture does not reach.
+    EXPECT_TRUE(waitFor([&] { return tray.pixel(24, 46) == 0x2E3436U; }));
+}
+
+TEST_F(StatusItemsOnX11, OpenTheirMenuInAnEmbeddingTrayWithEitherButton) {
+    EmbeddingTrayWindow tray;
+    const auto item = addItem();
+    ASSERT_TRUE(waitFor([&] { return tray.pixel(12, 12) == 0x2E3436U; }));
+    for (const std::uint8_t button : {1, 3}) {
+        tray.click(button);
+        ASSERT_TRUE(waitFor([] { return openMenu() != nullptr; }));
+        ASSERT_EQ(openMenu()->actions().size(), 5);
+        EXPECT_EQ(openMenu()->actions().at(4)->text(), "Quit && more");
+        openMenu()->close();
+    }
+}
+
 TEST_F(StatusItemsOnX11, CallTheActionOfTheChosenItemFromTheRunLoop) {
-    auto item = addItem();
-    ASSERT_TRUE(menu());
-    ASSERT_EQ(menu()->actions().size(), 2);
-    EXPECT_EQ(menu()->actions().at(1)->text(), "Quit && more");
-    menu()->actions().at(1)->trigger();
+    EmbeddingTrayWindow tray;
+    const auto item = addItem();
+    ASSERT_TRUE(waitFor([&] { return tray.pixel(12, 12) == 0x2E3436U; }));
+    tray.click();
+    ASSERT_TRUE(waitFor([] { return openMenu() != nullptr; }));
+    QMenu* const menu = openMenu();
+    menu->actions().at(4)->trigger();
     EXPECT_EQ(chosen, "");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return chosen == "quit "; }, 20000));
+    EXPECT_TRUE(waitFor([&] { return chosen == "quit "; }));
+    menu->close();
 }
 
 TEST_F(StatusItemsOnX11, CanBeTakenAwayByTheirOwnAction) {
+    NotifierTray tray;
     std::unique_ptr<StatusItem> item;
     item = items.addItem({"statusItemIcon", "", {{"Remove", [&] { item.reset(); }}}});
-    ASSERT_TRUE(menu());
-    menu()->actions().at(0)->trigger();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !item; }, 20000));
+    ASSERT_TRUE(waitForItems(tray, 1));
+    ASSERT_EQ(tray.menu().size(), 1U);
+    tray.choose(tray.menu().front().first);
+    EXPECT_TRUE(waitFor([&] { return !item; }));
+    EXPECT_TRUE(waitForItems(tray, 0));
+}
+
+TEST_F(StatusItemsOnX11, AppearAsNotifierItemsAndGoWithTheirObject) {
+    NotifierTray tray;
+    auto item = addItem();
+    EXPECT_TRUE(waitForItems(tray, 1));
+    item.reset();
+    EXPECT_TRUE(waitForItems(tray, 0));
+}
+
+TEST_F(StatusItemsOnX11, AppearAsNotifierItemsOfAWatcherThatComesLater) {
+    const auto item = addItem();
+    settle();
+    NotifierTray tray;
+    EXPECT_TRUE(waitForItems(tray, 1));
+}
+
+TEST_F(StatusItemsOnX11, WaitForTheHostOfAWatcher) {
+    const auto item = addItem();
+    NotifierTray tray(NotifierTray::Host::Absent);
+    settle();
+    EXPECT_EQ(tray.itemCount(), 0U);
+    tray.registerHost();
+    EXPECT_TRUE(waitForItems(tray, 1));
+}
+
+TEST_F(StatusItemsOnX11, SurviveTheEndOfAWatcherAndAppearWithTheNextOne) {
+    auto tray = std::make_unique<NotifierTray>();
+    const auto item = addItem();
+    EXPECT_TRUE(waitForItems(*tray, 1));
+    tray.reset();
+    settle();
+    tray = std::make_unique<NotifierTray>();
+    EXPECT_TRUE(waitForItems(*tray, 1));
+    EXPECT_EQ(titlesOf(*tray).size(), 5U);
+}
+
+TEST_F(StatusItemsOnX11, MoveToAWatcherThatComesAndBackToTheEmbeddingTrayWhenItGoes) {
+    EmbeddingTrayWindow embedding;
+    const auto item = addItem();
+    EXPECT_TRUE(waitForItems(embedding, 1));
+    auto notifier = std::make_unique<NotifierTray>();
+    EXPECT_TRUE(waitForItems(*notifier, 1));
+    EXPECT_TRUE(waitForItems(embedding, 0));
+    notifier.reset();
+    EXPECT_TRUE(waitForItems(embedding, 1));
+}
+
+TEST_F(StatusItemsOnX11, StayWithTheWatcherWhenAnEmbeddingTrayComes) {
+    NotifierTray notifier;
+    const auto item = addItem();
+    EXPECT_TRUE(waitForItems(notifier, 1));
+    EmbeddingTrayWindow embedding;
+    settle();
+    EXPECT_EQ(embedding.itemCount(), 0U);
+    EXPECT_EQ(notifier.itemCount(), 1U);
+}
+
+TEST_F(StatusItemsOnX11, ShowTheirMenuOverTheBusAndCallItsActions) {
+    NotifierTray tray;
+    const auto item = addItem();
+    ASSERT_TRUE(waitForItems(tray, 1));
+    EXPECT_THAT(titlesOf(tray),
+        ElementsAre(
+            "About Tarragon...", "Preferences...", "Check for Updates", "Help...", testing::EndsWith("& more")));
+    for (const auto& [number, title] : tray.menu())
+        tray.choose(number);
+    EXPECT_TRUE(waitFor([&] { return chosen == "about prefs updates help quit "; })) << chosen;
+}
+
+TEST_F(StatusItemsOnX11, TellTheirPictureInTheSizesOfTrays) {
+    NotifierTray tray;
+    const auto item = addItem();
+    ASSERT_TRUE(waitForItems(tray, 1));
+    EXPECT_THAT(tray.iconSizes(), IsSupersetOf({16, 22, 24, 32}));
+    EXPECT_EQ(tray.iconPixel(24, 12, 12), 0xFF2E3436U);
+    EXPECT_EQ(tray.iconPixel(24, 0, 0), 0U);
+}
+
+TEST_F(StatusItemsOnX11, FollowTheColoursOfTheDesktop) {
+    NotifierTray tray;
+    const auto item = addItem();
+    ASSERT_TRUE(waitForItems(tray, 1));
+    const QPalette light = QApplication::palette();
+    QPalette dark = light;
+    dark.setColor(QPalette::Window, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    EXPECT_TRUE(waitFor([&] { return tray.iconPixel(24, 12, 12) == 0xFFFFFFFFU; }));
+    QApplication::setPalette(light);
+    EXPECT_TRUE(waitFor([&] { return tray.iconPixel(24, 12, 12) == 0xFF2E3436U; }));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "PrivateSessionBus.h"
 #include "VirtualServer.h"
 
 #include <array>
@@ -17,6 +18,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     setenv("DISPLAY", server.displayName().c_str(), 1);
+    const tarragon::PrivateSessionBus sessionBus;
+    setenv("DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     // As the program has it: pop-ups get their input from us.
     std::string leaveGrabs = "-nograb";

@@ -11,6 +11,7 @@
 #include "platform/linux/input/X11PointerOwner.h"
 #include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
 #include "platform/linux/settings/PropertyListDefaults.h"
+#include "platform/linux/tray/X11EmbeddingTray.h"
 #include "platform/linux/x11/QtNativeEvents.h"
 #include "platform/linux/x11/QtPixelScale.h"
 #include "platform/linux/x11/RunningInstance.h"
@@ -153,7 +154,8 @@ private:
     LinuxProcess _process;
     X11WindowList _windowList;
     X11PanelSurfaces _panelSurfaces;
-    QtStatusItems _statusItems{_runLoop};
+    X11EmbeddingTray _embeddingTray{*_connection, _runLoop};
+    QtStatusItems _statusItems{_runLoop, &_embeddingTray};
     QtNativeEvents _nativeEvents;
     std::unique_ptr<RunningInstance> _instance;
     std::optional<TerminationSignals> _terminationSignals;
