@@ -44,6 +44,7 @@ struct FakeAccessible {
     bool hasAction = true; // can be asked for the key binding of one
     int top = 20;
     std::string actionName = "click"; // not translated
+    std::string underPoint = {}; // object path of what lies in it under any point; empty when it cannot be asked
     int extraChildCount = 0; // counts so many children more than it lists
 };
 

@@ -4,12 +4,14 @@
 #include "platform/linux/atspi/AtspiOperation.h"
 #include "platform/linux/atspi/LinuxElements.h"
 
+#include <algorithm>
+
 namespace tarragon {
 
 namespace {
 
 // Objects within objects under one point.
-constexpr int HitTestLimit = 40;
+constexpr std::size_t HitTestLimit = 40;
 
 } // namespace
 
@@ -45,12 +47,15 @@ Element WindowContents::elementAtPosition(
         return {};
     // The window contains the point, so it is one of the screen.
     const AtspiScreenPoint point{static_cast<std::int32_t>(pointCG.x), static_cast<std::int32_t>(pointCG.y)};
+    // Each object is asked once, also by an application that leads round in a circle.
+    std::vector<AtspiReference> asked;
     AtspiReference innermost = *outermost;
-    for (int step = 0; step < HitTestLimit; ++step) {
+    while (asked.size() < HitTestLimit) {
+        asked.push_back(innermost);
         std::optional<AtspiReference> inner;
         operation.connection().run({{innermost, "org.a11y.atspi.Component", "GetAccessibleAtPoint", point,
             [&inner](AtspiReply& reply) { inner = reply.readReference(); }}});
-        if (!inner || inner->isNull() || *inner == innermost)
+        if (!inner || inner->isNull() || std::ranges::find(asked, *inner) != asked.end())
             break;
         innermost = *inner;
     }
