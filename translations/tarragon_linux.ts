@@ -151,7 +151,7 @@
     </message>
     <message>
         <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
-        <translation>Would you like to switch them on? Tarragon then ends; please start it again, and applications whose menus it does not show as well. (On GNOME, Xfce and most other desktops these services come with the package at-spi2-core. Without it nothing happens.)</translation>
+        <translation>Would you like to switch them on? Tarragon then ends; please start it again, and restart applications whose menus do not show. (On GNOME, Xfce and most other desktops these services come with the package at-spi2-core. Without it nothing happens.)</translation>
     </message>
 </context>
 <context>

@@ -48,6 +48,30 @@ TEST_P(LaunchOnLoginTest, ComesAndGoesWithThePreferenceAtTheNextStart) {
     EXPECT_TRUE(waitUntil([this] { return !std::filesystem::exists(entry()); }));
 }
 
+// The same path is that of the copy that takes the place of a program that ends.
+TEST_P(LaunchOnLoginTest, NamesTheProgramByItsFullPathHoweverItWasStarted) {
+    const std::filesystem::path program = std::filesystem::canonical(E2E_TARRAGON);
+    const std::filesystem::path link = desktop().programFolder() / "tarragon-by-name";
+    std::filesystem::create_symlink(program, link);
+    const std::filesystem::path starter = desktop().home() / "start";
+    agent().preferences().set("LaunchOnLogin", true);
+    TestApplication& application = launch(ApplicationKind::Terminal);
+    for (const std::string& command : {std::string("exec tarragon-by-name"),
+             "cd '" + program.parent_path().string() + "' && exec ./" + program.filename().string()}) {
+        agent().process().terminate();
+        ASSERT_TRUE(waitUntil([this] { return !agent().hotKeyIsRegistered(usualHotKey()); }));
+        std::filesystem::remove(entry());
+        std::ofstream(starter) << "#!/bin/sh\n" << command << "\n";
+        std::filesystem::permissions(starter, std::filesystem::perms::owner_all);
+        const Agent other(desktop(), usualHotKey(), starter);
+        EXPECT_TRUE(waitUntil([this] { return std::filesystem::exists(entry()); }));
+        EXPECT_NE(contentsOfEntry().find("\nExec=" + program.string() + "\n"), std::string::npos) << contentsOfEntry();
+    }
+    std::filesystem::remove(link);
+    std::filesystem::remove(starter);
+    EXPECT_TRUE(application.process().isRunning());
+}
+
 TEST_P(LaunchOnLoginTest, IsStartedByTheSession) {
     restartWith(true);
     ASSERT_TRUE(waitUntil([this] { return std::filesystem::exists(entry()); }));

@@ -82,16 +82,17 @@ void MessagePanels::showUpdateOutcome(const UpdateOutcome& outcome, std::functio
     removeButtons(*box);
     QObject::disconnect(box, &QMessageBox::finished, box, nullptr);
     QPushButton* close = box->addButton(text(translated("MessagePanels", "Close")), QMessageBox::RejectRole);
+    box->setEscapeButton(close);
+    box->setDefaultButton(close);
     const auto* newer = std::get_if<NewerVersion>(&outcome);
     if (newer && !newer->link.empty()) {
-        const QPushButton* open =
-            box->addButton(text(translated("MessagePanels", "Open Web Page")), QMessageBox::AcceptRole);
+        QPushButton* open = box->addButton(text(translated("MessagePanels", "Open Web Page")), QMessageBox::AcceptRole);
+        box->setDefaultButton(open);
         QObject::connect(box, &QMessageBox::finished, box, [box, open, openLink = std::move(openLink)] {
             if (box->clickedButton() == open)
                 openLink();
         });
     }
-    box->setEscapeButton(close);
     box->show();
     box->raise();
 }

@@ -48,13 +48,18 @@ public:
     explicit Toolkit(const Program& program)
         : _path(program.path) {
         // It must not draw on another display than the rest of the program.
+        const bool wasChosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+        const QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
         qputenv("QT_QPA_PLATFORM", "xcb");
         QApplication::setApplicationName(QString::fromStdString(program.name));
         QApplication::setApplicationVersion(QString::fromStdString(program.version));
         QApplication::setQuitOnLastWindowClosed(false);
         _application.emplace(_argumentCount, _arguments.data());
-        // Programs that we start choose for themselves.
-        qunsetenv("QT_QPA_PLATFORM");
+        // Programs that we start get the environment that we got.
+        if (wasChosen)
+            qputenv("QT_QPA_PLATFORM", chosen);
+        else
+            qunsetenv("QT_QPA_PLATFORM");
     }
 
 private:

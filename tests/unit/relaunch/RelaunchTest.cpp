@@ -1,3 +1,5 @@
+#include "platform/linux/desktop/LinuxProcess.h"
+
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -121,6 +123,23 @@ TEST_F(RelaunchTest, StartsTheProgramAtOnceWhenTheProcessIsGone) {
     const pid_t tool = start({program, std::to_string(sleeper)});
     EXPECT_EQ(started(), "started 0");
     waitpid(tool, nullptr, 0);
+}
+
+// The way from the seam through the tool to the program.
+TEST_F(RelaunchTest, StartsTheProgramInTheEnvironmentOfTheOneThatEnds) {
+    std::ofstream(program) << "#!/bin/sh\necho \"$# $TARRAGON_TEST_WORDS $(pwd)\" >'" << pipe() << "'\n";
+    const std::string folder = fs::path(program).parent_path();
+    const pid_t ending = fork();
+    if (ending == 0) {
+        setenv("TARRAGON_TEST_WORDS", "two  words", 1);
+        const bool isStarted = chdir(folder.c_str()) == 0
+            && LinuxProcess(TARRAGON_RELAUNCH, "/proc/self/status").relaunchAfterEnd(program);
+        _exit(isStarted ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(ending, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(started(), "0 two  words " + folder);
 }
 
 TEST_F(RelaunchTest, TellsHowItIsUsed) {

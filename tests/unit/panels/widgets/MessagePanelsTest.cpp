@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -172,6 +173,15 @@ TEST_F(UpdatePanel, IsOneBoxWhoseWordsChange) {
     EXPECT_EQ(buttonTexts(), QStringList({"Close", "Open Web Page"}));
     show(UpToDate{});
     EXPECT_EQ(buttonTexts(), QStringList{"Close"});
+}
+
+TEST_F(UpdatePanel, OffersThePageFirst) {
+    show(UpdateUnderWay{});
+    show(NewerVersion{"2.0", "", "https://example.org"});
+    EXPECT_EQ(shownBox()->defaultButton()->text(), "Open Web Page");
+    EXPECT_EQ(shownBox()->escapeButton()->text(), "Close");
+    show(UpToDate{});
+    EXPECT_EQ(shownBox()->defaultButton()->text(), "Close");
 }
 
 TEST_F(UpdatePanel, OpensThePageOnceOnRequest) {
