@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <sys/stat.h>
 
@@ -101,14 +102,15 @@ TEST_F(UpdateProcessTest, AsksOnceAtATime) {
 }
 
 TEST_F(UpdateProcessTest, MayBeAskedAgainFromTheAnswer) {
-    write("tool", "#!/bin/sh\necho '{\"result\":\"up to date\"}'\n");
+    write("tool", "#!/bin/sh\necho '{\"result\":\"newer\",\"version\":\"'$1'\"}'\n");
     UpdateProcess updates({.tool = path("tool"), .runningVersion = "1.0", .builtInFeed = {}});
-    int answers = 0;
-    updates.check("a", [&](const UpdateOutcome&) {
-        ++answers;
-        updates.check("b", [&](const UpdateOutcome&) { ++answers; });
+    std::vector<UpdateOutcome> outcomes;
+    updates.check("2", [&](const UpdateOutcome& first) {
+        outcomes.push_back(first);
+        updates.check("3", [&](const UpdateOutcome& second) { outcomes.push_back(second); });
     });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return answers == 2; }, 30'000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return outcomes.size() == 2; }, 30'000));
+    EXPECT_EQ(outcomes, (std::vector<UpdateOutcome>{NewerVersion{"2", "", ""}, NewerVersion{"3", "", ""}}));
 }
 
 TEST_F(UpdateProcessTest, TellsNobodyOnceItIsGone) {
