@@ -52,7 +52,7 @@ void UpdateProcess::check(const std::string& address, Handler handler) {
 }
 
 void UpdateProcess::readMore() {
-    constexpr qsizetype MostBytes = 64 * 1024;
+    constexpr qsizetype MostBytes = 65536;
     _message.append(_process->readAllStandardOutput());
     // One line is the whole answer. The tool itself may linger over a name that is still being looked up.
     const qsizetype end = _message.indexOf('\n');

@@ -37,12 +37,12 @@ int main(int argumentCount, char** arguments) {
     const std::string version = arguments[2];
     // Otherwise the toolkit would look for options of its own in them.
     int ownCount = 1;
-    QCoreApplication application(ownCount, arguments);
+    const QCoreApplication application(ownCount, arguments);
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     ReleaseFeed feed;
     feed.fetch(address, [&](const FetchedDocument& fetched) {
         std::cout << updateMessage(outcomeOf(fetched, version)) << std::endl;
-        application.quit();
+        QCoreApplication::quit();
     });
     return QCoreApplication::exec();
 }

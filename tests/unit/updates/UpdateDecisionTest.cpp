@@ -59,6 +59,7 @@ TEST(UpdateDecision, FindsTheNewestWhateverTheOrder) {
         {"0.9", "0.10", "0.2"}, {"0.10", "0.9", "0.2"}, {"0.2", "0.9", "0.10"}};
     for (const auto& order : orders) {
         std::vector<Release> releases;
+        releases.reserve(order.size());
         for (const char* version : order)
             releases.push_back(release(version));
         EXPECT_EQ(found(releases, "0.2"), "0.10");

@@ -58,7 +58,7 @@ private:
 
 TEST_F(UpdateProcessTest, HandsTheToolAddressAndVersion) {
     const UpdateOutcome outcome =
-        askScript("echo \"$#,$1,$2\" > '" + path("arguments") + "'; echo '{\"result\":\"up to date\"}'");
+        askScript("echo \"$#,$1,$2\" > '" + path("arguments") + R"('; echo '{"result":"up to date"}')");
     EXPECT_EQ(outcome, UpdateOutcome(UpToDate{}));
     EXPECT_EQ(contentsOf("arguments"), "2,https://example.org/a b,1.0\n");
 }
