@@ -26,6 +26,9 @@ public:
     std::optional<WindowDescription> describe(std::uint32_t window);
     bool isActive(std::uint32_t window);
 
+    void beginLook() { _windows.beginLook(); }
+    void endLook() { _windows.endLook(); }
+
     // The windows of a process, topmost first. A window that does not tell its process stands for itself: process 0
     // and that window.
     std::vector<WindowDescription> windowsOfApplication(std::int64_t processIdentifier, std::uint32_t window);

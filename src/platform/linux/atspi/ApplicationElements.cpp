@@ -100,8 +100,8 @@ Value ApplicationElements::title(const AtspiElement& application) {
 }
 
 bool ApplicationElements::isHidden(const AtspiElement& application) {
-    const auto all = windowsOf(application);
-    return !all.empty() && std::ranges::all_of(all, [](const WindowDescription& window) { return window.hidden; });
+    // The focused window is one that is not hidden, if there is any; all others are asked only without it.
+    return !focusedWindow(application) && !windowsOf(application).empty();
 }
 
 Element ApplicationElements::menuBar(const AtspiElement& application) {

@@ -28,6 +28,7 @@ struct BatchMemory {
     std::thread::id thread;
     int nesting = 0;
     bool hasAskedBus = false;
+    bool isLook = false; // the window in front is looked at once until the batch ends
     AtspiTree::Reading reading = AtspiTree::Reading::SomeAttributes;
     AtspiNodes nodes;
     AttributeValueCache values; // of the whole system, of applications and windows

@@ -38,12 +38,22 @@ ElementsOfKind* LinuxAccessibility::kindOf(const Element& element) {
     return nullptr;
 }
 
+// Whoever reads menus takes long enough for windows to change meanwhile, and asks little of them.
 void LinuxAccessibility::beginReadBatch(ReadBatchDepth depth) {
     _clients.batches().begin(depth);
+    BatchMemory& batch = *_clients.batches().ofThread();
+    if (batch.nesting > 1 || depth != ReadBatchDepth::AsAsked)
+        return;
+    batch.isLook = true;
+    _windows.beginLook();
 }
 
 void LinuxAccessibility::endReadBatch() {
+    const BatchMemory* const batch = _clients.batches().ofThread();
+    const bool endsLook = batch != nullptr && batch->isLook && batch->nesting == 1;
     _clients.batches().end();
+    if (endsLook)
+        _windows.endLook();
 }
 
 void LinuxAccessibility::readAhead(std::span<const Element> elements, std::span<const std::string_view> attributes) {

@@ -32,6 +32,11 @@ public:
     // of other workspaces are not there.
     virtual std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) = 0;
 
+    // Until the look of the calling thread ends, what it is told of the active window may be as old as the first answer.
+    // Looks nest; use a read batch.
+    virtual void beginLook() { }
+    virtual void endLook() { }
+
     // All three ask the window manager. False when the request could not be sent.
     virtual bool setPosition(std::uint32_t window, const Point& topLeftCG) = 0;
     virtual bool setSize(std::uint32_t window, const Size& frameSize) = 0;

@@ -60,6 +60,18 @@ std::optional<WindowDescription> X11ActiveWindowCache::describeActiveWindow() {
     return window ? knownDescription(*window) : std::nullopt;
 }
 
+void X11ActiveWindowCache::beginLook() {
+    const std::lock_guard lock(_mutex);
+    ++_looks[std::this_thread::get_id()].nesting;
+}
+
+void X11ActiveWindowCache::endLook() {
+    const std::lock_guard lock(_mutex);
+    const auto look = _looks.find(std::this_thread::get_id());
+    if (look != _looks.end() && --look->second.nesting == 0)
+        _looks.erase(look);
+}
+
 void X11ActiveWindowCache::takeEvents() {
     const std::lock_guard lock(_mutex);
     // Reads what has arrived; the rest is in the queue then.
@@ -69,8 +81,12 @@ void X11ActiveWindowCache::takeEvents() {
     takeQueuedEvents();
 }
 
-// The server is waited for, so that nothing is missing of what it has done so far.
+// The server is waited for, so that nothing is missing of what it has done so far; once in a look.
 void X11ActiveWindowCache::takeAllEvents() {
+    if (const auto look = _looks.find(std::this_thread::get_id()); look != _looks.end()) {
+        if (std::exchange(look->second.hasBegun, true))
+            return;
+    }
     const X11Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(_connection.get(), xcb_get_input_focus(_connection.get()), nullptr));
     if (!reply) {

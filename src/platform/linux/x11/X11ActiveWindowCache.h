@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <optional>
+#include <thread>
 #include <vector>
 
 #include <xcb/xcb.h>
@@ -39,6 +41,11 @@ public:
     // Both at once.
     std::optional<WindowDescription> describeActiveWindow();
 
+    // From the first answer to the calling thread until the end of its look, the server is not asked whether it has
+    // told all. What it happens to tell meanwhile counts nevertheless. Looks nest.
+    void beginLook();
+    void endLook();
+
     // Takes what the server has told meanwhile, without waiting for it. For whoever knows that there may be something,
     // lest it pile up while nobody asks.
     void takeEvents();
@@ -53,6 +60,12 @@ private:
     void unwatch();
     [[nodiscard]] bool selectEvents(std::uint32_t window, std::uint32_t mask);
 
+    // What one thread sees from the beginning of its outermost look to the end.
+    struct Look {
+        int nesting = 0;
+        bool hasBegun = false; // the server has told all that it knew when the look was first used
+    };
+
     X11Connection& _connection;
     Questions _questions;
     std::mutex _mutex;
@@ -63,6 +76,7 @@ private:
     std::optional<WindowDescription> _description;
     // The window that is described and those around it, which move with it; empty when they have to be found again.
     std::vector<std::uint32_t> _watched;
+    std::map<std::thread::id, Look> _looks;
 };
 
 } // namespace tarragon

@@ -33,6 +33,9 @@ public:
     std::vector<std::uint32_t> windowsByActivation() override;
     std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) override;
 
+    void beginLook() override { _cache.beginLook(); }
+    void endLook() override { _cache.endLook(); }
+
     bool setPosition(std::uint32_t window, const Point& topLeftCG) override;
     bool setSize(std::uint32_t window, const Size& frameSize) override;
     bool raise(std::uint32_t window) override;

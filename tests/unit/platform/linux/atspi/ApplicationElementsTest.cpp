@@ -141,6 +141,31 @@ TEST_F(ApplicationElementsTest, AreRememberedByABatchAndReadAnewOutsideOne) {
     EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(1))});
 }
 
+TEST_F(ApplicationElementsTest, AreLookedAtOnceInABatchThatReadsNothingAhead) {
+    {
+        const ReadBatch batch(accessibility, ReadBatchDepth::AsAsked);
+        EXPECT_EQ(windows.openLooks, 1);
+        {
+            const ReadBatch inner(accessibility, ReadBatchDepth::OneLevel);
+            const ReadBatch innermost(accessibility, ReadBatchDepth::AsAsked);
+            EXPECT_EQ(windows.openLooks, 1);
+        }
+        EXPECT_EQ(windows.openLooks, 1);
+    }
+    EXPECT_EQ(windows.openLooks, 0);
+    const ReadBatch batch(accessibility, ReadBatchDepth::OneLevel);
+    const ReadBatch inner(accessibility, ReadBatchDepth::AsAsked);
+    EXPECT_EQ(windows.openLooks, 0);
+}
+
+TEST_F(ApplicationElementsTest, AreNotAskedForAllTheirWindowsWhileOneIsSeen) {
+    addWindow(1, "One");
+    addWindow(2, "Two");
+    windows.questions = 0;
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
+    EXPECT_EQ(windows.questions, 2); // which one is active, and what it is like
+}
+
 TEST_F(ApplicationElementsTest, AndTheirWindowsTellTheSameUntilABatchEnds) {
     addWindow(1, "One");
     const Element window = elementOfWindow(windows.at(1));

@@ -74,6 +74,8 @@ public:
         }
         return {};
     }
+    void beginLook() override { ++openLooks; }
+    void endLook() override { --openLooks; }
     bool setPosition(std::uint32_t window, const Point& topLeftCG) override {
         at(window).frameCG.origin = topLeftCG;
         return true;
@@ -92,6 +94,7 @@ public:
     std::vector<std::uint32_t> activation; // the latest first
     std::vector<std::uint32_t> raised;
     int questions = 0; // about the active window and about single windows
+    int openLooks = 0;
     std::function<void()> beforeActiveWindow;
 };
 

@@ -62,6 +62,39 @@ TEST_F(X11WindowsTest, AsksTheServerForNothingThatItWouldHaveTold) {
     EXPECT_EQ(requestsOf([&] { EXPECT_TRUE(windows->describe(window)); }), 1U);
 }
 
+TEST_F(X11WindowsTest, AsksTheServerOnceInALook) {
+    const std::uint32_t window = openActive();
+    EXPECT_EQ(active().identifier, window);
+    const auto askEverything = [&] {
+        for (int times = 0; times < 3; ++times) {
+            EXPECT_EQ(windows->activeWindow(), window);
+            EXPECT_TRUE(windows->describe(window));
+            EXPECT_TRUE(windows->describeActiveWindow());
+        }
+    };
+    EXPECT_EQ(requestsOf(askEverything), 9U);
+    windows->beginLook();
+    windows->beginLook();
+    EXPECT_EQ(requestsOf(askEverything), 1U);
+    windows->endLook();
+    EXPECT_EQ(requestsOf(askEverything), 0U);
+    // Another thread has no part in it.
+    std::thread([&] { EXPECT_EQ(requestsOf(askEverything), 9U); }).join();
+    windows->endLook();
+    EXPECT_EQ(requestsOf(askEverything), 9U);
+}
+
+TEST_F(X11WindowsTest, TellsInALookWhatHoldsWhenItIsFirstUsed) {
+    const std::uint32_t first = openActive();
+    EXPECT_EQ(active().identifier, first);
+    windows->beginLook();
+    const std::uint32_t second = openActive({.process = 1002});
+    EXPECT_EQ(active().identifier, second);
+    windows->endLook();
+    manager->activate(first);
+    EXPECT_EQ(active().identifier, first);
+}
+
 TEST_F(X11WindowsTest, FollowsTheActiveWindow) {
     const std::uint32_t first = openActive();
     EXPECT_EQ(active().identifier, first);
