@@ -106,7 +106,10 @@ TEST_F(FocusedWindowOnX11, IsAskedForWithOneRequestInAShallowBatchAndNeverOverTh
 }
 
 TEST_F(FocusedWindowOnX11, IsSeenWhereItIsByTheNextBatch) {
-    askAll();
+    {
+        const ReadBatch batch(accessibility, ReadBatchDepth::AsAsked);
+        askAll();
+    }
     client.move(window, 150, 90);
     const ReadBatch batch(accessibility, ReadBatchDepth::AsAsked);
     EXPECT_EQ(queries->focusedWindowPositionCG(), (Point{150, 90}));
