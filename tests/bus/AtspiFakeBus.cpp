@@ -265,8 +265,14 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
             static_cast<std::uint32_t>(object.states >> 32U));
     } else if (member == "GetExtents" && object.hasExtents) {
         sd_bus_reply_method_return(message, "(iiii)", 10, object.top, 300, object.height);
-    } else if (member == "GetAccessibleAtPoint" && !object.underPoint.empty()) {
-        sd_bus_reply_method_return(message, "(so)", _busName.c_str(), object.underPoint.c_str());
+    } else if (member == "GetAccessibleAtPoint" && (!object.underPoint.empty() || findsAtPoints)) {
+        std::int32_t x = 0;
+        std::int32_t y = 0;
+        sd_bus_message_read(message, "ii", &x, &y);
+        points.emplace_back(x, y);
+        const std::string child = object.children.empty() ? "/org/a11y/atspi/null" : object.children.front();
+        sd_bus_reply_method_return(message, "(so)", _busName.c_str(),
+            object.underPoint.empty() ? child.c_str() : object.underPoint.c_str());
     } else if (member == "GetKeyBinding" && object.hasAction) {
         sd_bus_reply_method_return(message, "s", object.keyBinding.c_str());
     } else if (member == "GetMatches" && searches) {

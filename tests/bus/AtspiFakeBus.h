@@ -8,6 +8,7 @@
 #include <string>
 #include <sys/types.h>
 #include <thread>
+#include <utility>
 #include <vector>
 
 struct sd_bus;
@@ -79,6 +80,8 @@ public:
     std::string toolkit = "gtk";
     bool isSilent = false; // reads, and answers nothing
     bool answersLate = false; // what it has read while it was silent, once it is not silent any more
+    bool findsAtPoints = false; // answers the first child for any point
+    std::vector<std::pair<int, int>> points; // that were asked about
     bool searches = true; // answers which objects match a rule
     bool answersNonsense = false; // replies of other types than announced
     std::function<void(const std::string& path)> beforeReply; // to a call for that object

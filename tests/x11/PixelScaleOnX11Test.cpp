@@ -27,6 +27,8 @@ protected:
 };
 
 TEST_F(PixelScaleOnX11, IsTheToolkits) {
+    const bool isSet = qEnvironmentVariableIsSet("QT_SCALE_FACTOR");
+    EXPECT_EQ(_scale, isSet ? qEnvironmentVariable("QT_SCALE_FACTOR").toDouble() : 1);
     const PixelScale scale = _current.get();
     EXPECT_EQ(scale.isOne(), _scale == 1);
     EXPECT_EQ(scale.scaleOfPixels({{0, 0}, {1000, 800}}), _scale);

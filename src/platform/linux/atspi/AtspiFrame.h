@@ -14,14 +14,14 @@ struct AtspiFrame {
     std::string title;
     bool active = false;
     bool visible = true;
-    std::optional<Rect> extents; // screen space
+    std::optional<Rect> extents; // from the corner of the root window
 };
 
 // What the X server says of the window that is looked for.
 struct AtspiFrameQuery {
     std::string title;
     bool active = false; // it is the window in front
-    Rect frame; // with decorations, screen space
+    Rect frame; // with decorations, in points from the corner of the root window
 };
 
 struct AtspiFrameMatch {

@@ -10,6 +10,13 @@ namespace tarragon {
 
 namespace {
 
+// Applications count from the corner of the root window, and not from that of the primary screen. Those of one toolkit
+// mean points as we do; those of the other mean pixels divided by a whole number, which is the same for scales that are
+// whole themselves.
+Point inRootWindow(const Point& pointCG, const WindowDescription& window) {
+    return {pointCG.x + window.screenOrigin.x, pointCG.y + window.screenOrigin.y};
+}
+
 // Objects within objects under one point.
 constexpr std::size_t HitTestLimit = 40;
 
@@ -18,7 +25,8 @@ constexpr std::size_t HitTestLimit = 40;
 std::optional<AtspiReference> WindowContents::frame(
     AtspiOperation& operation, const WindowDescription& window, const AtspiApplication& application) {
     return operation.windows().frame(window.identifier, application, operation.nodes(), [&] {
-        return AtspiFrameQuery{window.title, _windows.isActive(window.identifier), window.frameCG};
+        const Rect frame{inRootWindow(window.frameCG.origin, window), window.frameCG.size};
+        return AtspiFrameQuery{window.title, _windows.isActive(window.identifier), frame};
     });
 }
 
@@ -46,7 +54,8 @@ Element WindowContents::elementAtPosition(
     if (!outermost)
         return {};
     // The window contains the point, so it is one of the screen.
-    const AtspiScreenPoint point{static_cast<std::int32_t>(pointCG.x), static_cast<std::int32_t>(pointCG.y)};
+    const Point inRoot = inRootWindow(pointCG, window);
+    const AtspiScreenPoint point{static_cast<std::int32_t>(inRoot.x), static_cast<std::int32_t>(inRoot.y)};
     // Each object is asked once, also by an application that leads round in a circle.
     std::vector<AtspiReference> asked;
     AtspiReference innermost = *outermost;

@@ -20,6 +20,7 @@ struct WindowDescription {
     std::uint32_t transientFor = 0; // the window that it belongs to, as a dialog does; 0 for none, or a whole group
     Rect frame; // with decorations, without shadows; pixels of the root window, y down
     Rect frameCG; // the same in screen space, in points
+    Point screenOrigin; // where screen space begins in the root window, the same numbers in pixels and in points
     bool fullScreen = false;
     bool hidden = false; // minimised
 };

@@ -176,6 +176,7 @@ public:
         description.frame = frameOfClient(client,
             visibleFrameExtents(
                 frameExtentsOfProperty(_frameExtents.numbers()), frameExtentsOfProperty(_gtkFrameExtents.numbers())));
+        description.screenOrigin = screenOrigin;
         description.frameCG = description.frame;
         description.frameCG.origin.x -= screenOrigin.x;
         description.frameCG.origin.y -= screenOrigin.y;
@@ -282,15 +283,12 @@ std::uint32_t pixels(double value) {
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lround(std::clamp(value, -32768.0, 32767.0))));
 }
 
-// Screen space begins at the corner of a screen, which has the same numbers in pixels and in points.
 WindowDescription inPoints(WindowDescription description, const PixelScale& scale) {
     if (scale.isOne())
         return description;
-    const Point fromOrigin{description.frame.origin.x - description.frameCG.origin.x,
-        description.frame.origin.y - description.frameCG.origin.y};
     description.frameCG = scale.pointsFromPixels(description.frame);
-    description.frameCG.origin.x -= fromOrigin.x;
-    description.frameCG.origin.y -= fromOrigin.y;
+    description.frameCG.origin.x -= description.screenOrigin.x;
+    description.frameCG.origin.y -= description.screenOrigin.y;
     return description;
 }
 

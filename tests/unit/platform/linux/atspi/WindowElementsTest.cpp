@@ -121,6 +121,16 @@ TEST_F(WindowElementsTest, DescribeTheActionThatTheyHaveOnly) {
     EXPECT_FALSE(accessibility.actionDescription(element, "AXCancel"));
 }
 
+TEST_F(WindowElementsTest, AskForWhatIsUnderAPointAsTheApplicationCounts) {
+    // The primary screen does not begin at the corner of the root window.
+    addWindow(1, "One").screenOrigin = {600, 50};
+    application.change([&] { application.findsAtPoints = true; });
+    const Element found = accessibility.elementAtPosition({15, 25});
+    ASSERT_TRUE(found);
+    EXPECT_EQ(AtspiElement::of(found)->reference.path, framePath(1) + "/text");
+    application.change([&] { EXPECT_EQ(application.points.front(), std::pair(615, 75)); });
+}
+
 TEST_F(WindowElementsTest, AreFoundUnderAPointWhereTheApplicationTellsNothingFurther) {
     addWindow(1, "One");
     EXPECT_EQ(accessibility.elementAtPosition({15, 25}), elementOf(1));
