@@ -17,8 +17,11 @@ public:
     virtual ~MenuOpener() = default;
     // The menu has closed, with all its submenus, in whatever way. Once, and before the action of a chosen item is
     // sent; for a menu that was not shown because it is empty, before popUpMenu returns. Not when the presenter is
-    // destroyed. Another menu may be opened at once: it then takes the place of one whose opening has closed this one,
-    // which is not shown, and closes before the action of a chosen item is sent.
+    // destroyed.
+    //
+    // Another menu may be opened from here. If this one has closed because popUpMenu was called for a third, the third
+    // is not shown then, and its opener hears that it has closed. If an item was chosen, the other menu closes again
+    // before the action is sent.
     virtual void menuHasClosed() { }
     // Left or Right was pressed where the menus themselves have no use for it. The opener may open another menu.
     virtual void moveToNeighbour(MenuNeighbour) { }

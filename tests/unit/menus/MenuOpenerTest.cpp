@@ -19,12 +19,12 @@ public:
         : _log(log) { }
 
     void menuHasClosed() override {
-        _log.push_back("closed");
+        _log.emplace_back("closed");
         if (onClosed)
             onClosed();
     }
     void moveToNeighbour(MenuNeighbour neighbour) override {
-        _log.push_back(neighbour == MenuNeighbour::Left ? "left" : "right");
+        _log.emplace_back(neighbour == MenuNeighbour::Left ? "left" : "right");
         if (onMove)
             onMove();
     }

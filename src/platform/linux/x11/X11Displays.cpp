@@ -35,6 +35,7 @@ std::vector<X11Strut> strutsOfDesktop(X11Connection& connection) {
     X11Property managed(connection.get(), connection.rootWindow(), connection.atom("_NET_CLIENT_LIST"));
     std::vector<std::pair<X11Property, X11Property>> properties;
     const std::vector<std::uint32_t> windows = managed.numbers();
+    properties.reserve(windows.size());
     for (const std::uint32_t window : windows) {
         properties.emplace_back(X11Property(connection.get(), window, connection.atom("_NET_WM_STRUT_PARTIAL")),
             X11Property(connection.get(), window, connection.atom("_NET_WM_STRUT")));
