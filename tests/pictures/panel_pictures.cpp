@@ -111,7 +111,7 @@ public:
         _painter.setPen(_palette.color(QPalette::WindowText));
         _painter.drawText(QPointF(_left, _top + 16), QString::fromStdString(name));
         _painter.save();
-        _painter.translate(_left + 130, _top);
+        _painter.translate(_left + 145, _top);
         _painter.setClipRect(QRect(QPoint(0, 0), size));
         paintPanel(_painter, content, size, _palette);
         _painter.restore();
@@ -126,7 +126,7 @@ private:
 };
 
 void draw(Sheet& sheet) {
-    const QSize panel(490, 24);
+    const QSize panel(480, 24);
     for (const Style& style : styles()) {
         for (const bool gradient : {true, false})
             sheet.add(style.name + (gradient ? "" : ", no gradient"), row(english, style, 12, gradient), panel);
@@ -137,7 +137,7 @@ void draw(Sheet& sheet) {
     Titles bar = english;
     std::swap(bar[5], bar[4]);
     std::rotate(bar.begin(), bar.begin() + 4, bar.begin() + 5);
-    sheet.add("screen-top bar", screenTopBar(bar), {490, 22});
+    sheet.add("screen-top bar", screenTopBar(bar), {480, 22});
     bool nextColumn = true;
     for (const double size : {9, 13, 18, 24}) {
         for (const std::size_t index : {0, 1, 2, 3, 4}) {
