@@ -2,6 +2,7 @@
 #include "PaintedPanel.h"
 #include "fake/FakeDisplays.h"
 #include "fake/FakePanelSurfaces.h"
+#include "fake/RecordingLog.h"
 #include "panels/widgets/QtPanelToolkit.h"
 
 #include <functional>
@@ -288,20 +289,30 @@ TEST_F(QtPanelWindowTest, IsOpaqueInItsRegionWhereTheDesktopShowsNothingThroughI
     EXPECT_EQ(alphaAt(0, 0), 255);
 }
 
+class RefusingSurfaces : public PanelSurfaces {
+public:
+    std::unique_ptr<PanelSurface> makeSurface(std::uint64_t) override { return nullptr; }
+};
+
 TEST(QtPanelToolkit, MakesOrdinaryWindowsWithoutSurfaces) {
     FakeDisplays displays;
-    FakePanelSurfaces refusing;
+    RefusingSurfaces refusing;
     RecordingHandler handler;
-    QtPanelToolkit toolkit(displays, nullptr);
-    const auto window = toolkit.makeWindow(handler);
-    window->setFrame({{0, 876}, {100, 24}});
-    window->setLevel(PanelLevel::Dock);
-    window->display(panelWith({buttonTitled("File")}));
-    window->orderFront();
-    window->setAlpha(0.5);
-    QWidget& widget = dynamic_cast<QtPanelWindow&>(*window).widget();
-    EXPECT_TRUE(widget.isVisible());
-    EXPECT_NEAR(widget.windowOpacity(), 0.5, 0.01);
+    const RecordingLog log(LogCategory::Panel);
+    for (PanelSurfaces* surfaces : {static_cast<PanelSurfaces*>(nullptr), static_cast<PanelSurfaces*>(&refusing)}) {
+        QtPanelToolkit toolkit(displays, surfaces);
+        const auto window = toolkit.makeWindow(handler);
+        window->setFrame({{0, 876}, {100, 24}});
+        window->setLevel(PanelLevel::Dock);
+        window->display(panelWith({buttonTitled("File")}));
+        window->orderFront();
+        window->setAlpha(0.5);
+        const QWidget& widget = dynamic_cast<QtPanelWindow&>(*window).widget();
+        EXPECT_TRUE(widget.isVisible());
+        EXPECT_NEAR(widget.windowOpacity(), 0.5, 0.01);
+    }
+    // Of the refusal.
+    EXPECT_THAT(log.lines(), ElementsAre("panel: the desktop takes a panel for an ordinary window"));
 }
 
 TEST(QtPanelToolkit, KnowsTheSizeOfTheDesktopsTitleBars) {
