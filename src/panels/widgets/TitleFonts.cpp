@@ -27,14 +27,14 @@ double roomForTitle(ButtonLook look) {
 QFont titleFont(const ButtonContent& button) {
     const double room = roomForTitle(button.look);
     QFont font = menuFont(button.font, QApplication::font("QMenuBar"));
-    // Rounding to whole pixels may take a second step.
-    for (double height = QFontMetricsF(font).height(); height > room; height = QFontMetricsF(font).height()) {
-        const int size = QFontInfo(font).pixelSize();
-        const int smaller = std::min(size - 1, static_cast<int>(std::floor(size * room / height)));
-        if (smaller < 1)
-            break;
-        font.setPixelSize(smaller);
-    }
+    const double height = QFontMetricsF(font).height();
+    if (height <= room)
+        return font;
+    int size = static_cast<int>(std::floor(QFontInfo(font).pixelSize() * room / height));
+    font.setPixelSize(std::max(size, 1));
+    // Heights are rounded, so that it may take another step.
+    while (size > 1 && QFontMetricsF(font).height() > room)
+        font.setPixelSize(--size);
     return font;
 }
 
