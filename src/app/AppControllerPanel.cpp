@@ -8,10 +8,13 @@
 #include "panels/TarragonPanelController.h"
 #include "panels/rules/HorizontalLayout.h"
 #include "panels/rules/Measures.h"
+#include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
+#include <string>
 #include <utility>
 #include <variant>
 
@@ -243,6 +246,7 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
         _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
     _tarragonPanel->setSubviews(std::move(subviews));
     _tarragonPanelController->takeOverOpenMenuOf(*_tarragonPanelController);
+    log(LogCategory::Panel, [this] { return describeTitles(); });
     const Point origin = _tarragonPanel->frame().origin;
     _tarragonPanel->setFrameAnimated({origin, {static_cast<double>(width), HorizontalPanelHeight}});
 
@@ -253,6 +257,18 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
         _tarragonPanel->fadeIntoView();
         _tarragonPanel->orderFrontRegardless();
     }
+}
+
+// From where to where each of them reaches in the panel.
+std::string AppController::describeTitles() const {
+    std::string titles;
+    for (const auto& subview : _tarragonPanel->subviews()) {
+        const Rect& frame = subview->frame();
+        titles += titles.empty() ? "titles: " : ", ";
+        titles += '"' + subview->title() + "\" " + std::to_string(std::lround(frame.origin.x)) + " to ";
+        titles += std::to_string(std::lround(frame.origin.x + frame.size.width));
+    }
+    return titles.empty() ? "no titles" : titles;
 }
 
 void AppController::changeToButtonTGMenuFont() {

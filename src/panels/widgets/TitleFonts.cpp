@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 
@@ -39,7 +38,8 @@ QFont titleFont(const ButtonContent& button) {
 }
 
 double desktopTitleBarFontSize() {
-    return QFontInfo(QFontDatabase::systemFont(QFontDatabase::TitleFont)).pixelSize();
+    // That of title bars, or of everything where the theme has none for them.
+    return QFontInfo(QApplication::font("QTitleBar")).pixelSize();
 }
 
 } // namespace tarragon
