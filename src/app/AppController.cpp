@@ -38,6 +38,17 @@ void AppController::init() {
     setupNotificationsToReceive();
     _appDelegate.accessibilityCheck();
     accessibilityCreation();
+    _platform.displays.installReconfigurationHandler([this](std::uint32_t flags) { screensHaveChanged(flags); });
+}
+
+void AppController::screensHaveChanged(std::uint32_t flags) {
+    // A screen in another mode, or in another place, is left to the next tick.
+    if (!(flags & (displayReconfiguration::Added | displayReconfiguration::Removed)))
+        return;
+    log(LogCategory::Panel, [] { return "a screen was connected or removed"; });
+    // Nothing may move while a menu of ours is open.
+    if (_appUIElementInfo && !_presenter.isMenuOpen())
+        updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
 }
 
 void AppController::accessibilityCreation() {

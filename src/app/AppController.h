@@ -178,6 +178,8 @@ private:
     // The user drags a window, and has released the button.
     void windowInfoWindowDraggedToScreenEdgeDidStart(JTWindowInfo& windowInfo, std::int64_t screenEdge) override;
     void windowInfoWindowDraggedToScreenEdgeDidEnd(JTWindowInfo& windowInfo, std::int64_t screenEdge) override;
+    // flags are bits of displayReconfiguration.
+    void screensHaveChanged(std::uint32_t flags);
     void setupWindowTracking();
     bool fadeOutForDrag();
 

@@ -450,6 +450,36 @@ TEST_F(FloatingPanelTest, IsDroppedWithTheReaderAtTheEnd) {
     tick();
 }
 
+// Screens that come and go.
+
+TEST_F(FloatingPanelTest, IsPlacedAtOnceWhenAScreenIsConnectedOrRemoved) {
+    launchAndSettle();
+    EXPECT_EQ(fake.displays.reconfigurationHandlerCount(), 1U);
+    for (const std::uint32_t flag : {displayReconfiguration::Added, displayReconfiguration::Removed}) {
+        moveWindow({{100.0 + flag, 200}, {900, 500}});
+        fake.displays.reconfigure(flag | displayReconfiguration::Moved);
+        EXPECT_EQ(panelTopLeftCG(), (Point{100.0 + flag, 176}));
+    }
+}
+
+TEST_F(FloatingPanelTest, IsLeftToTheNextTickWhenAScreenOnlyChanges) {
+    launchAndSettle();
+    moveWindow({{300, 200}, {900, 500}});
+    fake.displays.reconfigure(
+        displayReconfiguration::Moved | displayReconfiguration::SetMain | displayReconfiguration::SetMode);
+    EXPECT_EQ(panelTopLeftCG(), (Point{100, 176}));
+    tick();
+    EXPECT_EQ(panelTopLeftCG(), (Point{300, 176}));
+}
+
+TEST_F(FloatingPanelTest, StaysUnderItsOpenMenuWhenAScreenIsRemoved) {
+    launchAndSettle();
+    window().press("Edit");
+    moveWindow({{300, 200}, {900, 500}});
+    fake.displays.reconfigure(displayReconfiguration::Removed);
+    EXPECT_EQ(panelTopLeftCG(), (Point{100, 176}));
+}
+
 // A switch of applications.
 
 TEST_F(FloatingPanelTest, IsMadeAnewForAnotherApplication) {
