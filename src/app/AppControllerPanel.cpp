@@ -124,11 +124,11 @@ void AppController::setupHorizontalTarragonPanel() {
                 horizontalPanelRect(position, screenHeight, primaryScreenHeight(), _preferences._tarragonAlwaysRight)));
     }
     _tarragonPanel->setTempFadeEffect(true);
-    auto controller = std::make_unique<TarragonPanelController>(*_tarragonPanel);
-    if (_tarragonPanelController)
-        controller->takeOverOpenMenuOf(*_tarragonPanelController);
-    _tarragonPanelController = std::move(controller);
-    _tarragonPanel->setWindowController(_tarragonPanelController.get());
+    // One for the life of the panel: titles of the former layout, and a menu that is open, still refer to it.
+    if (!_tarragonPanelController) {
+        _tarragonPanelController = std::make_unique<TarragonPanelController>(*_tarragonPanel);
+        _tarragonPanel->setWindowController(_tarragonPanelController.get());
+    }
     _tarragonPanel->setLevel(PanelLevel::FrontWindow);
     _tarragonPanel->setAppAccess(_appUIElementInfo);
     if (_preferences._tarragonAlwaysVisible) {
@@ -245,7 +245,7 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
     if (subviews.size() >= 2)
         _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
     _tarragonPanel->setSubviews(std::move(subviews));
-    _tarragonPanelController->takeOverOpenMenuOf(*_tarragonPanelController);
+    _tarragonPanelController->takeOverOpenMenu();
     log(LogCategory::Panel, [this] { return describeTitles(); });
     const Point origin = _tarragonPanel->frame().origin;
     _tarragonPanel->setFrameAnimated({origin, {static_cast<double>(width), HorizontalPanelHeight}});

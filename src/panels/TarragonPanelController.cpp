@@ -12,20 +12,17 @@ namespace tarragon {
 class TarragonPanelController::Opener : public MenuOpener {
 public:
     Opener(TarragonPanelController& controller, std::shared_ptr<TarragonHackButton> button)
-        : _controller(&controller)
+        : _controller(controller)
         , _button(std::move(button)) { }
 
     const std::shared_ptr<TarragonHackButton>& button() const { return _button; }
-    void moveTo(TarragonPanelController& controller, std::shared_ptr<TarragonHackButton> button) {
-        _controller = &controller;
-        _button = std::move(button);
-    }
+    void setButton(std::shared_ptr<TarragonHackButton> button) { _button = std::move(button); }
 
     void menuHasClosed() override { _button->menuHasClosed(); }
-    void moveToNeighbour(MenuNeighbour neighbour) override { _controller->openNeighbour(*_button, neighbour); }
+    void moveToNeighbour(MenuNeighbour neighbour) override { _controller.openNeighbour(*_button, neighbour); }
 
 private:
-    TarragonPanelController* _controller; // which keeps this object
+    TarragonPanelController& _controller; // which keeps this object
     std::shared_ptr<TarragonHackButton> _button;
 };
 
@@ -36,21 +33,21 @@ std::shared_ptr<MenuOpener> TarragonPanelController::makeOpener(const std::share
     return _opener;
 }
 
-void TarragonPanelController::takeOverOpenMenuOf(TarragonPanelController& other) {
-    const std::shared_ptr<TarragonHackButton> former = other._opener ? other._opener->button() : nullptr;
+void TarragonPanelController::takeOverOpenMenu() {
+    const std::shared_ptr<TarragonHackButton> former = _opener ? _opener->button() : nullptr;
     if (!former || !former->bShow())
         return;
     for (const auto& subview : _window.subviews()) {
         const auto button = std::dynamic_pointer_cast<TarragonHackButton>(subview);
         if (!button || button->menu() != former->menu())
             continue;
-        _opener = std::exchange(other._opener, nullptr);
-        _opener->moveTo(*this, button);
-        _bShowing = other._bShowing;
+        _opener->setButton(button);
         _buttonShowingMenu = button;
         button->takeOverOpenMenu();
         return;
     }
+    _bShowing = false;
+    former->closeMenu();
 }
 
 void TarragonPanelController::openNeighbour(const TarragonHackButton& button, MenuNeighbour neighbour) {

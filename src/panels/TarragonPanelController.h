@@ -29,9 +29,9 @@ public:
 
     // Hears for the button what becomes of the menu that it is about to open.
     std::shared_ptr<MenuOpener> makeOpener(const std::shared_ptr<TarragonHackButton>& button);
-    // After a new layout, of the same panel or in place of the other controller's: the title with the menu that is
-    // still open goes on where the former title was.
-    void takeOverOpenMenuOf(TarragonPanelController& other);
+    // After a new layout: the title that has the open menu now goes on where the former title was. Where none has it,
+    // the menu closes.
+    void takeOverOpenMenu();
 
 private:
     class Opener;

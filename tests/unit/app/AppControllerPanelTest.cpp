@@ -186,6 +186,31 @@ TEST_F(FloatingPanelTest, KeepsItsOpenMenuWhenItIsRebuilt) {
     EXPECT_FALSE(controller().checkIfMenuIsShowing());
 }
 
+TEST_F(FloatingPanelTest, ClosesAMenuForWhichNoTitleStandsAnyMore) {
+    mail.menu("Apple").item("About");
+    launchAndSettle();
+    window().press("Edit");
+    // Reads every menu anew, so that the open one belongs to no title.
+    set(preference::ShowAppleMenu, false);
+    EXPECT_THAT(fake.menuPresenter.openMenus(), IsEmpty());
+    EXPECT_FALSE(controller().checkIfMenuIsShowing());
+    moveWindow({{300, 400}, {900, 500}});
+    tick();
+    EXPECT_EQ(panelTopLeftCG(), (Point{300, 376}));
+}
+
+TEST_F(FloatingPanelTest, ClosesTheMenuOfATitleThatGoesIntoTheBunchMenu) {
+    moveWindow({{100, 200}, {230, 500}});
+    launchAndSettle();
+    ASSERT_THAT(window().titles(), ElementsAre("File", "Edit", "Tarragon"));
+    window().press("Tarragon");
+    moveWindow({{100, 200}, {150, 500}});
+    set(preference::ButtonHasShadow, true);
+    ASSERT_THAT(window().titles(), ElementsAre("File", "Edit", "\u25BF"));
+    EXPECT_THAT(fake.menuPresenter.openMenus(), IsEmpty());
+    EXPECT_FALSE(controller().checkIfMenuIsShowing());
+}
+
 // The kinds of panels.
 
 class VerticalPanelTest : public FloatingPanelTest {

@@ -268,7 +268,7 @@ TEST_F(TitleTest, GoesOnWithItsOpenMenuAfterANewLayout) {
     }
     titles.clear();
     panel->setSubviews(fresh);
-    controller->takeOverOpenMenuOf(*controller);
+    controller->takeOverOpenMenu();
     EXPECT_EQ(openMenu(), "Edit");
     EXPECT_TRUE(window().button("Edit")->highlighted);
     fake.menuPresenter.pressArrowAtEdge(MenuNeighbour::Right);
@@ -278,23 +278,20 @@ TEST_F(TitleTest, GoesOnWithItsOpenMenuAfterANewLayout) {
     EXPECT_FALSE(window().button("View")->highlighted);
 }
 
-TEST_F(TitleTest, GoesOnWithTheMenuOfAnotherController) {
+TEST_F(TitleTest, ClosesItsMenuWhenNoTitleOfTheNewLayoutHasIt) {
     window().press("Edit");
-    auto other = std::make_unique<TarragonPanelController>(*panel);
-    const TarragonHackButton::Surroundings surroundings{services, owner, *other};
-    const auto fresh = TarragonHackButton::initWithTitleWithPositionByWidth("Edit", 60, surroundings);
-    fresh->setMenu(titles[1]->menu());
-    panel->setSubviews({fresh});
-    other->takeOverOpenMenuOf(*controller);
-    controller = nullptr;
-    EXPECT_TRUE(other->bShowing());
-    fake.menuPresenter.closeMenus();
-    EXPECT_FALSE(other->bShowing());
-    EXPECT_FALSE(fresh->bShow());
-    panel->setSubviews({});
+    const auto other = makeTitle("Edit", 60);
+    titles.clear();
+    panel->setSubviews({other});
+    controller->takeOverOpenMenu();
+    EXPECT_EQ(openMenu(), "");
+    EXPECT_FALSE(controller->bShowing());
+    EXPECT_FALSE(other->bShow());
+    window().press("Edit");
+    EXPECT_EQ(openMenu(), "Edit");
 }
 
-TEST_F(TitleTest, LeavesAMenuAloneThatNoTitleStandsForAnyMore) {
+TEST_F(TitleTest, LeavesItsMenuAloneWhenThePanelEnds) {
     window().press("Edit");
     panel->setWindowController(nullptr);
     panel->setSubviews({});
