@@ -33,7 +33,7 @@ public:
     void setTempFadeEffect(bool fades) { _tempFadeEffect = fades; }
     bool beingDragged() const { return _beingDragged; }
     void setBeingDragged(bool dragged) { _beingDragged = dragged; }
-    // The next drag begins with values of its own.
+    // The next drag begins with values of its own, as the first one does.
     bool shouldRedoInitials() const { return _shouldRedoInitials; }
     void setShouldRedoInitials(bool redo) { _shouldRedoInitials = redo; }
     bool mouseIsOnWindow() const { return _mouseIsOnWindow; }
@@ -96,7 +96,7 @@ private:
     bool _fadeEffect = false;
     bool _tempFadeEffect = false;
     bool _beingDragged = false;
-    bool _shouldRedoInitials = false;
+    bool _shouldRedoInitials = true;
     bool _mouseIsOnWindow = false;
     Point _initialLocationOnScreen;
     Rect _screenFrame;

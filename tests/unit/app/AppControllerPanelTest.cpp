@@ -211,6 +211,17 @@ TEST_F(FloatingPanelTest, ClosesTheMenuOfATitleThatGoesIntoTheBunchMenu) {
     EXPECT_FALSE(controller().checkIfMenuIsShowing());
 }
 
+TEST_F(FloatingPanelTest, FollowsThePointerFromTheFirstDragOn) {
+    launchAndSettle();
+    const Rect before = panelFrame();
+    const Point start{before.origin.x + 700, before.origin.y + 10};
+    window().press(Point{700, 10});
+    window().drag({700, 10}, start);
+    EXPECT_EQ(panelFrame(), before);
+    window().drag({700, 10}, {start.x + 20, start.y - 30});
+    EXPECT_EQ(panelFrame().origin, (Point{before.origin.x + 20, before.origin.y - 30}));
+}
+
 // The kinds of panels.
 
 class VerticalPanelTest : public FloatingPanelTest {

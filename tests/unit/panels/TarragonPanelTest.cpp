@@ -229,10 +229,7 @@ TEST_F(PanelHoverTest, AsksNothingOfTheWindowWhileItIsVisible) {
 
 class PanelDragTest : public PanelTest {
 protected:
-    PanelDragTest() {
-        panel->orderFrontRegardless();
-        panel->setShouldRedoInitials(true);
-    }
+    PanelDragTest() { panel->orderFrontRegardless(); }
     Rect windowFrame() { return reader->focusedWindowFrameCG(); }
     // Presses on the background and drags to a place relative to that.
     void dragBy(double x, double y) {
