@@ -158,11 +158,12 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
         _preferences._mouseButtonEnabled = readBool(preference::EnableMouseButton);
 }
 
-// Rebuilds the panel, and places it at once rather than with the next tick.
+// Rebuilds the panel, and places it at once rather than with the next tick. There is none before there is a reader.
 void AppController::applyChangeToPanel() {
+    if (!_appUIElementInfo)
+        return;
     rebuildPanel();
-    if (_appUIElementInfo)
-        updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
+    updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
 }
 
 } // namespace tarragon

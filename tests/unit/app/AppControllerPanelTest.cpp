@@ -222,6 +222,19 @@ TEST_F(FloatingPanelTest, FollowsThePointerFromTheFirstDragOn) {
     EXPECT_EQ(panelFrame().origin, (Point{before.origin.x + 20, before.origin.y - 30}));
 }
 
+TEST_F(FloatingPanelTest, IsNotMadeBeforeThereIsAReader) {
+    fake.deactivate();
+    launch();
+    set(preference::EnableButton, true);
+    set(preference::TarragonAlwaysVisible, true);
+    controller().observeValueForKeyPath(keyPath(preference::EnableButton));
+    controller().observeValueForKeyPath(keyPath(preference::TarragonAlwaysVisible));
+    EXPECT_THAT(panelToolkit.windows(), IsEmpty());
+    fake.switchTo(mail);
+    settle();
+    EXPECT_THAT(window().titles(), ElementsAre("File", "Edit", "Tarragon"));
+}
+
 // The kinds of panels.
 
 class VerticalPanelTest : public FloatingPanelTest {
