@@ -23,8 +23,9 @@ std::string nameOf(WindowManager windowManager) {
     return windowManager == WindowManager::Openbox ? "openbox" : "xfwm4";
 }
 
-Desktop::Desktop(WindowManager windowManager)
+Desktop::Desktop(WindowManager windowManager, Compositor compositor)
     : _windowManager(windowManager)
+    , _compositor(compositor)
     , _reader(*this) {
     const std::filesystem::path& home = _folder.path();
     const char* path = std::getenv("PATH");
@@ -48,6 +49,8 @@ Desktop::Desktop(WindowManager windowManager)
         startServer();
         startSessionBus();
         startWindowManager();
+        if (_compositor == Compositor::On)
+            startCompositor();
         if (!_reader.enableAccessibility())
             throw std::runtime_error("accessibility cannot be switched on");
     } catch (...) {
@@ -82,14 +85,24 @@ void Desktop::startSessionBus() {
 void Desktop::startWindowManager() {
     std::vector<std::string> command = _windowManager == WindowManager::Openbox
         ? std::vector<std::string>{"openbox"}
-        : std::vector<std::string>{"xfwm4", "--compositor=off"};
+        : std::vector<std::string>{"xfwm4", _compositor == Compositor::On ? "--compositor=on" : "--compositor=off"};
     _manager = start(command);
     if (!waitUntil([this] { return _display->hasWindowManager(); }, Duration(20000)))
         throw std::runtime_error("the window manager does not start: " + _manager->standardError());
 }
 
+void Desktop::startCompositor() {
+    // The other window manager has its own. This one reads no settings of the machine.
+    if (_windowManager == WindowManager::Openbox)
+        _compositorProcess = start({"picom", "--config", "/dev/null", "--backend", "xrender"});
+    if (!waitUntil([this] { return _display->hasCompositor(); }, Duration(20000)))
+        throw std::runtime_error(
+            "the compositor does not start: " + (_compositorProcess ? _compositorProcess : _manager)->standardError());
+}
+
 bool Desktop::isAlive() {
-    return _server->isRunning() && _bus->isRunning() && _manager->isRunning();
+    return _server->isRunning() && _bus->isRunning() && _manager->isRunning()
+        && (!_compositorProcess || _compositorProcess->isRunning());
 }
 
 void Desktop::holdWindowManager(bool hold) {

@@ -15,6 +15,9 @@ namespace tarragon::e2e {
 
 enum class WindowManager { Openbox, Xfwm4 };
 
+// Without one, windows are opaque and what lies below them is not drawn.
+enum class Compositor { Off, On };
+
 // "openbox" or "xfwm4".
 std::string nameOf(WindowManager windowManager);
 
@@ -23,7 +26,7 @@ std::string nameOf(WindowManager windowManager);
 class Desktop {
 public:
     // Throws std::runtime_error when a part of it does not come up.
-    explicit Desktop(WindowManager windowManager);
+    explicit Desktop(WindowManager windowManager, Compositor compositor = Compositor::Off);
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -53,13 +56,16 @@ private:
     void startServer();
     void startSessionBus();
     void startWindowManager();
+    void startCompositor();
 
     WindowManager _windowManager;
+    Compositor _compositor;
     TemporaryFolder _folder;
     Environment _environment;
     std::unique_ptr<ChildProcess> _server;
     std::unique_ptr<ChildProcess> _bus;
     std::unique_ptr<ChildProcess> _manager;
+    std::unique_ptr<ChildProcess> _compositorProcess; // where the window manager is none
     std::unique_ptr<XDisplay> _display;
     std::unique_ptr<SyntheticInput> _input;
     ApplicationReader _reader;

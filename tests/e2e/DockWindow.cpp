@@ -10,10 +10,16 @@ DockWindow::DockWindow(XDisplay& display, const PixelRect& frame)
         static_cast<std::uint16_t>(frame.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
     auto first = static_cast<std::uint32_t>(frame.x);
     auto last = static_cast<std::uint32_t>(frame.x + frame.width - 1);
-    auto thickness = static_cast<std::uint32_t>(display.bounds().height - frame.y);
     display.setCardinals(_window, "_NET_WM_WINDOW_TYPE", "ATOM", {display.atom("_NET_WM_WINDOW_TYPE_DOCK")});
-    display.setCardinals(
-        _window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", {0, 0, 0, thickness, 0, 0, 0, 0, 0, 0, first, last});
+    if (frame.y == 0) {
+        const auto thickness = static_cast<std::uint32_t>(frame.height);
+        display.setCardinals(
+            _window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", {0, 0, thickness, 0, 0, 0, 0, 0, first, last, 0, 0});
+    } else {
+        const auto thickness = static_cast<std::uint32_t>(display.bounds().height - frame.y);
+        display.setCardinals(
+            _window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", {0, 0, 0, thickness, 0, 0, 0, 0, 0, 0, first, last});
+    }
     xcb_map_window(display.connection(), _window);
     xcb_flush(display.connection());
 }

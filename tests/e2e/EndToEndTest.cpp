@@ -7,7 +7,7 @@
 namespace tarragon::e2e {
 
 void DesktopTest::SetUp() {
-    _session = &Session::shared(_windowManager);
+    _session = &Session::shared(_windowManager, _compositor);
     // Somewhere in the middle, where a menu fits to every side.
     input().moveTo(700, 300);
 }
@@ -22,7 +22,7 @@ void DesktopTest::TearDown() {
     _applications.clear();
     EXPECT_TRUE(agent().isRunning()) << "the program has ended: " << agent().process().standardError();
     if (HasFailure() || !closed)
-        Session::discard(_windowManager);
+        Session::discard(_windowManager, _compositor);
 }
 
 PopUp& DesktopTest::popUp() {

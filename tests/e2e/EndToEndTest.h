@@ -18,8 +18,9 @@ namespace tarragon::e2e {
 // in the folder named by E2E_FAILURES (e2e_failures below the current one when unset).
 class DesktopTest : public testing::Test {
 protected:
-    explicit DesktopTest(WindowManager windowManager)
-        : _windowManager(windowManager) { }
+    explicit DesktopTest(WindowManager windowManager, Compositor compositor = Compositor::Off)
+        : _windowManager(windowManager)
+        , _compositor(compositor) { }
     void SetUp() override;
     void TearDown() override;
 
@@ -41,6 +42,7 @@ private:
     void keepEvidence();
 
     WindowManager _windowManager;
+    Compositor _compositor;
     Session* _session = nullptr;
     std::optional<PopUp> _popUp;
     pid_t _popUpAgent = 0;

@@ -220,8 +220,10 @@ bool Panel::waitForTitles(const std::vector<std::string>& wanted, Duration deadl
         [&] {
             std::vector<std::string> shown = titleTexts();
             std::erase(shown, OverflowTitle);
-            return !shown.empty() && shown.size() <= wanted.size()
-                && std::equal(shown.begin(), shown.end(), wanted.begin()) && isSeen();
+            const std::size_t common = std::min(shown.size(), wanted.size());
+            return common > 0
+                && std::equal(shown.begin(), shown.begin() + static_cast<std::ptrdiff_t>(common), wanted.begin())
+                && isSeen();
         },
         deadline);
 }

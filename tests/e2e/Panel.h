@@ -63,7 +63,7 @@ public:
     bool waitUntilTransparent(Duration deadline = DefaultDeadline) const;
     // Seen, too.
     bool waitForFrame(const PixelRect& frame, Duration deadline = DefaultDeadline) const;
-    // Seen, with at least the first of these titles and nothing but them and the overflow.
+    // Seen, with these titles first as far as they found room. The system's own menu follows them.
     bool waitForTitles(const std::vector<std::string>& titles, Duration deadline = DefaultDeadline) const;
 
     // For the environment of a program that is to tell where it puts titles.

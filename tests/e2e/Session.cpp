@@ -4,20 +4,23 @@
 
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace tarragon::e2e {
 
 namespace {
 
-std::map<WindowManager, std::unique_ptr<Session>>& sharedSessions() {
-    static std::map<WindowManager, std::unique_ptr<Session>> sessions;
+using KindOfDesktop = std::pair<WindowManager, Compositor>;
+
+std::map<KindOfDesktop, std::unique_ptr<Session>>& sharedSessions() {
+    static std::map<KindOfDesktop, std::unique_ptr<Session>> sessions;
     return sessions;
 }
 
 } // namespace
 
-Session::Session(WindowManager windowManager)
-    : _desktop(windowManager) {
+Session::Session(WindowManager windowManager, Compositor compositor)
+    : _desktop(windowManager, compositor) {
     restartAgent();
 }
 
@@ -36,17 +39,21 @@ void Session::restartAgent(const HotKey& hotKey, const Environment& additions) {
     _observer = std::make_unique<MenuObserver>(_desktop, _agent->identifier());
 }
 
-Session& Session::shared(WindowManager windowManager) {
-    std::unique_ptr<Session>& session = sharedSessions()[windowManager];
+Session& Session::shared(WindowManager windowManager, Compositor compositor) {
+    std::unique_ptr<Session>& session = sharedSessions()[{windowManager, compositor}];
     if (session && !session->isAlive())
         session.reset();
     if (!session)
-        session = std::make_unique<Session>(windowManager);
+        session = std::make_unique<Session>(windowManager, compositor);
     return *session;
 }
 
-void Session::discard(WindowManager windowManager) {
-    sharedSessions().erase(windowManager);
+void Session::discard(WindowManager windowManager, Compositor compositor) {
+    sharedSessions().erase({windowManager, compositor});
+}
+
+void Session::discardAll() {
+    sharedSessions().clear();
 }
 
 } // namespace tarragon::e2e

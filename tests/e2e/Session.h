@@ -11,7 +11,7 @@ namespace tarragon::e2e {
 // A desktop with the program running in it.
 class Session {
 public:
-    explicit Session(WindowManager windowManager);
+    explicit Session(WindowManager windowManager, Compositor compositor = Compositor::Off);
 
     Desktop& desktop() { return _desktop; }
     Agent& agent() { return *_agent; }
@@ -20,10 +20,11 @@ public:
     // Ends the program and starts it anew, with the same or another combination and additions to its environment.
     void restartAgent(const HotKey& hotKey = usualHotKey(), const Environment& additions = {});
 
-    // The one session of a window manager that tests share, since starting one takes seconds. A test finds it with the
+    // The one session of a kind of desktop that tests share, since starting one takes seconds. A test finds it with the
     // program running and nothing else; one that has broken it discards it, and the next test gets a new one.
-    static Session& shared(WindowManager windowManager);
-    static void discard(WindowManager windowManager);
+    static Session& shared(WindowManager windowManager, Compositor compositor = Compositor::Off);
+    static void discard(WindowManager windowManager, Compositor compositor = Compositor::Off);
+    static void discardAll();
 
 private:
     Desktop _desktop;

@@ -64,6 +64,12 @@ bool XDisplay::hasWindowManager() {
     return !check.empty() && cardinals(check[0], "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW) == check;
 }
 
+bool XDisplay::hasCompositor() {
+    Reply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        _connection, xcb_get_selection_owner(_connection, atom("_NET_WM_CM_S0")), nullptr));
+    return owner && owner->owner != XCB_NONE;
+}
+
 xcb_window_t XDisplay::activeWindow() {
     auto window = cardinals(root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW);
     return window.empty() ? static_cast<xcb_window_t>(XCB_NONE) : window[0];
@@ -166,6 +172,13 @@ void XDisplay::moveWindow(xcb_window_t window, int x, int y) {
     constexpr std::uint32_t fromPager = 2U << 12U;
     sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
         {xAndY | fromPager, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)});
+}
+
+void XDisplay::resizeWindow(xcb_window_t window, int width, int height) {
+    constexpr std::uint32_t widthAndHeight = (1U << 10U) | (1U << 11U);
+    constexpr std::uint32_t fromPager = 2U << 12U;
+    sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
+        {widthAndHeight | fromPager, 0, 0, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)});
 }
 
 void XDisplay::setState(xcb_window_t window, const std::string& state, bool on) {

@@ -52,6 +52,8 @@ public:
 
     // True when a window manager that keeps the standard hints runs.
     bool hasWindowManager();
+    // True when somebody draws windows over each other, translucent ones as well.
+    bool hasCompositor();
     // XCB_NONE when no window is active.
     xcb_window_t activeWindow();
     std::vector<xcb_window_t> managedWindows();
@@ -66,7 +68,10 @@ public:
     // All of these ask the window manager, as a task bar does.
     void activate(xcb_window_t window);
     void close(xcb_window_t window);
+    // Where the corner of what the window manager draws around it goes.
     void moveWindow(xcb_window_t window, int x, int y);
+    // Without what the window manager draws around it.
+    void resizeWindow(xcb_window_t window, int width, int height);
     void setState(xcb_window_t window, const std::string& state, bool on);
     void minimize(xcb_window_t window);
     // Counted from 0, as a pager does. Asks for as many workspaces as that needs.

@@ -27,10 +27,7 @@ void endTests(int) {
 // Lets the shared desktops go with the tests, as long as everything they need still exists.
 class SharedDesktops : public testing::Environment {
 public:
-    void TearDown() override {
-        tarragon::e2e::Session::discard(tarragon::e2e::WindowManager::Openbox);
-        tarragon::e2e::Session::discard(tarragon::e2e::WindowManager::Xfwm4);
-    }
+    void TearDown() override { tarragon::e2e::Session::discardAll(); }
 };
 
 int runTests() {
