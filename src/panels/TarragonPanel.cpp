@@ -135,11 +135,6 @@ void TarragonPanel::fade(double from, double to) {
 
 // Content.
 
-void TarragonPanel::setContentView(const ZDGradientView& view) {
-    _contentView = view;
-    display();
-}
-
 void TarragonPanel::setShowGradient(bool show) {
     _contentView.showGradient = show;
     display();

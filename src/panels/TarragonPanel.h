@@ -37,7 +37,6 @@ public:
     bool shouldRedoInitials() const { return _shouldRedoInitials; }
     void setShouldRedoInitials(bool redo) { _shouldRedoInitials = redo; }
     bool mouseIsOnWindow() const { return _mouseIsOnWindow; }
-    void setMouseIsOnWindow(bool isOn) { _mouseIsOnWindow = isOn; }
     // The menu reader, asked about the window in front; nullptr while there is none.
     void setAppAccess(std::weak_ptr<AppAccessibility> reader) { _appAccess = std::move(reader); }
     // The controller of the titles, which is ended before the panel; nullptr for none.
@@ -64,8 +63,6 @@ public:
     void fadeIntoView();
     void fadeOutOfView();
 
-    const ZDGradientView& contentView() const { return _contentView; }
-    void setContentView(const ZDGradientView& view);
     void setShowGradient(bool show);
     const std::vector<std::shared_ptr<PanelButton>>& subviews() const { return _subviews; }
     void setSubviews(std::vector<std::shared_ptr<PanelButton>> subviews);
