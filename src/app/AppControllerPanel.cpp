@@ -54,6 +54,9 @@ void AppController::refreshPanel() {
 }
 
 void AppController::dropPanel() {
+    // The application may have ended under its open menu.
+    if (_tarragonPanelController)
+        _tarragonPanelController->closeOpenMenu();
     if (_tarragonPanel)
         _tarragonPanel->orderOut();
     _bunchButton = nullptr;

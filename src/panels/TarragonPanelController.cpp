@@ -46,8 +46,15 @@ void TarragonPanelController::takeOverOpenMenu() {
         button->takeOverOpenMenu();
         return;
     }
+    closeOpenMenu();
+}
+
+void TarragonPanelController::closeOpenMenu() {
+    const std::shared_ptr<TarragonHackButton> button = _opener ? _opener->button() : nullptr;
+    if (!button || !button->bShow())
+        return;
     _bShowing = false;
-    former->closeMenu();
+    button->closeMenu();
 }
 
 void TarragonPanelController::openNeighbour(const TarragonHackButton& button, MenuNeighbour neighbour) {

@@ -32,6 +32,8 @@ public:
     // After a new layout: the title that has the open menu now goes on where the former title was. Where none has it,
     // the menu closes.
     void takeOverOpenMenu();
+    // Closes the menu that a title of this panel has open, if one has.
+    void closeOpenMenu();
 
 private:
     class Opener;

@@ -545,6 +545,27 @@ TEST_F(FloatingPanelTest, IsMadeAnewForAnotherApplication) {
     EXPECT_TRUE(panel().shouldRedoInitials());
 }
 
+TEST_F(FloatingPanelTest, TakesItsOpenMenuAlong) {
+    launchAndSettle();
+    window().press("Edit");
+    fake.quit(mail);
+    const FakeApplication notes = fake.addApplication("Notes");
+    notes.menu("Note").item("Pin");
+    notes.window({.title = "List", .positionCG = Point{400, 500}, .size = Size{800, 300}});
+    fake.switchTo(notes);
+    EXPECT_THAT(fake.menuPresenter.openMenus(), IsEmpty());
+    EXPECT_FALSE(controller().checkIfMenuIsShowing());
+    settle();
+    EXPECT_TRUE(window().isSeen());
+}
+
+TEST_F(FloatingPanelTest, LeavesThePopUpOfTheHotKeyOpenWhenItEnds) {
+    launchAndSettle();
+    controller().popUpMenuAtMouseLocation();
+    set(preference::EnableButton, false);
+    EXPECT_THAT(fake.menuPresenter.openMenus(), SizeIs(1));
+}
+
 TEST_F(FloatingPanelTest, KeepsItsPlaceWhileAnOwnWindowIsInFront) {
     launchAndSettle();
     const FakeApplication ourselves = fake.addApplication("Tarragon");
