@@ -61,6 +61,9 @@ void AppController::windowInfoWindowDraggedToScreenEdgeDidEnd(
         turnTimerOnIfNotRunning();
         return;
     }
+    // A drag that was shorter than the fade is over like any other; nothing else would bring the panel back.
+    if (_tarragonPanel)
+        _tarragonPanel->finishFadingOut();
     if (_tarragonPanel && _tarragonPanel->alphaValue() > 0)
         return;
     ++callsToEndDrag;

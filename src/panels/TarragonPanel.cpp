@@ -124,7 +124,13 @@ void TarragonPanel::fadeOutOfView() {
         fade(1, 0);
 }
 
+void TarragonPanel::finishFadingOut() {
+    if (_fading && _fadesOut)
+        setAlphaValue(0);
+}
+
 void TarragonPanel::fade(double from, double to) {
+    _fadesOut = to < from;
     _fading = std::make_unique<Animation>(_services.runLoop, FadeDuration, [this, from, to](double progress) {
         _alpha = from + (to - from) * progress;
         _window->setAlpha(_alpha);

@@ -62,6 +62,8 @@ public:
     // Each works from exactly the other end only, so that a fade under way is neither restarted nor reversed.
     void fadeIntoView();
     void fadeOutOfView();
+    // A fade out of view that is under way ends at once.
+    void finishFadingOut();
 
     void setShowGradient(bool show);
     const std::vector<std::shared_ptr<PanelButton>>& subviews() const { return _subviews; }
@@ -112,6 +114,7 @@ private:
     bool _pointerIsInside = false;
     std::unique_ptr<Animation> _resizing;
     std::unique_ptr<Animation> _fading;
+    bool _fadesOut = false; // the fade under way, or the last one
 };
 
 } // namespace tarragon

@@ -77,6 +77,29 @@ TEST_F(WindowDragTest, BringsThePanelBackToTheWindowAfterIt) {
     EXPECT_EQ(window().alpha, 0);
 }
 
+TEST_F(WindowDragTest, BringsThePanelBackAlsoWhenItWasShorterThanTheFade) {
+    launchAndSettle();
+    drag({600, 690});
+    fake.runLoop.advance(0.1);
+    ASSERT_GT(window().alpha, 0);
+    moveWindow({{130, 260}, {900, 500}});
+    release();
+    EXPECT_EQ(panelTopLeftCG(), (Point{130, 236}));
+    EXPECT_TRUE(isTicking());
+    settle();
+    EXPECT_EQ(window().alpha, 1);
+}
+
+TEST_F(WindowDragTest, LeavesAPanelThatFadesInAloneWhenTheButtonIsReleased) {
+    launchAndSettle();
+    panel().setAlphaValue(0);
+    panel().fadeIntoView();
+    fake.runLoop.advance(0.1);
+    const double alpha = window().alpha;
+    release();
+    EXPECT_EQ(window().alpha, alpha);
+}
+
 TEST_F(WindowDragTest, IsNoneOverOtherPartsOfWindows) {
     launchAndSettle();
     drag({20, 880});
