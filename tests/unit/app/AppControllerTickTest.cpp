@@ -383,8 +383,9 @@ TEST_F(EmptiedMenusTest, AreReadAgainAfterAWait) {
     fake.accessibility.removeAttribute(file.item(), "AXChildren");
     const std::size_t pauses = fake.runLoop.pauses().size();
     EXPECT_EQ(reads([&] { controller().photoshopcs5special(); }), 1);
+    // The second is that of a switch of applications, which this is taken for.
     ASSERT_EQ(fake.runLoop.pauses().size(), pauses + 2);
-    EXPECT_EQ(fake.runLoop.pauses().back(), 0.5);
+    EXPECT_EQ(fake.runLoop.pauses()[pauses], 0.5);
 }
 
 TEST_F(EmptiedMenusTest, AreReadAgainWhenNothingInThemSaysThatItIsEnabled) {
