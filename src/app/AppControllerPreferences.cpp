@@ -128,6 +128,9 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
     for (const BoolRow& row : boolRows) {
         if (is(row.key)) {
             _preferences.*row.field = readBool(row.key);
+            // What a narrow window has suspended is not to come back in place of the user's new choice.
+            if (row.field == &ControllerPreferences::_tarragonAlwaysRight)
+                _tempAboveTrafficLights = false;
             applyChangeToPanel();
         }
     }

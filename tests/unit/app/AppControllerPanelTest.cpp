@@ -424,6 +424,8 @@ TEST_F(FloatingPanelTest, IsLaidOutUnseenForAnIgnoredWindow) {
     tick();
     settle();
     EXPECT_FALSE(window().isSeen());
+    EXPECT_EQ(window().alpha, 0);
+    EXPECT_EQ(panelFrame().size.width, 700);
 }
 
 TEST_F(FloatingPanelTest, StepsBackForADialogAndComesBackAfterIt) {
@@ -613,6 +615,17 @@ TEST_F(FloatingPanelTest, GoesToTheRightOfTheButtonsAtOnce) {
     set(preference::TarragonAlwaysRight, true);
     EXPECT_EQ(panelTopLeftCG(), (Point{168, 200}));
     set(preference::TarragonAlwaysRight, false);
+    EXPECT_EQ(panelTopLeftCG(), (Point{100, 176}));
+}
+
+TEST_F(FloatingPanelTest, LeavesTheButtonsForGoodAlsoOverAWindowThatIsTooNarrowForThem) {
+    set(preference::TarragonAlwaysRight, true);
+    moveWindow({{100, 200}, {565, 500}});
+    launchAndSettle();
+    set(preference::TarragonAlwaysRight, false);
+    moveWindow({{100, 200}, {900, 500}});
+    tick();
+    EXPECT_FALSE(controller().preferences()._tarragonAlwaysRight);
     EXPECT_EQ(panelTopLeftCG(), (Point{100, 176}));
 }
 
