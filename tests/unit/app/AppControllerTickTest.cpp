@@ -297,9 +297,10 @@ TEST_F(TickTest, ReadsNothingOfMenusWhileNothingChanges) {
 TEST_F(TickTest, UpdatesNothingAfterADragOverAnIgnoredWindow) {
     launchAndSettle();
     controller().ignoreApp();
-    moveWindow(inbox, {{400, 300}, {900, 500}});
+    moveWindow(inbox, {{400, 300}, {700, 500}});
     controller().performUpdate();
     EXPECT_EQ(panelTopLeftCG(), (Point{100, 176}));
+    EXPECT_EQ(window().frameNS.size.width, 900);
     EXPECT_FALSE(window().visible);
 }
 

@@ -218,6 +218,34 @@ TEST_F(WindowDragTest, BeginsToCountAnewAfterEveryFade) {
     }
 }
 
+TEST_F(WindowDragTest, ForgetsWithAFadeHowManyBeganBefore) {
+    launchAndSettle();
+    drag({600, 690});
+    settle();
+    for (int end = 0; end < 2; ++end) {
+        panel().setAlphaValue(0);
+        release();
+    }
+    panel().setAlphaValue(1);
+    drag({620, 690});
+    settle();
+    EXPECT_EQ(window().alpha, 1);
+}
+
+TEST_F(WindowDragTest, FadesAPanelThatHadSteppedBackForADialog) {
+    launchAndSettle();
+    mail.window({.title = "Save", .roleDescription = "dialog", .positionCG = Point{200, 300}, .size = Size{400, 200}});
+    fake.runLoop.advance(TickInterval);
+    settle();
+    mail.setFocusedWindow(inbox);
+    fake.runLoop.advance(TickInterval);
+    settle();
+    ASSERT_EQ(window().alpha, 1);
+    drag({600, 690});
+    settle();
+    EXPECT_EQ(window().alpha, 0);
+}
+
 // After which it stays away.
 
 TEST_F(WindowDragTest, BringsNoPanelBackToAnIgnoredWindow) {
