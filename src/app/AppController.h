@@ -16,6 +16,7 @@
 #include "triggers/ZDAppChangeNotifier.h"
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -225,6 +226,9 @@ private:
     void readShowApplicationMenu();
     void readButtonStyle();
 
+    // No window has it, so that the titles are laid out at the next tick.
+    static constexpr std::int32_t NoWidth = std::numeric_limits<std::int32_t>::min();
+
     Platform _platform;
     MenuPresenter& _presenter;
     PanelServices _panelServices;
@@ -245,6 +249,7 @@ private:
     std::int32_t _currentWidth = 0; // of the window in front, in whole points
     std::int32_t _lastWidth = 0; // for which the panel was last laid out
     bool _alreadyFadedOut = false;
+    bool _comesBack = false; // it is invisible for a window that has none, and is shown with the next that has one
     bool _tempAboveTrafficLights = false; // the window was too narrow for "TarragonAlwaysRight"
     ScreenRectMemory _tempCGRect;
     Point _currentPoint; // of the window in front, Cocoa space

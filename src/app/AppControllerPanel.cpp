@@ -253,7 +253,8 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
     const Point origin = _tarragonPanel->frame().origin;
     _tarragonPanel->setFrameAnimated({origin, {static_cast<double>(width), HorizontalPanelHeight}});
 
-    if (_preferences._enableButton && windowIsIgnored()) {
+    _comesBack = _preferences._enableButton && windowIsIgnored();
+    if (_comesBack) {
         fadeOutOnce();
     } else if (_preferences._tarragonAlwaysVisible) {
         _alreadyFadedOut = false;

@@ -6,6 +6,7 @@
 #include "panels/TarragonPanel.h"
 #include "platform/PreferenceKeys.h"
 
+#include <utility>
 #include <vector>
 
 namespace tarragon {
@@ -120,6 +121,8 @@ void AppController::updateTarragonWindowPositionWithPoint(const Point& windowPos
         placeAboveWindow(windowPositionCG);
     // Shown last, so that nobody sees it where it was.
     showTarragonPanel();
+    if (std::exchange(_comesBack, false))
+        _lastWidth = NoWidth;
     _tarragonPanel->setFadeEffect(!_preferences._tarragonAlwaysVisible);
     if (!_preferences._tarragonAlwaysVisible && !_preferences._horizontal)
         _tarragonPanel->setTempFadeEffect(true);
@@ -167,6 +170,7 @@ bool AppController::closeCheck() {
     };
     if (!closesPanel(check))
         return false;
+    _comesBack = true;
     if (_tarragonPanel)
         _tarragonPanel->fadeOutOfView();
     return true;

@@ -9,19 +9,11 @@
 #include "panels/rules/Measures.h"
 
 #include <algorithm>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tarragon {
-
-namespace {
-
-// No window has it, so that the titles are laid out at the next look.
-constexpr std::int32_t NoWidth = std::numeric_limits<std::int32_t>::min();
-
-} // namespace
 
 void AppController::startTimer() {
     constexpr double TickInterval = 0.45;

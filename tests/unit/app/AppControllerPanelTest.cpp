@@ -428,6 +428,53 @@ TEST_F(FloatingPanelTest, IsLaidOutUnseenForAnIgnoredWindow) {
     EXPECT_EQ(panelFrame().size.width, 700);
 }
 
+TEST_F(FloatingPanelTest, ComesBackForAnotherWindowOfTheSameWidthThatIsNotIgnored) {
+    launchAndSettle();
+    controller().ignoreTitle();
+    const FakeApplication notes = fake.addApplication("Notes");
+    fake.switchTo(notes);
+    fake.switchTo(mail);
+    settle();
+    EXPECT_FALSE(window().isSeen());
+    mail.window({.title = "Outbox", .positionCG = Point{200, 300}, .size = Size{900, 500}});
+    tick();
+    tick();
+    settle();
+    EXPECT_TRUE(window().isSeen());
+    EXPECT_EQ(window().alpha, 1);
+    // Once is enough.
+    tick();
+    EXPECT_EQ(window().alpha, 1);
+}
+
+TEST_F(FloatingPanelTest, ComesBackWhenTheWindowLeavesTheVeryTopOfThePrimaryScreen) {
+    set(preference::HideOnPrimaryTopEdge, true);
+    moveWindow({{100, 22}, {900, 500}});
+    launchAndSettle();
+    tick();
+    settle();
+    ASSERT_EQ(window().alpha, 0);
+    moveWindow({{100, 100}, {900, 500}});
+    tick();
+    tick();
+    settle();
+    EXPECT_EQ(window().alpha, 1);
+}
+
+TEST_F(FloatingPanelTest, ComesBackInOneGoWhenTheWindowLeavesTheFullScreen) {
+    fake.accessibility.setAttribute(inbox, "AXFullScreen", true);
+    moveWindow({{0, 0}, {1440, 900}});
+    launchAndSettle();
+    EXPECT_FALSE(window().isSeen());
+    fake.accessibility.setAttribute(inbox, "AXFullScreen", false);
+    moveWindow({{100, 200}, {900, 500}});
+    tick();
+    settle();
+    EXPECT_EQ(window().alpha, 1);
+    tick();
+    EXPECT_EQ(window().alpha, 1);
+}
+
 TEST_F(FloatingPanelTest, StepsBackForADialogAndComesBackAfterIt) {
     launchAndSettle();
     const Element dialog = mail.window(
