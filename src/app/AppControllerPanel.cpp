@@ -32,12 +32,13 @@ bool isMenuBarLook(std::int64_t style) {
 } // namespace
 
 void AppController::setupPanel() {
-    if (!_preferences._horizontal) {
+    if (_preferences._horizontal) {
+        setupHorizontalTarragonPanel();
+        addButtonsToHorizontalTarragonPanel();
+    } else {
         setupTarragonPanel();
-        return;
     }
-    setupHorizontalTarragonPanel();
-    addButtonsToHorizontalTarragonPanel();
+    // A vertical one at once as well: the place where it is made is not quite that where it stays.
     if (_appUIElementInfo)
         updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
 }
@@ -79,13 +80,7 @@ void AppController::rebuildPanel() {
 
 // Once the mirror is that of another application or was read anew.
 void AppController::buildAndPlacePanel() {
-    if (_preferences._horizontal) {
-        setupHorizontalTarragonPanel();
-        addButtonsToHorizontalTarragonPanel();
-        updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
-    } else {
-        setupTarragonPanel();
-    }
+    setupPanel();
     if (_tarragonPanel)
         _tarragonPanel->setShouldRedoInitials(true);
 }

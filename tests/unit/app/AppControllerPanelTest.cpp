@@ -634,6 +634,26 @@ TEST_F(VerticalPanelTest, IsMadeAnewForAnotherApplication) {
     EXPECT_EQ(panelTopLeftCG(), (Point{400, 473}));
 }
 
+TEST_F(VerticalPanelTest, StandsWhereItStaysFromTheStart) {
+    launch();
+    EXPECT_EQ(panelTopLeftCG(), (Point{100, 173}));
+    const FakeApplication notes = fake.addApplication("Notes");
+    notes.menu("Note").item("Pin");
+    notes.window({.title = "List", .positionCG = Point{400, 500}, .size = Size{800, 300}});
+    fake.switchTo(notes);
+    EXPECT_EQ(panelTopLeftCG(), (Point{400, 473}));
+    EXPECT_TRUE(window().isSeen());
+}
+
+TEST_F(VerticalPanelTest, IsNotShownForAMomentOverAFullScreenWindow) {
+    launchAndSettle();
+    const FakeApplication player = fake.addApplication("Player");
+    player.menu("File").item("Open");
+    player.window({.title = "Film", .positionCG = Point{0, 0}, .size = Size{1440, 900}, .fullScreen = true});
+    fake.switchTo(player);
+    EXPECT_FALSE(window().isSeen());
+}
+
 // Settings that change while the program runs.
 
 TEST_F(FloatingPanelTest, BecomesVerticalAndHorizontalAgain) {
