@@ -76,8 +76,8 @@ public:
     LinuxPlatform(std::unique_ptr<X11Connection> connection, const Program& program)
         : _connection(std::move(connection))
         , _toolkit(program)
-        , _displays(_qtDisplays, *_connection, &_pixelScale)
         , _windows(*_connection, &_pixelScale)
+        , _displays(_qtDisplays, *_connection, &_pixelScale, [this] { return _windows.currentLook(); })
         , _accessibility(_windows, _desktopEntries)
         , _workspace(*_connection, _windows, _desktopEntries, _runLoop, openURLDetached, &_accessibility)
         , _hotKeys(static_cast<xcb_connection_t*>(qtX11Connection()), _connection->rootWindow(), _runLoop)
@@ -98,6 +98,7 @@ public:
                   const void* event) { return _hotKeys.handleEvent(static_cast<const xcb_generic_event_t*>(event)); },
               [this](void* event) { return _menuInput.redirect(static_cast<xcb_generic_event_t*>(event)); }) {
         _pixelScale.set(pixelScaleOfQt());
+        _displays.takeEventsIn(_runLoop);
         // Before anybody else who asks to be told.
         _qtDisplays.installReconfigurationHandler([this](std::uint32_t) {
             _pixelScale.set(pixelScaleOfQt());
@@ -143,9 +144,9 @@ private:
     QtRunLoop _runLoop;
     QtDisplays _qtDisplays{_runLoop};
     CurrentPixelScale _pixelScale;
+    X11Windows _windows;
     X11Displays _displays;
     NotificationCenter _notificationCenter;
-    X11Windows _windows;
     DesktopEntries _desktopEntries;
     LinuxAccessibility _accessibility;
     X11Workspace _workspace;

@@ -7,7 +7,6 @@
 #include <string>
 #include <utility>
 
-#include <xcb/randr.h>
 #include <xcb/xcb.h>
 
 namespace tarragon {
@@ -32,13 +31,9 @@ std::uint32_t parentOf(xcb_connection_t* connection, std::uint32_t window) {
 X11ActiveWindowCache::X11ActiveWindowCache(X11Connection& connection, Questions questions)
     : _connection(connection)
     , _questions(std::move(questions))
-    , _activeWindowAtom(connection.atom("_NET_ACTIVE_WINDOW")) {
+    , _activeWindowAtom(connection.atom("_NET_ACTIVE_WINDOW"))
+    , _monitorEvents(connection) {
     (void)selectEvents(connection.rootWindow(), RootEvents);
-    if (!connection.knowsMonitors())
-        return;
-    _firstMonitorEvent = xcb_get_extension_data(connection.get(), &xcb_randr_id)->first_event;
-    xcb_randr_select_input(connection.get(), connection.rootWindow(),
-        XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
 }
 
 std::optional<std::uint32_t> X11ActiveWindowCache::activeWindow() {
@@ -62,7 +57,16 @@ std::optional<WindowDescription> X11ActiveWindowCache::describeActiveWindow() {
 
 void X11ActiveWindowCache::beginLook() {
     const std::lock_guard lock(_mutex);
-    ++_looks[std::this_thread::get_id()].nesting;
+    const auto [look, isNew] = _looks.try_emplace(std::this_thread::get_id());
+    if (isNew)
+        look->second.number = ++_lastLook;
+    ++look->second.nesting;
+}
+
+std::optional<std::uint64_t> X11ActiveWindowCache::currentLook() {
+    const std::lock_guard lock(_mutex);
+    const auto look = _looks.find(std::this_thread::get_id());
+    return look == _looks.end() ? std::nullopt : std::optional(look->second.number);
 }
 
 void X11ActiveWindowCache::endLook() {
@@ -105,9 +109,6 @@ void X11ActiveWindowCache::takeQueuedEvents() {
 // What the server tells every client, as of new keyboard layouts, says nothing here.
 void X11ActiveWindowCache::takeEvent(const xcb_generic_event_t& event) {
     const std::uint8_t type = event.response_type & ~SentEvent;
-    const bool isOfMonitors = _firstMonitorEvent != 0
-        && (type == _firstMonitorEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY
-            || type == _firstMonitorEvent + XCB_RANDR_NOTIFY);
     if (type == XCB_PROPERTY_NOTIFY) {
         const auto& property = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (property.window != _connection.rootWindow())
@@ -117,7 +118,7 @@ void X11ActiveWindowCache::takeEvent(const xcb_generic_event_t& event) {
     } else if (type == XCB_REPARENT_NOTIFY || type == XCB_DESTROY_NOTIFY) {
         unwatch();
     } else if (type == XCB_CONFIGURE_NOTIFY || type == XCB_MAP_NOTIFY || type == XCB_UNMAP_NOTIFY
-        || type == XCB_GRAVITY_NOTIFY || type == XCB_CIRCULATE_NOTIFY || isOfMonitors) {
+        || type == XCB_GRAVITY_NOTIFY || type == XCB_CIRCULATE_NOTIFY || _monitorEvents.include(event)) {
         _description.reset();
     }
 }

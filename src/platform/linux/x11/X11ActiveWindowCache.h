@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/windows/WindowDescription.h"
+#include "platform/linux/x11/X11MonitorEvents.h"
 
 #include <cstdint>
 #include <functional>
@@ -45,6 +46,8 @@ public:
     // told all. What it happens to tell meanwhile counts nevertheless. Looks nest.
     void beginLook();
     void endLook();
+    // The number of the calling thread's look, another one for each; nothing while it has none.
+    std::optional<std::uint64_t> currentLook();
 
     // Takes what the server has told meanwhile, without waiting for it. For whoever knows that there may be something,
     // lest it pile up while nobody asks.
@@ -62,6 +65,7 @@ private:
 
     // What one thread sees from the beginning of its outermost look to the end.
     struct Look {
+        std::uint64_t number = 0;
         int nesting = 0;
         bool hasBegun = false; // the server has told all that it knew when the look was first used
     };
@@ -70,13 +74,14 @@ private:
     Questions _questions;
     std::mutex _mutex;
     std::uint32_t _activeWindowAtom;
-    std::uint8_t _firstMonitorEvent = 0; // 0 when the server does not tell of monitors
+    X11MonitorEvents _monitorEvents;
     // Absent when it has to be asked for.
     std::optional<std::optional<std::uint32_t>> _activeWindow;
     std::optional<WindowDescription> _description;
     // The window that is described and those around it, which move with it; empty when they have to be found again.
     std::vector<std::uint32_t> _watched;
     std::map<std::thread::id, Look> _looks;
+    std::uint64_t _lastLook = 0;
 };
 
 } // namespace tarragon

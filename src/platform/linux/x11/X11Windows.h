@@ -35,6 +35,8 @@ public:
 
     void beginLook() override { _cache.beginLook(); }
     void endLook() override { _cache.endLook(); }
+    // The number of the calling thread's look, another one for each; nothing while it has none.
+    std::optional<std::uint64_t> currentLook() { return _cache.currentLook(); }
 
     bool setPosition(std::uint32_t window, const Point& topLeftCG) override;
     bool setSize(std::uint32_t window, const Size& frameSize) override;
