@@ -170,8 +170,10 @@ void XDisplay::close(xcb_window_t window) {
 void XDisplay::moveWindow(xcb_window_t window, int x, int y) {
     constexpr std::uint32_t xAndY = (1U << 8U) | (1U << 9U);
     constexpr std::uint32_t fromPager = 2U << 12U;
+    // Some applications want to be placed by the corner of their own part otherwise.
+    constexpr std::uint32_t byOuterCorner = XCB_GRAVITY_NORTH_WEST;
     sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
-        {xAndY | fromPager, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)});
+        {xAndY | fromPager | byOuterCorner, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)});
 }
 
 void XDisplay::resizeWindow(xcb_window_t window, int width, int height) {
@@ -184,6 +186,12 @@ void XDisplay::resizeWindow(xcb_window_t window, int width, int height) {
 void XDisplay::setState(xcb_window_t window, const std::string& state, bool on) {
     constexpr std::uint32_t fromPager = 2;
     sendToWindowManager(window, "_NET_WM_STATE", {on ? 1U : 0U, atom(state), XCB_ATOM_NONE, fromPager});
+}
+
+void XDisplay::setMaximized(xcb_window_t window, bool on) {
+    constexpr std::uint32_t fromPager = 2;
+    sendToWindowManager(window, "_NET_WM_STATE",
+        {on ? 1U : 0U, atom("_NET_WM_STATE_MAXIMIZED_VERT"), atom("_NET_WM_STATE_MAXIMIZED_HORZ"), fromPager});
 }
 
 void XDisplay::minimize(xcb_window_t window) {

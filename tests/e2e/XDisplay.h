@@ -73,6 +73,8 @@ public:
     // Without what the window manager draws around it.
     void resizeWindow(xcb_window_t window, int width, int height);
     void setState(xcb_window_t window, const std::string& state, bool on);
+    // In both directions.
+    void setMaximized(xcb_window_t window, bool on);
     void minimize(xcb_window_t window);
     // Counted from 0, as a pager does. Asks for as many workspaces as that needs.
     void showWorkspace(std::uint32_t workspace);

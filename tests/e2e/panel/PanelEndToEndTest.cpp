@@ -53,8 +53,9 @@ void PanelEndToEndTest::set(const std::string& key, bool value) {
 }
 
 bool PanelEndToEndTest::moveTo(xcb_window_t window, int x, int y) {
-    display().moveWindow(window, x, y);
     return waitUntil([&] {
+        // A window that has only just come is placed by its window manager, whatever it was asked before.
+        display().moveWindow(window, x, y);
         const PixelRect frame = display().outerFrameOf(window);
         return frame.x == x && frame.y == y;
     });
@@ -70,8 +71,7 @@ bool PanelEndToEndTest::resizeTo(xcb_window_t window, int width, int height) {
 
 bool PanelEndToEndTest::maximize(xcb_window_t window, bool on) {
     const int widthBefore = display().frameOf(window).width;
-    display().setState(window, "_NET_WM_STATE_MAXIMIZED_VERT", on);
-    display().setState(window, "_NET_WM_STATE_MAXIMIZED_HORZ", on);
+    display().setMaximized(window, on);
     return waitUntil([&] { return display().frameOf(window).width != widthBefore; });
 }
 
