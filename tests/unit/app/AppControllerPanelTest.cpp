@@ -277,6 +277,32 @@ TEST_F(VerticalPanelTest, OpensTheWholeMirrorBelowItself) {
     EXPECT_EQ(fake.menuPresenter.popUps()[0].locationNS, (Point{100, panelFrame().origin.y - 6}));
 }
 
+TEST_F(VerticalPanelTest, ShowsTheApplicationsOwnMenuInBoldFromTheFirstPressOn) {
+    mail.menu("Mail").item("About");
+    launchAndSettle();
+    EXPECT_FALSE(reader().menu()->itemWithTitle("Mail")->attributedTitle());
+    window().press("Menu");
+    EXPECT_TRUE(reader().menu()->itemWithTitle("Mail")->attributedTitle());
+}
+
+TEST_F(VerticalPanelTest, TakesItsLabelAnewWheneverItIsFilled) {
+    launchAndSettle();
+    set(preference::ButtonLabel, std::string("Go"));
+    EXPECT_THAT(window().titles(), ElementsAre("Go"));
+    fake.defaults.setValue(preference::ButtonLabel, std::string("Stop"));
+    controller().refreshPanel();
+    EXPECT_THAT(window().titles(), ElementsAre("Stop"));
+}
+
+TEST_F(VerticalPanelTest, StaysHiddenWhenItIsRefreshedOnThePrimaryScreenThatItIsToStayOff) {
+    launchAndSettle();
+    controller().refreshPanel();
+    EXPECT_TRUE(window().isSeen());
+    set(preference::ShowOnPrimaryScreen, false);
+    controller().refreshPanel();
+    EXPECT_FALSE(window().isSeen());
+}
+
 TEST_F(VerticalPanelTest, GivesTheOwnMenuItsFontWhereItIsPlaced) {
     launchAndSettle();
     tick();
@@ -488,6 +514,39 @@ TEST_F(FloatingPanelTest, StepsBackForADialogAndComesBackAfterIt) {
     EXPECT_TRUE(window().isSeen());
     EXPECT_EQ(window().alpha, 1);
     EXPECT_EQ(panelTopLeftCG(), (Point{100, 176}));
+}
+
+TEST_F(FloatingPanelTest, IsTakenAwayForADialogThatIsInFrontFromTheStart) {
+    mail.window({.title = "Save", .roleDescription = "dialog", .positionCG = Point{200, 300}, .size = Size{400, 200}});
+    launchAndSettle();
+    fake.switchTo(mail);
+    settle();
+    EXPECT_FALSE(window().visible);
+    tick();
+    settle();
+    // It counts as faded out already, and is not faded as well.
+    EXPECT_EQ(window().alpha, 1);
+}
+
+TEST_F(FloatingPanelTest, StepsBackForTheDesktop) {
+    launchAndSettle();
+    fake.accessibility.setAttribute(mail.element(), "AXTitle", std::string("Finder"));
+    fake.accessibility.setAttribute(inbox, "AXRoleDescription", std::string("scroll area"));
+    tick();
+    settle();
+    EXPECT_EQ(window().alpha, 0);
+}
+
+TEST_F(FloatingPanelTest, GoesByTheFirstScreenForAWindowOnNone) {
+    // Its top is 100 points below that of the main display, by which windows are measured.
+    fake.displays.setScreens({{{{0, 0}, {1440, 800}}, {{0, 0}, {1440, 800}}}});
+    moveWindow({{5000, 10}, {900, 500}});
+    launchAndSettle();
+    tick();
+    EXPECT_EQ(panelFrame().origin.x, 5068);
+    moveWindow({{5000, 23}, {900, 500}});
+    tick();
+    EXPECT_EQ(panelFrame().origin.x, 5000);
 }
 
 TEST_F(FloatingPanelTest, StaysOffThePrimaryScreenWhereTheSettingSaysSo) {

@@ -124,6 +124,16 @@ TEST_F(BrowserTest, IsReadAgainWithTheFirstTickAndWheneverItHasMoved) {
     }
 }
 
+TEST_F(BrowserTest, IsReadWithTheFirstTickWhereverItsWindowIs) {
+    launchAndSettle();
+    const FakeApplication browser = fake.addApplication("Firefox");
+    browser.menu("File").item("New");
+    browser.window({.title = "Page", .positionCG = Point{0, 500}, .size = Size{800, 400}});
+    fake.switchTo(browser);
+    ASSERT_EQ(reader().focusedWindowPosition(), Point());
+    EXPECT_EQ(reads([&] { tick(); }), 1);
+}
+
 TEST_F(BrowserTest, GetsANewPanelWithItsMenusAndTheOwnOne) {
     const FakeApplication browser = bringUp("Firefox");
     const std::size_t windows = panelToolkit.windows().size();
