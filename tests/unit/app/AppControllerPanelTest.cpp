@@ -519,10 +519,11 @@ TEST_F(FloatingPanelTest, StepsBackForADialogAndComesBackAfterIt) {
 TEST_F(FloatingPanelTest, IsTakenAwayForADialogThatIsInFrontFromTheStart) {
     mail.window({.title = "Save", .roleDescription = "dialog", .positionCG = Point{200, 300}, .size = Size{400, 200}});
     launchAndSettle();
+    controller().stopTimer();
     fake.switchTo(mail);
     settle();
     EXPECT_FALSE(window().visible);
-    tick();
+    controller().performTimerBasedUpdateOnce();
     settle();
     // It counts as faded out already, and is not faded as well.
     EXPECT_EQ(window().alpha, 1);
