@@ -22,14 +22,15 @@ double halfTheNarrowestScreen(const std::vector<Screen>& screens) {
 
 QtPanelToolkit::QtPanelToolkit(Displays& displays, PanelSurfaces* surfaces)
     : _displays(displays)
-    , _surfaces(surfaces) { }
+    , _surfaces(surfaces)
+    , _sizes(buttonSizeThatFits) { }
 
 std::unique_ptr<PanelWindow> QtPanelToolkit::makeWindow(PanelWindowHandler& handler) {
     return std::make_unique<QtPanelWindow>(_displays, _surfaces, handler);
 }
 
 Size QtPanelToolkit::sizeThatFits(const ButtonContent& content) {
-    return buttonSizeThatFits(content, halfTheNarrowestScreen(_displays.screens()));
+    return _sizes.sizeThatFits(content, halfTheNarrowestScreen(_displays.screens()));
 }
 
 double QtPanelToolkit::titleBarFontSize(double size) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panels/PanelWindow.h"
+#include "panels/widgets/ButtonSizes.h"
 #include "platform/Displays.h"
 
 #include <memory>
@@ -22,6 +23,7 @@ public:
 private:
     Displays& _displays;
     PanelSurfaces* _surfaces;
+    ButtonSizes _sizes;
 };
 
 } // namespace tarragon

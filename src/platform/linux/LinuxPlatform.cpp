@@ -147,7 +147,7 @@ private:
     X11Windows _windows;
     X11Displays _displays;
     NotificationCenter _notificationCenter;
-    DesktopEntries _desktopEntries;
+    DesktopEntries _desktopEntries{[this] { return _windows.currentLook(); }};
     LinuxAccessibility _accessibility;
     X11Workspace _workspace;
     X11HotKeys _hotKeys;

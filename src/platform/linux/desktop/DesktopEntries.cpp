@@ -46,8 +46,9 @@ std::string_view lastPart(std::string_view identifier) {
 
 class DesktopEntries::Index {
 public:
-    Index(std::vector<fs::path> folders, const std::vector<std::string>& locales)
-        : _folders(std::move(folders))
+    Index(std::vector<fs::path> folders, const std::vector<std::string>& locales, CurrentLook currentLook)
+        : _currentLook(std::move(currentLook))
+        , _folders(std::move(folders))
         , _languages(desktopLanguages(locales)) { }
 
     std::optional<DesktopEntry> entryForWindow(const WindowDescription& window) {
@@ -100,7 +101,7 @@ private:
     }
 
     void refresh() {
-        if (_isSettled && foldersAreUnchanged())
+        if (wasLookedAt() || (_isSettled && foldersAreUnchanged()))
             return;
         _entries.clear();
         for (Map* map : {&_byWindowClass, &_byIdentifier, &_byLastPart, &_byExecutable})
@@ -114,6 +115,12 @@ private:
             scan(folder, seen);
         _isSettled = std::all_of(
             _folderTimes.begin(), _folderTimes.end(), [&](const auto& folder) { return folder.second < recent; });
+    }
+
+    // In the look that the caller has now.
+    bool wasLookedAt() {
+        const std::optional<std::uint64_t> look = _currentLook ? _currentLook() : std::nullopt;
+        return std::exchange(_lastLook, look) == look && look;
     }
 
     bool foldersAreUnchanged() const {
@@ -171,6 +178,8 @@ private:
     }
 
     std::mutex _mutex;
+    CurrentLook _currentLook;
+    std::optional<std::uint64_t> _lastLook;
     std::vector<fs::path> _folders;
     std::vector<std::string> _languages;
     bool _isSettled = false;
@@ -182,11 +191,12 @@ private:
     Map _byExecutable;
 };
 
-DesktopEntries::DesktopEntries()
-    : DesktopEntries(applicationFolders(), sessionLocales()) { }
+DesktopEntries::DesktopEntries(CurrentLook currentLook)
+    : DesktopEntries(applicationFolders(), sessionLocales(), std::move(currentLook)) { }
 
-DesktopEntries::DesktopEntries(std::vector<fs::path> folders, const std::vector<std::string>& locales)
-    : _index(std::make_unique<Index>(std::move(folders), locales)) { }
+DesktopEntries::DesktopEntries(
+    std::vector<fs::path> folders, const std::vector<std::string>& locales, CurrentLook currentLook)
+    : _index(std::make_unique<Index>(std::move(folders), locales, std::move(currentLook))) { }
 
 DesktopEntries::~DesktopEntries() = default;
 

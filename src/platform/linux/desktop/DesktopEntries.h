@@ -2,7 +2,9 @@
 
 #include "platform/linux/windows/ApplicationDirectory.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,11 +16,17 @@ namespace tarragon {
 // their folders has changed. May be called from any thread.
 class DesktopEntries final : public ApplicationDirectory {
 public:
-    // The folders and the language of the user's session.
-    DesktopEntries();
+    // The number of the look that the calling thread has at the desktop, another one each time; nothing while it has
+    // none. May be called from any thread.
+    using CurrentLook = std::function<std::optional<std::uint64_t>()>;
+
+    // The folders and the language of the user's session. Within a look the folders are looked at once; an empty
+    // function stands for no look at any time.
+    explicit DesktopEntries(CurrentLook currentLook = {});
     // The folders hold the entries themselves ("/usr/share/applications"), the one that counts most first. A locale is
     // "de_DE.UTF-8"; several are tried in order.
-    DesktopEntries(std::vector<std::filesystem::path> folders, const std::vector<std::string>& locales);
+    DesktopEntries(std::vector<std::filesystem::path> folders, const std::vector<std::string>& locales,
+        CurrentLook currentLook = {});
     ~DesktopEntries() override;
     DesktopEntries(const DesktopEntries&) = delete;
     DesktopEntries& operator=(const DesktopEntries&) = delete;

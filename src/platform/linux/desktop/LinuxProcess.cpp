@@ -4,7 +4,6 @@
 #include "platform/linux/desktop/DesktopLauncher.h"
 
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 #include <unistd.h>
@@ -22,19 +21,15 @@ std::filesystem::path toolBesideProgram() {
 } // namespace
 
 LinuxProcess::LinuxProcess()
-    : LinuxProcess(toolBesideProgram(), "/proc/self/status") { }
+    : LinuxProcess(toolBesideProgram(), "/proc/self/statm") { }
 
 std::uint64_t LinuxProcess::residentSize() {
-    constexpr std::uint64_t Kibibyte = 1024;
-    std::ifstream status(_statusFile);
-    for (std::string line; std::getline(status, line);) {
-        std::istringstream words(line);
-        std::string name;
-        std::uint64_t size = 0;
-        if (words >> name && name == "VmRSS:")
-            return words >> size ? size * Kibibyte : 0;
-    }
-    return 0;
+    std::ifstream statistics(_statisticsFile);
+    std::uint64_t total = 0;
+    std::uint64_t resident = 0;
+    if (!(statistics >> total >> resident))
+        return 0;
+    return resident * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 }
 
 bool LinuxProcess::relaunchAfterEnd(const std::string& path) {

@@ -2,8 +2,10 @@
 
 #include "platform/linux/x11/X11Windows.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -199,6 +201,21 @@ TEST_F(DesktopEntriesTest, GiveNothingForAWindowThatTellsNothing) {
     write(system() / ".desktop", "Name=Nameless\n");
     auto all = entries();
     EXPECT_EQ(found(all, WindowDescription()), "nothing");
+}
+
+TEST_F(DesktopEntriesTest, LookAtTheFoldersOnceInALookAndAtOnceInTheNext) {
+    std::optional<std::uint64_t> look = 1;
+    DesktopEntries entries({user(), system()}, {}, [&] { return look; });
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "nothing");
+    write(user() / "editor.desktop", "Name=Editor\n");
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "nothing");
+    look = 2;
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "editor");
+    fs::remove_all(user());
+    look = std::nullopt;
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "nothing");
+    write(user() / "editor.desktop", "Name=Editor\n");
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "editor");
 }
 
 } // namespace tarragon
