@@ -117,8 +117,12 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
     if (is(preference::ShowAppleMenu)) {
         readShowAppleMenu();
         // The only reader option that shows at once; the others do with the next update.
-        if (_appUIElementInfo)
+        if (_appUIElementInfo) {
             _appUIElementInfo->update();
+            // The mirror was read without it.
+            if (_preferences._showTarragonMenu)
+                _appUIElementInfo->appendAuxiliaryMenuTo(*_appUIElementInfo->menu());
+        }
         applyChangeToPanel();
     }
     if (is(preference::ShowTarragonMenu)) {

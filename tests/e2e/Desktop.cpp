@@ -109,6 +109,12 @@ void Desktop::holdWindowManager(bool hold) {
     _manager->sendSignal(hold ? SIGSTOP : SIGCONT);
 }
 
+void Desktop::restartWindowManager() {
+    _manager->sendSignal(SIGKILL);
+    _manager->waitForExit();
+    startWindowManager();
+}
+
 std::unique_ptr<ChildProcess> Desktop::start(
     const std::vector<std::string>& command, const Environment& additions) const {
     Environment environment = _environment;

@@ -43,6 +43,8 @@ public:
     bool isAlive();
     // While it is held, windows stay where they are whatever happens to the monitors.
     void holdWindowManager(bool hold);
+    // Ends it at once and starts another one. Throws std::runtime_error when that does not come up.
+    void restartWindowManager();
 
     // Starts a program of this session, with extra variables.
     std::unique_ptr<ChildProcess> start(

@@ -33,8 +33,8 @@ PopUp& DesktopTest::popUp() {
     return *_popUp;
 }
 
-TestApplication& DesktopTest::launch(ApplicationKind kind) {
-    return *_applications.emplace_back(std::make_unique<TestApplication>(desktop(), kind));
+TestApplication& DesktopTest::launch(ApplicationKind kind, const std::vector<std::string>& arguments) {
+    return *_applications.emplace_back(std::make_unique<TestApplication>(desktop(), kind, arguments));
 }
 
 void DesktopTest::quit(TestApplication& application) {

@@ -31,7 +31,7 @@ protected:
     Agent& agent() { return _session->agent(); }
     PopUp& popUp();
     // Starts an application of the test's own.
-    TestApplication& launch(ApplicationKind kind);
+    TestApplication& launch(ApplicationKind kind, const std::vector<std::string>& arguments = {});
     // Ends it at once.
     void quit(TestApplication& application);
     CommandResult tarragon(const std::vector<std::string>& arguments, const Environment& additions = {}) {

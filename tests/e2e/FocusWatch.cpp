@@ -40,9 +40,18 @@ int FocusWatch::changes() {
     focusedWindow(_display);
     while (Owned<xcb_generic_event_t> event{xcb_poll_for_event(_display.connection())}) {
         int type = event->response_type & 0x7F;
-        _changes += type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT ? 1 : 0;
+        if (type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT)
+            continue;
+        ++_changes;
+        const std::uint8_t mode = reinterpret_cast<const xcb_focus_in_event_t&>(*event).mode;
+        _moves += mode == XCB_NOTIFY_MODE_GRAB || mode == XCB_NOTIFY_MODE_UNGRAB ? 0 : 1;
     }
     return _changes;
+}
+
+int FocusWatch::moves() {
+    changes();
+    return _moves;
 }
 
 } // namespace tarragon::e2e

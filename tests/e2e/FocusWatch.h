@@ -15,11 +15,14 @@ public:
 
     // So far.
     int changes();
+    // Those of them in which the focus really went to another window or came back, grabs left out.
+    int moves();
 
 private:
     XDisplay& _display;
     xcb_window_t _window;
     int _changes = 0;
+    int _moves = 0;
 };
 
 } // namespace tarragon::e2e

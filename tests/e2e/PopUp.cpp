@@ -134,12 +134,15 @@ bool PopUp::pointAt(const std::string& title) {
     return waitForNotice(_seenBeforeOpening, [&](const auto& notice) { return notice.item == title; });
 }
 
+bool PopUp::pointInto(const std::string& title) {
+    std::vector<XWindow> menus = _agent.openMenus();
+    return !menus.empty() && lookInto(menus.back().frame, title) && pointAt(title);
+}
+
 bool PopUp::chooseByMouse(const std::vector<std::string>& path) {
     for (std::size_t level = 0; level < path.size(); ++level) {
         std::vector<XWindow> menus = _agent.openMenus();
-        if (menus.size() <= level)
-            return false;
-        if (!lookInto(menus.back().frame, path[level]) || !pointAt(path[level]))
+        if (menus.size() <= level || !pointInto(path[level]))
             return false;
         bool last = level + 1 == path.size();
         _desktop.input().click();

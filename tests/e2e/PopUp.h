@@ -32,6 +32,8 @@ public:
     // Goes down the titles and chooses the last one. False when one of them cannot be had.
     bool chooseByKeyboard(const std::vector<std::string>& path);
     bool chooseByMouse(const std::vector<std::string>& path);
+    // Moves the pointer onto an item of the innermost open menu.
+    bool pointInto(const std::string& title);
     // Goes down the titles by keyboard and leaves the menu below the last one open; its items, empty when that failed.
     Menu openByKeyboard(const std::vector<std::string>& path);
     // Highlights an item of the innermost open menu.

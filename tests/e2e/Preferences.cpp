@@ -62,6 +62,10 @@ void Preferences::set(const std::string& key, const std::string& value) {
     change([&](plist_t root) { plist_dict_set_item(root, key.c_str(), plist_new_string(value.c_str())); });
 }
 
+void Preferences::remove(const std::string& key) {
+    change([&](plist_t root) { plist_dict_remove_item(root, key.c_str()); });
+}
+
 void Preferences::setHotKey(std::uint32_t keyCode, std::uint64_t modifierFlags, const std::string& text) {
     change([&](plist_t root) {
         plist_dict_set_item(root, "TriggerCharacterUInt", plist_new_uint(keyCode));

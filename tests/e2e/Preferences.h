@@ -16,6 +16,8 @@ public:
     void set(const std::string& key, std::uint64_t value);
     void set(const std::string& key, const std::string& value);
     void set(const std::string& key, const char* value) { set(key, std::string(value)); }
+    // Back to the value that the program has built in.
+    void remove(const std::string& key);
     // Several keys that make one change: key code, Cocoa modifier flags and, last, the text that announces the change.
     void setHotKey(std::uint32_t keyCode, std::uint64_t modifierFlags, const std::string& text);
 

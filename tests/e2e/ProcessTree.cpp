@@ -115,6 +115,21 @@ std::vector<std::string> threadNamesOf(pid_t process) {
     return names;
 }
 
+std::chrono::milliseconds processorTimeOf(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string text;
+    std::getline(file, text);
+    // The name in brackets may have anything in it. User and system time are the twelfth and thirteenth field after.
+    std::istringstream fields(text.substr(text.rfind(')') + 1));
+    std::string skipped;
+    for (int field = 1; field < 12; ++field)
+        fields >> skipped;
+    long long user = 0;
+    long long system = 0;
+    fields >> user >> system;
+    return std::chrono::milliseconds((user + system) * 1000 / sysconf(_SC_CLK_TCK));
+}
+
 long residentSizeOf(pid_t process) {
     std::ifstream file("/proc/" + std::to_string(process) + "/statm");
     long total = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ void endDescendants(const std::string& assignment);
 
 // The names of its threads, the main thread's among them; none when the process is gone.
 std::vector<std::string> threadNamesOf(pid_t process);
+
+// The processor time that it has used, all threads; 0 when the process is gone.
+std::chrono::milliseconds processorTimeOf(pid_t process);
 
 // The resident size in bytes, 0 when the process is gone.
 long residentSizeOf(pid_t process);

@@ -65,6 +65,21 @@ void SyntheticInput::click(std::uint8_t button) {
     synchronize();
 }
 
+void SyntheticInput::press(std::uint8_t button) {
+    send(XCB_BUTTON_PRESS, button);
+    synchronize();
+}
+
+void SyntheticInput::release(std::uint8_t button) {
+    send(XCB_BUTTON_RELEASE, button);
+    synchronize();
+}
+
+void SyntheticInput::hold(xcb_keysym_t symbol) {
+    send(XCB_KEY_PRESS, keyCodeOf(symbol));
+    synchronize();
+}
+
 void SyntheticInput::releaseAll() {
     xcb_connection_t* connection = _display.connection();
     xcb_query_keymap_reply_t* keys = xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr);

@@ -19,6 +19,10 @@ public:
     void moveTo(int x, int y);
     // X button numbers: 1 left, 2 middle, 3 right.
     void click(std::uint8_t button = 1);
+    void press(std::uint8_t button = 1);
+    void release(std::uint8_t button = 1);
+    // Holds a key by its symbol until releaseAll().
+    void hold(xcb_keysym_t symbol);
     // Lets go of everything that could still be held.
     void releaseAll();
 

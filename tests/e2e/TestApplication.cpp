@@ -21,15 +21,18 @@ std::string nameOf(ApplicationKind kind) {
         return "hostile_gtk";
     case ApplicationKind::HostileQt:
         return "hostile_qt";
+    case ApplicationKind::Titled:
+        return "titled";
     case ApplicationKind::Terminal:
         return "xterm";
     }
     return {};
 }
 
-TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind)
+TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind, std::vector<std::string> arguments)
     : _desktop(desktop)
     , _kind(kind)
+    , _arguments(std::move(arguments))
     , _process(desktop.start(command())) {
     XDisplay& display = desktop.display();
     const auto start = Clock::now();
@@ -89,6 +92,11 @@ std::vector<std::string> TestApplication::command() const {
         return {E2E_HOSTILE_GTK};
     case ApplicationKind::HostileQt:
         return {E2E_HOSTILE_QT};
+    case ApplicationKind::Titled: {
+        std::vector<std::string> command{E2E_TITLED_WINDOW};
+        command.insert(command.end(), _arguments.begin(), _arguments.end());
+        return command;
+    }
     case ApplicationKind::Terminal:
         return {"xterm", "-e", "sleep", "1000"};
     }

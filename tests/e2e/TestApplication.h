@@ -12,15 +12,15 @@
 
 namespace tarragon::e2e {
 
-enum class ApplicationKind { Mousepad, Geany, FeatherPad, TwoWindows, HostileGtk, HostileQt, Terminal };
+enum class ApplicationKind { Mousepad, Geany, FeatherPad, TwoWindows, HostileGtk, HostileQt, Titled, Terminal };
 
 std::string nameOf(ApplicationKind kind);
 
 // A real application of a desktop, started with a text of ours in it and in front when its constructor returns.
 class TestApplication {
 public:
-    // Throws std::runtime_error when it does not come up.
-    TestApplication(Desktop& desktop, ApplicationKind kind);
+    // Throws std::runtime_error when it does not come up. Arguments are for the kinds that take some.
+    TestApplication(Desktop& desktop, ApplicationKind kind, std::vector<std::string> arguments = {});
     // Ends it, stopped or not.
     ~TestApplication();
     TestApplication(const TestApplication&) = delete;
@@ -58,6 +58,7 @@ private:
 
     Desktop& _desktop;
     ApplicationKind _kind;
+    std::vector<std::string> _arguments;
     std::unique_ptr<ChildProcess> _process;
     xcb_window_t _window = XCB_NONE;
 };
