@@ -52,6 +52,9 @@ void AppController::screensHaveChanged(std::uint32_t flags) {
 }
 
 void AppController::accessibilityCreation() {
+    // A tick or a switch may still be due before the program ends.
+    if (_isCleared)
+        return;
     _appUIElementInfo = AppAccessibility::initWithFocusedApp(_platform);
     if (!_appUIElementInfo) {
         log(LogCategory::Accessibility, [] {
@@ -87,6 +90,7 @@ void AppController::updateAtInit() {
 }
 
 void AppController::clearAll() {
+    _isCleared = true;
     _presenter.closeMenus();
     dropPanel();
     _appUIElementInfo = nullptr;

@@ -238,6 +238,7 @@ private:
     ControllerPreferences _preferences;
     IgnoreList _ignoreList;
     std::unique_ptr<StatusItem> _statusItem; // nullptr while there is none
+    bool _isCleared = false; // nothing is built any more
     HotKeyReference _myHotKeyRef = 0; // 0 until the first registration, then never again
     std::int64_t _appPID = 0; // kept for reference only
 

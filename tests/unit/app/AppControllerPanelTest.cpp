@@ -605,7 +605,11 @@ TEST_F(FloatingPanelTest, IsDroppedWithTheReaderAtTheEnd) {
     launchAndSettle();
     controller().clearAll();
     EXPECT_EQ(panelToolkit.livingWindows(), 0U);
+    const std::size_t pauses = fake.runLoop.pauses().size();
     tick();
+    fake.switchTo(mail);
+    EXPECT_EQ(panelToolkit.livingWindows(), 0U);
+    EXPECT_EQ(fake.runLoop.pauses().size(), pauses);
 }
 
 // Screens that come and go.
@@ -809,6 +813,7 @@ TEST_F(FloatingPanelTest, ShowsTheChangedOptionsOfTheReader) {
     EXPECT_EQ(window().titles().front(), "File");
     set(preference::ShowAppleMenu, false);
     EXPECT_THAT(window().titles(), testing::Not(testing::Contains(LogoTitle)));
+    EXPECT_EQ(window().titles().back(), "Tarragon");
 }
 
 // Small questions.
