@@ -85,8 +85,7 @@ PixelRect Panel::frame() const {
 }
 
 bool Panel::isViewable() const {
-    const auto attributes = attributesOf(_display.connection(), window());
-    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    return _display.isViewable(window());
 }
 
 double Panel::opacity() const {

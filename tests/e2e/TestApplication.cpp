@@ -48,8 +48,11 @@ TestApplication::TestApplication(Desktop& desktop, ApplicationKind kind, std::ve
     if (!waitUntil(inFront, Duration(30000)))
         throw std::runtime_error(nameOf(kind) + " does not come to the front: " + _process->standardError());
     _window = display.activeWindow();
-    if (kind == ApplicationKind::Terminal)
+    if (kind == ApplicationKind::Terminal) {
+        // Active even before it is shown, and forgotten by its window manager when it is moved then.
+        waitUntil([&] { return display.isViewable(_window); });
         return;
+    }
     // An application that has just started still fills its menus in: it is ready when two looks give the same. The
     // hostile ones never do.
     bool restless = kind == ApplicationKind::HostileGtk || kind == ApplicationKind::HostileQt;

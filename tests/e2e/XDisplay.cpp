@@ -141,6 +141,12 @@ PixelRect XDisplay::outerFrameOf(xcb_window_t window) {
         geometry->height + 2 * geometry->border_width};
 }
 
+bool XDisplay::isViewable(xcb_window_t window) {
+    Reply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(_connection, xcb_get_window_attributes(_connection, window), nullptr));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 bool XDisplay::hasState(xcb_window_t window, const std::string& state) {
     auto states = cardinals(window, "_NET_WM_STATE", XCB_ATOM_ATOM);
     return std::find(states.begin(), states.end(), atom(state)) != states.end();

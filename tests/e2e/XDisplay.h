@@ -63,6 +63,7 @@ public:
     // Without and with what the window manager draws around it.
     PixelRect frameOf(xcb_window_t window);
     PixelRect outerFrameOf(xcb_window_t window);
+    bool isViewable(xcb_window_t window);
     // A state by its name, as "_NET_WM_STATE_FULLSCREEN".
     bool hasState(xcb_window_t window, const std::string& state);
     // All of these ask the window manager, as a task bar does.

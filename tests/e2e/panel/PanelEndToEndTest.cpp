@@ -53,9 +53,8 @@ void PanelEndToEndTest::set(const std::string& key, bool value) {
 }
 
 bool PanelEndToEndTest::moveTo(xcb_window_t window, int x, int y) {
+    display().moveWindow(window, x, y);
     return waitUntil([&] {
-        // A window that has only just come is placed by its window manager, whatever it was asked before.
-        display().moveWindow(window, x, y);
         const PixelRect frame = display().outerFrameOf(window);
         return frame.x == x && frame.y == y;
     });
@@ -91,6 +90,10 @@ PixelRect PanelEndToEndTest::aboveWindow(xcb_window_t window) {
 PixelRect PanelEndToEndTest::onTitleBar(xcb_window_t window) {
     const PixelRect frame = display().outerFrameOf(window);
     return {frame.x + WidthOfWindowButtons, frame.y, frame.width, PanelHeight};
+}
+
+testing::AssertionResult PanelEndToEndTest::isOpaque() {
+    return result(panel().waitUntilOpaque(), describePanel());
 }
 
 std::string PanelEndToEndTest::describePanel() {

@@ -43,6 +43,8 @@ protected:
     testing::AssertionResult standsOnTitleBarOf(xcb_window_t window);
     testing::AssertionResult isSeen();
     testing::AssertionResult isNotSeen();
+    // It has faded in.
+    testing::AssertionResult isOpaque();
     // Directly above the window's frame, so below everything that lies above that.
     testing::AssertionResult liesDirectlyOn(xcb_window_t window);
     testing::AssertionResult liesBelow(xcb_window_t window);

@@ -41,6 +41,8 @@ TEST_P(PanelStackingTest, GoesWithTheApplicationInFrontAndCoversNoOther) {
 TEST_P(PanelStackingTest, StepsBackWhileADialogIsInFront) {
     TestApplication& application = launchAt(ApplicationKind::Mousepad, {200, 300, 700, 400});
     EXPECT_TRUE(standsAbove(application.window()));
+    // A fade that is under way is not turned round.
+    ASSERT_TRUE(isOpaque());
     input().tap(XK_s, {XK_Control_L, XK_Shift_L});
     ASSERT_TRUE(waitUntil([&] {
         const xcb_window_t active = display().activeWindow();
