@@ -89,11 +89,12 @@ TEST_P(PanelSettingsTest, StandsAsOneButtonWhenItIsNotHorizontal) {
 }
 
 TEST_P(PanelSettingsTest, AppearsUnderThePointerAloneWhenItIsNotAlwaysVisible) {
+    TestApplication& application = launchWithPanel();
     TestApplication& terminal = launch(ApplicationKind::Terminal);
     ASSERT_TRUE(moveTo(terminal.window(), 300, 200));
     const PixelRect below = display().outerFrameOf(terminal.window());
-    TestApplication& application = launchWithPanel();
-    // Its place lies within the terminal.
+    ASSERT_TRUE(application.bringToFront());
+    // The panel's place lies within the terminal.
     ASSERT_TRUE(moveTo(application.window(), below.x + 20, below.y + below.height - 60));
     EXPECT_TRUE(standsAbove(application.window()));
     set("TarragonAlwaysVisible", false);
