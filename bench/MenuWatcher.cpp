@@ -28,11 +28,11 @@ MenuWatcher::~MenuWatcher() {
 }
 
 double MenuWatcher::timeToMenu(xcb_keycode_t code) {
-    drain();
-    const auto start = Clock::now();
-    press(code);
-    const auto mapped = waitForMenu();
-    return std::chrono::duration<double, std::milli>(mapped - start).count();
+    return timeToWindow([&] { press(code); });
+}
+
+double MenuWatcher::timeToMenuOfButton() {
+    return timeToWindow([&] { send(XCB_BUTTON_PRESS, LeftButton); });
 }
 
 void MenuWatcher::send(std::uint8_t type, xcb_keycode_t code) {
@@ -53,7 +53,7 @@ Clock::time_point MenuWatcher::waitForMenu() {
         pollfd descriptor{xcb_get_file_descriptor(_connection), POLLIN, 0};
         poll(&descriptor, 1, 100);
     }
-    throw std::runtime_error("the key opened no menu");
+    throw std::runtime_error("no menu has opened");
 }
 
 void MenuWatcher::drain() {

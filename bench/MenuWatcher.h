@@ -5,11 +5,13 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <cstdint>
 
 namespace tarragon {
 
-// Presses keys and hears of every window that is mapped or unmapped below the root, on one connection.
+// Presses keys and the left mouse button and hears of every window that is mapped or unmapped below the root, on one
+// connection.
 class MenuWatcher {
 public:
     explicit MenuWatcher(e2e::XDisplay& display);
@@ -23,7 +25,22 @@ public:
     // none comes.
     double timeToMenu(xcb_keycode_t code);
 
+    // The same with the left mouse button where the pointer is.
+    double timeToMenuOfButton();
+    void releaseButton() { send(XCB_BUTTON_RELEASE, LeftButton); }
+
+    // Milliseconds from an action to the window, not one of the window manager's, that is mapped for it.
+    template <typename Action>
+    double timeToWindow(Action action) {
+        drain();
+        const auto start = e2e::Clock::now();
+        action();
+        return std::chrono::duration<double, std::milli>(waitForMenu() - start).count();
+    }
+
 private:
+    static constexpr std::uint8_t LeftButton = 1;
+
     void send(std::uint8_t type, xcb_keycode_t code);
     // The time at which a window past the window manager was mapped.
     e2e::Clock::time_point waitForMenu();

@@ -213,7 +213,7 @@ private:
     MenuFont titleFont(const std::string& title);
     void placeOnTitleBar(const Point& windowPositionCG);
     void placeAboveWindow(const Point& windowPositionCG);
-    void rebuildForBrowserThatMoved(const std::vector<std::string>& appNames);
+    [[nodiscard]] bool browserHasMoved(const std::vector<std::string>& appNames);
     // False when the panel was faded out, or is being dragged, so that nothing more is to be done.
     bool updateHorizontalPanel(PanelTickOutcome (*decide)(const PanelTick&));
 

@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarragon {
@@ -37,15 +39,12 @@ void AppController::turnTimerOnIfNotRunning() {
 
 // One tick, and one update after a drag.
 
-void AppController::rebuildForBrowserThatMoved(const std::vector<std::string>& appNames) {
+bool AppController::browserHasMoved(const std::vector<std::string>& appNames) {
     const auto appName = _appUIElementInfo->focusedAppName();
     if (!appName || std::ranges::find(appNames, *appName) == appNames.end())
-        return;
+        return false;
     _currentPoint = _appUIElementInfo->focusedWindowPosition();
-    if (_currentPoint == _lastPoint)
-        return;
-    _lastPoint = _currentPoint;
-    fireFoxSpecial();
+    return std::exchange(_lastPoint, _currentPoint) != _currentPoint;
 }
 
 bool AppController::updateHorizontalPanel(PanelTickOutcome (*decide)(const PanelTick&)) {
@@ -90,10 +89,15 @@ void AppController::performTimerBasedUpdateOnce() {
         _appDelegate.restartAppUsingSUUpdater();
         return;
     }
-    // This one moves its menus about too, and yet is left to the update after a drag: Thunderbird.
-    rebuildForBrowserThatMoved({"Firefox", "Camino"});
     // One look at the window in front serves all questions about it.
-    const ReadBatch batch(_platform.accessibility, ReadBatchDepth::AsAsked);
+    std::optional<ReadBatch> look(std::in_place, _platform.accessibility, ReadBatchDepth::AsAsked);
+    // This one moves its menus about too, and yet is left to the update after a drag: Thunderbird.
+    if (browserHasMoved({"Firefox", "Camino"})) {
+        // Which takes a while.
+        look.reset();
+        fireFoxSpecial();
+        look.emplace(_platform.accessibility, ReadBatchDepth::AsAsked);
+    }
     if (!updateHorizontalPanel(tickOutcome))
         return;
     if (_preferences._enableButton && !closeCheck())
@@ -108,7 +112,8 @@ void AppController::performUpdate() {
         return;
     if (windowIsIgnored() || suppressed || checkIfMenuIsShowing())
         return;
-    rebuildForBrowserThatMoved({"Firefox", "Camino", "Thunderbird"});
+    if (browserHasMoved({"Firefox", "Camino", "Thunderbird"}))
+        fireFoxSpecial();
     if (!updateHorizontalPanel(outcomeAfterDrag))
         return;
     if (_preferences._enableButton && !closeCheck())

@@ -304,6 +304,16 @@ TEST_F(TickTest, ReadsNothingOfMenusWhileNothingChanges) {
 
 // The update after a drag.
 
+TEST_F(TickTest, AsksAllThatItAsksInOneLook) {
+    launchAndSettle();
+    tick();
+    const std::size_t outside = fake.accessibility.callsOutsideBatches();
+    const std::size_t batches = fake.accessibility.batchCount();
+    tick();
+    EXPECT_EQ(fake.accessibility.callsOutsideBatches(), outside);
+    EXPECT_EQ(fake.accessibility.batchCount(), batches + 1);
+}
+
 TEST_F(TickTest, UpdatesNothingAfterADragOverAnIgnoredWindow) {
     launchAndSettle();
     controller().ignoreApp();
