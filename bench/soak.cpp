@@ -1,6 +1,9 @@
-// Switches between real applications and opens their menus for a long time, and tells what the agent has kept of it:
-// memory, descriptors, processes. Usage: soak [SWITCHES [OPENINGS [openbox|xfwm4]]], 10,000, 2,000 and openbox unless
-// told otherwise.
+// Switches between real applications, opens their menus and moves their windows for a long time, and tells what the
+// agent has kept of it: memory, descriptors, processes, resources of the X server. The agent shows its panel meanwhile
+// and follows the windows with it. Usage: soak [SWITCHES [OPENINGS [openbox|xfwm4 [TICKS]]]], 10,000, 2,000, openbox
+// and 5,000 unless told otherwise. With each tick of the panel's timer the window has moved.
+
+#include "XResources.h"
 
 #include "Agent.h"
 #include "Desktop.h"
@@ -20,6 +23,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace tarragon::e2e;
@@ -30,12 +34,14 @@ constexpr int WarmUpRounds = 1000;
 constexpr long MostGrowth = 1024 * 1024; // bytes
 constexpr long MostThreads = 12;
 constexpr Duration Patience{20000};
+constexpr Duration TickInterval{45}; // of an agent in haste
 
 struct Holdings {
     long memory = 0; // bytes
     long descriptors = 0;
     long threads = 0;
     long children = 0; // zombies count
+    tarragon::XResources x;
 };
 
 long entriesOf(const std::filesystem::path& folder) {
@@ -57,22 +63,23 @@ long childrenOf(pid_t process) {
     return count;
 }
 
-Holdings holdingsOf(pid_t process) {
+Holdings holdingsOf(XDisplay& display, pid_t process) {
     const std::filesystem::path folder = "/proc/" + std::to_string(process);
-    return {residentSizeOf(process), entriesOf(folder / "fd"), entriesOf(folder / "task"), childrenOf(process)};
+    return {residentSizeOf(process), entriesOf(folder / "fd"), entriesOf(folder / "task"), childrenOf(process),
+        tarragon::xResourcesOf(display, process)};
 }
 
 // Holdings once nothing is under way any more.
-Holdings restingHoldingsOf(pid_t process) {
+Holdings restingHoldingsOf(XDisplay& display, pid_t process) {
     Holdings holdings;
     const bool rested = waitUntil(
         [&] {
-            holdings = holdingsOf(process);
+            holdings = holdingsOf(display, process);
             // Longer than a filling waits for an application that is busy.
             return holdsFor(Duration(1500), [&] {
-                const Holdings now = holdingsOf(process);
+                const Holdings now = holdingsOf(display, process);
                 return now.memory == holdings.memory && now.descriptors == holdings.descriptors
-                    && now.threads == holdings.threads;
+                    && now.threads == holdings.threads && now.x == holdings.x;
             });
         },
         Patience);
@@ -87,18 +94,19 @@ double mebibytes(long bytes) {
 
 void print(int round, int openings, int emptyMirrors, long heap, const Holdings& holdings) {
     std::printf("%6d switches, %5d openings, %3d empty mirrors: %7.3f MiB resident, %6.3f MiB of heap, "
-                "%ld descriptors, %ld threads, %ld children\n",
+                "%ld descriptors, %ld threads, %ld children, %ld X resources\n",
         round, openings, emptyMirrors, mebibytes(holdings.memory), mebibytes(heap), holdings.descriptors,
-        holdings.threads, holdings.children);
+        holdings.threads, holdings.children, holdings.x.resources);
     std::fflush(stdout);
 }
 
 class Soak {
 public:
-    Soak(Desktop& desktop, int switches, int openings)
+    Soak(Desktop& desktop, int switches, int openings, int ticks)
         : _desktop(desktop)
         , _switches(switches)
-        , _openings(openings) {
+        , _openings(openings)
+        , _ticks(ticks) {
         for (const ApplicationKind kind :
             {ApplicationKind::Mousepad, ApplicationKind::Geany, ApplicationKind::FeatherPad})
             _applications.push_back(std::make_unique<TestApplication>(desktop, kind));
@@ -119,11 +127,12 @@ public:
             while (static_cast<long>(_opened) * _switches < static_cast<long>(round) * _openings)
                 openMenu();
             if (round == warmUp)
-                first = restingHoldingsOf(_agent->identifier());
+                first = restingHoldingsOf(_desktop.display(), _agent->identifier());
             if (round == warmUp || round % report == 0)
-                print(round, _opened, _emptyMirrors, _heap, holdingsOf(_agent->identifier()));
+                print(round, _opened, _emptyMirrors, _heap, holdingsOf(_desktop.display(), _agent->identifier()));
         }
-        const Holdings last = restingHoldingsOf(_agent->identifier());
+        moveWindows();
+        const Holdings last = restingHoldingsOf(_desktop.display(), _agent->identifier());
         print(_switches, _opened, _emptyMirrors, _heap, last);
         return judge(first, last);
     }
@@ -194,18 +203,35 @@ private:
         ++_opened;
     }
 
+    // The panel looks for the window at each tick, and finds it elsewhere.
+    void moveWindows() {
+        XDisplay& display = _desktop.display();
+        const xcb_window_t window = display.activeWindow();
+        for (int tick = 1; tick <= _ticks; ++tick) {
+            display.moveWindow(window, 40 + tick * 7 % 300, 80 + tick * 5 % 200);
+            std::this_thread::sleep_for(TickInterval);
+            if (tick % std::max(1, _ticks / 5) == 0)
+                std::printf("%6d ticks with a window that moves: %7.3f MiB resident\n", tick,
+                    mebibytes(holdingsOf(display, _agent->identifier()).memory));
+            std::fflush(stdout);
+        }
+    }
+
     static bool judge(const Holdings& first, const Holdings& last) {
         const long growth = last.memory - first.memory;
         std::printf(
-            "after the first rounds: %+.3f MiB (less than 1 MiB), %+ld descriptors, %+ld threads, %ld children\n",
-            mebibytes(growth), last.descriptors - first.descriptors, last.threads - first.threads, last.children);
+            "after the first rounds: %+.3f MiB (less than 1 MiB), %+ld descriptors, %+ld threads, %ld children, "
+            "%+ld connections, %+ld X resources\n",
+            mebibytes(growth), last.descriptors - first.descriptors, last.threads - first.threads, last.children,
+            last.x.connections - first.x.connections, last.x.resources - first.x.resources);
         return growth < MostGrowth && last.descriptors <= first.descriptors && last.threads <= first.threads
-            && last.children == 0;
+            && last.children == 0 && last.x.connections <= first.x.connections && last.x.resources <= first.x.resources;
     }
 
     Desktop& _desktop;
     int _switches;
     int _openings;
+    int _ticks;
     std::vector<std::unique_ptr<TestApplication>> _applications;
     std::unique_ptr<Agent> _agent;
     std::ifstream _lines;
@@ -223,17 +249,18 @@ int main(int argumentCount, char** arguments) {
     const int switches = argumentCount > 1 ? std::atoi(arguments[1]) : 10000;
     const int openings = argumentCount > 2 ? std::atoi(arguments[2]) : 2000;
     const std::string windowManager = argumentCount > 3 ? arguments[3] : nameOf(WindowManager::Openbox);
+    const int ticks = argumentCount > 4 ? std::atoi(arguments[4]) : 5000;
     const bool isKnown =
         windowManager == nameOf(WindowManager::Openbox) || windowManager == nameOf(WindowManager::Xfwm4);
-    if (switches < 2 || openings < 0 || !isKnown || argumentCount > 4) {
-        std::cerr << "usage: soak [SWITCHES [OPENINGS [openbox|xfwm4]]]\n";
+    if (switches < 2 || openings < 0 || !isKnown || ticks < 0 || argumentCount > 5) {
+        std::cerr << "usage: soak [SWITCHES [OPENINGS [openbox|xfwm4 [TICKS]]]]\n";
         return 2;
     }
     try {
         adoptOrphans();
         Desktop desktop(windowManager == nameOf(WindowManager::Xfwm4) ? WindowManager::Xfwm4 : WindowManager::Openbox);
         const auto start = Clock::now();
-        const bool sound = Soak(desktop, switches, openings).run();
+        const bool sound = Soak(desktop, switches, openings, ticks).run();
         std::printf("%ld seconds: %s\n",
             static_cast<long>(std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start).count()),
             sound ? "nothing leaked" : "SOMETHING LEAKED");
