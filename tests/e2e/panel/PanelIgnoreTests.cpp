@@ -116,6 +116,22 @@ TEST_P(PanelIgnoreTest, AnIgnoredTitleKeepsThePanelFromThatWindowOnly) {
     }
 }
 
+TEST_P(PanelIgnoreTest, AnIgnoredApplicationHasNoPanelUnderAnotherTitleEither) {
+    TestApplication& application = launch(ApplicationKind::TwoWindows);
+    const std::vector<xcb_window_t> windows = display().managedWindowsOf(application.identifier());
+    ASSERT_EQ(windows.size(), 2U);
+    ASSERT_TRUE(moveTo(windows[0], 200, 200));
+    ASSERT_TRUE(moveTo(windows[1], 800, 500));
+    ASSERT_TRUE(application.bringToFront(windows[0]));
+    ASSERT_TRUE(standsAbove(windows[0]));
+    ASSERT_TRUE(panel().waitUntilOpaque());
+    ASSERT_TRUE(ignore("Tarragon", 1));
+    for (const xcb_window_t window : {windows[1], windows[0]}) {
+        ASSERT_TRUE(application.bringToFront(window));
+        EXPECT_TRUE(staysAway()) << display().titleOf(window);
+    }
+}
+
 TEST_P(PanelIgnoreTest, AWindowThatLosesAnIgnoredTitleHasItsPanelBack) {
     TestApplication& application = launchTitled({"Basil", "Chervil"});
     ASSERT_TRUE(showsTitles({"Basil", "Chervil"}));
