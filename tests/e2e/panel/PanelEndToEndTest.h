@@ -42,6 +42,7 @@ protected:
     testing::AssertionResult standsAbove(xcb_window_t window);
     testing::AssertionResult standsOnTitleBarOf(xcb_window_t window);
     testing::AssertionResult isSeen();
+    // For longer than the program takes to look again.
     testing::AssertionResult isNotSeen();
     // It has faded in.
     testing::AssertionResult isOpaque();
