@@ -77,7 +77,8 @@ void AppController::addGradient() {
 }
 
 void AppController::fadeOutOnce() {
-    if (_alreadyFadedOut)
+    // A panel that is just fading in would take no notice; the next tick asks again.
+    if (_alreadyFadedOut || (_tarragonPanel && _tarragonPanel->isFadingIn()))
         return;
     _alreadyFadedOut = true;
     if (_tarragonPanel)

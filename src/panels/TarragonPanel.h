@@ -62,6 +62,8 @@ public:
     // Each works from exactly the other end only, so that a fade under way is neither restarted nor reversed.
     void fadeIntoView();
     void fadeOutOfView();
+    // On the way into view: it takes no notice of being faded out.
+    bool isFadingIn() const { return _fading && !_fadesOut; }
     // A fade out of view that is under way ends at once.
     void finishFadingOut();
 

@@ -102,6 +102,19 @@ TEST_F(FloatingPanelTest, ComesBackInOneGoWhenTheWindowLeavesTheFullScreen) {
     EXPECT_EQ(window().alpha, 1);
 }
 
+TEST_F(FloatingPanelTest, StepsBackForADialogThatOpensWhileItFadesIn) {
+    launchAndSettle();
+    moveWindow({{100, 200}, {700, 500}});
+    tick();
+    mail.window({.title = "Save", .roleDescription = "dialog", .positionCG = Point{200, 300}, .size = Size{400, 200}});
+    // Sooner than a tick comes by itself.
+    controller().performTimerBasedUpdateOnce();
+    settle();
+    tick();
+    settle();
+    EXPECT_FALSE(window().isSeen());
+}
+
 TEST_F(FloatingPanelTest, StepsBackForADialogAndComesBackAfterIt) {
     launchAndSettle();
     const Element dialog = mail.window(

@@ -108,7 +108,9 @@ std::string notesOf(const std::string& notes) {
 
 TEST(UpdateDecision, ShortensNotesToWhatAScreenHolds) {
     EXPECT_EQ(notesOf(std::string(1500, 'a')), std::string(1500, 'a'));
-    EXPECT_EQ(notesOf(std::string(1501, 'a')), std::string(1500, 'a') + "…");
+    std::string shortened(1500, 'a');
+    shortened += "…";
+    EXPECT_EQ(notesOf(std::string(1501, 'a')), shortened);
     std::string lines;
     for (int line = 0; line < 23; ++line)
         lines += "x\n";
