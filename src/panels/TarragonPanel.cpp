@@ -227,6 +227,7 @@ void TarragonPanel::mouseExited() {
 void TarragonPanel::mouseDown(const PanelMouseEvent& event) {
     const std::shared_ptr<PanelButton> button = buttonAt(event.locationInPanel);
     _pressBeganOnButton = button != nullptr;
+    _pressLocationOnScreen = event.locationNS;
     if (button)
         button->mouseDown(event);
 }
@@ -236,8 +237,9 @@ void TarragonPanel::rightMouseDown(const PanelMouseEvent& event) {
         button->rightMouseDown(event);
 }
 
-void TarragonPanel::recordDragStart(const PanelMouseEvent& event) {
-    _initialLocationOnScreen = event.locationNS;
+// The first movement may have come together with many others, and is no good place to count from.
+void TarragonPanel::recordDragStart() {
+    _initialLocationOnScreen = _pressLocationOnScreen;
     _shouldRedoInitials = false;
     const std::vector<Screen> screens = _services.displays.screens();
     _screenFrame = screens.empty() ? Rect() : screens.front().frameNS;
@@ -254,7 +256,7 @@ void TarragonPanel::mouseDragged(const PanelMouseEvent& event) {
     const auto reader = _appAccess.lock();
     _mouseIsOnWindow = true;
     if (_shouldRedoInitials)
-        recordDragStart(event);
+        recordDragStart();
     _beingDragged = true;
     const std::optional<Screen> screen = reader ? reader->focusedWindowScreen() : std::nullopt;
     _screenFrame = screen ? screen->visibleFrameNS : Rect();

@@ -84,7 +84,7 @@ private:
     void mouseExited();
     void hover(const std::shared_ptr<PanelButton>& button);
     std::shared_ptr<PanelButton> buttonAt(const Point& locationInPanel) const;
-    void recordDragStart(const PanelMouseEvent& event);
+    void recordDragStart();
     void fade(double from, double to);
     void applyFrame();
     void applyVisibility();
@@ -99,7 +99,8 @@ private:
     bool _beingDragged = false;
     bool _shouldRedoInitials = true;
     bool _mouseIsOnWindow = false;
-    Point _initialLocationOnScreen;
+    Point _pressLocationOnScreen;
+    Point _initialLocationOnScreen; // of the drag
     Rect _screenFrame;
     Rect _windowFrame; // when the drag began
     Rect _tempRect; // the last screen frame that was not empty
