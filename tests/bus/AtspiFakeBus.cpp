@@ -271,8 +271,8 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         sd_bus_message_read(message, "ii", &x, &y);
         points.emplace_back(x, y);
         const std::string child = object.children.empty() ? "/org/a11y/atspi/null" : object.children.front();
-        sd_bus_reply_method_return(message, "(so)", _busName.c_str(),
-            object.underPoint.empty() ? child.c_str() : object.underPoint.c_str());
+        sd_bus_reply_method_return(
+            message, "(so)", _busName.c_str(), object.underPoint.empty() ? child.c_str() : object.underPoint.c_str());
     } else if (member == "GetKeyBinding" && object.hasAction) {
         sd_bus_reply_method_return(message, "s", object.keyBinding.c_str());
     } else if (member == "GetMatches" && searches) {
