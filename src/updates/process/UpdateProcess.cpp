@@ -80,6 +80,7 @@ void UpdateProcess::endTool() {
     // It goes once it has ended, and not at once: this may be called from a signal of its own.
     QProcess* const process = _process.release();
     process->disconnect();
+    process->setParent(&_endingTools);
     if (process->state() == QProcess::NotRunning)
         return process->deleteLater();
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);

@@ -2,6 +2,7 @@
 
 #include "updates/UpdateChecker.h"
 
+#include <QObject>
 #include <QProcess>
 #include <QTimer>
 
@@ -41,6 +42,7 @@ private:
 
     const Options _options;
     std::unique_ptr<QProcess> _process;
+    QObject _endingTools; // owns those that have answered and not ended yet
     QTimer _patience;
     QByteArray _message;
     Handler _handler;
