@@ -119,7 +119,7 @@ testing::AssertionResult PanelEndToEndTest::isSeen() {
 
 testing::AssertionResult PanelEndToEndTest::isNotSeen() {
     // Titles that are laid out anew are not seen for a moment either.
-    const bool staysAway = panel().waitUntilNotSeen() && holdsFor(Duration(500), [this] { return !panel().isSeen(); });
+    const bool staysAway = waitUntil([this] { return holdsFor(Duration(500), [this] { return !panel().isSeen(); }); });
     return result(staysAway, describePanel());
 }
 

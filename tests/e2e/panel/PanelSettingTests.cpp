@@ -257,10 +257,11 @@ TEST_P(PanelSettingTest, ApplicationMenusGoAndComeWithTheNextReading) {
     EXPECT_EQ(panel().titles().size(), 4U);
     // The other of the two settings has the menus read anew.
     change("ShowAppleMenu", false);
-    EXPECT_TRUE(waitUntil([&] { return panel().titles().empty(); }));
+    EXPECT_TRUE(waitUntil([&] { return panel().titles().size() == 1; }));
+    EXPECT_EQ(panel().titles().front().title, "Tarragon");
     change("ShowApplicationMenu", true);
     change("ShowAppleMenu", true);
-    EXPECT_TRUE(waitUntil([&] { return panel().titles().size() == 3; }));
+    EXPECT_TRUE(waitUntil([&] { return panel().titles().size() == 4; }));
 }
 
 TEST_P(PanelSettingTest, KeyEquivalentsGoAndCome) {

@@ -22,7 +22,22 @@ std::size_t PanelUseEndToEndTest::layouts() {
 TestApplication& PanelUseEndToEndTest::launchTitled(const std::vector<std::string>& titles, int width, int height) {
     std::vector<std::string> arguments{std::to_string(width), std::to_string(height)};
     arguments.insert(arguments.end(), titles.begin(), titles.end());
-    return launch(ApplicationKind::Titled, arguments);
+    const std::size_t before = layouts();
+    TestApplication& application = launch(ApplicationKind::Titled, arguments);
+    // Without room for a title all of them are beside a panel, as they are without a window.
+    constexpr int RoomForTitles = 100;
+    if (width >= RoomForTitles)
+        waitForLayoutAfter(before);
+    return application;
+}
+
+void PanelUseEndToEndTest::waitForLayoutAfter(std::size_t before) {
+    // Until then the panel is that of the application before, perhaps with the same titles. That of no window at all
+    // has its titles beside it.
+    EXPECT_TRUE(waitUntil([&] {
+        const std::vector<PanelTitle> titles = panel().titles();
+        return layouts() > before && !titles.empty() && titles.front().left >= 0;
+    }));
 }
 
 bool PanelUseEndToEndTest::showsTitles(std::vector<std::string> titles) {

@@ -27,6 +27,9 @@ protected:
     // How often the program has laid its titles out so far.
     std::size_t layouts();
 
+    // Waits until titles were laid out for a window since there had been that many layouts.
+    void waitForLayoutAfter(std::size_t before);
+
     // Starts a window of its own with a menu for each title.
     TestApplication& launchTitled(const std::vector<std::string>& titles, int width = 900, int height = 300);
     // True when the panel shows these titles and the program's own one, all or as many as find room.
@@ -64,7 +67,12 @@ class ApplicationPanelUseTest : public PanelUseEndToEndTest,
 protected:
     ApplicationPanelUseTest()
         : PanelUseEndToEndTest(std::get<0>(GetParam())) { }
-    TestApplication& launch() { return DesktopTest::launch(std::get<1>(GetParam())); }
+    TestApplication& launch() {
+        const std::size_t before = layouts();
+        TestApplication& application = DesktopTest::launch(std::get<1>(GetParam()));
+        waitForLayoutAfter(before);
+        return application;
+    }
 };
 
 } // namespace tarragon::e2e
