@@ -62,6 +62,9 @@ TEST_P(PanelOverWindowTest, LeavesTheButtonsOfAMaximisedWindowUsable) {
     TestApplication& application = launch();
     const std::vector<std::string> titles = application.expectedTitles();
     change("TarragonAlwaysRight", true);
+    // Some applications start as large as they were at their end.
+    display().setMaximized(application.window(), false);
+    ASSERT_TRUE(waitUntil([&] { return !isMaximized(application); }));
     ASSERT_TRUE(resizeTo(application.window(), 1200, 400) && moveTo(application.window(), 100, 200));
     clickButton(application, WindowButton::Maximize);
     ASSERT_TRUE(waitUntil([&] { return isMaximized(application); }));
@@ -73,6 +76,9 @@ TEST_P(PanelOverWindowTest, LeavesTheButtonsOfAMaximisedWindowUsable) {
 TEST_P(PanelOverWindowTest, LeavesTheTitleBarBesideTheTitlesUsable) {
     TestApplication& application = launch();
     change("TarragonAlwaysRight", true);
+    // Some applications start as large as they were at their end.
+    display().setMaximized(application.window(), false);
+    ASSERT_TRUE(waitUntil([&] { return !isMaximized(application); }));
     ASSERT_TRUE(resizeTo(application.window(), 1200, 400) && moveTo(application.window(), 100, 200));
     ASSERT_TRUE(standsOnTitleBarOf(application.window()));
     ASSERT_TRUE(showsTitlesOf(application));
