@@ -105,7 +105,10 @@ TEST_F(FloatingPanelTest, ComesBackInOneGoWhenTheWindowLeavesTheFullScreen) {
 TEST_F(FloatingPanelTest, StepsBackForADialogThatOpensWhileItFadesIn) {
     launchAndSettle();
     moveWindow({{100, 200}, {700, 500}});
-    tick();
+    // The titles are laid out for the new width, and fade in.
+    controller().performTimerBasedUpdateOnce();
+    fake.runLoop.advance(0.05);
+    ASSERT_LT(window().alpha, 1);
     mail.window({.title = "Save", .roleDescription = "dialog", .positionCG = Point{200, 300}, .size = Size{400, 200}});
     // Sooner than a tick comes by itself.
     controller().performTimerBasedUpdateOnce();
