@@ -13,7 +13,8 @@
 namespace tarragon {
 
 // How much the first read of an element's children within a read batch fetches: the children alone, what these can tell
-// as well, or the same for everything below them.
+// as well, or the same for everything below them. AsAsked is for those who look again and again: what the desktop has
+// told of the window in front by itself is enough for them.
 enum class ReadBatchDepth : std::uint8_t { AsAsked, OneLevel, AllLevels };
 
 // The user-interface elements of other processes. Failures are silent by design: a call that fails, an application that

@@ -53,24 +53,14 @@ public:
 
     std::optional<DesktopEntry> entryForWindow(const WindowDescription& window) {
         const std::lock_guard lock(_mutex);
-        refresh();
-        const DesktopEntry* entry = find(_byWindowClass, window.instanceName);
-        if (!entry)
-            entry = find(_byWindowClass, window.className);
-        if (!entry)
-            entry = find(_byIdentifier, window.gtkApplicationIdentifier);
-        for (const std::string* name : {&window.className, &window.instanceName}) {
-            if (!entry)
-                entry = find(_byIdentifier, *name);
-            if (!entry)
-                entry = find(_byLastPart, *name);
-        }
-        if (!entry) {
-            for (const std::string& name : executableNames(window.processIdentifier)) {
-                entry = find(_byExecutable, name);
-                if (entry)
-                    break;
-            }
+        const Effort effort = effortOfLook();
+        if (effort == Effort::Look)
+            refresh();
+        const DesktopEntry* entry = match(window);
+        // It may have been installed just now.
+        if (!entry && effort == Effort::Spare) {
+            refresh();
+            entry = match(window);
         }
         return entry ? std::optional(*entry) : std::nullopt;
     }
@@ -83,6 +73,32 @@ private:
     };
     // From lower-cased texts to the entries that have them.
     using Map = std::unordered_map<std::string, std::vector<Candidate>>;
+    enum class Effort : std::uint8_t {
+        None, // the folders were looked at for the same purpose
+        Spare, // they were looked at lately
+        Look,
+    };
+
+    const DesktopEntry* match(const WindowDescription& window) const {
+        const DesktopEntry* entry = find(_byWindowClass, window.instanceName);
+        if (!entry)
+            entry = find(_byWindowClass, window.className);
+        if (!entry)
+            entry = find(_byIdentifier, window.gtkApplicationIdentifier);
+        for (const std::string* name : {&window.className, &window.instanceName}) {
+            if (!entry)
+                entry = find(_byIdentifier, *name);
+            if (!entry)
+                entry = find(_byLastPart, *name);
+        }
+        if (entry)
+            return entry;
+        for (const std::string& name : executableNames(window.processIdentifier)) {
+            if ((entry = find(_byExecutable, name)))
+                return entry;
+        }
+        return nullptr;
+    }
 
     // The best entry is the one that spells the text alike, then one that menus show, then one that is named like it,
     // then the first.
@@ -101,7 +117,7 @@ private:
     }
 
     void refresh() {
-        if (wasLookedAt() || (_isSettled && foldersAreUnchanged()))
+        if (_isSettled && foldersAreUnchanged())
             return;
         _entries.clear();
         for (Map* map : {&_byWindowClass, &_byIdentifier, &_byLastPart, &_byExecutable})
@@ -117,10 +133,16 @@ private:
             _folderTimes.begin(), _folderTimes.end(), [&](const auto& folder) { return folder.second < recent; });
     }
 
-    // In the look that the caller has now.
-    bool wasLookedAt() {
+    // Looks come twice a second for as long as the program runs, far more often than applications are installed.
+    Effort effortOfLook() {
         const std::optional<std::uint64_t> look = _currentLook ? _currentLook() : std::nullopt;
-        return std::exchange(_lastLook, look) == look && look;
+        if (std::exchange(_lastLook, look) == look && look)
+            return Effort::None;
+        const auto now = std::chrono::steady_clock::now();
+        if (look && _isSettled && now - _lastLookedAt < std::chrono::seconds(2))
+            return Effort::Spare;
+        _lastLookedAt = now;
+        return Effort::Look;
     }
 
     bool foldersAreUnchanged() const {
@@ -180,6 +202,7 @@ private:
     std::mutex _mutex;
     CurrentLook _currentLook;
     std::optional<std::uint64_t> _lastLook;
+    std::chrono::steady_clock::time_point _lastLookedAt;
     std::vector<fs::path> _folders;
     std::vector<std::string> _languages;
     bool _isSettled = false;

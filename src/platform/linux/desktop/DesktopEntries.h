@@ -20,8 +20,9 @@ public:
     // none. May be called from any thread.
     using CurrentLook = std::function<std::optional<std::uint64_t>()>;
 
-    // The folders and the language of the user's session. Within a look the folders are looked at once; an empty
-    // function stands for no look at any time.
+    // The folders and the language of the user's session. Within a look the folders are looked at once, and in looks
+    // that follow each other closely every two seconds, or when no entry matches; an empty function stands for no look
+    // at any time.
     explicit DesktopEntries(CurrentLook currentLook = {});
     // The folders hold the entries themselves ("/usr/share/applications"), the one that counts most first. A locale is
     // "de_DE.UTF-8"; several are tried in order.

@@ -14,16 +14,17 @@ public:
     // The running program's own tool and the system's own files; a test names others. The numbers of the statistics are
     // pages of memory, the second one those that the program occupies.
     LinuxProcess();
-    LinuxProcess(std::filesystem::path relaunchTool, std::filesystem::path statisticsFile)
-        : _relaunchTool(std::move(relaunchTool))
-        , _statisticsFile(std::move(statisticsFile)) { }
+    LinuxProcess(std::filesystem::path relaunchTool, const std::filesystem::path& statisticsFile);
+    ~LinuxProcess() override;
+    LinuxProcess(const LinuxProcess&) = delete;
+    LinuxProcess& operator=(const LinuxProcess&) = delete;
 
     std::uint64_t residentSize() override;
     bool relaunchAfterEnd(const std::string& path) override;
 
 private:
     std::filesystem::path _relaunchTool;
-    std::filesystem::path _statisticsFile;
+    int _statistics; // open, since they are asked for all the time; below 0 where there are none
 };
 
 } // namespace tarragon

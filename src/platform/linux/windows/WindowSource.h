@@ -32,8 +32,8 @@ public:
     // of other workspaces are not there.
     virtual std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) = 0;
 
-    // Until the look of the calling thread ends, what it is told of the active window may be as old as the first
-    // answer. Looks nest; use a read batch.
+    // Until the look of the calling thread ends, what the desktop has told of the active window by itself is enough: it
+    // is not asked whether that is all. For those who look again soon. Looks nest; use a read batch.
     virtual void beginLook() { }
     virtual void endLook() { }
 

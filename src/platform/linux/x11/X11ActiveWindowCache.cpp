@@ -78,6 +78,10 @@ void X11ActiveWindowCache::endLook() {
 
 void X11ActiveWindowCache::takeEvents() {
     const std::lock_guard lock(_mutex);
+    takeArrivedEvents();
+}
+
+void X11ActiveWindowCache::takeArrivedEvents() {
     // Reads what has arrived; the rest is in the queue then.
     const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(_connection.get()));
     if (event)
@@ -85,11 +89,12 @@ void X11ActiveWindowCache::takeEvents() {
     takeQueuedEvents();
 }
 
-// The server is waited for, so that nothing is missing of what it has done so far; once in a look.
+// Outside a look the server is waited for, so that nothing is missing of what it has done so far.
 void X11ActiveWindowCache::takeAllEvents() {
     if (const auto look = _looks.find(std::this_thread::get_id()); look != _looks.end()) {
-        if (std::exchange(look->second.hasBegun, true))
-            return;
+        if (!std::exchange(look->second.hasBegun, true))
+            takeArrivedEvents();
+        return;
     }
     const X11Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(_connection.get(), xcb_get_input_focus(_connection.get()), nullptr));

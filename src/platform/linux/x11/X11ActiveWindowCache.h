@@ -42,8 +42,8 @@ public:
     // Both at once.
     std::optional<WindowDescription> describeActiveWindow();
 
-    // From the first answer to the calling thread until the end of its look, the server is not asked whether it has
-    // told all. What it happens to tell meanwhile counts nevertheless. Looks nest.
+    // Until the end of the calling thread's look, what the server has told by its first answer is enough: it is not
+    // asked whether that is all. What it happens to tell meanwhile counts nevertheless. Looks nest.
     void beginLook();
     void endLook();
     // The number of the calling thread's look, another one for each; nothing while it has none.
@@ -55,6 +55,7 @@ public:
 
 private:
     void takeAllEvents();
+    void takeArrivedEvents();
     void takeQueuedEvents();
     void takeEvent(const xcb_generic_event_t& event);
     std::optional<std::uint32_t> knownActiveWindow();
@@ -67,7 +68,7 @@ private:
     struct Look {
         std::uint64_t number = 0;
         int nesting = 0;
-        bool hasBegun = false; // the server has told all that it knew when the look was first used
+        bool hasBegun = false; // what had arrived when the look was first used was taken
     };
 
     X11Connection& _connection;

@@ -54,8 +54,8 @@ X11RoomCache::X11RoomCache(std::unique_ptr<X11Connection> connection, CurrentLoo
 X11RoomCache::~X11RoomCache() = default;
 
 const X11Room& X11RoomCache::room() {
-    if (_connection && !wasLookedAt())
-        takeAllEvents();
+    if (_connection)
+        takeEventsForAnswer();
     if (!_room)
         _room = readRoom();
     return *_room;
@@ -64,26 +64,33 @@ const X11Room& X11RoomCache::room() {
 void X11RoomCache::takeEventsIn(RunLoop& runLoop) {
     if (!_connection)
         return;
-    runLoop.watchDescriptor(_connection->descriptor(), [this] {
-        while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_connection->get())})
-            takeEvent(*event);
-    });
+    runLoop.watchDescriptor(_connection->descriptor(), [this] { takeArrivedEvents(); });
 }
 
-// In the look that the caller has now.
-bool X11RoomCache::wasLookedAt() {
+// In a look what has arrived so far is enough.
+void X11RoomCache::takeEventsForAnswer() {
     const std::optional<std::uint64_t> look = _currentLook ? _currentLook() : std::nullopt;
-    return std::exchange(_lastLook, look) == look && look;
+    const bool isSameLook = std::exchange(_lastLook, look) == look;
+    if (!look) {
+        waitForServer();
+    } else if (isSameLook) {
+        return;
+    }
+    takeArrivedEvents();
+    if (_dependsOnPlaces)
+        _room.reset();
 }
 
-// The server is waited for, so that nothing is missing of what it has done so far.
-void X11RoomCache::takeAllEvents() {
+void X11RoomCache::waitForServer() {
     const X11Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(_connection->get(), xcb_get_input_focus(_connection->get()), nullptr));
-    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_queued_event(_connection->get())})
-        takeEvent(*event);
-    if (!reply || _dependsOnPlaces)
+    if (!reply)
         _room.reset();
+}
+
+void X11RoomCache::takeArrivedEvents() {
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_connection->get())})
+        takeEvent(*event);
 }
 
 // Questions about windows that are gone end in errors, which come here too and say nothing.

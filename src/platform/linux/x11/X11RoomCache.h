@@ -26,12 +26,13 @@ struct X11Room {
 // The room of a desktop, kept for as long as the server tells of no change: of the monitors, of the list of managed
 // windows, and of what each of these keeps free. Main thread only.
 //
-// As in X11ActiveWindowCache the smallest question that there is goes ahead of every answer, so that an answer from
-// here is as fresh as one that was asked for. The connection is of the cache alone: it hears of every managed window.
+// As in X11ActiveWindowCache the smallest question that there is goes ahead of every answer outside a look, so that an
+// answer from here is as fresh as one that was asked for. The connection is of the cache alone: it hears of every
+// managed window.
 class X11RoomCache {
 public:
     // The number of the look that the calling thread has at the desktop, another one each time; nothing while it has
-    // none. Within a look the server is asked once whether it has told all.
+    // none. Within a look the server is not asked whether it has told all.
     using CurrentLook = std::function<std::optional<std::uint64_t>()>;
 
     // Without a connection there is nothing that keeps room. An empty function stands for no look at any time.
@@ -46,8 +47,9 @@ public:
     void takeEventsIn(RunLoop& runLoop);
 
 private:
-    bool wasLookedAt();
-    void takeAllEvents();
+    void takeEventsForAnswer();
+    void waitForServer();
+    void takeArrivedEvents();
     void takeEvent(const xcb_generic_event_t& event);
     X11Room readRoom();
     std::vector<X11Strut> readStruts();

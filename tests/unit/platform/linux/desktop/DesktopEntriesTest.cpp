@@ -218,4 +218,25 @@ TEST_F(DesktopEntriesTest, LookAtTheFoldersOnceInALookAndAtOnceInTheNext) {
     EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "editor");
 }
 
+TEST_F(DesktopEntriesTest, SpareTheFoldersInLooksThatFollowCloselyUnlessAnEntryIsMissing) {
+    const auto setTime = [&](std::chrono::seconds age) {
+        fs::last_write_time(user(), fs::file_time_type::clock::now() - age);
+    };
+    write(system() / "other.desktop", "Name=Other\n");
+    fs::last_write_time(system(), fs::file_time_type::clock::now() - std::chrono::hours(1));
+    write(user() / "editor.desktop", "Name=Editor\n");
+    setTime(std::chrono::hours(2));
+    std::optional<std::uint64_t> look = 1;
+    DesktopEntries entries({user(), system()}, {}, [&] { return look; });
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "editor");
+    fs::remove(user() / "editor.desktop");
+    write(user() / "painter.desktop", "Name=Painter\n");
+    setTime(std::chrono::hours(1));
+    look = 2;
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "editor");
+    look = 3;
+    EXPECT_EQ(found(entries, windowOfClass("painter", "Painter")), "painter");
+    EXPECT_EQ(found(entries, windowOfClass("editor", "Editor")), "nothing");
+}
+
 } // namespace tarragon

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <string>
 #include <thread>
@@ -62,7 +63,7 @@ TEST_F(X11WindowsTest, AsksTheServerForNothingThatItWouldHaveTold) {
     EXPECT_EQ(requestsOf([&] { EXPECT_TRUE(windows->describe(window)); }), 1U);
 }
 
-TEST_F(X11WindowsTest, AsksTheServerOnceInALook) {
+TEST_F(X11WindowsTest, AsksTheServerForNothingInALook) {
     const std::uint32_t window = openActive();
     EXPECT_EQ(active().identifier, window);
     const auto askEverything = [&] {
@@ -75,7 +76,7 @@ TEST_F(X11WindowsTest, AsksTheServerOnceInALook) {
     EXPECT_EQ(requestsOf(askEverything), 9U);
     windows->beginLook();
     windows->beginLook();
-    EXPECT_EQ(requestsOf(askEverything), 1U);
+    EXPECT_EQ(requestsOf(askEverything), 0U);
     windows->endLook();
     EXPECT_EQ(requestsOf(askEverything), 0U);
     // Another thread has no part in it.
@@ -84,14 +85,22 @@ TEST_F(X11WindowsTest, AsksTheServerOnceInALook) {
     EXPECT_EQ(requestsOf(askEverything), 9U);
 }
 
-TEST_F(X11WindowsTest, TellsInALookWhatHoldsWhenItIsFirstUsed) {
+TEST_F(X11WindowsTest, TellsInALookWhatHasArrivedWhenItIsFirstUsed) {
     const std::uint32_t first = openActive();
     EXPECT_EQ(active().identifier, first);
-    windows->beginLook();
     const std::uint32_t second = openActive({.process = 1002});
-    EXPECT_EQ(active().identifier, second);
-    windows->endLook();
+    // What the server tells takes a moment to arrive.
+    std::uint32_t found = first;
+    for (int looks = 0; looks < 1000 && found != second; ++looks) {
+        windows->beginLook();
+        found = active().identifier;
+        EXPECT_EQ(active().identifier, found);
+        windows->endLook();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_EQ(found, second);
     manager->activate(first);
+    manager->synchronize();
     EXPECT_EQ(active().identifier, first);
 }
 
