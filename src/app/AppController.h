@@ -202,6 +202,7 @@ private:
     void fadeOutOnce();
     bool isOtherThanWindowInFront();
     bool windowIsOnFirstScreen();
+    bool windowIsTooCloseToTop();
     Rect screenRectOfWindowCG();
     double primaryScreenHeight();
     Point panelMenuLocationNS() const;

@@ -248,7 +248,8 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
     const Point origin = _tarragonPanel->frame().origin;
     _tarragonPanel->setFrameAnimated({origin, {static_cast<double>(width), HorizontalPanelHeight}});
 
-    _comesBack = _preferences._enableButton && windowIsIgnored();
+    // Nor is it shown for a moment where the close check is about to take it away.
+    _comesBack = _preferences._enableButton && (windowIsIgnored() || windowIsTooCloseToTop());
     if (_comesBack) {
         fadeOutOnce();
     } else if (_preferences._tarragonAlwaysVisible) {

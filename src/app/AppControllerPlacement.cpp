@@ -156,7 +156,7 @@ void AppController::placeAboveWindow(const Point& windowPositionCG) {
         changeToButtonTGMenuFont();
 }
 
-bool AppController::closeCheck() {
+bool AppController::windowIsTooCloseToTop() {
     if (!_appUIElementInfo)
         return false;
     const std::vector<Screen> screens = _platform.displays.screens();
@@ -169,7 +169,11 @@ bool AppController::closeCheck() {
         .windowFrameNS = _appUIElementInfo->focusedWindowFrameNS(),
         .bars = {},
     };
-    if (!closesPanel(check))
+    return closesPanel(check);
+}
+
+bool AppController::closeCheck() {
+    if (!windowIsTooCloseToTop())
         return false;
     _comesBack = true;
     if (_tarragonPanel)

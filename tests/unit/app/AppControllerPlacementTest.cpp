@@ -1,5 +1,7 @@
 #include "FloatingPanelFixture.h"
 
+#include <algorithm>
+
 namespace tarragon {
 namespace {
 
@@ -85,6 +87,27 @@ TEST_F(FloatingPanelTest, ComesBackWhenTheWindowLeavesTheVeryTopOfThePrimaryScre
     tick();
     tick();
     settle();
+    EXPECT_EQ(window().alpha, 1);
+}
+
+TEST_F(FloatingPanelTest, IsNotSeenForAMomentAtTheTopOfThePrimaryScreenWhereItIsAboutToGo) {
+    moveWindow({{100, 22}, {900, 500}});
+    launchAndSettle();
+    ASSERT_EQ(window().alpha, 1);
+    const auto isSeenWithin = [&](double seconds) {
+        double most = 0;
+        for (double passed = 0; passed < seconds; passed += 0.02) {
+            fake.runLoop.advance(0.02);
+            most = std::max(most, window().alpha);
+        }
+        return most > 0;
+    };
+    set(preference::HideOnPrimaryTopEdge, true);
+    EXPECT_FALSE(isSeenWithin(1));
+    moveWindow({{100, 22}, {700, 500}});
+    EXPECT_FALSE(isSeenWithin(1));
+    set(preference::HideOnPrimaryTopEdge, false);
+    EXPECT_TRUE(isSeenWithin(1));
     EXPECT_EQ(window().alpha, 1);
 }
 
