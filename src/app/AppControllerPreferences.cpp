@@ -116,13 +116,10 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
     }
     if (is(preference::ShowAppleMenu)) {
         readShowAppleMenu();
-        // The only reader option that shows at once; the others do with the next update.
-        if (_appUIElementInfo) {
+        // The only reader option that shows at once; the others do with the next update. The own menu is no part of what
+        // is read, and stays away until the next switch.
+        if (_appUIElementInfo)
             _appUIElementInfo->update();
-            // The mirror was read without it.
-            if (_preferences._showTarragonMenu)
-                _appUIElementInfo->appendAuxiliaryMenuTo(*_appUIElementInfo->menu());
-        }
         applyChangeToPanel();
     }
     if (is(preference::ShowTarragonMenu)) {

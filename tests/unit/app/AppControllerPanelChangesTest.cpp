@@ -178,7 +178,8 @@ TEST_F(FloatingPanelTest, ShowsTheChangedOptionsOfTheReader) {
     EXPECT_EQ(window().titles().front(), "File");
     set(preference::ShowAppleMenu, false);
     EXPECT_THAT(window().titles(), testing::Not(testing::Contains(LogoTitle)));
-    EXPECT_EQ(window().titles().back(), "Tarragon");
+    // It comes with the next switch.
+    EXPECT_THAT(window().titles(), testing::Not(testing::Contains("Tarragon")));
 }
 
 // Small questions.
