@@ -20,6 +20,7 @@ class PanelWindowHandler {
 public:
     virtual ~PanelWindowHandler() = default;
     virtual void mouseDown(const PanelMouseEvent&) { } // of the left button, as the next two
+    // Several movements that came together are told as one; the first of a drag is at the place of the press.
     virtual void mouseDragged(const PanelMouseEvent&) { }
     virtual void mouseUp(const PanelMouseEvent&) { }
     virtual void rightMouseDown(const PanelMouseEvent&) { }

@@ -227,7 +227,6 @@ void TarragonPanel::mouseExited() {
 void TarragonPanel::mouseDown(const PanelMouseEvent& event) {
     const std::shared_ptr<PanelButton> button = buttonAt(event.locationInPanel);
     _pressBeganOnButton = button != nullptr;
-    _pressLocationOnScreen = event.locationNS;
     if (button)
         button->mouseDown(event);
 }
@@ -237,9 +236,8 @@ void TarragonPanel::rightMouseDown(const PanelMouseEvent& event) {
         button->rightMouseDown(event);
 }
 
-// The first movement may have come together with many others, and is no good place to count from.
-void TarragonPanel::recordDragStart() {
-    _initialLocationOnScreen = _pressLocationOnScreen;
+void TarragonPanel::recordDragStart(const Point& locationNS) {
+    _initialLocationOnScreen = locationNS;
     _shouldRedoInitials = false;
     const std::vector<Screen> screens = _services.displays.screens();
     _screenFrame = screens.empty() ? Rect() : screens.front().frameNS;
@@ -256,7 +254,7 @@ void TarragonPanel::mouseDragged(const PanelMouseEvent& event) {
     const auto reader = _appAccess.lock();
     _mouseIsOnWindow = true;
     if (_shouldRedoInitials)
-        recordDragStart();
+        recordDragStart(event.locationNS);
     _beingDragged = true;
     const std::optional<Screen> screen = reader ? reader->focusedWindowScreen() : std::nullopt;
     _screenFrame = screen ? screen->visibleFrameNS : Rect();

@@ -84,7 +84,7 @@ private:
     void mouseExited();
     void hover(const std::shared_ptr<PanelButton>& button);
     std::shared_ptr<PanelButton> buttonAt(const Point& locationInPanel) const;
-    void recordDragStart();
+    void recordDragStart(const Point& locationNS);
     void fade(double from, double to);
     void applyFrame();
     void applyVisibility();
@@ -99,7 +99,6 @@ private:
     bool _beingDragged = false;
     bool _shouldRedoInitials = true;
     bool _mouseIsOnWindow = false;
-    Point _pressLocationOnScreen;
     Point _initialLocationOnScreen; // of the drag
     Rect _screenFrame;
     Rect _windowFrame; // when the drag began

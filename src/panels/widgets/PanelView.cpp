@@ -89,10 +89,13 @@ void PanelView::mousePressEvent(QMouseEvent* event) {
     event->accept();
     if (!_handler)
         return;
-    if (event->button() == Qt::LeftButton)
-        _handler->mouseDown(mouseEvent(*event));
-    else if (event->button() == Qt::RightButton)
-        _handler->rightMouseDown(mouseEvent(*event));
+    const PanelMouseEvent press = mouseEvent(*event);
+    if (event->button() == Qt::LeftButton) {
+        _dragStart = press;
+        _handler->mouseDown(press);
+    } else if (event->button() == Qt::RightButton) {
+        _handler->rightMouseDown(press);
+    }
 }
 
 void PanelView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -102,7 +105,12 @@ void PanelView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void PanelView::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
-    if (_handler && event->buttons().testFlag(Qt::LeftButton))
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        return;
+    // The first movement may have come together with many others, and would be no good place to count from.
+    if (const auto start = std::exchange(_dragStart, std::nullopt); start && _handler)
+        _handler->mouseDragged(*start);
+    if (_handler)
         _handler->mouseDragged(mouseEvent(*event));
 }
 

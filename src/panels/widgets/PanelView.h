@@ -5,6 +5,7 @@
 #include "platform/Displays.h"
 
 #include <memory>
+#include <optional>
 
 #include <QWidget>
 
@@ -42,6 +43,7 @@ private:
     PanelWindowHandler* _handler; // nullptr for a retired view
     PanelContent _content;
     bool _opaque = false;
+    std::optional<PanelMouseEvent> _dragStart; // until the pointer moves with the button down
     int _eventsBeingHandled = 0;
 };
 

@@ -164,6 +164,7 @@ TEST_F(QtPanelWindowTest, TellsWhatTheMouseDoes) {
     _window->orderFront();
     QTest::mousePress(&widget(), Qt::LeftButton, {}, {10, 4});
     QTest::mouseMove(&widget(), {12, 5});
+    QTest::mouseMove(&widget(), {13, 5});
     QTest::mouseRelease(&widget(), Qt::LeftButton, {}, {13, 6});
     QTest::mouseMove(&widget(), {14, 6}); // not dragged any more
     QTest::mousePress(&widget(), Qt::LeftButton, Qt::ControlModifier, {10, 4});
@@ -171,8 +172,10 @@ TEST_F(QtPanelWindowTest, TellsWhatTheMouseDoes) {
     QTest::mousePress(&widget(), Qt::RightButton, {}, {15, 20});
     QTest::mouseRelease(&widget(), Qt::RightButton, {}, {15, 20});
     QTest::mouseClick(&widget(), Qt::MiddleButton, {}, {15, 20});
+    // A drag is told from where the button went down.
     EXPECT_THAT(_handler.log,
-        ElementsAre("down 10,20", "dragged 12,19", "up 13,18", "control down 10,20", "up 10,20", "right down 15,4"));
+        ElementsAre("down 10,20", "dragged 10,20", "dragged 12,19", "dragged 13,19", "up 13,18", "control down 10,20",
+            "up 10,20", "right down 15,4"));
     EXPECT_EQ(_handler.events.front().locationNS, (Point{110, 520}));
 }
 
