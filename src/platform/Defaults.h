@@ -26,6 +26,9 @@ std::int64_t integerValue(const std::optional<DefaultsValue>& value);
 // Nothing unless the value is a string.
 std::optional<std::string> stringValue(const std::optional<DefaultsValue>& value);
 
+// Names an observer of one store of settings; 0 is none.
+using DefaultsObserver = std::uint64_t;
+
 // The user's settings, a persistent store shared by all processes of the program. Main thread only.
 class Defaults {
 public:
@@ -50,8 +53,12 @@ public:
     // Writes what is not written yet and takes over what other processes wrote. False when writing failed.
     virtual bool synchronize() = 0;
 
-    // keyPath is "values." followed by the key. Observers are called on the main thread and never removed.
-    virtual void addObserver(const std::string& keyPath, Observer observer) = 0;
+    // keyPath is "values." followed by the key. Observers are called on the main thread until they are removed, which
+    // whoever lives as long as the settings need not do.
+    virtual DefaultsObserver addObserver(const std::string& keyPath, Observer observer) = 0;
+    // May be called by any observer, for itself too; the removed one is not called any more. Does nothing for one that
+    // was removed before.
+    virtual void removeObserver(DefaultsObserver observer) = 0;
 };
 
 } // namespace tarragon

@@ -13,13 +13,6 @@ std::optional<DefaultsValue> FakeDefaults::storedValue(std::string_view key) con
     return found == _stored.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::vector<std::string> FakeDefaults::observedKeyPaths() const {
-    std::vector<std::string> keyPaths;
-    for (const auto& [keyPath, observer] : _observers)
-        keyPaths.push_back(keyPath);
-    return keyPaths;
-}
-
 void FakeDefaults::registerDefaults(const DefaultsDictionary& values) {
     for (const auto& [key, value] : values) {
         _registered.insert_or_assign(key, value);
@@ -44,13 +37,7 @@ void FakeDefaults::apply(const std::string& key, const std::optional<DefaultsVal
         _stored.insert_or_assign(key, *value);
     else
         _stored.erase(key);
-    const std::string keyPath = "values." + key;
-    // An observer may add another one.
-    const auto observers = _observers;
-    for (const auto& [observed, observer] : observers) {
-        if (observed == keyPath)
-            observer(keyPath);
-    }
+    _observers.tell("values." + key);
 }
 
 bool FakeDefaults::setValue(std::string_view key, const DefaultsValue& value) {
@@ -79,8 +66,12 @@ bool FakeDefaults::synchronize() {
     return _writable;
 }
 
-void FakeDefaults::addObserver(const std::string& keyPath, Observer observer) {
-    _observers.emplace_back(keyPath, std::move(observer));
+DefaultsObserver FakeDefaults::addObserver(const std::string& keyPath, Observer observer) {
+    return _observers.add(keyPath, std::move(observer));
+}
+
+void FakeDefaults::removeObserver(DefaultsObserver observer) {
+    _observers.remove(observer);
 }
 
 } // namespace tarragon

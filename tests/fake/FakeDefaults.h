@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Defaults.h"
+#include "platform/DefaultsObservers.h"
 
 #include <map>
 
@@ -21,7 +21,7 @@ public:
     // Keys that were read, in order, each as often as it was.
     const std::vector<std::string>& readKeys() const { return _readKeys; }
     // The key paths that are observed, in order.
-    std::vector<std::string> observedKeyPaths() const;
+    std::vector<std::string> observedKeyPaths() const { return _observers.keyPaths(); }
     int synchronizeCount() const { return _synchronizeCount; }
 
     void registerDefaults(const DefaultsDictionary& values) override;
@@ -31,7 +31,8 @@ public:
     bool removeValue(std::string_view key) override;
     void revertToInitialValues() override;
     bool synchronize() override;
-    void addObserver(const std::string& keyPath, Observer observer) override;
+    DefaultsObserver addObserver(const std::string& keyPath, Observer observer) override;
+    void removeObserver(DefaultsObserver observer) override;
 
 private:
     void apply(const std::string& key, const std::optional<DefaultsValue>& value);
@@ -41,7 +42,7 @@ private:
     std::map<std::string, std::optional<DefaultsValue>> _fromOtherProcess;
     DefaultsDictionary _registeredInOrder;
     DefaultsDictionary _initialValues;
-    std::vector<std::pair<std::string, Observer>> _observers;
+    DefaultsObservers _observers;
     std::vector<std::string> _changedKeys;
     std::vector<std::string> _readKeys;
     int _synchronizeCount = 0;

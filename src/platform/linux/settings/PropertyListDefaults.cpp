@@ -99,8 +99,12 @@ bool PropertyListDefaults::synchronize() {
     return true;
 }
 
-void PropertyListDefaults::addObserver(const std::string& keyPath, Observer observer) {
-    _observers.emplace_back(keyPath, std::move(observer));
+DefaultsObserver PropertyListDefaults::addObserver(const std::string& keyPath, Observer observer) {
+    return _observers.add(keyPath, std::move(observer));
+}
+
+void PropertyListDefaults::removeObserver(DefaultsObserver observer) {
+    _observers.remove(observer);
 }
 
 bool PropertyListDefaults::change(const Changes& changes) {
@@ -150,16 +154,7 @@ void PropertyListDefaults::takeOver(PropertyListValues values, std::vector<std::
     }
     _stored = std::move(values);
     for (const std::string& key : keys)
-        tellObservers(key);
-}
-
-void PropertyListDefaults::tellObservers(const std::string& key) {
-    const std::string keyPath = "values." + key;
-    // A copy, because an observer may add another one.
-    for (const auto current = _observers; const auto& [observed, observer] : current) {
-        if (observed == keyPath)
-            observer(keyPath);
-    }
+        _observers.tell("values." + key);
 }
 
 // The folder is watched and not the file, because every change puts another file in its place.

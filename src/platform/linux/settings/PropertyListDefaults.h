@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Defaults.h"
+#include "platform/DefaultsObservers.h"
 #include "platform/linux/settings/PropertyListFile.h"
 
 #include <filesystem>
@@ -37,7 +37,8 @@ public:
     bool removeValue(std::string_view key) override;
     void revertToInitialValues() override;
     bool synchronize() override;
-    void addObserver(const std::string& keyPath, Observer observer) override;
+    DefaultsObserver addObserver(const std::string& keyPath, Observer observer) override;
+    void removeObserver(DefaultsObserver observer) override;
 
 private:
     // In order; nothing removes the key.
@@ -46,7 +47,6 @@ private:
     bool change(const Changes& changes);
     void reload();
     void takeOver(PropertyListValues values, std::vector<std::string> keys);
-    void tellObservers(const std::string& key);
     void watchFolder();
     void handleFolderEvents();
 
@@ -58,7 +58,7 @@ private:
     DefaultsDictionary _initialValues;
     // Changes that could not be written yet; tried again with the next one.
     PropertyListChanges _pending;
-    std::vector<std::pair<std::string, Observer>> _observers;
+    DefaultsObservers _observers;
     int _folderEvents = -1;
     int _folderWatch = -1;
 };

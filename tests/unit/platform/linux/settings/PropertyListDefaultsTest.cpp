@@ -180,6 +180,18 @@ TEST_F(PropertyListDefaultsTest, ShowObserversTheNewValueAndLetThemSetOthers) {
     EXPECT_THAT(_told, ElementsAre("values.B"));
 }
 
+TEST_F(PropertyListDefaultsTest, TellNoObserverThatWasRemovedNotEvenByAnother) {
+    auto defaults = open();
+    DefaultsObserver second = 0;
+    const DefaultsObserver first =
+        defaults->addObserver("values.A", [&](const std::string&) { defaults->removeObserver(second); });
+    second = defaults->addObserver("values.A", [this](const std::string& keyPath) { _told.push_back(keyPath); });
+    defaults->setValue("A", std::int64_t(1));
+    defaults->removeObserver(first);
+    defaults->setValue("A", std::int64_t(2));
+    EXPECT_THAT(_told, IsEmpty());
+}
+
 TEST_F(PropertyListDefaultsTest, TellObserversOnlyOfKeysThatAnotherProcessChanged) {
     auto defaults = open();
     defaults->registerDefaults({{"C", true}});
