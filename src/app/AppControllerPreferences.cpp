@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "app/RegisteredPreferences.h"
+#include "panels/rules/Measures.h"
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "prefs/StartAtLogin.h"

@@ -103,8 +103,4 @@ std::int64_t buttonStyleForStoredValue(std::int64_t stored) {
     return stored == 4 ? 5 : stored;
 }
 
-std::int8_t fontSizeForStoredValue(std::int64_t stored) {
-    return static_cast<std::int8_t>(static_cast<std::uint64_t>(stored) & 0xFF);
-}
-
 } // namespace tarragon

@@ -17,7 +17,4 @@ const std::vector<std::string_view>& observedPreferences();
 // The style of the panel buttons for a stored value: 4 is never used and stands for 5.
 std::int64_t buttonStyleForStoredValue(std::int64_t stored);
 
-// The point size kept of a stored font size: its low byte, read as a signed number.
-std::int8_t fontSizeForStoredValue(std::int64_t stored);
-
 } // namespace tarragon

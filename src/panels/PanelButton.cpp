@@ -1,6 +1,6 @@
 #include "panels/PanelButton.h"
 
-#include "panels/TarragonPanel.h"
+#include "panels/ButtonPanel.h"
 
 #include <utility>
 

@@ -7,7 +7,7 @@
 
 namespace tarragon {
 
-class TarragonPanel;
+class ButtonPanel;
 
 // A button in a panel: what is drawn of it, and what the pointer does to it. Main thread only. The panel that holds the
 // button outlives it, or lets go of it.
@@ -42,8 +42,8 @@ public:
     virtual void mouseExited() { }
 
     // nullptr while the button is in no panel.
-    TarragonPanel* window() const { return _window; }
-    void setWindow(TarragonPanel* window) { _window = window; }
+    ButtonPanel* window() const { return _window; }
+    void setWindow(ButtonPanel* window) { _window = window; }
 
 protected:
     PanelButton(std::string title, const Rect& frame);
@@ -51,7 +51,7 @@ protected:
 
 private:
     ButtonContent _content;
-    TarragonPanel* _window = nullptr;
+    ButtonPanel* _window = nullptr;
 };
 
 } // namespace tarragon

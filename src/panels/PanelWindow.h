@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace tarragon {
 
@@ -51,8 +52,10 @@ class PanelToolkit {
 public:
     virtual ~PanelToolkit() = default;
 
-    // The handler outlives the window, the toolkit too.
-    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makeWindow(PanelWindowHandler& handler) = 0;
+    // The handler outlives the window, the toolkit too. The title is shown nowhere: it tells programs that list windows
+    // which one this is.
+    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makeWindow(
+        PanelWindowHandler& handler, const std::string& title) = 0;
 
     // The size that shows the whole title, at its content's font, look and dress, without growthOf the dress.
     [[nodiscard]] virtual Size sizeThatFits(const ButtonContent& content) = 0;

@@ -1,7 +1,7 @@
 #include "panels/TarragonHackButton.h"
 
 #include "mirror/MenuPresenter.h"
-#include "panels/TarragonPanel.h"
+#include "panels/ButtonPanel.h"
 #include "panels/TarragonPanelController.h"
 #include "panels/TarragonPanelOwner.h"
 
@@ -25,7 +25,9 @@ constexpr double MenuDistanceOnBar = 1.75;
 
 TarragonHackButton::TarragonHackButton(std::string title, const Rect& frame, const Surroundings& surroundings)
     : PanelButton(std::move(title), frame)
-    , _surroundings(surroundings) { }
+    , _services(surroundings.services)
+    , _owner(surroundings.owner)
+    , _controller(&surroundings.controller) { }
 
 std::shared_ptr<TarragonHackButton> TarragonHackButton::initWithTitleWithPosition(
     std::string title, int position, const Surroundings& surroundings) {
@@ -61,10 +63,10 @@ ButtonContent TarragonHackButton::content() const {
 
 void TarragonHackButton::mouseDown(const PanelMouseEvent& event) {
     if (event.controlKey) {
-        _surroundings.owner.popUpIgnoreMenu();
+        _owner.popUpIgnoreMenu();
         return;
     }
-    TarragonPanelController& controller = _surroundings.controller;
+    TarragonPanelController& controller = *_controller;
     if (controller.bShowing())
         return;
     controller.setBShowing(true);
@@ -73,16 +75,16 @@ void TarragonHackButton::mouseDown(const PanelMouseEvent& event) {
 }
 
 void TarragonHackButton::rightMouseDown(const PanelMouseEvent& /*event*/) {
-    _surroundings.owner.popUpIgnoreMenu();
+    _owner.popUpIgnoreMenu();
 }
 
 std::shared_ptr<Menu> TarragonHackButton::menuForEvent() {
-    return _surroundings.owner.contextMenu();
+    return _owner.contextMenu();
 }
 
 void TarragonHackButton::mouseEntered() {
     const auto self = shared_from_this(); // whatever a closing menu leads to
-    TarragonPanelController& controller = _surroundings.controller;
+    TarragonPanelController& controller = *_controller;
     _mouseIsOver = true;
     _pointerIsInside = true;
     setNeedsDisplay();
@@ -93,7 +95,7 @@ void TarragonHackButton::mouseEntered() {
 }
 
 void TarragonHackButton::openInsteadOfOther() {
-    TarragonPanelController& controller = _surroundings.controller;
+    TarragonPanelController& controller = *_controller;
     const std::shared_ptr<TarragonHackButton> showing = controller.buttonShowingMenu();
     if (showing && showing->bShow()) {
         // A menu that is opened next closes the former one itself, so that the keyboard is ours all the time.
@@ -117,7 +119,7 @@ void TarragonHackButton::mouseExited() {
 
 void TarragonHackButton::showMenu() {
     if (_bShow) {
-        _surroundings.controller.setBShowing(false);
+        _controller->setBShowing(false);
         hideMenu();
         return;
     }
@@ -135,13 +137,12 @@ Point TarragonHackButton::menuLocationNS() const {
 }
 
 void TarragonHackButton::popUp() {
-    // The menu of a bar lies above every other.
-    if (_appleBar && window())
+    // The menu of a bar lies above every other. A dock's does so anyway, and a dock has to stay one.
+    if (_appleBar && window() && window()->level() != PanelLevel::Dock)
         window()->setLevel(PanelLevel::PopUpMenu);
     highlight(true);
     if (_menu)
-        _surroundings.services.menuPresenter.popUpMenu(
-            _menu, menuLocationNS(), _surroundings.controller.makeOpener(shared_from_this()));
+        _services.menuPresenter.popUpMenu(_menu, menuLocationNS(), _controller->makeOpener(shared_from_this()));
     else
         menuHasClosed();
 }
@@ -156,12 +157,12 @@ void TarragonHackButton::letGoOfMenu() {
 void TarragonHackButton::menuHasClosed() {
     if (!_bShow)
         return;
-    _surroundings.controller.setBShowing(false);
+    _controller->setBShowing(false);
     letGoOfMenu();
 }
 
 void TarragonHackButton::hideMenu() {
-    if (!_surroundings.controller.bShowing())
+    if (!_controller->bShowing())
         closeMenu();
 }
 
@@ -169,7 +170,7 @@ void TarragonHackButton::closeMenu() {
     if (!_bShow)
         return;
     letGoOfMenu();
-    _surroundings.services.menuPresenter.closeMenus();
+    _services.menuPresenter.closeMenus();
 }
 
 void TarragonHackButton::takeOverOpenMenu() {

@@ -31,6 +31,8 @@ public:
     static std::shared_ptr<TarragonHackButton> initForSTWithTitle(
         std::string title, double x, const Surroundings& surroundings);
 
+    // Another controller of the same panel, which outlives the button.
+    void setController(TarragonPanelController& controller) { _controller = &controller; }
     // What the title opens; nullptr for nothing.
     const std::shared_ptr<Menu>& menu() const { return _menu; }
     void setMenu(std::shared_ptr<Menu> menu) { _menu = std::move(menu); }
@@ -74,7 +76,9 @@ private:
     void letGoOfMenu();
     Point menuLocationNS() const;
 
-    Surroundings _surroundings;
+    PanelServices _services;
+    TarragonPanelOwner& _owner;
+    TarragonPanelController* _controller; // never nullptr
     std::shared_ptr<Menu> _menu;
     bool _bShow = false;
     bool _appleBar = false;

@@ -1,7 +1,7 @@
 #include "panels/TarragonPanelController.h"
 
+#include "panels/ButtonPanel.h"
 #include "panels/TarragonHackButton.h"
-#include "panels/TarragonPanel.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,21 +12,41 @@ namespace tarragon {
 class TarragonPanelController::Opener : public MenuOpener {
 public:
     Opener(TarragonPanelController& controller, std::shared_ptr<TarragonHackButton> button)
-        : _controller(controller)
+        : _controller(&controller)
         , _button(std::move(button)) { }
 
     const std::shared_ptr<TarragonHackButton>& button() const { return _button; }
     void setButton(std::shared_ptr<TarragonHackButton> button) { _button = std::move(button); }
 
+    void setController(TarragonPanelController& controller) {
+        _controller = &controller;
+        _button->setController(controller);
+    }
+
     void menuHasClosed() override { _button->menuHasClosed(); }
-    void moveToNeighbour(MenuNeighbour neighbour) override { _controller.openNeighbour(*_button, neighbour); }
+    void moveToNeighbour(MenuNeighbour neighbour) override { _controller->openNeighbour(*_button, neighbour); }
 
 private:
-    TarragonPanelController& _controller; // which keeps this object
+    TarragonPanelController* _controller; // which keeps this object
     std::shared_ptr<TarragonHackButton> _button;
 };
 
 TarragonPanelController::~TarragonPanelController() = default;
+
+void TarragonPanelController::takeOver(TarragonPanelController& former) {
+    _bShowing = std::exchange(former._bShowing, false);
+    _buttonShowingMenu = std::exchange(former._buttonShowingMenu, nullptr);
+    _opener = std::exchange(former._opener, nullptr);
+    if (_buttonShowingMenu)
+        _buttonShowingMenu->setController(*this);
+    // Its title may be one of a former layout.
+    if (_opener)
+        _opener->setController(*this);
+    for (const auto& subview : _window.subviews()) {
+        if (const auto title = std::dynamic_pointer_cast<TarragonHackButton>(subview))
+            title->setController(*this);
+    }
+}
 
 std::shared_ptr<MenuOpener> TarragonPanelController::makeOpener(const std::shared_ptr<TarragonHackButton>& button) {
     _opener = std::make_shared<Opener>(*this, button);

@@ -6,15 +6,15 @@
 
 namespace tarragon {
 
+class ButtonPanel;
 class TarragonHackButton;
-class TarragonPanel;
 
 // What the titles of one panel have in common: which of them has its menu open. While one is open, titles follow the
 // pointer, which the panel hears of whoever has grabbed it; nothing has to be polled for that. Main thread only.
 class TarragonPanelController {
 public:
     // The panel outlives the controller.
-    explicit TarragonPanelController(TarragonPanel& window)
+    explicit TarragonPanelController(ButtonPanel& window)
         : _window(window) { }
     ~TarragonPanelController();
     TarragonPanelController(const TarragonPanelController&) = delete;
@@ -27,6 +27,9 @@ public:
     const std::shared_ptr<TarragonHackButton>& buttonShowingMenu() const { return _buttonShowingMenu; }
     void setButtonShowingMenu(std::shared_ptr<TarragonHackButton> button) { _buttonShowingMenu = std::move(button); }
 
+    // Goes on where another controller of the same panel was, which may end then: its titles, and the menu that one of
+    // them has open, are this one's from now on.
+    void takeOver(TarragonPanelController& former);
     // Hears for the button what becomes of the menu that it is about to open.
     std::shared_ptr<MenuOpener> makeOpener(const std::shared_ptr<TarragonHackButton>& button);
     // After a new layout: the title that has the open menu now goes on where the former title was. Where none has it,
@@ -39,7 +42,7 @@ private:
     class Opener;
     void openNeighbour(const TarragonHackButton& button, MenuNeighbour neighbour);
 
-    TarragonPanel& _window;
+    ButtonPanel& _window;
     bool _bShowing = false;
     std::shared_ptr<TarragonHackButton> _buttonShowingMenu;
     std::shared_ptr<Opener> _opener; // of the menu opened last

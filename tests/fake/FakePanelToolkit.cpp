@@ -106,8 +106,10 @@ std::size_t FakePanelToolkit::livingWindows() const {
         std::ranges::count_if(_windows, [](const Window& window) { return window.handler != nullptr; }));
 }
 
-std::unique_ptr<PanelWindow> FakePanelToolkit::makeWindow(PanelWindowHandler& handler) {
-    return std::make_unique<FakePanelWindow>(_windows.emplace_back(), handler);
+std::unique_ptr<PanelWindow> FakePanelToolkit::makeWindow(PanelWindowHandler& handler, const std::string& title) {
+    Window& window = _windows.emplace_back();
+    window.name = title;
+    return std::make_unique<FakePanelWindow>(window, handler);
 }
 
 Size FakePanelToolkit::sizeThatFits(const ButtonContent& content) {

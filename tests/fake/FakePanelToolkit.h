@@ -5,6 +5,7 @@
 #include <list>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace tarragon {
@@ -16,6 +17,7 @@ public:
     // What one window was told.
     struct Window {
         PanelWindowHandler* handler = nullptr; // nullptr once the window has ended
+        std::string name; // the title of the window
         Rect frameNS;
         bool visible = false;
         double alpha = 1;
@@ -52,7 +54,7 @@ public:
     Window& latest() { return _windows.back(); }
     std::size_t livingWindows() const;
 
-    std::unique_ptr<PanelWindow> makeWindow(PanelWindowHandler& handler) override;
+    std::unique_ptr<PanelWindow> makeWindow(PanelWindowHandler& handler, const std::string& title) override;
     Size sizeThatFits(const ButtonContent& content) override;
     double titleBarFontSize(double size) override { return size > 0 ? size : 13; }
 

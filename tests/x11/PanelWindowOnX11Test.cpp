@@ -60,7 +60,7 @@ protected:
         _other.setNumbers(_other.root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW, {_program});
         _other.movePointer(10, 10);
 
-        _window = QtPanelToolkit(_displays, &_surfaces).makeWindow(_handler);
+        _window = QtPanelToolkit(_displays, &_surfaces).makeWindow(_handler, "TarragonPanel");
         _window->setFrame({{100, screenHeight() - 100 - 24}, {200, 24}});
         ButtonContent button;
         button.title = "File";

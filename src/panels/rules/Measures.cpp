@@ -21,4 +21,8 @@ std::int32_t wholePoints(double length) {
     return length <= Lowest ? Lowest : static_cast<std::int32_t>(length);
 }
 
+std::int8_t fontSizeForStoredValue(std::int64_t stored) {
+    return static_cast<std::int8_t>(static_cast<std::uint64_t>(stored) & 0xFF);
+}
+
 } // namespace tarragon

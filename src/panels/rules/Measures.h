@@ -18,4 +18,7 @@ double roundedToSinglePrecision(double value);
 // number gives 0.
 std::int32_t wholePoints(double length);
 
+// The point size kept of a stored font size: its low byte, read as a signed number.
+std::int8_t fontSizeForStoredValue(std::int64_t stored);
+
 } // namespace tarragon

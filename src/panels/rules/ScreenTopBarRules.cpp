@@ -6,6 +6,14 @@
 
 namespace tarragon {
 
+Rect barScreenFrameNS(const Screen& screen) {
+    Rect frame = screen.frameNS;
+    // A screen of which nothing is left tells nothing about its top.
+    if (screen.visibleFrameNS.size.height > 0)
+        frame.size.height = std::min(topNS(frame), topNS(screen.visibleFrameNS)) - frame.origin.y;
+    return frame;
+}
+
 Rect newBarFrameNS(const Rect& screenFrameNS) {
     return {.origin = {.x = screenFrameNS.origin.x, .y = topNS(screenFrameNS)}, .size = screenFrameNS.size};
 }

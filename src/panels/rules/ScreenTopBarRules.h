@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panels/rules/ButtonStyle.h"
+#include "platform/Displays.h"
 #include "platform/Geometry.h"
 
 #include <cstddef>
@@ -17,6 +18,10 @@ namespace tarragon {
 inline constexpr double ScreenTopBarHeight = 22;
 // How far a hidden bar is above its place.
 inline constexpr double ScreenTopBarTravel = 50;
+
+// The screen as far as the bar is concerned. A bar of the desktop at the top of the screen was there first: ours goes
+// directly below it, since one of the two would hide the other.
+Rect barScreenFrameNS(const Screen& screen);
 
 // The frame with which the bar's window is created, out of sight above its screen.
 Rect newBarFrameNS(const Rect& screenFrameNS);

@@ -23,7 +23,6 @@ PanelView::PanelView(Displays& displays, PanelWindowHandler& handler)
     setAttribute(Qt::WA_X11DoNotAcceptFocus);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
-    setWindowTitle("TarragonPanel");
     setMouseTracking(true);
 }
 

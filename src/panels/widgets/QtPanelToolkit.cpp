@@ -25,8 +25,10 @@ QtPanelToolkit::QtPanelToolkit(Displays& displays, PanelSurfaces* surfaces)
     , _surfaces(surfaces)
     , _sizes(buttonSizeThatFits) { }
 
-std::unique_ptr<PanelWindow> QtPanelToolkit::makeWindow(PanelWindowHandler& handler) {
-    return std::make_unique<QtPanelWindow>(_displays, _surfaces, handler);
+std::unique_ptr<PanelWindow> QtPanelToolkit::makeWindow(PanelWindowHandler& handler, const std::string& title) {
+    auto window = std::make_unique<QtPanelWindow>(_displays, _surfaces, handler);
+    window->widget().setWindowTitle(QString::fromStdString(title));
+    return window;
 }
 
 Size QtPanelToolkit::sizeThatFits(const ButtonContent& content) {

@@ -5,6 +5,7 @@
 #include "platform/Displays.h"
 
 #include <memory>
+#include <string>
 
 namespace tarragon {
 
@@ -15,7 +16,8 @@ public:
     // Both outlive the toolkit and its windows. surfaces may be nullptr: the panels are ordinary windows then.
     QtPanelToolkit(Displays& displays, PanelSurfaces* surfaces);
 
-    [[nodiscard]] std::unique_ptr<PanelWindow> makeWindow(PanelWindowHandler& handler) override;
+    [[nodiscard]] std::unique_ptr<PanelWindow> makeWindow(
+        PanelWindowHandler& handler, const std::string& title) override;
     // Titles wider than half a screen, the narrowest, are measured with an ellipsis.
     [[nodiscard]] Size sizeThatFits(const ButtonContent& content) override;
     [[nodiscard]] double titleBarFontSize(double size) override;

@@ -109,14 +109,5 @@ TEST(ButtonStyle, OfFourStandsForFiveAndEveryOtherIsKept) {
         EXPECT_EQ(buttonStyleForStoredValue(style), style);
 }
 
-TEST(FontSize, KeepsTheLowByteReadAsASignedNumber) {
-    EXPECT_EQ(fontSizeForStoredValue(12), 12);
-    EXPECT_EQ(fontSizeForStoredValue(127), 127);
-    EXPECT_EQ(fontSizeForStoredValue(128), -128);
-    EXPECT_EQ(fontSizeForStoredValue(-128), -128);
-    EXPECT_EQ(fontSizeForStoredValue(-129), 127);
-    EXPECT_EQ(fontSizeForStoredValue(256 + 12), 12);
-}
-
 } // namespace
 } // namespace tarragon

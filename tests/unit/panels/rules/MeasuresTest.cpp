@@ -54,5 +54,14 @@ TEST(SinglePrecision, LosesWhatItCannotHold) {
     EXPECT_NE(roundedToSinglePrecision(0.1), 0.1);
 }
 
+TEST(FontSize, KeepsTheLowByteReadAsASignedNumber) {
+    EXPECT_EQ(fontSizeForStoredValue(12), 12);
+    EXPECT_EQ(fontSizeForStoredValue(127), 127);
+    EXPECT_EQ(fontSizeForStoredValue(128), -128);
+    EXPECT_EQ(fontSizeForStoredValue(-128), -128);
+    EXPECT_EQ(fontSizeForStoredValue(-129), 127);
+    EXPECT_EQ(fontSizeForStoredValue(256 + 12), 12);
+}
+
 } // namespace
 } // namespace tarragon

@@ -304,7 +304,7 @@ TEST(QtPanelToolkit, MakesOrdinaryWindowsWithoutSurfaces) {
     const RecordingLog log(LogCategory::Panel);
     for (PanelSurfaces* surfaces : {static_cast<PanelSurfaces*>(nullptr), static_cast<PanelSurfaces*>(&refusing)}) {
         QtPanelToolkit toolkit(displays, surfaces);
-        const auto window = toolkit.makeWindow(handler);
+        const auto window = toolkit.makeWindow(handler, "TarragonPanel");
         window->setFrame({{0, 876}, {100, 24}});
         window->setLevel(PanelLevel::Dock);
         window->display(panelWith({buttonTitled("File")}));
