@@ -1,0 +1,224 @@
+// How a bar comes to be, where it is, and when it hides itself.
+
+#include "panels/RKMenuBar.h"
+
+#include "mirror/Menu.h"
+#include "panels/TarragonPanelController.h"
+#include "panels/TarragonSTPanel.h"
+#include "panels/rules/PanelPlacement.h"
+#include "platform/Displays.h"
+#include "platform/RunLoop.h"
+
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+// For a screen that has just been attached.
+constexpr double PauseAtInit = 1.0;
+
+ZDGradientView barBackground() {
+    ZDGradientView view;
+    view.startingColor = {0.807, 1};
+    view.endingColor = Grey{0.98, 1};
+    view.angle = 90;
+    view.showGradient = true;
+    view.roundedCorners = false;
+    return view;
+}
+
+} // namespace
+
+RKMenuBar::RKMenuBar(const Surroundings& surroundings)
+    : _surroundings(surroundings) {
+    setupNotificationsToReceive();
+    loadDefaults();
+    updateAtInit();
+    _surroundings.services.runLoop.pause(PauseAtInit);
+}
+
+RKMenuBar::~RKMenuBar() {
+    for (const DefaultsObserver observer : _observers)
+        _surroundings.defaults.removeObserver(observer);
+    if (_mouseUpMonitor != 0)
+        _surroundings.inputEvents->removeMonitor(_mouseUpMonitor);
+    clearAll();
+}
+
+bool RKMenuBar::menuPopulated() const {
+    return _menu && _menu->numberOfItems() > 0;
+}
+
+void RKMenuBar::setDisplayScreen(int index) {
+    if (std::cmp_greater_equal(screenCount(), index))
+        displayScreen = index;
+}
+
+std::size_t RKMenuBar::screenCount() const {
+    return _surroundings.services.displays.screens().size();
+}
+
+Rect RKMenuBar::screenFrameNS() const {
+    const std::vector<Screen> screens = _surroundings.services.displays.screens();
+    const bool exists = displayScreen >= 0 && std::cmp_less(displayScreen, screens.size());
+    return exists ? barScreenFrameNS(screens[static_cast<std::size_t>(displayScreen)]) : Rect();
+}
+
+// The window.
+
+void RKMenuBar::setupScreentopTarragonPanel() {
+    if (screenCount() < 2 || !_screenTopEnabled)
+        return;
+    if (!_tarragonSTPanel) {
+        const Rect screenFrame = screenFrameNS();
+        _screenTopLastScreenFrame = {{screenFrame.origin.x, 0}, screenFrame.size};
+        _rectOfMenuBar = newBarFrameNS(screenFrame);
+        _tarragonSTPanel = std::make_unique<TarragonSTPanel>(_surroundings.services, _rectOfMenuBar);
+    }
+    auto controller = std::make_unique<TarragonPanelController>(*_tarragonSTPanel);
+    if (_tarragonSTPanelController)
+        controller->takeOver(*_tarragonSTPanelController);
+    _tarragonSTPanelController = std::move(controller);
+    _tarragonSTPanel->setLevel(levelOfBar());
+    _tarragonSTPanel->setAlphaValue(alphaOfNewBar(_screenTopTransparency));
+}
+
+PanelLevel RKMenuBar::levelOfBar() const {
+    return _screenTopAutoHide ? PanelLevel::FrontWindow : PanelLevel::Dock;
+}
+
+void RKMenuBar::addGradientScreenTop() {
+    if (!_tarragonSTPanel) {
+        setupScreentopTarragonPanel();
+        addButtonsToScreentopTarragonPanel();
+    }
+    if (_tarragonSTPanel)
+        _tarragonSTPanel->setContentView(barBackground());
+}
+
+void RKMenuBar::resetLevels() {
+    if (_tarragonSTPanel)
+        _tarragonSTPanel->setLevel(PanelLevel::FrontWindow);
+}
+
+void RKMenuBar::refreshPanel() {
+    if (!_screenTopEnabled)
+        return;
+    setupScreentopTarragonPanel();
+    addButtonsToScreentopTarragonPanel();
+}
+
+Rect RKMenuBar::frameOfST() const {
+    return _tarragonSTPanel ? _tarragonSTPanel->frame() : Rect();
+}
+
+void RKMenuBar::hideTarragonSTPanel() {
+    if (_tarragonSTPanel)
+        _tarragonSTPanel->orderOut();
+}
+
+void RKMenuBar::unhideTarragonSTPanel() {
+    if (_tarragonSTPanel)
+        _tarragonSTPanel->orderFrontRegardless();
+}
+
+void RKMenuBar::clearAll() {
+    // The menu would be left without the bar that it belongs to.
+    if (_tarragonSTPanelController)
+        _tarragonSTPanelController->closeOpenMenu();
+    hideTarragonSTPanel();
+    _bunchButton = nullptr;
+    _tarragonSTPanelController = nullptr;
+    _tarragonSTPanel = nullptr;
+}
+
+bool RKMenuBar::checkIfMenuIsShowing() const {
+    return _screenTopEnabled && menuIsOpen();
+}
+
+bool RKMenuBar::menuIsOpen() const {
+    return _tarragonSTPanelController && _tarragonSTPanelController->bShowing();
+}
+
+// Its place.
+
+void RKMenuBar::updateTarragonSTWindowPosition() {
+    if (!_screenTopEnabled)
+        return;
+    if (screenCount() < 2) {
+        clearAll();
+        _unpluggedPreviously = true;
+        return;
+    }
+    if (std::exchange(_unpluggedPreviously, false)) {
+        refreshPanel();
+        setupScreentopTarragonPanel();
+        addButtonsToScreentopTarragonPanel();
+        return;
+    }
+    const Rect screenFrame = screenFrameNS();
+    _screenTopLastScreenFrame = screenFrame;
+    if (_tarragonSTPanel) {
+        // Whether the bar hides itself may have changed, and with it whether room is kept free for it.
+        _tarragonSTPanel->setLevel(levelOfBar());
+        _tarragonSTPanel->orderFrontRegardless();
+    }
+    addGradientScreenTop();
+    if (!_tarragonSTPanel)
+        return;
+    _tarragonSTPanel->setFrame(
+        placedBarFrameNS(screenFrame, _tarragonSTPanel->frame().size, _screenTopAutoHide, _screenTopSlidIn));
+    slideOutCheck();
+    _tarragonSTPanel->setAlphaValue(alphaOfPlacedBar(_screenTopTransparency));
+}
+
+void RKMenuBar::slideOutCheck() {
+    const BarSlide slide = barSlide({.autoHides = _screenTopAutoHide,
+        .slidIn = _screenTopSlidIn,
+        .titleMenuIsShowing = menuIsOpen(),
+        .halfHotZone = _screenTopHalfHotZone,
+        .pointerNS = _surroundings.services.displays.mouseLocationNS(),
+        .screenFrameNS = screenFrameNS(),
+        .barFrameNS = frameOfST()});
+    if (slide == BarSlide::In) {
+        slideInScreenTopMenubar();
+        _screenTopSlidIn = true;
+    } else if (slide == BarSlide::Out) {
+        slideOutScreenTopMenubar();
+        _screenTopSlidIn = false;
+    }
+}
+
+void RKMenuBar::slideOutScreenTopMenubar() {
+    slide(BarSlide::Out);
+}
+
+void RKMenuBar::slideInScreenTopMenubar() {
+    slide(BarSlide::In);
+}
+
+void RKMenuBar::slide(BarSlide slide) {
+    if (_tarragonSTPanel)
+        _tarragonSTPanel->setFrameOriginAnimated(barFrameAfterSlideNS(_tarragonSTPanel->frame(), slide).origin);
+}
+
+Rect RKMenuBar::convertCGtoNSRectCoords(const Rect& rectCG) const {
+    const std::vector<Screen> screens = _surroundings.services.displays.screens();
+    const Rect first = screens.empty() ? Rect() : screens.front().frameNS;
+    return tarragon::convertCGtoNSRectCoords(rectCG, first.origin.y + first.size.height);
+}
+
+Rect RKMenuBar::convertNSToCGRectCoords(const Rect& rectNS) const {
+    const Rect bounds = _surroundings.services.displays.mainDisplayBoundsCG();
+    return tarragon::convertNSToCGRectCoords(rectNS, bounds.origin.y + bounds.size.height);
+}
+
+// Installed without effect: what hears of the end of a drag may hook in here.
+void RKMenuBar::mouseUpMonitor() {
+    if (_surroundings.inputEvents && _mouseUpMonitor == 0)
+        _mouseUpMonitor = _surroundings.inputEvents->addGlobalMonitor(
+            inputEventMask(InputEventType::LeftMouseUp), [](const InputEvent&) {});
+}
+
+} // namespace tarragon

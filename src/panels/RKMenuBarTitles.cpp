@@ -1,0 +1,140 @@
+// How a bar shows the mirrored menu as a row of titles.
+
+#include "panels/RKMenuBar.h"
+
+#include "mirror/Menu.h"
+#include "panels/TarragonHackButton.h"
+#include "panels/TarragonPanelController.h"
+#include "panels/TarragonSTPanel.h"
+#include "panels/rules/HorizontalLayout.h"
+#include "panels/rules/Measures.h"
+#include "platform/Log.h"
+
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+constexpr const char* OverflowTitle = "\xE2\x96\xBF"; // U+25BF
+
+} // namespace
+
+MenuFont RKMenuBar::menuBarFont() const {
+    return {static_cast<double>(_fontSizeSmall), false};
+}
+
+void RKMenuBar::updateAtInit() {
+    if (_menu)
+        _menu->setFont(menuBarFont());
+}
+
+void RKMenuBar::handleAppChange() {
+    boldenAppTitleMenu();
+    if (_menu)
+        _menu->setFont(menuBarFont());
+    if (!_screenTopEnabled || screenCount() < 2)
+        return;
+    addButtonsToScreentopTarragonPanel();
+    updateTarragonSTWindowPosition();
+}
+
+void RKMenuBar::boldenAppTitleMenu() {
+    if (!_menu)
+        return;
+    std::shared_ptr<MenuItem> item = _menu->itemWithTitle("Chrome");
+    if (!item)
+        item = _menu->itemWithTitle(_menu->title());
+    if (item)
+        item->setAttributedTitle(AttributedTitle{item->title(), {static_cast<double>(_fontSizeSmall), true}, 0});
+}
+
+// At an x of the row, as large as it is drawn.
+std::shared_ptr<TarragonHackButton> RKMenuBar::makeTitle(const MenuItem& item) {
+    const BarTitle shown = barTitle(item.title(), _menu->title());
+    PanelServices& services = _surroundings.services;
+    auto title = TarragonHackButton::initForSTWithTitle(
+        shown.text, 0, {services, _surroundings.owner, *_tarragonSTPanelController});
+    title->setAppleBar(true);
+    title->setBoldAppName(shown.boldAppName);
+    title->setMenu(item.submenu());
+    if (item.hasSubmenu())
+        item.submenu()->setFont(menuBarFont());
+    title->sizeToFit(services.toolkit);
+    Rect frame = title->frame();
+    frame.size.width = barTitleWidth(shown, frame.size.width);
+    title->setFrame(frame);
+    return title;
+}
+
+void RKMenuBar::addButtonsToScreentopTarragonPanel() {
+    if (!_tarragonSTPanel)
+        return;
+    const PanelServices& services = _surroundings.services;
+    _horizontalBunch = std::make_shared<Menu>("");
+    _bunchButton =
+        TarragonHackButton::initForSTWithTitle("", 0, {services, _surroundings.owner, *_tarragonSTPanelController});
+    _bunchButton->setAppleBar(true);
+
+    std::vector<std::shared_ptr<MenuItem>> items;
+    std::vector<std::shared_ptr<TarragonHackButton>> titles;
+    std::vector<double> widths;
+    if (_menu) {
+        for (const auto& item : _menu->items()) {
+            if (item->isSeparatorItem())
+                continue;
+            items.push_back(item);
+            titles.push_back(makeTitle(*item));
+            widths.push_back(titles.back()->frame().size.width);
+        }
+    }
+    const std::int32_t width = wholePoints(screenFrameNS().size.width);
+    const BarLayout layout = layOutBar(width, widths);
+
+    std::vector<std::shared_ptr<PanelButton>> subviews;
+    for (std::size_t i = 0; i < layout.positions.size(); ++i) {
+        const Point made = titles[i]->frame().origin;
+        titles[i]->setFrameOrigin({made.x + layout.positions[i], made.y});
+        subviews.push_back(titles[i]);
+    }
+    if (layout.firstInBunch) {
+        for (std::size_t i = *layout.firstInBunch; i < items.size(); ++i)
+            _horizontalBunch->addItem(items[i]->copy());
+        _horizontalBunch->setFont(menuBarFont());
+        _bunchButton->setTitle(OverflowTitle);
+        _bunchButton->setMenu(_horizontalBunch);
+        _bunchButton->sizeToFit(services.toolkit);
+        subviews.push_back(_bunchButton);
+    }
+    if (subviews.size() >= 2)
+        _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
+    _tarragonSTPanel->setSubviews(std::move(subviews));
+    _tarragonSTPanelController->takeOverOpenMenu();
+    log(LogCategory::Panel, [this] {
+        std::string line = "bar of screen ";
+        line += std::to_string(displayScreen);
+        line += ": ";
+        line += _tarragonSTPanel->describeTitles();
+        return line;
+    });
+    _tarragonSTPanel->setFrame({_tarragonSTPanel->frame().origin, {static_cast<double>(width), ScreenTopBarHeight}});
+    _tarragonSTPanel->orderFrontRegardless();
+}
+
+// The argument changes nothing, and neither does the operation: the titles of a bar have no gap between them.
+void RKMenuBar::setSpacingBetweenSTPanelButtons(double /*spacing*/) {
+    if (!_tarragonSTPanel)
+        return;
+    for (const auto& title : _tarragonSTPanel->subviews())
+        title->setFrame(Rect(title->frame()));
+}
+
+void RKMenuBar::applyStyle(std::int64_t style, PanelButton& button) const {
+    button.setDress(applyStyleOnBar(style, button.dress()));
+}
+
+std::shared_ptr<Menu> RKMenuBar::addTarragonMenuToMenu() {
+    return _surroundings.owner.addTarragonMenuToMenu();
+}
+
+} // namespace tarragon
