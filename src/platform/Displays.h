@@ -19,7 +19,7 @@ inline constexpr std::uint32_t Removed = 32;
 
 struct Screen {
     Rect frameNS;
-    Rect visibleFrameNS; // the frame less what the desktop's own bars and docks take
+    Rect visibleFrameNS; // the frame less what the bars and docks of other programs take
 };
 
 // Screens and the pointer. Main thread only.
@@ -27,7 +27,8 @@ class Displays {
 public:
     virtual ~Displays() = default;
 
-    // The first is the primary screen. Empty when no screen is connected.
+    // The first is the primary screen. Monitors that show the same, with the same frame, are one screen. Empty when no
+    // screen is connected.
     virtual std::vector<Screen> screens() = 0;
     virtual Rect mainDisplayBoundsCG() = 0;
     virtual Point mouseLocationNS() = 0;

@@ -1,5 +1,9 @@
 #include "platform/qt/QtScreenGeometry.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <ranges>
+
 namespace tarragon {
 
 Rect rectCGFromQt(const Rect& rect, const Rect& primary) {
@@ -17,8 +21,11 @@ Point pointNSFromQt(const Point& point, const Rect& primary) {
 
 std::vector<Screen> screensFromQt(const std::vector<QtScreenGeometry>& screens) {
     std::vector<Screen> result;
-    result.reserve(screens.size());
-    for (const QtScreenGeometry& screen : screens) {
+    for (std::size_t index = 0; index < screens.size(); ++index) {
+        const QtScreenGeometry& screen = screens[index];
+        const auto isSame = [&](const QtScreenGeometry& other) { return other.geometry == screen.geometry; };
+        if (std::ranges::any_of(screens | std::views::take(index), isSame))
+            continue;
         const Rect& primary = screens.front().geometry;
         result.push_back({rectNSFromQt(screen.geometry, primary), rectNSFromQt(screen.availableGeometry, primary)});
     }

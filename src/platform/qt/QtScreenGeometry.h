@@ -18,7 +18,7 @@ Rect rectNSFromQt(const Rect& rect, const Rect& primary);
 // A point in the topmost row of the primary screen has its height as y.
 Point pointNSFromQt(const Point& point, const Rect& primary);
 
-// The first of the screens is the primary one.
+// The first of the screens is the primary one. Of those with the same geometry the first alone counts.
 std::vector<Screen> screensFromQt(const std::vector<QtScreenGeometry>& screens);
 
 } // namespace tarragon

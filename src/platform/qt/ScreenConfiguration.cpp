@@ -13,9 +13,20 @@ const ConfiguredScreen* screenOfName(const ScreenConfiguration& screens, const s
     return found == screens.end() ? nullptr : &*found;
 }
 
+ScreenConfiguration withoutMirrors(const ScreenConfiguration& screens) {
+    ScreenConfiguration distinct;
+    for (const ConfiguredScreen& screen : screens) {
+        if (std::ranges::find(distinct, screen.frame, &ConfiguredScreen::frame) == distinct.end())
+            distinct.push_back(screen);
+    }
+    return distinct;
+}
+
 } // namespace
 
-std::uint32_t reconfigurationFlags(const ScreenConfiguration& before, const ScreenConfiguration& after) {
+std::uint32_t reconfigurationFlags(const ScreenConfiguration& allBefore, const ScreenConfiguration& allAfter) {
+    const ScreenConfiguration before = withoutMirrors(allBefore);
+    const ScreenConfiguration after = withoutMirrors(allAfter);
     std::uint32_t flags = 0;
     for (const ConfiguredScreen& screen : before) {
         if (!screenOfName(after, screen.name))

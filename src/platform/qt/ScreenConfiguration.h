@@ -13,7 +13,7 @@ struct ConfiguredScreen {
     Rect frame;
 };
 
-// The first is the primary screen.
+// The first is the primary screen. Of those with the same frame, which show the same, the first alone counts.
 using ScreenConfiguration = std::vector<ConfiguredScreen>;
 
 // Bits of displayReconfiguration; 0 when nothing has changed that they tell of.

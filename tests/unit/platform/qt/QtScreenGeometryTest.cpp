@@ -47,6 +47,14 @@ TEST(QtScreenGeometry, KeepsThePrimaryScreenFirst) {
     EXPECT_TRUE(screensFromQt({}).empty());
 }
 
+TEST(QtScreenGeometry, TakesMonitorsThatShowTheSameForOneScreen) {
+    const QtScreenGeometry laptop = {rect(0, 0, 1440, 900), rect(0, 30, 1440, 870)};
+    const QtScreenGeometry projector = {rect(0, 0, 1440, 900), rect(0, 0, 1440, 900)};
+    const QtScreenGeometry smaller = {rect(0, 0, 1024, 768), rect(0, 0, 1024, 768)};
+    EXPECT_EQ(screensFromQt({laptop, projector}), screensFromQt({laptop}));
+    EXPECT_EQ(screensFromQt({laptop, smaller, projector, smaller}), screensFromQt({laptop, smaller}));
+}
+
 TEST(QtDisplays, KnowsTheScreenWithoutADisplay) {
     QtRunLoop runLoop;
     QtDisplays displays(runLoop);

@@ -30,6 +30,14 @@ TEST(ScreenConfiguration, TellsOfAnotherPrimaryScreen) {
     EXPECT_EQ(reconfigurationFlags({Left, Right}, {Right}), 36U);
 }
 
+TEST(ScreenConfiguration, TakesMonitorsThatShowTheSameForOneScreen) {
+    const ConfiguredScreen mirror{"mirror", Left.frame};
+    EXPECT_EQ(reconfigurationFlags({Left}, {Left, mirror}), 0U);
+    EXPECT_EQ(reconfigurationFlags({Left, mirror}, {Left}), 0U);
+    EXPECT_EQ(reconfigurationFlags({Left, mirror}, {Left, {"mirror", Right.frame}}), 16U);
+    EXPECT_EQ(reconfigurationFlags({Left, {"mirror", Right.frame}}, {Left, mirror}), 32U);
+}
+
 TEST(ScreenConfiguration, TellsNothingWhenNothingHasChanged) {
     EXPECT_EQ(reconfigurationFlags({Left, Right}, {Left, Right}), 0U);
     EXPECT_EQ(reconfigurationFlags({}, {}), 0U);
