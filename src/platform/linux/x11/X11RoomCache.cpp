@@ -12,6 +12,8 @@
 #include <string>
 #include <utility>
 
+#include <unistd.h>
+
 namespace tarragon {
 
 namespace {
@@ -35,6 +37,11 @@ std::optional<Rect> frameOfWindow(X11Connection& connection, xcb_window_t window
     if (!geometry || !origin)
         return std::nullopt;
     return Rect{{double(origin->dst_x), double(origin->dst_y)}, {double(geometry->width), double(geometry->height)}};
+}
+
+bool isOfThisProgram(X11Connection& connection, xcb_window_t window) {
+    X11Property process(connection.get(), window, connection.atom("_NET_WM_PID"));
+    return process.number() == static_cast<std::uint32_t>(getpid());
 }
 
 } // namespace
@@ -144,6 +151,8 @@ std::vector<X11Strut> X11RoomCache::readStruts() {
     for (std::size_t index = 0; index < windows.size(); ++index) {
         auto& [partial, plain] = properties[index];
         std::vector<X11Strut> found = strutsOfProperty(partial.numbers(), rootSize);
+        if (!found.empty() && isOfThisProgram(*_connection, windows[index]))
+            continue;
         if (found.empty()) {
             found = strutsOfProperty(plain.numbers(), rootSize);
             // It does not say where along the edge it is meant, which is where the panel lies.

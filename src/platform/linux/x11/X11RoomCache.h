@@ -17,7 +17,7 @@ namespace tarragon {
 class RunLoop;
 class X11Connection;
 
-// What panels and docks keep free of a desktop, in pixels of the root window.
+// What the panels and docks of other programs keep free of a desktop, in pixels of the root window.
 struct X11Room {
     Point primaryOrigin; // the top-left corner of the primary monitor
     std::vector<X11Strut> struts;

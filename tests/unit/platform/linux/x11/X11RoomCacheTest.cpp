@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include <unistd.h>
 #include <xcb/randr.h>
 
 namespace tarragon {
@@ -121,6 +122,17 @@ TEST_F(X11RoomCacheTest, SeesWhatHasChangedAtOnce) {
     managed.clear();
     tellManaged();
     EXPECT_THAT(tops(), IsEmpty());
+}
+
+TEST_F(X11RoomCacheTest, LeavesOutWhatThisProgramKeepsFreeItself) {
+    openBar(30);
+    const xcb_window_t own = openWindow();
+    desktop->setNumbers(own, "_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid())});
+    keepTop(own, 40);
+    const xcb_window_t another = openWindow();
+    desktop->setNumbers(another, "_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid() + 1)});
+    keepTop(another, 20);
+    EXPECT_THAT(tops(), ElementsAre(30, 20));
 }
 
 TEST_F(X11RoomCacheTest, SeesThatABarIsGoneOfWhichTheWindowManagerHasNotTold) {
