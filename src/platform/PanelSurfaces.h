@@ -14,8 +14,14 @@ namespace tarragon {
 enum class PanelLevel : std::uint8_t {
     // The window in front and nothing that lies above that one, whichever window is in front.
     FrontWindow,
-    // Every window that is no dock, with the room that the panel takes at the top of its screen kept free where the
-    // desktop does such a thing. To be chosen while the panel is hidden, and left only then.
+    // Every ordinary window, whichever is in front, but no dock, nothing that the user keeps above other windows, and
+    // no
+    // open menu.
+    OrdinaryWindows,
+    // Every window that is no dock. Where the desktop does such a thing the room that the panel takes at the top of its
+    // screen is kept free of windows, from the first time that it is shown there until another level is chosen or the
+    // surface ends: a panel that is hidden for a while disturbs no window. To be chosen while the panel is hidden, and
+    // left only then.
     Dock,
     // Everything, open menus included, until another level is chosen.
     PopUpMenu,

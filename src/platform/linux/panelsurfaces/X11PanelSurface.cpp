@@ -1,6 +1,8 @@
 #include "platform/linux/panelsurfaces/X11PanelSurface.h"
 
 #include "platform/linux/panelsurfaces/PanelAppearance.h"
+#include "platform/linux/panelsurfaces/TopStrut.h"
+#include "platform/linux/panelsurfaces/X11Monitors.h"
 #include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
 
 #include <utility>
@@ -14,13 +16,14 @@ X11PanelSurface::X11PanelSurface(X11PanelSurfaces& surfaces, X11PanelWindow wind
     _window.refuseFocus();
     _window.joinAllWorkspaces();
     _window.setManagedAsDock(false);
-    _surfaces._stacking.add(_window.identifier());
+    stackingOf(_level)->add(_window.identifier());
     applyAppearance();
 }
 
 X11PanelSurface::~X11PanelSurface() {
     _surfaces._pointerTracking.stopTracking(_window.identifier());
-    _surfaces._stacking.remove(_window.identifier());
+    if (X11Stacking* stacking = stackingOf(_level))
+        stacking->remove(_window.identifier());
     _surfaces._surfaces.erase(this);
 }
 
@@ -28,12 +31,15 @@ void X11PanelSurface::setLevel(PanelLevel level) {
     const PanelLevel former = std::exchange(_level, level);
     if (former == level)
         return;
-    if (former == PanelLevel::FrontWindow)
-        _surfaces._stacking.remove(_window.identifier());
-    if (former == PanelLevel::Dock || level == PanelLevel::Dock)
+    if (X11Stacking* stacking = stackingOf(former))
+        stacking->remove(_window.identifier());
+    if (former == PanelLevel::Dock || level == PanelLevel::Dock) {
         _window.setManagedAsDock(level == PanelLevel::Dock);
-    if (level == PanelLevel::FrontWindow)
-        _surfaces._stacking.add(_window.identifier());
+        _reservedRoom.reset();
+        _dockFrame.reset();
+    }
+    if (X11Stacking* stacking = stackingOf(level))
+        stacking->add(_window.identifier());
     if (level == PanelLevel::PopUpMenu)
         _window.raise();
     _frameIsKnown = false;
@@ -98,9 +104,38 @@ void X11PanelSurface::updateFrame() {
     if (const double pixels = pixelsPerPoint(); std::exchange(_pixelsPerPoint, pixels) != pixels)
         show();
     _surfaces._pointerTracking.setArea(_window.identifier(), _frame);
-    // Kept while the dock is hidden for a moment, or else every window would be resized twice.
-    if (_level == PanelLevel::Dock && _frame)
-        _window.setStrut(_frame);
+    if (_level == PanelLevel::Dock)
+        reserveRoom();
+}
+
+// The room stays while the dock is hidden, or else every maximised window would be resized twice.
+void X11PanelSurface::reserveRoom() {
+    if (_frame)
+        _dockFrame = _frame;
+    if (!_dockFrame)
+        return;
+    if (!_reservedRoom)
+        _reservedRoom.emplace(_surfaces._connection);
+    _reservedRoom->reserve(topStrut(*_dockFrame, monitorFrames(_surfaces._connection)));
+}
+
+void X11PanelSurface::wasMapped() {
+    if (_level == PanelLevel::Dock)
+        _window.askForAllWorkspaces();
+}
+
+// Nothing for a level that the window manager keeps, or that is kept by no one.
+X11Stacking* X11PanelSurface::stackingOf(PanelLevel level) {
+    switch (level) {
+    case PanelLevel::FrontWindow:
+        return &_surfaces._aboveFrontWindow;
+    case PanelLevel::OrdinaryWindows:
+        return &_surfaces._aboveOrdinaryWindows;
+    case PanelLevel::Dock:
+    case PanelLevel::PopUpMenu:
+        break;
+    }
+    return nullptr;
 }
 
 } // namespace tarragon

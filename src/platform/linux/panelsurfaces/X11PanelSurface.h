@@ -2,6 +2,7 @@
 
 #include "platform/PanelSurfaces.h"
 #include "platform/linux/panelsurfaces/X11PanelWindow.h"
+#include "platform/linux/panelsurfaces/X11ReservedRoom.h"
 
 #include <functional>
 #include <optional>
@@ -10,6 +11,7 @@
 namespace tarragon {
 
 class X11PanelSurfaces;
+class X11Stacking;
 
 class X11PanelSurface : public PanelSurface {
 public:
@@ -30,8 +32,12 @@ public:
     // The window or the monitors have changed; the frame is asked for when all events are handled.
     void frameMayHaveChanged() { _frameIsKnown = false; }
     void updateFrame();
+    // The window has been shown.
+    void wasMapped();
 
 private:
+    X11Stacking* stackingOf(PanelLevel level);
+    void reserveRoom();
     void show();
     double pixelsPerPoint() const;
 
@@ -43,6 +49,9 @@ private:
     std::optional<Rect> _frame; // in pixels; nothing while it is hidden
     double _pixelsPerPoint = 1;
     bool _frameIsKnown = false;
+    // Of a dock: the room that it reserves, and where it lay when it was shown last, in pixels.
+    std::optional<X11ReservedRoom> _reservedRoom;
+    std::optional<Rect> _dockFrame;
 };
 
 } // namespace tarragon

@@ -3,6 +3,7 @@
 #include "platform/RunLoop.h"
 #include "platform/linux/panelsurfaces/X11PanelSurface.h"
 #include "platform/linux/panelsurfaces/X11PanelWindow.h"
+#include "platform/linux/panelsurfaces/X11StackingPlaces.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Reply.h"
 
@@ -28,13 +29,20 @@ xcb_window_t windowOfEvent(const xcb_generic_event_t& event) {
     }
 }
 
+// Told by the window itself: the root window may tell the same.
+bool isAboutMapping(const xcb_generic_event_t& event) {
+    const auto& mapping = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+    return (event.response_type & 0x7F) == XCB_MAP_NOTIFY && mapping.event == mapping.window;
+}
+
 } // namespace
 
 X11PanelSurfaces::X11PanelSurfaces(X11Connection& connection, RunLoop& runLoop, const CurrentPixelScale* scale)
     : _connection(connection)
     , _runLoop(runLoop)
     , _scale(scale)
-    , _stacking(connection)
+    , _aboveFrontWindow(connection, "_NET_ACTIVE_WINDOW", frontWindow)
+    , _aboveOrdinaryWindows(connection, "_NET_CLIENT_LIST_STACKING", topmostOrdinaryWindow, &_aboveFrontWindow)
     , _pointerTracking(connection, runLoop) { }
 
 X11PanelSurfaces::~X11PanelSurfaces() = default;
@@ -81,13 +89,15 @@ bool X11PanelSurfaces::watch() {
 void X11PanelSurfaces::handleEvents() {
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_events->get())})
         handleEvent(*event);
-    _stacking.restackIfNeeded();
+    _aboveFrontWindow.restackIfNeeded();
+    _aboveOrdinaryWindows.restackIfNeeded();
     for (X11PanelSurface* surface : _surfaces)
         surface->updateFrame();
 }
 
 void X11PanelSurfaces::handleEvent(const xcb_generic_event_t& event) {
-    _stacking.handleEvent(event);
+    _aboveFrontWindow.handleEvent(event);
+    _aboveOrdinaryWindows.handleEvent(event);
     if (_compositor->handleEvent(event)) {
         for (X11PanelSurface* surface : _surfaces)
             surface->applyAppearance();
@@ -97,6 +107,8 @@ void X11PanelSurfaces::handleEvent(const xcb_generic_event_t& event) {
         // The root window is configured when the monitors change.
         if (window == surface->window() || window == _connection.rootWindow())
             surface->frameMayHaveChanged();
+        if (window == surface->window() && isAboutMapping(event))
+            surface->wasMapped();
     }
 }
 

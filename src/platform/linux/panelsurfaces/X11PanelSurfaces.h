@@ -43,7 +43,8 @@ private:
     X11Connection& _connection;
     RunLoop& _runLoop;
     const CurrentPixelScale* _scale;
-    X11Stacking _stacking;
+    X11Stacking _aboveFrontWindow;
+    X11Stacking _aboveOrdinaryWindows;
     X11PointerTracking _pointerTracking;
     std::unique_ptr<X11Connection> _events; // made for the first surface
     std::optional<X11Compositor> _compositor;

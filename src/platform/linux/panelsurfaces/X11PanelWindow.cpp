@@ -1,7 +1,5 @@
 #include "platform/linux/panelsurfaces/X11PanelWindow.h"
 
-#include "platform/linux/panelsurfaces/TopStrut.h"
-#include "platform/linux/panelsurfaces/X11Monitors.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Property.h"
 #include "platform/linux/x11/X11Reply.h"
@@ -79,24 +77,30 @@ void X11PanelWindow::joinAllWorkspaces() {
 }
 
 void X11PanelWindow::setManagedAsDock(bool isDock) {
-    const std::uint32_t overrideRedirect = isDock ? 0 : 1;
-    xcb_change_window_attributes(_connection.get(), _window, XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
     if (isDock) {
         setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {_connection.atom("_NET_WM_WINDOW_TYPE_DOCK")});
         setNumbers("_NET_WM_STATE", XCB_ATOM_ATOM, {_connection.atom("_NET_WM_STATE_STICKY")});
-    } else {
-        setStrut(std::nullopt);
+        joinAllWorkspaces();
     }
-    send();
+    const std::uint32_t overrideRedirect = isDock ? 0 : 1;
+    const xcb_void_cookie_t cookie =
+        xcb_change_window_attributes_checked(_connection.get(), _window, XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
+    const X11Reply<xcb_generic_error_t> error(xcb_request_check(_connection.get(), cookie));
 }
 
-void X11PanelWindow::setStrut(const std::optional<Rect>& frame) {
-    const auto strut = frame ? topStrut(*frame, monitorFrames(_connection)) : std::nullopt;
-    if (strut) {
-        setNumbers("_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, {strut->begin(), strut->end()});
-    } else {
-        removeProperty("_NET_WM_STRUT_PARTIAL");
-    }
+void X11PanelWindow::askForAllWorkspaces() {
+    constexpr std::uint32_t AllWorkspaces = 0xFFFFFFFF;
+    constexpr std::uint32_t FromApplication = 1;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = _window;
+    message.type = _connection.atom("_NET_WM_DESKTOP");
+    message.data.data32[0] = AllWorkspaces;
+    message.data.data32[1] = FromApplication;
+    xcb_send_event(_connection.get(), 0, _connection.rootWindow(),
+        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+        reinterpret_cast<const char*>(&message));
     send();
 }
 
@@ -133,10 +137,6 @@ void X11PanelWindow::setNumbers(
     const std::string& property, xcb_atom_t type, const std::vector<std::uint32_t>& numbers) {
     xcb_change_property(_connection.get(), XCB_PROP_MODE_REPLACE, _window, _connection.atom(property), type, 32,
         static_cast<std::uint32_t>(numbers.size()), numbers.data());
-}
-
-void X11PanelWindow::removeProperty(const std::string& property) {
-    xcb_delete_property(_connection.get(), _window, _connection.atom(property));
 }
 
 void X11PanelWindow::send() {

@@ -31,17 +31,17 @@ public:
 
     void refuseFocus();
     void joinAllWorkspaces();
-    // A dock is the window manager's business, another panel is kept from it.
+    // A dock is the window manager's business, another panel is kept from it. The server has heard of it on return:
+    // the toolkit shows the window over a connection of its own.
     void setManagedAsDock(bool isDock);
-    // Reserves the room that the dock takes, or gives it back.
-    void setStrut(const std::optional<Rect>& frame);
+    // A window manager forgets it when it has hidden a window of its own.
+    void askForAllWorkspaces();
     void raise();
     // The region is in pixels from the window's corner; nothing stands for all of the window.
     void show(const PanelAppearance& appearance, const std::optional<std::vector<Rect>>& paintedRegion);
 
 private:
     void setNumbers(const std::string& property, xcb_atom_t type, const std::vector<std::uint32_t>& numbers);
-    void removeProperty(const std::string& property);
     void setShape(std::uint8_t kind, PanelAppearance::Area area, const std::optional<std::vector<Rect>>& paintedRegion);
     void send();
 

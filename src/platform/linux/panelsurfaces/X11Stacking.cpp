@@ -1,7 +1,6 @@
 #include "platform/linux/panelsurfaces/X11Stacking.h"
 
 #include "platform/linux/x11/X11Connection.h"
-#include "platform/linux/x11/X11Property.h"
 #include "platform/linux/x11/X11Reply.h"
 
 #include <algorithm>
@@ -10,19 +9,12 @@
 
 namespace tarragon {
 
-namespace {
-
-bool areOfSameClient(xcb_connection_t* connection, xcb_window_t left, xcb_window_t right) {
-    // The numbers that each client names its windows with differ beyond this mask.
-    const std::uint32_t mask = ~xcb_get_setup(connection)->resource_id_mask;
-    return (left & mask) == (right & mask);
-}
-
-} // namespace
-
-X11Stacking::X11Stacking(X11Connection& connection)
+X11Stacking::X11Stacking(
+    X11Connection& connection, const std::string& property, FindWindow findWindow, const X11Stacking* beneath)
     : _connection(connection)
-    , _activeWindow(connection.atom("_NET_ACTIVE_WINDOW")) { }
+    , _property(connection.atom(property))
+    , _findWindow(std::move(findWindow))
+    , _beneath(beneath) { }
 
 void X11Stacking::add(xcb_window_t window) {
     if (isKept(window))
@@ -43,7 +35,7 @@ bool X11Stacking::isKept(xcb_window_t window) const {
 void X11Stacking::handleEvent(const xcb_generic_event_t& event) {
     switch (event.response_type & 0x7F) {
     case XCB_PROPERTY_NOTIFY:
-        _needsFrame |= reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == _activeWindow;
+        _needsFrame |= reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == _property;
         break;
     case XCB_CONFIGURE_NOTIFY:
         handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
@@ -54,10 +46,10 @@ void X11Stacking::handleEvent(const xcb_generic_event_t& event) {
         break;
     case XCB_REPARENT_NOTIFY:
         // A window manager that starts or ends gives every window another frame.
-        _needsFrame |= reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == _frontWindow;
+        _needsFrame |= reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == _baseWindow;
         break;
     case XCB_DESTROY_NOTIFY:
-        _needsFrame |= reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == _frontFrame;
+        _needsFrame |= reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == _baseFrame;
         break;
     case XCB_CIRCULATE_NOTIFY:
         _needsRestack = true;
@@ -70,31 +62,31 @@ void X11Stacking::handleEvent(const xcb_generic_event_t& event) {
 // An event tells which window lies directly below the one that it is about.
 void X11Stacking::handleConfigure(const xcb_configure_notify_event_t& event) {
     const xcb_window_t below = event.above_sibling;
-    if (event.window == _frontFrame) {
-        _needsRestack |= std::exchange(_belowFrontFrame, below) != below;
+    if (event.window == _baseFrame) {
+        _needsRestack |= std::exchange(_belowBaseFrame, below) != below;
         return;
     }
     const auto kept = std::ranges::find(_windows, event.window);
     if (kept != _windows.end()) {
-        const xcb_window_t expected = kept == _windows.begin() ? _frontFrame : *std::prev(kept);
+        const xcb_window_t expected = kept == _windows.begin() ? lowestNeighbour() : *std::prev(kept);
         _needsRestack |= below != expected;
         return;
     }
-    // What lies below the front window has changed without a word about the front window itself.
-    if (_belowFrontFrame != XCB_WINDOW_NONE && (event.window == _belowFrontFrame || below == _belowFrontFrame))
-        _belowFrontFrame = XCB_WINDOW_NONE;
-    // Something has come between the front window and ours.
-    _needsRestack |= below == _frontFrame || (isKept(below) && below != _windows.back());
+    // What lies below the base has changed without a word about the base itself.
+    if (_belowBaseFrame != XCB_WINDOW_NONE && (event.window == _belowBaseFrame || below == _belowBaseFrame))
+        _belowBaseFrame = XCB_WINDOW_NONE;
+    // Something has come between the base and ours.
+    _needsRestack |= below == _baseFrame || (isKept(below) && below != _windows.back());
 }
 
 void X11Stacking::restackIfNeeded() {
     if (_windows.empty())
         return;
     if (std::exchange(_needsFrame, false))
-        findFrontFrame();
-    if (!std::exchange(_needsRestack, false) || _frontFrame == XCB_WINDOW_NONE)
+        findBaseFrame();
+    if (!std::exchange(_needsRestack, false) || _baseFrame == XCB_WINDOW_NONE)
         return;
-    xcb_window_t below = _frontFrame;
+    xcb_window_t below = lowestNeighbour();
     for (const xcb_window_t window : _windows) {
         const std::array<std::uint32_t, 2> values = {below, XCB_STACK_MODE_ABOVE};
         const xcb_void_cookie_t cookie = xcb_configure_window_checked(
@@ -106,18 +98,23 @@ void X11Stacking::restackIfNeeded() {
     xcb_flush(_connection.get());
 }
 
-void X11Stacking::findFrontFrame() {
-    X11Property active(_connection.get(), _connection.rootWindow(), _activeWindow);
-    const xcb_window_t window = active.number().value_or(XCB_WINDOW_NONE);
-    if (window == XCB_WINDOW_NONE || areOfSameClient(_connection.get(), window, _windows.front()))
+void X11Stacking::findBaseFrame() {
+    const xcb_window_t window = _findWindow(_connection, _windows.front());
+    if (window == XCB_WINDOW_NONE)
         return;
     const xcb_window_t frame = frameOf(window);
     if (frame == XCB_WINDOW_NONE)
         return;
-    _frontWindow = window;
-    _frontFrame = frame;
-    _belowFrontFrame = XCB_WINDOW_NONE;
+    _baseWindow = window;
+    _baseFrame = frame;
+    _belowBaseFrame = XCB_WINDOW_NONE;
     _needsRestack = true;
+}
+
+// What the lowest of the windows lies directly above.
+xcb_window_t X11Stacking::lowestNeighbour() const {
+    const bool isShared = _beneath && !_beneath->_windows.empty() && _beneath->_baseFrame == _baseFrame;
+    return isShared ? _beneath->_windows.back() : _baseFrame;
 }
 
 // The child of the root window that the window is inside of, or is itself; none when the window is gone.

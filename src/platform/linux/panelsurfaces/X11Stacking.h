@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include <xcb/xcb.h>
@@ -9,17 +11,24 @@ namespace tarragon {
 
 class X11Connection;
 
-// Keeps windows that no window manager manages directly above the frame of the window in front, whatever is restacked:
-// so they lie below everything that lies above that window. While no window is in front, or one of the windows' own
-// program, they stay where they are.
+// Keeps windows that no window manager manages directly above the frame of one managed window, whatever is restacked:
+// so they lie below everything that lies above that window. While there is no such window they stay where they are.
 //
-// What is restacked is told by events alone; the server is asked only when another window comes to the front or gets
+// What is restacked is told by events alone; the server is asked only when another window may be the one, or has got
 // another frame. Main thread only; the connection outlives this object.
 class X11Stacking {
 public:
+    // The managed window that the windows are to lie above; none to leave them where they are. One of the windows is
+    // passed in.
+    using FindWindow = std::function<xcb_window_t(X11Connection& connection, xcb_window_t kept)>;
+
+    // A change of the root window's property means that another window may be found. The windows of another object may
+    // be kept above the same window: those lie beneath these then.
+    //
     // The root window's property changes and substructure are to be selected already on the connection whose events
     // handleEvent gets.
-    explicit X11Stacking(X11Connection& connection);
+    X11Stacking(X11Connection& connection, const std::string& property, FindWindow findWindow,
+        const X11Stacking* beneath = nullptr);
 
     void add(xcb_window_t window);
     void remove(xcb_window_t window);
@@ -30,15 +39,18 @@ public:
 private:
     void handleConfigure(const xcb_configure_notify_event_t& event);
     bool isKept(xcb_window_t window) const;
-    void findFrontFrame();
+    void findBaseFrame();
+    xcb_window_t lowestNeighbour() const;
     xcb_window_t frameOf(xcb_window_t window) const;
 
     X11Connection& _connection;
-    xcb_atom_t _activeWindow;
+    xcb_atom_t _property;
+    FindWindow _findWindow;
+    const X11Stacking* _beneath;
     std::vector<xcb_window_t> _windows; // bottom to top
-    xcb_window_t _frontWindow = XCB_WINDOW_NONE;
-    xcb_window_t _frontFrame = XCB_WINDOW_NONE;
-    xcb_window_t _belowFrontFrame = XCB_WINDOW_NONE; // as the last event told; none when unknown
+    xcb_window_t _baseWindow = XCB_WINDOW_NONE; // that the windows lie above
+    xcb_window_t _baseFrame = XCB_WINDOW_NONE;
+    xcb_window_t _belowBaseFrame = XCB_WINDOW_NONE; // as the last event told; none when unknown
     bool _needsFrame = true;
     bool _needsRestack = false;
 };

@@ -14,12 +14,17 @@ TEST(TopStrut, ReservesTheRoomOfADockAtTheTopOfItsMonitorAlone) {
     EXPECT_EQ(topStrut({{0, 0}, {1000, 30}}, BesideEachOther), (StrutNumbers{0, 0, 30, 0, 0, 0, 0, 0, 0, 999, 0, 0}));
 }
 
+TEST(TopStrut, CountsInWhatOtherDocksTakeAboveIt) {
+    EXPECT_EQ(topStrut({{0, 30}, {1000, 22}}, BesideEachOther), (StrutNumbers{0, 0, 52, 0, 0, 0, 0, 0, 0, 999, 0, 0}));
+}
+
 TEST(TopStrut, ReservesNothingBelowAnotherMonitor) {
     EXPECT_EQ(topStrut({{0, 800}, {1000, 22}}, AboveEachOther), std::nullopt);
 }
 
 TEST(TopStrut, ReservesNothingForADockThatLiesElsewhere) {
-    EXPECT_EQ(topStrut({{0, 1}, {1000, 22}}, BesideEachOther), std::nullopt);
+    EXPECT_EQ(topStrut({{0, 778}, {1000, 22}}, BesideEachOther), std::nullopt);
+    EXPECT_EQ(topStrut({{0, 300}, {1000, 22}}, BesideEachOther), std::nullopt);
     EXPECT_EQ(topStrut({{0, -22}, {1000, 22}}, BesideEachOther), std::nullopt);
     EXPECT_EQ(topStrut({{1800, 0}, {800, 22}}, BesideEachOther), std::nullopt);
     EXPECT_EQ(topStrut({{0, 0}, {0, 22}}, BesideEachOther), std::nullopt);

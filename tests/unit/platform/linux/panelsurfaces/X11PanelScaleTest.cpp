@@ -85,8 +85,8 @@ TEST_F(X11PanelScaleTest, ReservesTheRoomOfADockInPixels) {
     surface->setLevel(PanelLevel::Dock);
     toolkit->move(panel, 0, 0);
     toolkit->map(panel);
-    EXPECT_TRUE(runLoop.runUntil([&] { return toolkit->numbers(panel, "_NET_WM_STRUT_PARTIAL").size() == 12; }));
-    EXPECT_EQ(toolkit->numbers(panel, "_NET_WM_STRUT_PARTIAL")[2], 20U);
+    ASSERT_TRUE(runLoop.runUntil([&] { return strut().size() == 12; }));
+    EXPECT_EQ(strut()[2], 20U);
 }
 
 } // namespace

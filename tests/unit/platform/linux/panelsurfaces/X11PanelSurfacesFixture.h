@@ -82,6 +82,19 @@ protected:
         other->click();
         return 10 * toolkit->countEvents(XCB_BUTTON_PRESS) + other->countEvents(XCB_BUTTON_PRESS);
     }
+    // The window that room is reserved with; none when there is none.
+    xcb_window_t room() {
+        for (const xcb_window_t window : toolkit->stacking()) {
+            if (!toolkit->numbers(window, "_NET_WM_STRUT_PARTIAL").empty())
+                return window;
+        }
+        return XCB_WINDOW_NONE;
+    }
+    std::vector<std::uint32_t> strut() {
+        const xcb_window_t window = room();
+        return window == XCB_WINDOW_NONE ? std::vector<std::uint32_t>()
+                                         : toolkit->numbers(window, "_NET_WM_STRUT_PARTIAL");
+    }
     void startCompositor() {
         _compositor = std::make_unique<X11Client>(_server.displayName());
         const xcb_window_t owner = _compositor->makeWindow();

@@ -6,6 +6,8 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 namespace tarragon {
 namespace {
 
@@ -346,7 +348,6 @@ protected:
         barSurface = surfaces->makeSurface(bar);
         barSurface->setLevel(PanelLevel::Dock);
     }
-    std::vector<std::uint32_t> strut() { return toolkit->numbers(bar, "_NET_WM_STRUT_PARTIAL"); }
 
     xcb_window_t bar = 0;
     std::unique_ptr<PanelSurface> barSurface;
@@ -363,6 +364,97 @@ TEST_F(X11DockTest, IsADockThatReservesItsRoomAtTheTopOfItsMonitor) {
     EXPECT_FALSE(toolkit->isOverrideRedirect(bar));
     EXPECT_TRUE(toolkit->isOverrideRedirect(panel));
     other->setMonitors({});
+}
+
+TEST_F(X11DockTest, ReservesItsRoomWithADockThatNobodySeesOrClicks) {
+    makeBar(0, 0, 320);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return toolkit->isMapped(room()); }));
+    EXPECT_EQ(toolkit->shapeArea(room()), 0);
+    EXPECT_FALSE(toolkit->isOverrideRedirect(room()));
+    EXPECT_THAT(
+        toolkit->numbers(room(), "_NET_WM_WINDOW_TYPE"), ElementsAre(toolkit->atom("_NET_WM_WINDOW_TYPE_DOCK")));
+    EXPECT_THAT(toolkit->numbers(room(), "_NET_WM_STRUT"), ElementsAre(0, 0, 22, 0));
+    EXPECT_THAT(toolkit->numbers(room(), "_NET_WM_PID"), ElementsAre(getpid()));
+    EXPECT_THAT(toolkit->numbers(room(), "_NET_WM_DESKTOP"), ElementsAre(0xFFFFFFFF));
+    EXPECT_EQ(toolkit->numbers(room(), "WM_HINTS").at(1), 0U);
+}
+
+TEST_F(X11DockTest, KeepsItsRoomWhileItIsHidden) {
+    makeBar(0, 0, 320);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return toolkit->isMapped(room()); }));
+    const xcb_window_t before = room();
+    toolkit->unmap(bar);
+    settle();
+    EXPECT_EQ(room(), before);
+    EXPECT_TRUE(toolkit->isMapped(before));
+    toolkit->map(bar);
+    settle();
+    EXPECT_EQ(room(), before);
+}
+
+TEST_F(X11DockTest, GivesItsRoomBackInTheEnd) {
+    makeBar(0, 0, 320);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !strut().empty(); }));
+    const xcb_window_t before = room();
+    barSurface.reset();
+    settle();
+    EXPECT_FALSE(toolkit->exists(before));
+}
+
+TEST_F(X11DockTest, FollowsItsMonitorWithItsRoom) {
+    other->setMonitors({{0, 0, 160, 240, true}, {160, 0, 160, 240, false}});
+    makeBar(160, 0, 160);
+    toolkit->map(bar);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !strut().empty(); }));
+    toolkit->move(bar, 0, 0);
+    ASSERT_TRUE(runLoop.runUntil([&] { return strut().at(8) == 0; }));
+    EXPECT_THAT(strut(), ElementsAre(0, 0, 22, 0, 0, 0, 0, 0, 0, 159, 0, 0));
+    // Its monitor is taken away while it is hidden.
+    toolkit->unmap(bar);
+    settle();
+    other->setMonitors({{0, 10, 320, 230, true}});
+    ASSERT_TRUE(runLoop.runUntil([&] { return strut().empty(); }));
+    other->setMonitors({});
+}
+
+// A window manager forgets which workspaces a window is on that was hidden.
+TEST_F(X11DockTest, AsksForAllWorkspacesEachTimeItIsShown) {
+    const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(other->connection(), other->root(), XCB_CW_EVENT_MASK, &mask);
+    makeBar(0, 0, 320);
+    for (int time = 0; time < 2; ++time) {
+        settle();
+        other->takeEvents();
+        toolkit->map(bar);
+        EXPECT_TRUE(runLoop.runUntil([&] { return other->countEvents(XCB_CLIENT_MESSAGE) == 1; }));
+        toolkit->unmap(bar);
+    }
+}
+
+TEST_F(X11DockTest, IsLetAloneByTheWindowManagerOnceItsLevelIsAnother) {
+    makeBar(0, 0, 320);
+    // The server knows as soon as the level is chosen: the toolkit shows the window over another connection.
+    EXPECT_FALSE(toolkit->isOverrideRedirect(bar));
+    barSurface->setLevel(PanelLevel::OrdinaryWindows);
+    EXPECT_TRUE(toolkit->isOverrideRedirect(bar));
+}
+
+TEST_F(X11DockTest, HasAnAlphaWithACompositorAndIsOpaqueWithout) {
+    makeBar(0, 0, 320);
+    toolkit->map(bar);
+    barSurface->setAlpha(0.75);
+    settle();
+    EXPECT_FALSE(barSurface->isTranslucent());
+    EXPECT_EQ(toolkit->shapeArea(bar), 320 * 22);
+    startCompositor();
+    ASSERT_TRUE(runLoop.runUntil([&] { return barSurface->isTranslucent(); }));
+    EXPECT_THAT(toolkit->numbers(bar, "_NET_WM_WINDOW_OPACITY"), ElementsAre(0xBFFFFFFF));
+    barSurface->setAlpha(0.9);
+    settle();
+    EXPECT_THAT(toolkit->numbers(bar, "_NET_WM_WINDOW_OPACITY"), ElementsAre(0xE6666666));
 }
 
 TEST_F(X11DockTest, ReservesNothingBelowAnotherMonitor) {
@@ -399,6 +491,85 @@ TEST_F(X11DockTest, GivesItsRoomBackAtAnotherLevel) {
     ASSERT_TRUE(runLoop.runUntil([&] { return strut().empty(); }));
     EXPECT_TRUE(toolkit->isOverrideRedirect(bar));
     ASSERT_TRUE(becomes({frame, panel, bar}));
+}
+
+// A bar that lies above ordinary windows, whichever of them is in front.
+class X11PanelAboveOrdinaryWindowsTest : public X11PanelSurfacesTest {
+protected:
+    void SetUp() override {
+        X11PanelSurfacesTest::SetUp();
+        if (IsSkipped())
+            return;
+        bar = toolkit->makeWindow({.x = 160, .y = 0, .width = 160, .height = 22, .overrideRedirect = true});
+        barSurface = surfaces->makeSurface(bar);
+        barSurface->setLevel(PanelLevel::OrdinaryWindows);
+        toolkit->map(bar);
+    }
+    // As a window manager does it, for windows that it does not restack.
+    void tellOrder(const std::vector<xcb_window_t>& windows) {
+        other->setNumbers(other->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, windows);
+    }
+    xcb_window_t makeDock(
+        const char* property = "_NET_WM_WINDOW_TYPE", const char* value = "_NET_WM_WINDOW_TYPE_DOCK") {
+        const xcb_window_t window = makeWindow(0, 0);
+        other->setNumbers(window, property, XCB_ATOM_ATOM, {other->atom(value)});
+        return window;
+    }
+
+    xcb_window_t bar = 0;
+    std::unique_ptr<PanelSurface> barSurface;
+};
+
+TEST_F(X11PanelAboveOrdinaryWindowsTest, LiesAboveAWindowThatIsNotInFront) {
+    const xcb_window_t maximised = makeWindow(160, 0);
+    tellOrder({frame, maximised});
+    ASSERT_TRUE(becomes({frame, panel, maximised, bar}));
+    other->raise(maximised);
+    ASSERT_TRUE(becomes({frame, panel, maximised, bar}));
+}
+
+TEST_F(X11PanelAboveOrdinaryWindowsTest, NeedsNoWindowInFront) {
+    const xcb_window_t maximised = makeWindow(160, 0);
+    setFront(XCB_WINDOW_NONE);
+    tellOrder({maximised});
+    ASSERT_TRUE(becomes({maximised, bar}));
+    // The desktop of the file manager is in front.
+    setFront(frame);
+    tellOrder({frame, maximised});
+    settle();
+    EXPECT_THAT(order({frame, panel, maximised, bar}), ElementsAre(frame, panel, maximised, bar));
+}
+
+TEST_F(X11PanelAboveOrdinaryWindowsTest, LiesBelowDocksAndWindowsThatAreKeptAboveAndOpenMenus) {
+    const xcb_window_t maximised = makeWindow(160, 0);
+    const xcb_window_t above = makeDock("_NET_WM_STATE", "_NET_WM_STATE_ABOVE");
+    const xcb_window_t dock = makeDock();
+    const xcb_window_t menu = other->makeWindow({.x = 160, .y = 0, .overrideRedirect = true});
+    other->map(menu);
+    tellOrder({frame, maximised, above, dock});
+    ASSERT_TRUE(becomes({frame, panel, maximised, bar, above, dock, menu}));
+    tellOrder({maximised, frame, above, dock});
+    ASSERT_TRUE(becomes({frame, panel, bar, maximised, above, dock, menu}));
+}
+
+TEST_F(X11PanelAboveOrdinaryWindowsTest, RestsAboveAPanelThatLiesAboveTheSameWindow) {
+    tellOrder({frame});
+    ASSERT_TRUE(becomes({frame, panel, bar}));
+    other->raise(frame);
+    ASSERT_TRUE(becomes({frame, panel, bar}));
+    settle();
+    const unsigned before = xcb_no_operation(connection->get()).sequence;
+    settle();
+    settle();
+    // Neither puts itself below the other for ever.
+    EXPECT_LE(xcb_no_operation(connection->get()).sequence, before + 10);
+    EXPECT_THAT(order({frame, panel, bar}), ElementsAre(frame, panel, bar));
+}
+
+TEST_F(X11PanelAboveOrdinaryWindowsTest, StaysWhereItIsWithoutAWindowManager) {
+    const xcb_window_t maximised = makeWindow(160, 0);
+    settle();
+    EXPECT_THAT(order({frame, panel, bar, maximised}), ElementsAre(frame, panel, bar, maximised));
 }
 
 } // namespace
