@@ -283,12 +283,45 @@ xcb_atom_t X11Client::addMonitor(const X11ClientMonitor& monitor) {
     return name;
 }
 
+void X11Client::changeMonitor(std::size_t index, const X11ClientMonitor& monitor) {
+    // The server takes no second monitor of a name.
+    xcb_grab_server(_connection);
+    xcb_randr_delete_monitor(_connection, root(), _monitors.at(index));
+    setMonitor(_monitors.at(index), monitor, index == 0);
+    xcb_ungrab_server(_connection);
+    synchronize();
+}
+
 void X11Client::removeMonitor(xcb_atom_t name) {
     xcb_randr_delete_monitor(_connection, root(), name);
     synchronize();
 }
 
-bool X11Client::setMode(std::uint16_t width, std::uint16_t height) {
+bool X11Client::setMode(std::uint16_t width, std::uint16_t height, std::int16_t x, std::int16_t y) {
+    const xcb_randr_mode_t mode = modeOfSize(width, height);
+    const auto resources = owned(xcb_randr_get_screen_resources_current_reply(
+        _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
+    if (mode == XCB_NONE || !resources)
+        return false;
+    const xcb_randr_output_t output = xcb_randr_get_screen_resources_current_outputs(resources.get())[0];
+    const xcb_randr_crtc_t crtc = xcb_randr_get_screen_resources_current_crtcs(resources.get())[0];
+    xcb_randr_add_output_mode(_connection, output, mode);
+    const auto reply = owned(xcb_randr_set_crtc_config_reply(_connection,
+        xcb_randr_set_crtc_config(_connection, crtc, XCB_CURRENT_TIME, resources->config_timestamp, x, y, mode,
+            XCB_RANDR_ROTATION_ROTATE_0, 1, &output),
+        nullptr));
+    return reply && reply->status == XCB_RANDR_SET_CONFIG_SUCCESS;
+}
+
+// The server takes no second mode of a name.
+xcb_randr_mode_t X11Client::modeOfSize(std::uint16_t width, std::uint16_t height) {
+    const auto resources = owned(xcb_randr_get_screen_resources_current_reply(
+        _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
+    for (auto modes = xcb_randr_get_screen_resources_current_modes_iterator(resources.get()); modes.rem > 0;
+         xcb_randr_mode_info_next(&modes)) {
+        if (modes.data->width == width && modes.data->height == height)
+            return modes.data->id;
+    }
     const std::string name = std::to_string(width) + "x" + std::to_string(height) + "-support";
     xcb_randr_mode_info_t mode{};
     mode.width = width;
@@ -296,18 +329,7 @@ bool X11Client::setMode(std::uint16_t width, std::uint16_t height) {
     mode.name_len = static_cast<std::uint16_t>(name.size());
     const auto created = owned(xcb_randr_create_mode_reply(
         _connection, xcb_randr_create_mode(_connection, root(), mode, mode.name_len, name.c_str()), nullptr));
-    const auto resources = owned(xcb_randr_get_screen_resources_current_reply(
-        _connection, xcb_randr_get_screen_resources_current(_connection, root()), nullptr));
-    if (!created || !resources)
-        return false;
-    const xcb_randr_output_t output = xcb_randr_get_screen_resources_current_outputs(resources.get())[0];
-    const xcb_randr_crtc_t crtc = xcb_randr_get_screen_resources_current_crtcs(resources.get())[0];
-    xcb_randr_add_output_mode(_connection, output, created->mode);
-    const auto reply = owned(xcb_randr_set_crtc_config_reply(_connection,
-        xcb_randr_set_crtc_config(_connection, crtc, XCB_CURRENT_TIME, resources->config_timestamp, 0, 0, created->mode,
-            XCB_RANDR_ROTATION_ROTATE_0, 1, &output),
-        nullptr));
-    return reply && reply->status == XCB_RANDR_SET_CONFIG_SUCCESS;
+    return created ? created->mode : xcb_randr_mode_t(XCB_NONE);
 }
 
 void X11Client::synchronize() {

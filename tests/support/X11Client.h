@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include <xcb/randr.h>
 #include <xcb/xcb.h>
 
 namespace tarragon {
@@ -77,12 +79,15 @@ public:
     // has a name of its own, never used before. All at once for everybody who looks.
     void setMonitors(const std::vector<X11ClientMonitor>& monitors);
     xcb_atom_t addMonitor(const X11ClientMonitor& monitor);
+    // Makes one of those that setMonitors has made anew, under its name.
+    void changeMonitor(std::size_t index, const X11ClientMonitor& monitor);
     void removeMonitor(xcb_atom_t name);
-    // Gives the server's own output a mode of this size. False when it refuses.
-    bool setMode(std::uint16_t width, std::uint16_t height);
+    // Gives the server's own output a mode of this size, and a place. False when it refuses.
+    bool setMode(std::uint16_t width, std::uint16_t height, std::int16_t x = 0, std::int16_t y = 0);
 
 private:
     void setMonitor(xcb_atom_t name, const X11ClientMonitor& monitor, bool claimOutput);
+    xcb_randr_mode_t modeOfSize(std::uint16_t width, std::uint16_t height);
     std::vector<std::uint16_t> pointers();
     void change(const std::vector<std::uint32_t>& change);
     void fake(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0);

@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include <QGuiApplication>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -104,6 +105,86 @@ TEST_F(DisplayChangesOnX11, TellsOfAnotherModeAsNeitherAddedNorRemoved) {
     EXPECT_THAT(calls, ElementsAre(8U));
     EXPECT_EQ(displays.mainDisplayBoundsCG(), (Rect{{0, 0}, {800, 600}}));
     ASSERT_TRUE(user.setMode(1000, 800));
+}
+
+TEST_F(DisplayChangesOnX11, TellsOfAMonitorThatMoves) {
+    ASSERT_TRUE(user.setMode(800, 600));
+    ASSERT_TRUE(waitForCall());
+    settle();
+    calls.clear();
+    ASSERT_TRUE(user.setMode(800, 600, 100, 50));
+    ASSERT_TRUE(waitForCall());
+    settle();
+    EXPECT_THAT(calls, ElementsAre(2U));
+    // The coordinates begin at the primary monitor's corner, wherever that is.
+    EXPECT_EQ(displays.screens().at(0).frameNS, (Rect{{0, 0}, {800, 600}}));
+    calls.clear();
+    ASSERT_TRUE(user.setMode(1000, 800));
+    ASSERT_TRUE(waitForCall());
+    settle();
+    EXPECT_THAT(calls, ElementsAre(2U | 8U));
+}
+
+TEST_F(DisplayChangesOnX11, TellsOfAnotherPrimaryMonitorWhichIsTheFirst) {
+    change({Left, Right});
+    EXPECT_EQ(displays.screens().at(0).frameNS, (Rect{{0, 0}, {500, 800}}));
+    calls.clear();
+    user.changeMonitor(1, {500, 0, 500, 800, true});
+    ASSERT_TRUE(waitForCall());
+    settle();
+    EXPECT_THAT(calls, ElementsAre(4U));
+    ASSERT_EQ(displays.screens().size(), 2U);
+    EXPECT_EQ(displays.screens().at(0).frameNS, (Rect{{0, 0}, {500, 800}}));
+    EXPECT_EQ(displays.screens().at(1).frameNS, (Rect{{-500, 0}, {500, 800}}));
+}
+
+TEST_F(DisplayChangesOnX11, TakesAMirroringMonitorForNoScreenOfItsOwn) {
+    change({Left, Right});
+    calls.clear();
+    const xcb_atom_t mirror = user.addMonitor(Right);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::screens().size() == 3; }, 20000));
+    settle();
+    EXPECT_EQ(displays.screens().size(), 2U);
+    user.removeMonitor(mirror);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::screens().size() == 2; }, 20000));
+    settle();
+    // Nothing has come or gone that a bar would be on.
+    EXPECT_THAT(calls, IsEmpty());
+    EXPECT_EQ(displays.screens().size(), 2U);
+
+    change({Left, {0, 0, 500, 800, false}});
+    EXPECT_EQ(screenCounts.back(), 1U);
+}
+
+// Changes that come faster than they are looked at are told together, and the last one is what remains.
+TEST_F(DisplayChangesOnX11, TellsOfEachOfManyQuickChangesAtMostOnce) {
+    change({Whole});
+    calls.clear();
+    screenCounts.clear();
+    constexpr std::size_t Changes = 20;
+    for (std::size_t index = 0; index < Changes; ++index) {
+        if (index % 2 == 0)
+            user.setMonitors({Left, Right});
+        else
+            user.setMonitors({Whole});
+    }
+    user.setMonitors({Left, Right});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return displays.screens().size() == 2; }, 20000));
+    settle();
+    EXPECT_FALSE(calls.empty());
+    EXPECT_LE(calls.size(), Changes + 1);
+    EXPECT_EQ(screenCounts.back(), 2U);
+    for (const std::uint32_t flags : calls)
+        EXPECT_NE(flags, 0U);
+}
+
+TEST_F(DisplayChangesOnX11, TellsOfEachOfManySlowChangesOnce) {
+    change({Whole});
+    constexpr int Changes = 20;
+    for (int index = 0; index < Changes; ++index) {
+        EXPECT_EQ(change(index % 2 == 0 ? std::vector{Left, Right} : std::vector{Whole}).size(), 1U) << index;
+        EXPECT_EQ(screenCounts.back(), index % 2 == 0 ? 2U : 1U);
+    }
 }
 
 TEST_F(DisplayChangesOnX11, TellsAllHandlersAndNoneDuringAPause) {
