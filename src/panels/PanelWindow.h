@@ -41,7 +41,7 @@ public:
     virtual void orderFront() = 0;
     virtual void orderOut() = 0;
     virtual void setAlpha(double alpha) = 0;
-    // To be chosen while the window is hidden.
+    // PanelLevel::Dock is to be chosen, and to be left, while the window is hidden.
     virtual void setLevel(PanelLevel level) = 0;
     // Draws this from now on. Clicks beside the background, if it is shown, and the buttons reach what lies below.
     virtual void display(const PanelContent& content) = 0;

@@ -77,10 +77,13 @@ void QtPanelWindow::setLevel(PanelLevel level) {
     applyLevel();
 }
 
-// The desktop takes a window for a dock, or for none, when it is shown. A level that comes too late waits.
+// The desktop takes a window for a dock, or for none, when it is shown. A level that comes too late for that waits.
 void QtPanelWindow::applyLevel() {
-    if (_surface && !_view->isVisible())
-        _surface->setLevel(_level);
+    const bool concernsDock = _level == PanelLevel::Dock || _appliedLevel == PanelLevel::Dock;
+    if (!_surface || (concernsDock && _view->isVisible()))
+        return;
+    _surface->setLevel(_level);
+    _appliedLevel = _level;
 }
 
 void QtPanelWindow::display(const PanelContent& content) {

@@ -36,6 +36,7 @@ private:
     std::unique_ptr<PanelView> _view;
     std::unique_ptr<PanelSurface> _surface;
     PanelLevel _level = PanelLevel::FrontWindow;
+    PanelLevel _appliedLevel = PanelLevel::FrontWindow;
     std::vector<Rect> _clickableRegion;
 };
 

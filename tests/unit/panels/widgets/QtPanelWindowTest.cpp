@@ -127,7 +127,17 @@ TEST_F(QtPanelWindowTest, HandsItsAlphaToItsSurfaceAndStaysShown) {
     EXPECT_TRUE(widget().isVisible());
 }
 
-TEST_F(QtPanelWindowTest, ChangesItsLevelOnlyWhileItIsHidden) {
+TEST_F(QtPanelWindowTest, RisesAboveMenusAndFallsBackWhileItIsShown) {
+    _window->orderFront();
+    _window->setLevel(PanelLevel::PopUpMenu);
+    EXPECT_EQ(record().level, PanelLevel::PopUpMenu);
+    _window->setLevel(PanelLevel::FrontWindow);
+    EXPECT_EQ(record().level, PanelLevel::FrontWindow);
+    _window->setLevel(PanelLevel::Dock);
+    EXPECT_EQ(record().level, PanelLevel::FrontWindow);
+}
+
+TEST_F(QtPanelWindowTest, BecomesADockOrNoneOnlyWhileItIsHidden) {
     _window->setLevel(PanelLevel::Dock);
     EXPECT_EQ(record().level, PanelLevel::Dock);
     _window->orderFront();
