@@ -58,17 +58,20 @@ void ButtonPanel::setFrameOrigin(const Point& originNS) {
     applyFrame();
 }
 
-void ButtonPanel::setFrameOriginAnimated(const Point& originNS) {
+void ButtonPanel::setFrameOriginAnimated(const Point& originNS, std::function<void()> arrived) {
     if (!isSeen()) {
         setFrameOrigin(originNS);
+        arrived();
         return;
     }
     const Point start{_frame.origin.x + _shownOffset.x - originNS.x, _frame.origin.y + _shownOffset.y - originNS.y};
     _frame.origin = originNS;
     _shownOffset = start;
-    _moving = std::make_unique<Animation>(_services.runLoop, ResizeDuration, [this, start](double progress) {
+    _moving = std::make_unique<Animation>(_services.runLoop, ResizeDuration, [this, start, arrived](double progress) {
         _shownOffset = {start.x * (1 - progress), start.y * (1 - progress)};
         applyFrame();
+        if (progress == 1)
+            arrived();
     });
     applyFrame();
 }
@@ -78,7 +81,7 @@ void ButtonPanel::setFrameTopLeftPoint(const Point& pointNS) {
 }
 
 bool ButtonPanel::isSeen() const {
-    return _visible && _alpha > 0 && _shownSize.width > 0;
+    return _visible && !_outOfSight && _alpha > 0 && _shownSize.width > 0;
 }
 
 void ButtonPanel::applyFrame() {
@@ -99,8 +102,13 @@ void ButtonPanel::orderOut() {
     applyVisibility();
 }
 
+void ButtonPanel::setOutOfSight(bool outOfSight) {
+    if (std::exchange(_outOfSight, outOfSight) != outOfSight)
+        applyVisibility();
+}
+
 void ButtonPanel::applyVisibility() {
-    if (_visible && _shownSize.width > 0 && _shownSize.height > 0)
+    if (_visible && !_outOfSight && _shownSize.width > 0 && _shownSize.height > 0)
         _window->orderFront();
     else
         _window->orderOut();

@@ -6,6 +6,7 @@
 #include "panels/PanelServices.h"
 #include "panels/PanelWindow.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,13 +28,16 @@ public:
     // The size changes bit by bit, from the top-left corner on; at once where nobody sees it.
     void setFrameAnimated(const Rect& frameNS);
     void setFrameOrigin(const Point& originNS);
-    // Goes there bit by bit; at once where nobody sees it.
-    void setFrameOriginAnimated(const Point& originNS);
+    // Goes there bit by bit; at once where nobody sees it. arrived is called in the end, but not when another frame or
+    // origin comes before.
+    void setFrameOriginAnimated(const Point& originNS, std::function<void()> arrived);
     void setFrameTopLeftPoint(const Point& pointNS);
 
     bool isVisible() const { return _visible; }
     void orderFrontRegardless();
     void orderOut();
+    // Keeps a panel off the screen that is ordered front all the same.
+    void setOutOfSight(bool outOfSight);
     PanelLevel level() const { return _level; }
     void setLevel(PanelLevel level);
 
@@ -81,6 +85,7 @@ private:
     Point _shownOffset; // of the window from the frame's place, while it moves
     double _alpha = 1;
     bool _visible = false;
+    bool _outOfSight = false;
     PanelLevel _level = PanelLevel::FrontWindow;
     ZDGradientView _contentView;
     std::vector<std::shared_ptr<PanelButton>> _subviews;

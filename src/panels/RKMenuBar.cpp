@@ -5,10 +5,14 @@
 #include "mirror/Menu.h"
 #include "panels/TarragonPanelController.h"
 #include "panels/TarragonSTPanel.h"
+#include "panels/rules/Measures.h"
 #include "panels/rules/PanelPlacement.h"
 #include "platform/Displays.h"
+#include "platform/Log.h"
 #include "platform/RunLoop.h"
 
+#include <cmath>
+#include <string>
 #include <utility>
 
 namespace tarragon {
@@ -26,6 +30,18 @@ ZDGradientView barBackground() {
     view.showGradient = true;
     view.roundedCorners = false;
     return view;
+}
+
+std::string describePlace(int screen, const Rect& screenFrameNS) {
+    std::string line = "bar of screen ";
+    line += std::to_string(screen);
+    line += ": ";
+    line += std::to_string(std::lround(screenFrameNS.size.width));
+    line += " wide, its top at ";
+    line += std::to_string(std::lround(screenFrameNS.origin.x));
+    line += ", ";
+    line += std::to_string(std::lround(topNS(screenFrameNS)));
+    return line;
 }
 
 } // namespace
@@ -158,7 +174,8 @@ void RKMenuBar::updateTarragonSTWindowPosition() {
         return;
     }
     const Rect screenFrame = screenFrameNS();
-    _screenTopLastScreenFrame = screenFrame;
+    if (std::exchange(_screenTopLastScreenFrame, screenFrame) != screenFrame)
+        log(LogCategory::Panel, [&] { return describePlace(displayScreen, screenFrame); });
     if (_tarragonSTPanel) {
         // Whether the bar hides itself may have changed, and with it whether room is kept free for it.
         _tarragonSTPanel->setLevel(levelOfBar());
@@ -167,8 +184,7 @@ void RKMenuBar::updateTarragonSTWindowPosition() {
     addGradientScreenTop();
     if (!_tarragonSTPanel)
         return;
-    _tarragonSTPanel->setFrame(
-        placedBarFrameNS(screenFrame, _tarragonSTPanel->frame().size, _screenTopAutoHide, _screenTopSlidIn));
+    setBarFrame(placedBarFrameNS(screenFrame, _tarragonSTPanel->frame().size, _screenTopAutoHide, _screenTopSlidIn));
     slideOutCheck();
     _tarragonSTPanel->setAlphaValue(alphaOfPlacedBar(_screenTopTransparency));
 }
@@ -199,8 +215,23 @@ void RKMenuBar::slideInScreenTopMenubar() {
 }
 
 void RKMenuBar::slide(BarSlide slide) {
-    if (_tarragonSTPanel)
-        _tarragonSTPanel->setFrameOriginAnimated(barFrameAfterSlideNS(_tarragonSTPanel->frame(), slide).origin);
+    if (!_tarragonSTPanel)
+        return;
+    const Rect frame = barFrameAfterSlideNS(_tarragonSTPanel->frame(), slide);
+    // A bar that leaves is seen until it has left.
+    if (slide == BarSlide::In)
+        _tarragonSTPanel->setOutOfSight(false);
+    _tarragonSTPanel->setFrameOriginAnimated(frame.origin, [this] { keepOffOtherScreens(); });
+}
+
+void RKMenuBar::setBarFrame(const Rect& frameNS) {
+    _tarragonSTPanel->setFrame(frameNS);
+    keepOffOtherScreens();
+}
+
+void RKMenuBar::keepOffOtherScreens() {
+    _tarragonSTPanel->setOutOfSight(
+        isSeenAboveItsScreen(_tarragonSTPanel->frame(), screenFrameNS(), _surroundings.services.displays.screens()));
 }
 
 Rect RKMenuBar::convertCGtoNSRectCoords(const Rect& rectCG) const {

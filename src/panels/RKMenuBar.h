@@ -111,6 +111,8 @@ private:
     PanelLevel levelOfBar() const;
     bool menuIsOpen() const;
     void slide(BarSlide slide);
+    void setBarFrame(const Rect& frameNS);
+    void keepOffOtherScreens();
     MenuFont menuBarFont() const;
     std::shared_ptr<TarragonHackButton> makeTitle(const MenuItem& item);
 

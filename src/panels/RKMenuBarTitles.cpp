@@ -49,7 +49,7 @@ void RKMenuBar::boldenAppTitleMenu() {
         item->setAttributedTitle(AttributedTitle{item->title(), {static_cast<double>(_fontSizeSmall), true}, 0});
 }
 
-// At an x of the row, as large as it is drawn.
+// At the beginning of the row, as large as it is drawn.
 std::shared_ptr<TarragonHackButton> RKMenuBar::makeTitle(const MenuItem& item) {
     const BarTitle shown = barTitle(item.title(), _menu->title());
     PanelServices& services = _surroundings.services;
@@ -60,6 +60,7 @@ std::shared_ptr<TarragonHackButton> RKMenuBar::makeTitle(const MenuItem& item) {
     title->setMenu(item.submenu());
     if (item.hasSubmenu())
         item.submenu()->setFont(menuBarFont());
+    applyStyle(_buttonStyle, *title);
     title->sizeToFit(services.toolkit);
     Rect frame = title->frame();
     frame.size.width = barTitleWidth(shown, frame.size.width);
@@ -117,7 +118,7 @@ void RKMenuBar::addButtonsToScreentopTarragonPanel() {
         line += _tarragonSTPanel->describeTitles();
         return line;
     });
-    _tarragonSTPanel->setFrame({_tarragonSTPanel->frame().origin, {static_cast<double>(width), ScreenTopBarHeight}});
+    setBarFrame({_tarragonSTPanel->frame().origin, {static_cast<double>(width), ScreenTopBarHeight}});
     _tarragonSTPanel->orderFrontRegardless();
 }
 

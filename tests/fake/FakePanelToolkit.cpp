@@ -24,10 +24,19 @@ public:
         _window.frameNS = frameNS;
         _window.frames.push_back(frameNS);
     }
-    void orderFront() override { _window.visible = true; }
-    void orderOut() override { _window.visible = false; }
+    void orderFront() override {
+        _window.visible = true;
+        _window.told.emplace_back("front");
+    }
+    void orderOut() override {
+        _window.visible = false;
+        _window.told.emplace_back("out");
+    }
     void setAlpha(double alpha) override { _window.alpha = alpha; }
-    void setLevel(PanelLevel level) override { _window.level = level; }
+    void setLevel(PanelLevel level) override {
+        _window.level = level;
+        _window.told.emplace_back("level");
+    }
     void display(const PanelContent& content) override {
         _window.content = content;
         ++_window.timesDisplayed;

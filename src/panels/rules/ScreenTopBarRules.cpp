@@ -6,11 +6,21 @@
 
 namespace tarragon {
 
+namespace {
+
+bool overlap(const Rect& one, const Rect& other) {
+    return one.origin.x < other.origin.x + other.size.width && other.origin.x < one.origin.x + one.size.width
+        && one.origin.y < topNS(other) && other.origin.y < topNS(one);
+}
+
+} // namespace
+
 Rect barScreenFrameNS(const Screen& screen) {
     Rect frame = screen.frameNS;
-    // A screen of which nothing is left tells nothing about its top.
-    if (screen.visibleFrameNS.size.height > 0)
-        frame.size.height = std::min(topNS(frame), topNS(screen.visibleFrameNS)) - frame.origin.y;
+    const double visibleTop = topNS(screen.visibleFrameNS);
+    const bool isVisible = screen.visibleFrameNS.size.height > 0 && visibleTop > frame.origin.y;
+    if (isVisible && visibleTop < topNS(frame))
+        frame.size.height = visibleTop - frame.origin.y;
     return frame;
 }
 
@@ -25,6 +35,11 @@ Rect placedBarFrameNS(const Rect& screenFrameNS, const Size& currentSize, bool a
     }
     return {.origin = {.x = screenFrameNS.origin.x, .y = topNS(screenFrameNS) - ScreenTopBarHeight},
         .size = {.width = screenFrameNS.size.width, .height = currentSize.height}};
+}
+
+bool isSeenAboveItsScreen(const Rect& barFrameNS, const Rect& screenFrameNS, const std::vector<Screen>& screens) {
+    const auto showsBar = [&](const Screen& screen) { return overlap(barFrameNS, screen.frameNS); };
+    return barFrameNS.origin.y >= topNS(screenFrameNS) && std::ranges::any_of(screens, showsBar);
 }
 
 Rect barFrameAfterSlideNS(const Rect& barFrameNS, BarSlide slide) {

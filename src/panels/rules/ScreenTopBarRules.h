@@ -30,6 +30,9 @@ Rect newBarFrameNS(const Rect& screenFrameNS);
 // height alone and lies along the top edge.
 Rect placedBarFrameNS(const Rect& screenFrameNS, const Size& currentSize, bool autoHides, bool slidIn);
 
+// A bar above its own screen is meant not to be seen, but another screen may lie there.
+bool isSeenAboveItsScreen(const Rect& barFrameNS, const Rect& screenFrameNS, const std::vector<Screen>& screens);
+
 // A slide is relative to where the bar is.
 enum class BarSlide : std::uint8_t { None, In, Out };
 Rect barFrameAfterSlideNS(const Rect& barFrameNS, BarSlide slide);

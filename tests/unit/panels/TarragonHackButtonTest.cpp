@@ -291,6 +291,44 @@ TEST_F(TitleTest, ClosesItsMenuWhenNoTitleOfTheNewLayoutHasIt) {
     EXPECT_EQ(openMenu(), "Edit");
 }
 
+TEST_F(TitleTest, GoesOnUnderAnotherControllerOfItsPanel) {
+    window().press("Edit");
+    auto next = std::make_unique<TarragonPanelController>(*panel);
+    next->takeOver(*controller);
+    EXPECT_TRUE(next->bShowing());
+    EXPECT_EQ(next->buttonShowingMenu(), titles[1]);
+    panel->setWindowController(next.get());
+    controller = std::move(next);
+    fake.menuPresenter.pressArrowAtEdge(MenuNeighbour::Right);
+    EXPECT_EQ(openMenu(), "View");
+    window().movePointer("File");
+    EXPECT_EQ(openMenu(), "File");
+    fake.menuPresenter.closeMenus();
+    EXPECT_FALSE(controller->bShowing());
+    window().press("Edit");
+    EXPECT_EQ(openMenu(), "Edit");
+    EXPECT_TRUE(controller->bShowing());
+}
+
+TEST_F(TitleTest, OfAFormerLayoutGoesOnUnderAnotherController) {
+    window().press("Edit");
+    panel->setSubviews({});
+    auto next = std::make_unique<TarragonPanelController>(*panel);
+    next->takeOver(*controller);
+    panel->setWindowController(next.get());
+    controller = std::move(next);
+    fake.menuPresenter.closeMenus();
+    EXPECT_FALSE(controller->bShowing());
+    EXPECT_FALSE(titles[1]->bShow());
+}
+
+TEST_F(TitleTest, KeepsADockADock) {
+    titles[0]->setAppleBar(true);
+    panel->setLevel(PanelLevel::Dock);
+    window().press("File");
+    EXPECT_EQ(window().level, PanelLevel::Dock);
+}
+
 TEST_F(TitleTest, LeavesItsMenuAloneWhenThePanelEnds) {
     window().press("Edit");
     panel->setWindowController(nullptr);

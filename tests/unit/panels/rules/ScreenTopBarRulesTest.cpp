@@ -13,6 +13,44 @@ namespace {
 // Left of the primary screen; its top is at 1079.75.
 constexpr Rect ScreenNS{{-1600.5, -120.5}, {1600, 1200.25}};
 
+TEST(ScreenTopBar, HasTheWholeOfABareScreen) {
+    EXPECT_EQ(barScreenFrameNS({ScreenNS, ScreenNS}), ScreenNS);
+    // What the desktop has at the other edges does not concern it.
+    EXPECT_EQ(barScreenFrameNS({ScreenNS, {{-1500, 0}, {1400, 1079.75}}}), ScreenNS);
+}
+
+TEST(ScreenTopBar, LeavesTheTopToWhatTheDesktopHasThere) {
+    EXPECT_EQ(
+        barScreenFrameNS({{{1440, 100}, {1280, 1024}}, {{1440, 130}, {1280, 964}}}), (Rect{{1440, 100}, {1280, 994}}));
+}
+
+TEST(ScreenTopBar, StaysOnAScreenWhoseVisibleFrameMakesNoSense) {
+    EXPECT_EQ(barScreenFrameNS({ScreenNS, {}}), ScreenNS);
+    EXPECT_EQ(barScreenFrameNS({ScreenNS, {{-1600.5, 1079.75}, {1600, 0}}}), ScreenNS);
+    EXPECT_EQ(barScreenFrameNS({ScreenNS, {{-1600.5, -120.5}, {1600, 5000}}}), ScreenNS);
+    EXPECT_EQ(barScreenFrameNS({ScreenNS, {{-1600.5, -900}, {1600, 200}}}), ScreenNS);
+}
+
+TEST(ScreenTopBar, IsSeenAboveItsScreenOnlyWhereAnotherOneIs) {
+    constexpr Rect Own{{0, -1024}, {1280, 1024}};
+    const auto isSeen = [&](const Rect& bar, const Rect& other) {
+        return isSeenAboveItsScreen(bar, Own, {{other, other}, {Own, Own}});
+    };
+    constexpr Rect Above{{0, 0}, {1440, 900}};
+    constexpr Rect Hidden{{0, 28}, {1280, 22}};
+    EXPECT_TRUE(isSeen(Hidden, Above));
+    EXPECT_TRUE(isSeen({{0, 0}, {1280, 22}}, Above));
+    EXPECT_FALSE(isSeen({{0, -22}, {1280, 22}}, Above)); // in its place
+    EXPECT_FALSE(isSeen({{0, -1}, {1280, 22}}, Above)); // on its way
+    EXPECT_FALSE(isSeen(Hidden, {{1280, 0}, {1440, 900}})); // touches it at the right
+    EXPECT_TRUE(isSeen(Hidden, {{1279, 0}, {1440, 900}}));
+    EXPECT_FALSE(isSeen(Hidden, {{-1440, 0}, {1440, 900}}));
+    EXPECT_FALSE(isSeen(Hidden, {{0, 50}, {1440, 900}})); // above a gap
+    EXPECT_TRUE(isSeen(Hidden, {{0, 49}, {1440, 900}}));
+    EXPECT_FALSE(isSeen(Hidden, Own)); // mirrored
+    EXPECT_FALSE(isSeenAboveItsScreen(Hidden, Own, {}));
+}
+
 TEST(ScreenTopBar, IsMadeAboveItsScreen) {
     EXPECT_EQ(newBarFrameNS(ScreenNS), (Rect{{-1600.5, 1079.75}, {1600, 1200.25}}));
     EXPECT_EQ(newBarFrameNS({{1920, 0}, {1280, 1024}}), (Rect{{1920, 1024}, {1280, 1024}}));
