@@ -154,6 +154,7 @@ void JTWindowInfo::setScreenEdgeDragMonitorActive(bool active) {
     }
     _screenEdgeDragMonitorActive = active;
     _dragHasStarted = false;
+    _leftButtonDrags = false;
 }
 
 void JTWindowInfo::mouseDownMonitor() {
@@ -180,6 +181,7 @@ EventMonitor JTWindowInfo::installMonitor(InputEventType type, void (JTWindowInf
 }
 
 void JTWindowInfo::leftMouseDragged() {
+    _leftButtonDrags = true;
     if (mouseOnDragArea()) {
         _windowDraggedToScreenEdgeDidStart(0);
         return;
@@ -190,6 +192,7 @@ void JTWindowInfo::leftMouseDragged() {
 
 void JTWindowInfo::leftMouseUp() {
     _edgeDragged = 0;
+    _leftButtonDrags = false;
     _windowDraggedToScreenEdgeDidEnd(_edgeDragged);
     // Also when the delegate has begun another drag meanwhile.
     _dragHasStarted = false;
