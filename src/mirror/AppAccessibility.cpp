@@ -227,6 +227,10 @@ std::optional<std::string> AppAccessibility::focusedAppName() {
     return window().focusedAppName();
 }
 
+Element AppAccessibility::focusedWindow() {
+    return window().focusedWindow();
+}
+
 std::optional<std::string> AppAccessibility::focusedWindowRole() {
     return window().focusedWindowRole();
 }

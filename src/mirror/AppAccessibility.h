@@ -105,6 +105,7 @@ public:
     // The focused window of the application that the last rebuild found, as FocusedWindowQueries says. The name is that
     // of the application in front, a fresh string each time; nothing when there is none.
     std::optional<std::string> focusedAppName();
+    Element focusedWindow(); // nil when there is none
     std::optional<std::string> focusedWindowRole();
     std::optional<std::string> focusedWindowTitle();
     Rect focusedWindowFrameNS();

@@ -20,6 +20,7 @@ public:
 
     // The name of the application in front, whichever it is; nothing when there is none.
     std::optional<std::string> focusedAppName();
+    Element focusedWindow(); // nil when there is none
     std::optional<std::string> focusedWindowRole();
     std::optional<std::string> focusedWindowTitle();
     Rect focusedWindowFrameNS();
@@ -42,7 +43,6 @@ public:
     void setSizeOfFocusedWindow(float w, float h);
 
 private:
-    Element focusedWindow();
     Element focusedWindowFor(std::string_view purpose);
 
     Accessibility& _accessibility;

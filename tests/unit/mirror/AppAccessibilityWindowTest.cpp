@@ -280,6 +280,12 @@ TEST_F(FocusedWindow, IsHiddenByNothingButTheBooleanOfItsApplication) {
     EXPECT_FALSE(reader->isFocusedWindowHidden());
 }
 
+TEST_F(FocusedWindow, IsKnownByItsElement) {
+    EXPECT_FALSE(reader->focusedWindow());
+    const Element window = mail.window();
+    EXPECT_EQ(reader->focusedWindow(), window);
+}
+
 TEST_F(FocusedWindow, IsMovedAndResizedInSinglePrecision) {
     const Element window = mail.window({.positionCG = Point{1, 2}, .size = Size{3, 4}});
     reader->setPositionOfFocusedWindow(0.1F, 0.2F);
