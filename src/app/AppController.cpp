@@ -4,6 +4,7 @@
 
 #include "app/AppDelegate.h"
 #include "mirror/MenuPresenter.h"
+#include "panels/RKMenuBar.h"
 #include "panels/TarragonPanel.h"
 #include "panels/TarragonPanelController.h"
 #include "platform/Log.h"
@@ -46,6 +47,7 @@ void AppController::screensHaveChanged(std::uint32_t flags) {
     if (!(flags & (displayReconfiguration::Added | displayReconfiguration::Removed)))
         return;
     log(LogCategory::Panel, [] { return "a screen was connected or removed"; });
+    recreateScreentop();
     // Nothing may move while a menu of ours is open.
     if (_appUIElementInfo && !_presenter.isMenuOpen())
         updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
@@ -80,6 +82,10 @@ void AppController::accessibilityCreation() {
     const std::vector<Screen> screens = _platform.displays.screens();
     _tempCGRect = ScreenRectMemory(
         screens.empty() ? Rect() : _appUIElementInfo->convertNSToCGRectCoords(screens.front().frameNS));
+    if (screens.size() >= 2) {
+        _tempSTCGRect = ScreenRectMemory(_appUIElementInfo->convertNSToCGRectCoords(screens[1].frameNS));
+        setupScreentopTarragonPanel();
+    }
     startTimer();
     checkTimer();
 }
@@ -92,6 +98,7 @@ void AppController::updateAtInit() {
 void AppController::clearAll() {
     _isCleared = true;
     _presenter.closeMenus();
+    dropBars();
     dropPanel();
     _appUIElementInfo = nullptr;
 }

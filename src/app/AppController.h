@@ -1,13 +1,14 @@
 #pragma once
 
+#include "app/AskedWindowChange.h"
 #include "app/ControllerPreferences.h"
 #include "app/UserInterface.h"
 #include "ignore/IgnoreList.h"
 #include "mirror/AppAccessibility.h"
 #include "mirror/MenuReaderOwner.h"
 #include "panels/PanelServices.h"
+#include "panels/RKMenuBarOwner.h"
 #include "panels/TarragonHackButton.h"
-#include "panels/TarragonPanelOwner.h"
 #include "panels/rules/PanelPlacement.h"
 #include "panels/rules/PanelVisibility.h"
 #include "platform/Platform.h"
@@ -25,6 +26,7 @@
 namespace tarragon {
 
 class AppDelegate;
+class RKMenuBar;
 class TarragonPanel;
 class TarragonPanelController;
 
@@ -34,7 +36,7 @@ class TarragonPanelController;
 class AppController : public MenuReaderOwner,
                       private WindowInFront,
                       private IgnoredPanel,
-                      private TarragonPanelOwner,
+                      private RKMenuBarOwner,
                       private JTWindowInfoDelegate {
 public:
     // The services, the user interface and the delegate outlive the controller.
@@ -51,7 +53,7 @@ public:
     // Builds the reader and what depends on it. Without a reader (no access, or no application in front) nothing is
     // built, until a later call succeeds. Blocks for a second, so that the front application's menu bar has settled.
     void accessibilityCreation();
-    // Closes open menus and drops the panel and the reader.
+    // Closes open menus and drops the bars, the panel and the reader.
     void clearAll();
 
     // The update cycle.
@@ -66,7 +68,7 @@ public:
     void fireFoxSpecial();
     // True when the reader's menu holds an item.
     bool menuPopulated() const;
-    // True while a title of the panel has its menu open.
+    // True while a title of the panel or of a bar has its menu open.
     bool checkIfMenuIsShowing() const;
     // The tick of the update cycle, until stopTimer.
     void startTimer();
@@ -95,7 +97,7 @@ public:
     // The menu that offers to ignore the window in front, at the same place.
     void popUpIgnoreMenu() override;
     // The system's own menu, built afresh.
-    std::shared_ptr<Menu> addTarragonMenuToMenu();
+    std::shared_ptr<Menu> addTarragonMenuToMenu() override;
     // The file URL of the program; empty when its path is unknown.
     std::string appURL() const;
 
@@ -130,6 +132,28 @@ public:
     Rect convertNSToCGRectCoords(const Rect& rectNS);
     // nullptr while there is none.
     TarragonPanel* tarragonPanel() const { return _tarragonPanel.get(); }
+
+    // The bars at the top of the screens other than the first.
+
+    // Makes one for each of these screens, anew where their number has changed, and lets all show the titles of the
+    // application in front. Takes them away where the setting is off; leaves everything as it is on a single screen.
+    // Blocks for a second for every bar that it makes.
+    void setupScreentopTarragonPanel();
+    // Makes all of them anew.
+    void recreateScreentop();
+    // The first bar hides itself.
+    bool screenTopEnabledWithAutohide() const;
+    // Puts the window in front below a bar that stays, unless the user is dragging it or it has refused that before.
+    // True when the window was told to change, which it does in its own time.
+    bool moveAndResizeAppWindowIfOverlappingScreenTop();
+    // Reads the menus again and lets the bars show them: the gradient is drawn by the bars themselves.
+    void addGradientScreenTop();
+    // What the bars do by themselves. These do nothing, on purpose.
+    void addButtonsToScreentopTarragonPanel() { }
+    void updateTarragonSTWindowPositionWithPoint(const Point& /*windowPositionCG*/) { }
+    void setSpacingBetweenSTPanelButtons(double /*spacing*/) { }
+    void slideOutScreenTopMenubar() { }
+    void slideInScreenTopMenubar() { }
 
     // The status item.
 
@@ -174,6 +198,7 @@ private:
     std::optional<std::string> focusedWindowTitle() override;
     bool isFocusedWindowFullScreen() override;
     void orderOut() override;
+    void setStartAtLogin(bool startsAtLogin) override;
     // A mirrored menu has closed.
     void menuHasClosed() override;
     // The user drags a window, and has released the button.
@@ -217,6 +242,19 @@ private:
     [[nodiscard]] bool browserHasMoved(const std::vector<std::string>& appNames);
     // False when the panel was faded out, or is being dragged, so that nothing more is to be done.
     bool updateHorizontalPanel(PanelTickOutcome (*decide)(const PanelTick&));
+
+    // The bars.
+    void setUpBarsOnce();
+    void buildBars(std::size_t screenCount);
+    void dropBars();
+    void showMenuOnBars();
+    ScreenTopBars barsForCloseCheck(std::int32_t focusedWindowScreenArrayOrder) const;
+    void slideAndHideBars();
+    bool barMenuIsShowing() const;
+    void setupBarsForMovedBrowser();
+    void makeRoomForHiddenBar(PanelPlace place, const Rect& windowFrameCG, const Rect& screenRectCG);
+    bool userIsDragging() const;
+    bool askForWindowChange(AskedWindowChange& asked, const Rect& windowFrameCG, const WindowChange& change);
 
     bool readBool(std::string_view key);
     std::int8_t readFontSize(std::string_view key);
@@ -262,6 +300,16 @@ private:
     std::int32_t callsToStartDrag = 0;
     std::int32_t callsToEndDrag = 0;
     std::unique_ptr<JTWindowInfo> _windowInfo;
+
+    // In the order of their screens, from the second screen on; empty while there are none. Shared, so that a walk over
+    // a copy goes on safely when the bars are made anew meanwhile.
+    std::vector<std::shared_ptr<RKMenuBar>> _rkMenuBarArray;
+    std::size_t numScreens = 0; // when they were made
+    bool _isSettingUpBars = false;
+    bool _barsAreOutdated = false; // they are to be set up once more after that
+    ScreenRectMemory _tempSTCGRect;
+    AskedWindowChange _changeBelowBar;
+    AskedWindowChange _changeForHiddenBar;
 
     EventMonitor _mouseUpMonitor = 0;
     std::unique_ptr<Timer> _mainTimer;

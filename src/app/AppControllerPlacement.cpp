@@ -115,7 +115,9 @@ void AppController::updateTarragonWindowPositionWithPoint(const Point& windowPos
         return;
     }
     const Rect windowFrame = _appUIElementInfo->focusedWindowFrameCG();
-    const PanelPlace place = panelPlace(windowFrame, screenRectOfWindowCG(), _preferences._tarragonAlwaysRight);
+    const Rect screenRect = screenRectOfWindowCG();
+    const PanelPlace place = panelPlace(windowFrame, screenRect, _preferences._tarragonAlwaysRight);
+    makeRoomForHiddenBar(place, windowFrame, screenRect);
     if (place == PanelPlace::OnTitleBar)
         placeOnTitleBar(windowPositionCG);
     else
@@ -160,14 +162,15 @@ bool AppController::windowIsTooCloseToTop() {
     if (!_appUIElementInfo)
         return false;
     const std::vector<Screen> screens = _platform.displays.screens();
+    const std::int32_t screenOrder = _appUIElementInfo->focusedWindowScreenArrayOrder();
     const CloseCheck check{
         .horizontal = _preferences._horizontal,
         .hideOnPrimaryTopEdge = _preferences._hideOnPrimaryTopEdge,
         .screenTopEnabled = _preferences._screenTopEnabled,
-        .focusedWindowScreenArrayOrder = _appUIElementInfo->focusedWindowScreenArrayOrder(),
+        .focusedWindowScreenArrayOrder = screenOrder,
         .firstScreenVisibleFrameNS = screens.empty() ? Rect() : screens.front().visibleFrameNS,
         .windowFrameNS = _appUIElementInfo->focusedWindowFrameNS(),
-        .bars = {},
+        .bars = barsForCloseCheck(screenOrder),
     };
     return closesPanel(check);
 }

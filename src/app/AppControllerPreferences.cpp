@@ -54,6 +54,10 @@ void AppController::readButtonStyle() {
         static_cast<std::int32_t>(integerValue(_platform.defaults.value(preference::ButtonStyle))));
 }
 
+void AppController::setStartAtLogin(bool startsAtLogin) {
+    tarragon::setStartAtLogin(_platform.loginItemList, _platform.bundlePath, startsAtLogin);
+}
+
 void AppController::loadDefaults() {
     log(LogCategory::Settings, [] { return "reading every setting"; });
     _preferences._enableHotkey = readBool(preference::EnableHotkey);
@@ -73,7 +77,7 @@ void AppController::loadDefaults() {
     _preferences._fontSizeSmall = readFontSize(preference::FontSizeSmall);
     _preferences._titleFontSizeSmall = readFontSize(preference::TitleFontSizeSmall);
     readButtonStyle();
-    setStartAtLogin(_platform.loginItemList, _platform.bundlePath, readBool(preference::LaunchOnLogin));
+    setStartAtLogin(readBool(preference::LaunchOnLogin));
     readShowApplicationMenu();
     _preferences._screenTopEnabled = readBool(preference::EnableScreenTop);
     _preferences._screenTopAutoHide = readBool(preference::ScreenTopAutoHide);
@@ -133,6 +137,8 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
             // What a narrow window has suspended is not to come back in place of the user's new choice.
             if (row.field == &ControllerPreferences::_tarragonAlwaysRight)
                 _tempAboveTrafficLights = false;
+            if (row.field == &ControllerPreferences::_screenTopEnabled)
+                setupScreentopTarragonPanel();
             applyChangeToPanel();
         }
     }

@@ -91,6 +91,11 @@ void AppController::performTimerBasedUpdateOnce() {
     }
     // One look at the window in front serves all questions about it.
     std::optional<ReadBatch> look(std::in_place, _platform.accessibility, ReadBatchDepth::AsAsked);
+    // What was read of a window that changes is no longer true.
+    if (moveAndResizeAppWindowIfOverlappingScreenTop()) {
+        look.reset();
+        look.emplace(_platform.accessibility, ReadBatchDepth::AsAsked);
+    }
     // This one moves its menus about too, and yet is left to the update after a drag: Thunderbird.
     if (browserHasMoved({"Firefox", "Camino"})) {
         // Which takes a while.
@@ -98,10 +103,12 @@ void AppController::performTimerBasedUpdateOnce() {
         fireFoxSpecial();
         look.emplace(_platform.accessibility, ReadBatchDepth::AsAsked);
     }
+    // While the panel is dragged, and while it steps back for the desktop or a dialog, the bars stay as they are, too.
     if (!updateHorizontalPanel(tickOutcome))
         return;
     if (_preferences._enableButton && !closeCheck())
         updateTarragonWindowPositionWithPoint(_appUIElementInfo->focusedWindowPositionCG());
+    slideAndHideBars();
 }
 
 void AppController::performUpdate() {

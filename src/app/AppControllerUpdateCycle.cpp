@@ -73,6 +73,10 @@ void AppController::handleAppChange(const Notification& notification) {
         _appUIElementInfo->appendAuxiliaryMenuTo(*_appUIElementInfo->menu());
     boldenAppTitleMenu();
     setMenuFont();
+    if (_preferences._screenTopEnabled) {
+        showMenuOnBars();
+        moveAndResizeAppWindowIfOverlappingScreenTop();
+    }
     buildAndPlacePanel();
 }
 
@@ -87,6 +91,7 @@ void AppController::fireFoxSpecial() {
     boldenAppTitleMenu();
     setMenuFont();
     buildAndPlacePanel();
+    setupBarsForMovedBrowser();
 }
 
 bool AppController::menuPopulated() const {
@@ -94,8 +99,9 @@ bool AppController::menuPopulated() const {
 }
 
 bool AppController::checkIfMenuIsShowing() const {
-    return _preferences._horizontal && _preferences._enableButton && _tarragonPanelController
+    const bool panelMenuIsShowing = _preferences._horizontal && _preferences._enableButton && _tarragonPanelController
         && _tarragonPanelController->bShowing();
+    return panelMenuIsShowing || barMenuIsShowing();
 }
 
 } // namespace tarragon

@@ -271,6 +271,7 @@ TEST_F(WindowDragTest, BringsNoPanelBackToADialog) {
 }
 
 TEST_F(WindowDragTest, BringsNoPanelBackOnThePrimaryScreenWhereItStaysOffThat) {
+    set(preference::EnableScreenTop, false);
     fake.displays.setScreens(
         {{{{0, 0}, {1440, 900}}, {{0, 0}, {1440, 878}}}, {{{1440, 0}, {1000, 900}}, {{1440, 0}, {1000, 900}}}});
     set(preference::ShowOnPrimaryScreen, false);
