@@ -73,10 +73,8 @@ void AppController::handleAppChange(const Notification& notification) {
         _appUIElementInfo->appendAuxiliaryMenuTo(*_appUIElementInfo->menu());
     boldenAppTitleMenu();
     setMenuFont();
-    if (_preferences._screenTopEnabled) {
-        showMenuOnBars();
-        moveAndResizeAppWindowIfOverlappingScreenTop();
-    }
+    showMenuOnBars();
+    moveAndResizeAppWindowIfOverlappingScreenTop();
     buildAndPlacePanel();
 }
 
