@@ -73,6 +73,31 @@ void measureIdle(Desktop& desktop, ApplicationKind kind, int seconds) {
     std::fflush(stdout);
 }
 
+// On six monitors, of which five have a bar.
+void measureIdleBars(Desktop& desktop, int seconds) {
+    std::vector<PixelRect> monitors;
+    for (int index = 0; index < 6; ++index)
+        monitors.push_back({index % 3 * 500, index / 3 * 600, 500, 600});
+    desktop.display().setMonitors(monitors, 0);
+    double withBars = 0;
+    double without = 0;
+    {
+        const TestApplication application(desktop, ApplicationKind::Mousepad);
+        Agent agent(desktop, usualHotKey(), E2E_TARRAGON, Panel::TitlesInLog);
+        Panel panel(desktop.display(), agent);
+        waitForPanel(panel, application.expectedTitles());
+        withBars = costOfTick(agent, seconds);
+        agent.preferences().set("EnableScreenTop", false);
+        without = costOfTick(agent, seconds);
+        agent.preferences().set("EnableScreenTop", true);
+    }
+    desktop.display().setOneMonitor();
+    std::printf("Idle over mousepad on six monitors for %d s: %.3f ms of processor time a tick with five bars, "
+                "%.3f ms without\n",
+        seconds, withBars, without);
+    std::fflush(stdout);
+}
+
 // With an agent that makes no pause for late menu bars.
 void measureSwitches(Desktop& desktop, int switches) {
     TestApplication first(desktop, ApplicationKind::Mousepad);
@@ -158,7 +183,7 @@ void measurePresses(Desktop& desktop, ApplicationKind kind, int presses) {
 
 } // namespace
 
-// Usage: bench_panel [idle|switches|presses], all of them unless told.
+// Usage: bench_panel [idle|bars|switches|presses], all of them unless told.
 int main(int argumentCount, char** arguments) {
     const std::string only = argumentCount > 1 ? arguments[1] : "";
     const auto isWanted = [&](const char* part) { return only.empty() || only == part; };
@@ -168,6 +193,8 @@ int main(int argumentCount, char** arguments) {
             for (const ApplicationKind kind : {ApplicationKind::Mousepad, ApplicationKind::Geany})
                 measureIdle(desktop, kind, 30);
         }
+        if (isWanted("bars"))
+            measureIdleBars(desktop, 30);
         if (isWanted("switches"))
             measureSwitches(desktop, 100);
         if (isWanted("presses")) {
