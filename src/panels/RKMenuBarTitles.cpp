@@ -109,6 +109,9 @@ void RKMenuBar::addButtonsToScreentopTarragonPanel() {
     }
     if (subviews.size() >= 2)
         _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
+    Rect bunchFrame = _bunchButton->frame();
+    bunchFrame.size.width = barBunchWidth(bunchFrame.origin.x, bunchFrame.size.width, width);
+    _bunchButton->setFrame(bunchFrame);
     _tarragonSTPanel->setSubviews(std::move(subviews));
     _tarragonSTPanelController->takeOverOpenMenu();
     log(LogCategory::Panel, [this] {

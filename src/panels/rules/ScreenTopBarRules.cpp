@@ -8,6 +8,8 @@ namespace tarragon {
 
 namespace {
 
+constexpr double RoomBesideTitle = 16; // both sides together
+
 bool overlap(const Rect& one, const Rect& other) {
     return one.origin.x < other.origin.x + other.size.width && other.origin.x < one.origin.x + one.size.width
         && one.origin.y < topNS(other) && other.origin.y < topNS(one);
@@ -79,7 +81,11 @@ BarTitle barTitle(const std::string& title, const std::string& menuTitle) {
 }
 
 double barTitleWidth(const BarTitle& title, double fittingWidth) {
-    return title.isLogo ? 35 : fittingWidth + 16;
+    return title.isLogo ? 35 : fittingWidth + RoomBesideTitle;
+}
+
+double barBunchWidth(double x, double fittingWidth, std::int32_t screenWidth) {
+    return std::max(fittingWidth, std::min(fittingWidth + RoomBesideTitle, screenWidth - x));
 }
 
 BarLayout layOutBar(std::int32_t screenWidth, const std::vector<double>& widths) {

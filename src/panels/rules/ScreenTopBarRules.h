@@ -79,6 +79,9 @@ BarTitle barTitle(const std::string& title, const std::string& menuTitle);
 // The width of a title's button; fittingWidth shows the whole title.
 double barTitleWidth(const BarTitle& title, double fittingWidth);
 
+// The width of the button of the bunch menu at an x of the bar: that of a title, as far as there is room.
+double barBunchWidth(double x, double fittingWidth, std::int32_t screenWidth);
+
 struct BarLayout {
     // x at which each title is made, before the 5 points that its frame adds; only of those that fit, in order.
     std::vector<std::int32_t> positions;

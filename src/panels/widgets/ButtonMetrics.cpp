@@ -14,6 +14,9 @@ constexpr double UsualHeight = 18;
 // As much as there is above a button's origin in a panel.
 constexpr double LargestHeight = 21;
 
+// Titles of a bar reach beyond the top of it, which is that of the screen: there the pointer is pushed to.
+constexpr double HeightOnBar = 23;
+
 // Beside the title, on both sides together.
 double padding(const ButtonContent& button) {
     switch (button.look) {
@@ -42,12 +45,13 @@ double padding(const ButtonContent& button) {
 } // namespace
 
 Size buttonSizeThatFits(const ButtonContent& button, double widestTitle) {
+    const bool isOnBar = button.look == ButtonLook::ScreenTopBar;
     if (button.title == LogoTitle)
-        return {std::ceil(logoSize().width()) + padding(button), UsualHeight};
+        return {std::ceil(logoSize().width()) + padding(button), isOnBar ? HeightOnBar : UsualHeight};
     TitleLine title(button);
     title.limitWidth(widestTitle);
-    return {
-        std::ceil(title.width()) + padding(button), std::clamp(std::ceil(title.height()), UsualHeight, LargestHeight)};
+    const double height = std::clamp(std::ceil(title.height()), UsualHeight, LargestHeight);
+    return {std::ceil(title.width()) + padding(button), isOnBar ? HeightOnBar : height};
 }
 
 } // namespace tarragon

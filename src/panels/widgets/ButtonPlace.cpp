@@ -30,7 +30,12 @@ ButtonPlace placeOf(const ButtonContent& button, const QSize& panelSize) {
     const QRect panel(QPoint(0, 0), panelSize);
     const QRect frame = frameInWidget(button.frame, panelSize.height());
     const QRect visible = frame.intersected(panel);
-    if (visible.isEmpty() || button.title == LogoTitle)
+    if (visible.isEmpty())
+        return {frame, visible};
+    // Titles of a bar are in line with each other, wherever their buttons are.
+    if (button.look == ButtonLook::ScreenTopBar)
+        return {frame, QRect(visible.left(), 0, visible.width(), panel.height())};
+    if (button.title == LogoTitle)
         return {frame, visible};
     return {frame, highEnoughFor(button, visible, panel)};
 }

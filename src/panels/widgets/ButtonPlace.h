@@ -12,7 +12,8 @@ namespace tarragon {
 // Where a button is drawn, in points from the panel's top-left corner, y down.
 struct ButtonPlace {
     QRect frame; // as the button has it, each edge at the nearest whole point; may reach beyond the panel
-    QRect visible; // what is drawn of it: in the panel, and high enough for a line of the title
+    // What is drawn of it: in the panel, and high enough for a line of the title. As high as the panel in a bar.
+    QRect visible;
 };
 
 // In a panel of that size. visible is empty when nothing is to be seen of the button.

@@ -37,6 +37,7 @@ void strokeOutline(QPainter& painter, const QRectF& rect, const QColor& color) {
     painter.strokePath(path, QPen(color, pixel));
 }
 
+// Under a dark theme as well: a bright line would be the brightest thing on the bar.
 void drawBottomRule(QPainter& painter, const QRectF& rect, const QColor& color) {
     // The line runs along the edge, so that half of it is seen.
     const double height = PixelGrid(painter).line(BottomRuleWidth / 2);
@@ -66,7 +67,7 @@ void paintBackground(QPainter& painter, const ZDGradientView& background, const 
         strokeOutline(painter, rect, colours.color(DarkGrey));
     } else {
         painter.fillRect(rect, gradient);
-        drawBottomRule(painter, rect, colours.black());
+        drawBottomRule(painter, rect, Qt::black);
     }
     painter.restore();
 }

@@ -54,10 +54,6 @@ double TitleLine::baselineAround(double middle) const {
     return middle + QFontMetricsF(_font).capHeight() / 2;
 }
 
-double TitleLine::baselineBelow(double top) const {
-    return top + QFontMetricsF(_font).ascent();
-}
-
 double TitleLine::baselineInside(const QRectF& room, double baseline) const {
     return std::max(std::min(baseline, room.bottom() - _below), room.top() + _above);
 }

@@ -24,8 +24,6 @@ public:
 
     // The height of the baseline that puts the capitals in the middle of that height.
     double baselineAround(double middle) const;
-    // The height of the baseline when the line begins at that height.
-    double baselineBelow(double top) const;
 
     // Draws the title with its left end there, moved up or down where it would leave a room that is high enough for it.
     // Right-to-left titles are drawn from right to left. With an edge, one point below the

@@ -119,15 +119,15 @@ TEST_F(BarTitlesTest, FitUpToTheLimitAndNoFurther) {
 TEST_F(BarTitlesTest, AreFollowedByTheBunchButtonWhichLooksLikeThem) {
     makeBarOf("Mail", {"File", titleEndingAt(1250)});
     EXPECT_EQ(titleFrame("File"), (Rect{{5, 1}, {58, 18}}));
-    // Not widened, and a little higher.
-    EXPECT_EQ(titleFrame(Overflow), (Rect{{68, 3}, {34, 18}}));
+    // A little higher.
+    EXPECT_EQ(titleFrame(Overflow), (Rect{{68, 3}, {50, 18}}));
     EXPECT_EQ(window().button(Overflow)->look, ButtonLook::ScreenTopBar);
 }
 
 TEST_F(BarTitlesTest, LeaveTheBunchButtonAtItsOwnPlaceWhenNoneFits) {
     makeBarOf("Mail", {titleEndingAt(1266), "File"});
     EXPECT_THAT(window().titles(), ElementsAre(Overflow));
-    EXPECT_EQ(titleFrame(Overflow), (Rect{{5, 1}, {34, 18}}));
+    EXPECT_EQ(titleFrame(Overflow), (Rect{{5, 1}, {50, 18}}));
 }
 
 TEST_F(BarTitlesTest, AllComeBackWhenThereIsRoom) {

@@ -261,6 +261,14 @@ TEST(BarTitle, IsSixteenPointsWiderThanItsTextAndTheLogoAlways35) {
     EXPECT_EQ(barTitleWidth(barTitle("\xEF\xA3\xBF", "Editor"), 30.5), 35);
 }
 
+TEST(BarTitle, OfTheBunchIsAsWideAsOthersWhereThereIsRoom) {
+    EXPECT_EQ(barBunchWidth(100, 10, 700), 26);
+    EXPECT_EQ(barBunchWidth(674, 10, 700), 26);
+    EXPECT_EQ(barBunchWidth(680, 10, 700), 20);
+    EXPECT_EQ(barBunchWidth(695, 10, 700), 10);
+    EXPECT_EQ(barBunchWidth(5, 10, 0), 10);
+}
+
 TEST(BarLayout, PutsTitlesBesideEachOtherWithoutAGap) {
     EXPECT_EQ(layOutBar(1000, {35, 46.5, 60.75, 20}), (BarLayout{{0, 35, 81, 141}, std::nullopt}));
     EXPECT_EQ(layOutBar(1000, {}), (BarLayout{{}, std::nullopt}));

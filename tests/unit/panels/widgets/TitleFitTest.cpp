@@ -2,6 +2,7 @@
 #include "fake/FakeDisplays.h"
 #include "panels/widgets/ButtonPlace.h"
 #include "panels/widgets/QtPanelToolkit.h"
+#include "panels/widgets/ScreenTopTitlePainter.h"
 #include "panels/widgets/TitleFonts.h"
 #include "panels/widgets/TitleLine.h"
 
@@ -91,8 +92,42 @@ TEST(TitleFit, NeverCutsATitleOff) {
     }
 }
 
+TEST(TitleFit, ShowsTheSameInkInABarAsWithoutItsEdges) {
+    const Look& bar = looks[7];
+    const QSize panel = panelSize(bar);
+    for (int size = 9; size <= 24; ++size) {
+        for (const std::string& title : titles) {
+            const ButtonContent content = button(bar, title, size, false);
+            QImage whole(panel + QSize(2 * Beyond, 2 * Beyond), QImage::Format_ARGB32_Premultiplied);
+            whole.fill(Qt::transparent);
+            QPainter painter(&whole);
+            painter.translate(Beyond, Beyond);
+            paintScreenTopTitle(painter, content, placeOf(content, panel), lightPalette());
+            painter.end();
+            const QRect ink = inkOf(whole).translated(-Beyond, -Beyond);
+            const QImage cut = paintedPanel(panelWith({content}), panel);
+            EXPECT_EQ(inkOf(cut), ink) << size << ' ' << title;
+            EXPECT_TRUE(QRect(QPoint(0, 0), panel).contains(ink)) << size << ' ' << title;
+        }
+    }
+}
+
+TEST(TitleFit, KeepsTheCapitalsInTheMiddleOfABarInEveryFont) {
+    const Look& bar = looks[7];
+    for (int size = 9; size <= 18; ++size) {
+        ButtonContent content = button(bar, "HHH", size, false);
+        const QRect ink = inkOf(paintedPanel(panelWith({content}), panelSize(bar)));
+        EXPECT_NEAR((ink.top() + ink.bottom() + 1) / 2.0, 11, 0.5) << size;
+        // Wherever its button is.
+        content.frame.origin.y = 3;
+        EXPECT_EQ(inkOf(paintedPanel(panelWith({content}), panelSize(bar))), ink) << size;
+    }
+}
+
 TEST(TitleFit, ShowsTheSameInkInAPanelAsWithoutItsEdges) {
     for (const Look& look : looks) {
+        if (look.look == ButtonLook::ScreenTopBar)
+            continue;
         for (int size = 9; size <= 24; ++size) {
             for (const std::string& title : titles) {
                 ButtonContent content = button(look, title, size, false);

@@ -142,6 +142,32 @@ TEST(ScreenTopTitlePainter, BeginsItsTitleAtTheLeft) {
     EXPECT_NEAR((narrow.top() + narrow.bottom() + 1) / 2.0, 11, 1.5); // the middle of the bar
 }
 
+TEST(ScreenTopTitlePainter, DrawsATitleInTheMiddleWhereThereIsLessRoom) {
+    ButtonContent button = buttonTitled("\u25BF", ButtonLook::ScreenTopBar);
+    const double fitting = button.frame.size.width;
+    for (const double width : {fitting, fitting + 4, fitting + 8}) {
+        const QRect ink = inkOf(paintedPanel(panelWith({wide(button, width)}), Bar));
+        ASSERT_FALSE(ink.isNull()) << width;
+        EXPECT_NEAR(ink.left() - 5, 5 + width - ink.right() - 1, 2) << width;
+    }
+}
+
+TEST(ScreenTopTitlePainter, LeavesRoomBesideATitleThatIsTooLong) {
+    ButtonContent button = buttonTitled("A title that goes on and on", ButtonLook::ScreenTopBar);
+    const QRect ink = inkOf(paintedPanel(panelWith({wide(button, 90)}), Bar));
+    EXPECT_GE(ink.left(), 5 + 7);
+    EXPECT_LE(ink.right(), 5 + 90 - 8);
+}
+
+TEST(ScreenTopTitlePainter, ReachesFromTheTopEdgeToTheRuleBelowWhenPressed) {
+    ButtonContent button = buttonTitled("HHH", ButtonLook::ScreenTopBar);
+    EXPECT_EQ(button.frame.size.height, 23);
+    button.highlighted = true;
+    EXPECT_EQ(inkOf(paintedPanel(panelWith({wide(button, 80)}), Bar)), QRect(5, 0, 80, 21));
+    button.title = LogoTitle;
+    EXPECT_EQ(buttonSizeThatFits(button, 1000).height, 23);
+}
+
 TEST(ScreenTopTitlePainter, DrawsTheLogoAtItsPlace) {
     ButtonContent button = buttonTitled(LogoTitle, ButtonLook::ScreenTopBar);
     button.frame = {{5, 1}, {35, 18}};
