@@ -1,18 +1,18 @@
-// Draws contact sheets of panels in all their looks, one picture for each theme and scale, into the folder named.
+// Draws contact sheets of panels and screen-top bars in all their looks, one picture for each theme and scale, into the
+// folder named.
 
+#include "BarPictures.h"
+#include "Sheet.h"
 #include "panels/widgets/ButtonMetrics.h"
-#include "panels/widgets/PanelPainter.h"
 
-#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <QApplication>
 #include <QDir>
-#include <QImage>
-#include <QPainter>
 #include <QStyle>
 
 namespace tarragon {
@@ -67,65 +67,11 @@ PanelContent row(const Titles& titles, const Style& style, double fontSize, bool
     return content;
 }
 
-PanelContent screenTopBar(const Titles& titles) {
-    PanelContent content;
-    content.background = {.startingColor = {0.807, 1},
-        .endingColor = Grey{0.98, 1},
-        .angle = 90,
-        .showGradient = true,
-        .roundedCorners = false};
-    double x = 0;
-    for (std::size_t index = 0; index < titles.size(); ++index) {
-        ButtonContent button;
-        button.title = titles[index] + (index == 1 ? "  " : "");
-        button.look = ButtonLook::ScreenTopBar;
-        button.font.bold = index == 1;
-        button.highlighted = index == 2;
-        Size size = buttonSizeThatFits(button, 1000);
-        size.width = button.title == LogoTitle ? 35 : size.width + 16;
-        button.frame = {{x + 5, 1}, size};
-        x = std::trunc(x + size.width);
-        content.buttons.push_back(button);
-    }
-    return content;
-}
-
 const Titles english = {"Mousepad", "File", "Edit", "View", "Typography", LogoTitle, "\u25BF"};
 const Titles german = {"Übersicht", "Ändern", "Größe", "Schriftzüge", "Extras", "Hilfe"};
 const Titles rightToLeft = {"ملف", "تحرير", "עריכה", "תצוגה", "Help"};
 
-class Sheet {
-public:
-    Sheet(QImage& image, const QPalette& palette)
-        : _painter(&image)
-        , _palette(palette) {
-        image.fill(palette.color(QPalette::Window));
-    }
-
-    void add(const std::string& name, const PanelContent& content, const QSize& size, bool nextColumn = false) {
-        if (nextColumn) {
-            _left += 640;
-            _top = 8;
-        }
-        _painter.setFont(QFont("DejaVu Sans", 7));
-        _painter.setPen(_palette.color(QPalette::WindowText));
-        _painter.drawText(QPointF(_left, _top + 16), QString::fromStdString(name));
-        _painter.save();
-        _painter.translate(_left + 145, _top);
-        _painter.setClipRect(QRect(QPoint(0, 0), size));
-        paintPanel(_painter, content, size, _palette);
-        _painter.restore();
-        _top += size.height() + 8;
-    }
-
-private:
-    QPainter _painter;
-    QPalette _palette;
-    int _left = 8;
-    int _top = 8;
-};
-
-void draw(Sheet& sheet) {
+void drawPanels(Sheet& sheet) {
     const QSize panel(480, 24);
     for (const Style& style : styles()) {
         for (const bool gradient : {true, false})
@@ -134,16 +80,14 @@ void draw(Sheet& sheet) {
     sheet.add("German", row(german, styles()[0], 12, true), panel);
     sheet.add("right to left", row(rightToLeft, styles()[0], 12, true), panel);
     sheet.add("right to left, 5", row(rightToLeft, styles().back(), 12, true), panel);
-    Titles bar = english;
-    std::swap(bar[5], bar[4]);
-    std::rotate(bar.begin(), bar.begin() + 4, bar.begin() + 5);
-    sheet.add("screen-top bar", screenTopBar(bar), {480, 22});
     bool nextColumn = true;
     for (const double size : {9, 13, 18, 24}) {
         for (const std::size_t index : {0, 1, 2, 3, 4}) {
-            sheet.add(styles()[index].name + ", " + std::to_string(int(size)),
-                row({"Ågypt", "File", "Edit", "Größe"}, styles()[index], size, true), panel, nextColumn);
+            if (nextColumn)
+                sheet.beginColumn(640);
             nextColumn = false;
+            sheet.add(styles()[index].name + ", " + std::to_string(int(size)),
+                row({"Ågypt", "File", "Edit", "Größe"}, styles()[index], size, true), panel);
         }
     }
     for (const bool open : {false, true}) {
@@ -180,17 +124,19 @@ int main(int argumentCount, char** arguments) {
         std::cerr << "Cannot make the folder " << arguments[1] << '\n';
         return 1;
     }
+    const std::tuple<const char*, void (*)(Sheet&), QSize> sheets[] = {
+        {"panels", drawPanels, {1290, 680}}, {"bars", drawBars, {870, 620}}};
     const QPalette light = QApplication::style()->standardPalette();
     for (const auto& [theme, palette] : {std::pair("light", light), std::pair("dark", darkPalette())}) {
         for (const double scale : {1.0, 1.5, 2.0}) {
-            QImage image(QSize(1290, 710) * scale, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(scale);
-            Sheet sheet(image, palette);
-            draw(sheet);
-            const QString file = folder.filePath(QString("panels-%1-%2.png").arg(theme).arg(scale));
-            if (!image.save(file)) {
-                std::cerr << "Cannot write " << file.toStdString() << '\n';
-                return 1;
+            for (const auto& [name, draw, size] : sheets) {
+                const QString file = folder.filePath(QString("%1-%2-%3.png").arg(name, theme).arg(scale));
+                Sheet sheet(size, scale, palette);
+                draw(sheet);
+                if (!sheet.save(file)) {
+                    std::cerr << "Cannot write " << file.toStdString() << '\n';
+                    return 1;
+                }
             }
         }
     }
