@@ -328,6 +328,13 @@ TEST(QtPanelToolkit, MakesOrdinaryWindowsWithoutSurfaces) {
     EXPECT_THAT(log.lines(), ElementsAre("panel: the desktop takes a panel for an ordinary window"));
 }
 
+TEST(QtPanelToolkit, NamesItsWindowsForThoseWhoListThem) {
+    FakeDisplays displays;
+    RecordingHandler handler;
+    const auto window = QtPanelToolkit(displays, nullptr).makeWindow(handler, "TarragonSTPanel128");
+    EXPECT_EQ(dynamic_cast<QtPanelWindow&>(*window).widget().windowTitle(), "TarragonSTPanel128");
+}
+
 TEST(QtPanelToolkit, KnowsTheSizeOfTheDesktopsTitleBars) {
     FakeDisplays displays;
     QtPanelToolkit toolkit(displays, nullptr);
