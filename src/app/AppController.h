@@ -234,7 +234,6 @@ private:
     TarragonHackButton::Surroundings titleSurroundings();
     std::shared_ptr<TarragonHackButton> makeTitle(const MenuItem& item, double x);
     void dressTitle(TarragonHackButton& title);
-    std::string describeTitles() const;
     MenuFont menuBarFont() const;
     MenuFont titleFont(const std::string& title);
     void placeOnTitleBar(const Point& windowPositionCG);

@@ -12,7 +12,6 @@
 #include "platform/PreferenceKeys.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <string>
 #include <utility>
@@ -244,7 +243,7 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
         _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
     _tarragonPanel->setSubviews(std::move(subviews));
     _tarragonPanelController->takeOverOpenMenu();
-    log(LogCategory::Panel, [this] { return describeTitles(); });
+    log(LogCategory::Panel, [this] { return _tarragonPanel->describeTitles(); });
     const Point origin = _tarragonPanel->frame().origin;
     _tarragonPanel->setFrameAnimated({origin, {static_cast<double>(width), HorizontalPanelHeight}});
 
@@ -257,18 +256,6 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
         _tarragonPanel->fadeIntoView();
         _tarragonPanel->orderFrontRegardless();
     }
-}
-
-// From where to where each of them reaches in the panel.
-std::string AppController::describeTitles() const {
-    std::string titles;
-    for (const auto& subview : _tarragonPanel->subviews()) {
-        const Rect& frame = subview->frame();
-        titles += titles.empty() ? "titles: " : ", ";
-        titles += '"' + subview->title() + "\" " + std::to_string(std::lround(frame.origin.x)) + " to ";
-        titles += std::to_string(std::lround(frame.origin.x + frame.size.width));
-    }
-    return titles.empty() ? "no titles" : titles;
 }
 
 void AppController::changeToButtonTGMenuFont() {
