@@ -58,7 +58,7 @@ void ButtonPanel::setFrameOrigin(const Point& originNS) {
     applyFrame();
 }
 
-void ButtonPanel::setFrameOriginAnimated(const Point& originNS, std::function<void()> arrived) {
+void ButtonPanel::setFrameOriginAnimated(const Point& originNS, const std::function<void()>& arrived) {
     if (!isSeen()) {
         setFrameOrigin(originNS);
         arrived();

@@ -30,7 +30,7 @@ public:
     void setFrameOrigin(const Point& originNS);
     // Goes there bit by bit; at once where nobody sees it. arrived is called in the end, but not when another frame or
     // origin comes before.
-    void setFrameOriginAnimated(const Point& originNS, std::function<void()> arrived);
+    void setFrameOriginAnimated(const Point& originNS, const std::function<void()>& arrived);
     void setFrameTopLeftPoint(const Point& pointNS);
 
     bool isVisible() const { return _visible; }

@@ -176,15 +176,17 @@ void RKMenuBar::updateTarragonSTWindowPosition() {
     const Rect screenFrame = screenFrameNS();
     if (std::exchange(_screenTopLastScreenFrame, screenFrame) != screenFrame)
         log(LogCategory::Panel, [&] { return describePlace(displayScreen, screenFrame); });
-    if (_tarragonSTPanel) {
-        // Whether the bar hides itself may have changed, and with it whether room is kept free for it.
+    // Whether the bar hides itself may have changed, and with it whether room is kept free for it. It is a dock in its
+    // place alone, neither on the way there nor above the screen.
+    if (_tarragonSTPanel && _screenTopAutoHide)
         _tarragonSTPanel->setLevel(levelOfBar());
+    if (_tarragonSTPanel)
         _tarragonSTPanel->orderFrontRegardless();
-    }
     addGradientScreenTop();
     if (!_tarragonSTPanel)
         return;
     setBarFrame(placedBarFrameNS(screenFrame, _tarragonSTPanel->frame().size, _screenTopAutoHide, _screenTopSlidIn));
+    _tarragonSTPanel->setLevel(levelOfBar());
     slideOutCheck();
     _tarragonSTPanel->setAlphaValue(alphaOfPlacedBar(_screenTopTransparency));
 }

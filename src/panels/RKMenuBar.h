@@ -81,14 +81,14 @@ public:
     // keyPath is "values." followed by the key that has changed.
     void observeValueForKeyPath(const std::string& keyPath);
 
-    // Nothing calls these but whoever wants the bar to differ from how it is at its start.
+    // Single steps of the above, and what else can be asked of a bar.
 
     // Shows the menu of the application itself in bold.
     void boldenAppTitleMenu();
     void applyStyle(std::int64_t style, PanelButton& button) const;
     // Leaves every title where it is.
     void setSpacingBetweenSTPanelButtons(double spacing);
-    // Below everything but the window in front, whether the bar hides itself or not.
+    // Directly above the window in front until the level is chosen anew, whether the bar hides itself or not.
     void resetLevels();
     // The system's own menu, built afresh.
     std::shared_ptr<Menu> addTarragonMenuToMenu();

@@ -23,6 +23,7 @@ public:
     void setFrame(const Rect& frameNS) override {
         _window.frameNS = frameNS;
         _window.frames.push_back(frameNS);
+        _window.told.emplace_back("frame");
     }
     void orderFront() override {
         _window.visible = true;

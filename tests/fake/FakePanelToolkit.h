@@ -25,7 +25,7 @@ public:
         PanelContent content;
         int timesDisplayed = 0;
         std::vector<Rect> frames; // every one that was set
-        std::vector<std::string> told; // "front", "out" and "level", in order
+        std::vector<std::string> told; // "front", "out", "level" and "frame", in order
 
         // As a user sees it.
         bool isSeen() const { return handler && visible && alpha > 0; }

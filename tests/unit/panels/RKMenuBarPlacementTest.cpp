@@ -71,6 +71,18 @@ TEST_F(BarPlacementTest, GivesItsRoomBackWithThePlacementAfterItWasToldToHide) {
     EXPECT_TRUE(isShown());
 }
 
+TEST_F(BarPlacementTest, IsADockInItsPlaceAlone) {
+    makePlacedBar();
+    set("ScreenTopAutoHide", true);
+    window().told.clear();
+    bar->updateTarragonSTWindowPosition();
+    EXPECT_THAT(window().told, ElementsAre("out", "level", "front", "front", "frame", "front", "level"));
+    set("ScreenTopAutoHide", false);
+    window().told.clear();
+    bar->updateTarragonSTWindowPosition();
+    EXPECT_THAT(window().told, ElementsAre("front", "frame", "front", "out", "level", "front"));
+}
+
 TEST_F(BarPlacementTest, GetsALevelOfItsOwnOnRequest) {
     bar = newBar();
     bar->resetLevels();
