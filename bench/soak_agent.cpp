@@ -93,9 +93,11 @@ int main(int, char** arguments) {
     MessagePanels panels("soak");
     QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);
     NoUpdates updates;
-    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, {});
+    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, {}, std::cerr);
     desktop.watchTermination([&] { delegate.terminate(); });
     runLoop.post([&] {
+        if (!delegate.loadMainInterface())
+            return;
         delegate.applicationWillFinishLaunching();
         // After the controller, so that the switch has been handled by then.
         platform.notificationCenter.addObserver(ZDAppChangeNotifier::ZDAppChanged, nullptr,

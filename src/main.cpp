@@ -52,10 +52,12 @@ int runAgent(DesktopSession& desktop) {
         .runningVersion = TARRAGON_VERSION,
         .builtInFeed = TARRAGON_UPDATE_FEED});
     QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);
-    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, desktop.settingsURL());
+    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, desktop.settingsURL(), std::cerr);
     desktop.watchReopen([&] { delegate.applicationShouldHandleReopen(); });
     desktop.watchTermination([&] { delegate.terminate(); });
     platform.runLoop.post([&] {
+        if (!delegate.loadMainInterface())
+            return;
         delegate.applicationWillFinishLaunching();
         delegate.applicationDidFinishLaunching();
     });

@@ -12,6 +12,7 @@
 #include "panels/rules/PanelPlacement.h"
 #include "panels/rules/PanelVisibility.h"
 #include "platform/Platform.h"
+#include "triggers/JTMouseHotKeyDelegate.h"
 #include "triggers/JTWindowInfo.h"
 #include "triggers/JTWindowInfoDelegate.h"
 #include "triggers/ZDAppChangeNotifier.h"
@@ -34,6 +35,7 @@ class TarragonPanelController;
 // settings, and puts the mirrored menu on the screen. Implemented in one file per area. Main thread only; lives as long
 // as the process, for its observers are never removed.
 class AppController : public MenuReaderOwner,
+                      public JTMouseHotKeyDelegate,
                       private WindowInFront,
                       private IgnoredPanel,
                       private RKMenuBarOwner,
@@ -181,6 +183,8 @@ public:
 
     // The hot key: registers it anew from the settings, or unregisters it.
     void installCarbonHotKeyHandler();
+    // Opens the mirrored menu at the pointer, where the trigger is switched on and this is its button.
+    void mouseHotKeyMouseButtonActioned(JTMouseHotKey& mouseHotKey, std::uint32_t buttonNumber) override;
 
     // The settings.
 

@@ -12,13 +12,14 @@
 
 namespace tarragon {
 
-AppDelegate::AppDelegate(
-    const Platform& platform, const UserInterface& userInterface, UpdateChecker& updateChecker, std::string settingsURL)
+AppDelegate::AppDelegate(const Platform& platform, const UserInterface& userInterface, UpdateChecker& updateChecker,
+    std::string settingsURL, std::ostream& standardError)
     : _platform(platform)
     , _userInterface(userInterface)
     , _panels(userInterface.panels)
     , _updateChecker(updateChecker)
-    , _settingsURL(std::move(settingsURL)) {
+    , _settingsURL(std::move(settingsURL))
+    , _mouseHotKey(platform.inputEvents, platform.runLoop, standardError) {
     setupPreferenceDefaults(_platform.defaults);
 }
 
@@ -29,6 +30,10 @@ void AppDelegate::setupPreferenceDefaults(Defaults& defaults) {
     defaults.setInitialValues(registeredPreferences());
 }
 
+bool AppDelegate::loadMainInterface() {
+    return _mouseHotKey.awakeFromNib();
+}
+
 void AppDelegate::applicationWillFinishLaunching() {
     if (_appController)
         return;
@@ -37,6 +42,11 @@ void AppDelegate::applicationWillFinishLaunching() {
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
+    welcomeOnFirstLaunch();
+    _mouseHotKey.setDelegate(_appController.get());
+}
+
+void AppDelegate::welcomeOnFirstLaunch() {
     if (boolValue(_platform.defaults.value(preference::FirstRun)))
         return;
     writeFirstRun(true);
@@ -58,6 +68,7 @@ bool AppDelegate::applicationShouldHandleReopen() {
 bool AppDelegate::applicationShouldTerminate() {
     if (_appController)
         _appController->clearAll();
+    _mouseHotKey.killTap();
     return true;
 }
 

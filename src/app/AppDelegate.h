@@ -2,9 +2,11 @@
 
 #include "app/UserInterface.h"
 #include "platform/Platform.h"
+#include "triggers/JTMouseHotKey.h"
 #include "updates/UpdateChecker.h"
 
 #include <cstdint>
+#include <iosfwd>
 #include <memory>
 #include <string>
 
@@ -17,9 +19,10 @@ class AppController;
 class AppDelegate {
 public:
     // Registers the default settings first, before anything reads one. Everything passed in outlives the delegate.
-    // settingsURL is where the user finds the stored settings.
+    // settingsURL is where the user finds the stored settings. standardError gets what a program that cannot start has
+    // to say.
     AppDelegate(const Platform& platform, const UserInterface& userInterface, UpdateChecker& updateChecker,
-        std::string settingsURL);
+        std::string settingsURL, std::ostream& standardError);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -27,14 +30,18 @@ public:
     // Registers the 33 settings with their defaults, and the same values as those that a reset restores.
     static void setupPreferenceDefaults(Defaults& defaults);
 
+    // Makes what is there before the controller: the mouse-button trigger. False when that cannot be had: the program
+    // is ending then, and is not to be launched.
+    [[nodiscard]] bool loadMainInterface();
     // Creates the controller, and with it everything else, unless there is one.
     void applicationWillFinishLaunching();
-    // The first launch opens the help. Without access the help has nothing to explain yet: the launch does not count
-    // then, and the next one is the first again. After applicationWillFinishLaunching.
+    // The first launch opens the help, and the mouse-button trigger begins to act. Without access the help has nothing
+    // to explain yet: the launch does not count then, and the next one is the first again. After
+    // applicationWillFinishLaunching.
     void applicationDidFinishLaunching();
     // The program was started again while it runs. False: there is nothing more to do.
     bool applicationShouldHandleReopen();
-    // Drops what the controller holds. True: the program may end at once.
+    // Drops what the controller holds and stops listening to the mouse. True: the program may end at once.
     bool applicationShouldTerminate();
 
     // Asks for the permission when the accessibility interface is neither switched on nor open to this process.
@@ -58,6 +65,7 @@ public:
 
 private:
     bool accessibilityIsMissing();
+    void welcomeOnFirstLaunch();
     void writeFirstRun(bool value);
     void showAccessibilityAlert();
     void showUpdateOutcome(const UpdateOutcome& outcome);
@@ -67,6 +75,7 @@ private:
     UserPanels& _panels;
     UpdateChecker& _updateChecker;
     std::string _settingsURL;
+    JTMouseHotKey _mouseHotKey;
     std::unique_ptr<AppController> _appController;
     bool _restarts = false; // a fresh copy was asked for
 };

@@ -113,7 +113,8 @@ TEST_F(StatusItemTest, DoesWhatItsItemsSay) {
 
 TEST_F(StatusItemTest, DoesWithoutAPlaceForIt) {
     platform.statusItems = nullptr;
-    AppDelegate another(platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist");
+    AppDelegate another(
+        platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist", standardError);
     const RecordingLog log(LogCategory::Panel);
     another.applicationWillFinishLaunching();
     EXPECT_THAT(log.lines(), Contains(HasSubstr("no status item")));

@@ -264,7 +264,7 @@ TEST_F(RestartTest, EndsOnADesktopThatTellsNothingOfProcesses) {
     FakePlatform desktop;
     Platform without = desktop.platform();
     without.process = nullptr;
-    AppDelegate other(without, {desktop.menuPresenter, panelToolkit, panels}, updateChecker, "");
+    AppDelegate other(without, {desktop.menuPresenter, panelToolkit, panels}, updateChecker, "", standardError);
     EXPECT_EQ(other.memoryUsed(), 0U);
     other.restartAppUsingSUUpdater();
     EXPECT_EQ(desktop.runLoop.exitStatus(), 0);

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -47,7 +48,8 @@ protected:
     AppTest()
         : platform(fake.platform())
         , mail(fake.addApplication("Mail"))
-        , delegate(platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist") {
+        , delegate(platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist",
+              standardError) {
         mail.menu("File").item("New").item("Close");
         mail.menu("Edit").item("Copy").item("Paste");
         inbox = mail.window({.title = "Inbox", .positionCG = Point{100, 200}, .size = Size{900, 500}});
@@ -85,6 +87,7 @@ protected:
     Platform platform;
     FakeApplication mail;
     Element inbox; // its window, from (100, 200) to (1000, 700)
+    std::ostringstream standardError;
     AppDelegate delegate;
 };
 
