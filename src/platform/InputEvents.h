@@ -11,6 +11,8 @@ enum class InputEventType : std::uint32_t {
     LeftMouseUp = 2,
     LeftMouseDragged = 6, // the pointer has moved while the left button is held
     OtherMouseDown = 25, // any button but the left and the right one
+    OtherMouseUp = 26,
+    OtherMouseDragged = 27, // the pointer has moved while such a button is held
     // A tap gets these whatever its mask is: it was disabled by the desktop, and may be enabled again.
     TapDisabledByTimeout = 0xFFFFFFFE,
     TapDisabledByUserInput = 0xFFFFFFFF,

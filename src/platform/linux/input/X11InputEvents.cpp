@@ -14,6 +14,14 @@ namespace {
 constexpr std::uint32_t LeftButton = 0;
 constexpr std::uint32_t RightButton = 1;
 
+InputEventType dragOf(std::uint32_t button) {
+    return button == LeftButton ? InputEventType::LeftMouseDragged : InputEventType::OtherMouseDragged;
+}
+
+InputEventType releaseOf(std::uint32_t button) {
+    return button == LeftButton ? InputEventType::LeftMouseUp : InputEventType::OtherMouseUp;
+}
+
 } // namespace
 
 class X11InputEvents::Tap : public EventTap {
@@ -69,47 +77,55 @@ void X11InputEvents::setEnabled(EventMonitor watcher, bool enabled) {
     listen();
 }
 
-// Nobody is woken by a moving pointer unless somebody is dragging.
+// Nobody is woken by a moving pointer unless somebody cares for the drag that it is part of.
 void X11InputEvents::listen() {
     if (!_input)
         return;
-    constexpr InputEventMask drags = inputEventMask(InputEventType::LeftMouseDragged);
     const auto isHeard = [](const auto& entry) { return entry.second.enabled && entry.second.mask != 0; };
-    const auto hearsDrags = [](const auto& entry) { return entry.second.enabled && (entry.second.mask & drags) != 0; };
     const bool hearsButtons = std::ranges::any_of(_watchers, isHeard);
-    // Its release will not be heard of.
+    // Their releases will not be heard of.
     if (!hearsButtons)
-        _leftIsHeld = _leftPressWasOurs = false;
-    _input->listen(hearsButtons, _leftIsHeld && std::ranges::any_of(_watchers, hearsDrags));
+        _held.clear();
+    InputEventMask drags = 0;
+    for (const auto& [button, wasOurs] : _held)
+        drags |= inputEventMask(dragOf(button));
+    const auto hearsDrags = [&](const auto& entry) { return entry.second.enabled && (entry.second.mask & drags) != 0; };
+    _input->listen(hearsButtons, std::ranges::any_of(_watchers, hearsDrags));
 }
 
 void X11InputEvents::handle(const X11RawEvent& event) {
-    if (event.kind == X11RawEvent::Kind::Motion) {
-        if (_leftIsHeld)
-            tell({InputEventType::LeftMouseDragged, LeftButton}, _leftPressWasOurs);
-        return;
-    }
+    if (event.kind == X11RawEvent::Kind::Motion)
+        return handleMotion();
     const std::optional<std::uint32_t> button = buttonNumberFromX11(event.button);
-    if (!button)
+    // Nobody can ask for the right one.
+    if (!button || *button == RightButton)
         return;
-    if (event.kind == X11RawEvent::Kind::ButtonPress) {
+    if (event.kind == X11RawEvent::Kind::ButtonPress)
         handlePress(*button);
-    } else if (*button == LeftButton) {
-        _leftIsHeld = false;
-        listen();
-        tell({InputEventType::LeftMouseUp, LeftButton}, std::exchange(_leftPressWasOurs, false));
-    }
+    else
+        handleRelease(*button);
 }
 
 void X11InputEvents::handlePress(std::uint32_t button) {
     const bool isOurs = _pointerIsOurs();
-    if (button == LeftButton) {
-        _leftIsHeld = true;
-        _leftPressWasOurs = isOurs;
-        listen();
-    } else if (button != RightButton) {
+    _held[button] = isOurs;
+    listen();
+    if (button != LeftButton)
         tell({InputEventType::OtherMouseDown, button}, isOurs);
-    }
+}
+
+void X11InputEvents::handleRelease(std::uint32_t button) {
+    const auto held = _held.find(button);
+    const bool wasOurs = held != _held.end() && held->second;
+    _held.erase(button);
+    listen();
+    tell({releaseOf(button), button}, wasOurs);
+}
+
+void X11InputEvents::handleMotion() {
+    const std::map<std::uint32_t, bool> held = _held; // a handler may end all watching
+    for (const auto& [button, wasOurs] : held)
+        tell({dragOf(button), button}, wasOurs);
 }
 
 // A handler may add and remove watchers, itself included, so each is looked up anew and called as a copy.

@@ -6,7 +6,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <utility>
 
 namespace tarragon {
 
@@ -41,6 +40,8 @@ private:
     void listen();
     void handle(const X11RawEvent& event);
     void handlePress(std::uint32_t button);
+    void handleRelease(std::uint32_t button);
+    void handleMotion();
     void tell(const InputEvent& event, bool goesToUs);
 
     const X11Connection& _connection;
@@ -49,8 +50,8 @@ private:
     std::unique_ptr<X11RawInput> _input; // made for the first watcher
     std::map<EventMonitor, Watcher> _watchers; // in the order in which they were added
     EventMonitor _lastWatcher = 0;
-    bool _leftIsHeld = false;
-    bool _leftPressWasOurs = false;
+    // The buttons that are held, with whether their press went to this program.
+    std::map<std::uint32_t, bool> _held;
 };
 
 } // namespace tarragon

@@ -7,6 +7,7 @@
 #include "support/XkbServer.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -22,6 +23,8 @@ constexpr InputEvent Drag{InputEventType::LeftMouseDragged, 0};
 constexpr InputEventMask LeftUpMask = 4;
 constexpr InputEventMask DragMask = 64;
 constexpr InputEventMask OtherDownMask = 0x2000000;
+constexpr InputEventMask OtherUpMask = 0x4000000;
+constexpr InputEventMask OtherDragMask = 0x8000000;
 constexpr std::uint32_t ButtonEvents = XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE;
 
 InputEvent otherDown(std::uint32_t button) {
@@ -123,6 +126,75 @@ TEST_F(X11InputEventsTest, TellsATapOfButtonsBeyondTheRightOneByTheirNumbersAndO
     ASSERT_TRUE(runLoop.runUntil([&] { return told.size() >= 3; }));
     runLoop.runReadable();
     EXPECT_THAT(told, ElementsAre(otherDown(2), otherDown(3), otherDown(4)));
+}
+
+TEST_F(X11InputEventsTest, TellsDragsAndReleasesOfEveryOtherButtonByItsNumber) {
+    std::vector<InputEvent> told;
+    const auto buttons = tap(OtherUpMask | OtherDragMask, told);
+    for (const std::uint8_t button : {1, 3, 4}) {
+        other->press(button);
+        other->movePointer(60, 60 + button);
+        other->release(button);
+    }
+    for (const auto& [button, number] : {std::pair<std::uint8_t, std::uint32_t>{2, 2}, {8, 3}, {9, 4}}) {
+        told.clear();
+        other->press(button);
+        ASSERT_TRUE(drag(*other, told));
+        EXPECT_EQ(told.front(), (InputEvent{InputEventType::OtherMouseDragged, number}));
+        runLoop.runReadable();
+        told.clear();
+        other->release(button);
+        ASSERT_TRUE(runLoop.runUntil([&] { return !told.empty(); }));
+        EXPECT_THAT(told, ElementsAre(InputEvent{InputEventType::OtherMouseUp, number}));
+    }
+}
+
+// As a menu does that opens on the press.
+TEST_F(X11InputEventsTest, TellsATapThatIsMadeDuringAPressOfTheDragAndTheRelease) {
+    std::vector<InputEvent> told;
+    std::unique_ptr<EventTap> later;
+    const auto first = events->createEventTap(OtherDownMask, [&](const InputEvent&) {
+        later = tap(OtherDownMask | OtherUpMask | OtherDragMask, told);
+        return true;
+    });
+    other->press(8);
+    ASSERT_TRUE(runLoop.runUntil([&] { return later != nullptr; }));
+    EXPECT_THAT(told, IsEmpty());
+    ASSERT_TRUE(drag(*other, told));
+    other->release(8);
+    ASSERT_TRUE(runLoop.runUntil([&] { return told.back().type == InputEventType::OtherMouseUp; }));
+}
+
+TEST_F(X11InputEventsTest, LetsATapEndItselfWhenItIsTold) {
+    int calls = 0;
+    std::vector<InputEvent> witness;
+    std::unique_ptr<EventTap> once;
+    once = events->createEventTap(OtherDownMask, [&](const InputEvent&) {
+        ++calls;
+        once = nullptr;
+        return true;
+    });
+    const auto second = tap(OtherDownMask, witness);
+    other->click(2);
+    other->click(2);
+    ASSERT_TRUE(runLoop.runUntil([&] { return witness.size() == 2; }));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(X11InputEventsTest, DoesNotWakeForAnotherButtonsDragThatNobodyCaresFor) {
+    std::vector<InputEvent> told;
+    ASSERT_NE(monitor(DragMask, told), 0U);
+    const auto buttons = tap(OtherDownMask, told);
+    other->press(2);
+    ASSERT_TRUE(runLoop.runUntil([&] { return !told.empty(); }));
+    runLoop.runReadable();
+    const int before = runLoop.wakeUps();
+    for (int x = 0; x < 50; ++x)
+        other->movePointer(20 + x, 80);
+    runLoop.runReadable();
+    EXPECT_EQ(runLoop.wakeUps(), before);
+    EXPECT_EQ(told.size(), 1U);
+    other->release(2);
 }
 
 TEST_F(X11InputEventsTest, TellsADragOnlyWhileTheLeftButtonIsHeld) {
