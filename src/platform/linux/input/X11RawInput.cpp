@@ -28,7 +28,24 @@ std::optional<std::uint8_t> inputExtension(xcb_connection_t* connection) {
     return extension->major_opcode;
 }
 
-std::optional<X11RawEvent> rawEvent(const xcb_generic_event_t& event, std::uint8_t extension) {
+// What a button of a device counts as after the device's arrangement of buttons.
+std::uint32_t arrangedButton(xcb_connection_t* connection, std::uint16_t device, std::uint32_t button) {
+    const X11Reply<xcb_input_get_device_button_mapping_reply_t> reply(xcb_input_get_device_button_mapping_reply(
+        connection, xcb_input_get_device_button_mapping(connection, static_cast<std::uint8_t>(device)), nullptr));
+    if (!reply || button == 0 || button > reply->map_size)
+        return button;
+    return xcb_input_get_device_button_mapping_map(reply.get())[button - 1];
+}
+
+// Raw events tell of buttons as the hardware numbers them. Applications hear of them as the user has arranged them,
+// first those of the device, as for left-handed use, and then those of the pointer that it moves.
+std::uint32_t buttonForApplications(xcb_connection_t* connection, const xcb_input_raw_button_press_event_t& raw) {
+    const std::uint32_t ofDevice = arrangedButton(connection, raw.sourceid, raw.detail);
+    return raw.sourceid == raw.deviceid ? ofDevice : arrangedButton(connection, raw.deviceid, ofDevice);
+}
+
+std::optional<X11RawEvent> rawEvent(
+    xcb_connection_t* connection, const xcb_generic_event_t& event, std::uint8_t extension) {
     if ((event.response_type & 0x7F) != XCB_GE_GENERIC)
         return std::nullopt;
     // All raw events of a pointer are of one form.
@@ -37,9 +54,9 @@ std::optional<X11RawEvent> rawEvent(const xcb_generic_event_t& event, std::uint8
         return std::nullopt;
     switch (raw.event_type) {
     case XCB_INPUT_RAW_BUTTON_PRESS:
-        return X11RawEvent{X11RawEvent::Kind::ButtonPress, raw.detail};
+        return X11RawEvent{X11RawEvent::Kind::ButtonPress, buttonForApplications(connection, raw)};
     case XCB_INPUT_RAW_BUTTON_RELEASE:
-        return X11RawEvent{X11RawEvent::Kind::ButtonRelease, raw.detail};
+        return X11RawEvent{X11RawEvent::Kind::ButtonRelease, buttonForApplications(connection, raw)};
     case XCB_INPUT_RAW_MOTION:
         return X11RawEvent{};
     default:
@@ -92,7 +109,7 @@ void X11RawInput::listen(bool toButtons, bool toMotion) {
 void X11RawInput::handleEvents() {
     std::vector<X11RawEvent> events;
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(_connection->get())}) {
-        const std::optional<X11RawEvent> raw = rawEvent(*event, _extension);
+        const std::optional<X11RawEvent> raw = rawEvent(_connection->get(), *event, _extension);
         const bool repeatsMotion = raw && raw->kind == X11RawEvent::Kind::Motion && !events.empty()
             && events.back().kind == X11RawEvent::Kind::Motion;
         if (raw && !repeatsMotion)

@@ -12,7 +12,7 @@ class X11Connection;
 struct X11RawEvent {
     enum class Kind : std::uint8_t { ButtonPress, ButtonRelease, Motion };
     Kind kind = Kind::Motion;
-    std::uint32_t button = 0; // as the server numbers them, from 1; 0 for a motion
+    std::uint32_t button = 0; // as applications hear of it, from 1; 0 for a motion and a switched-off one
 };
 
 // What all pointing devices do, wherever the pointer is, without taking anything from anybody: raw events on the root
