@@ -88,7 +88,7 @@ int main(int, char** arguments) {
         .panelSurfaces = usual.panelSurfaces,
         .statusItems = usual.statusItems};
 
-    MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput);
+    MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput, platform.inputEvents);
     const PopUpInput popUpInput(platform.menuInput);
     MessagePanels panels("soak");
     QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);

@@ -44,7 +44,7 @@ int runAgent(DesktopSession& desktop) {
         return 0;
     }
     const Platform& platform = desktop.platform();
-    MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput);
+    MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput, platform.inputEvents);
     const PopUpInput popUpInput(platform.menuInput);
     const QtTexts texts(":/translations/tarragon_linux.qm");
     MessagePanels panels(TARRAGON_VERSION);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QApplication>
 #include <QScreen>
 
 namespace tarragon {
@@ -24,10 +25,11 @@ std::uint32_t modifierMask(Qt::KeyboardModifiers modifiers) {
 }
 
 MenuTracking::MenuTracking(
-    QStyle& style, const QScreen* screen, std::weak_ptr<MenuOpener> opener, ChosenHandler handler)
+    QStyle& style, const QScreen* screen, const QPoint& place, std::weak_ptr<MenuOpener> opener, ChosenHandler handler)
     : _style(style)
     , _opener(std::move(opener))
     , _chosenHandler(std::move(handler))
+    , _place(place)
     , _titleWidthLimit(screen ? screen->availableSize().width() / 2 : 0) { }
 
 void MenuTracking::setHeldModifiers(Qt::KeyboardModifiers modifiers) {
@@ -51,6 +53,10 @@ void MenuTracking::windowClosed(MenuWindow& window) {
 bool MenuTracking::hasWindowAt(const QPoint& point) const {
     return std::any_of(_openWindows.begin(), _openWindows.end(),
         [&](const MenuWindow* window) { return window->geometry().contains(point); });
+}
+
+bool MenuTracking::hasOpenedAt(const QPoint& point) const {
+    return (point - _place).manhattanLength() <= QApplication::startDragDistance();
 }
 
 void MenuTracking::closeAll() {

@@ -7,9 +7,9 @@
 #include <memory>
 #include <vector>
 
+#include <QPoint>
 #include <Qt>
 
-class QPoint;
 class QScreen;
 class QStyle;
 
@@ -25,8 +25,9 @@ public:
     // menu is the one that holds the item.
     using ChosenHandler = std::function<void(const std::shared_ptr<Menu>& menu, const std::shared_ptr<MenuItem>& item)>;
 
-    // The style is not owned and outlives the tracking.
-    MenuTracking(QStyle& style, const QScreen* screen, std::weak_ptr<MenuOpener> opener, ChosenHandler handler);
+    // The style is not owned and outlives the tracking. place is where the pop-up opens, in Qt's global coordinates.
+    MenuTracking(QStyle& style, const QScreen* screen, const QPoint& place, std::weak_ptr<MenuOpener> opener,
+        ChosenHandler handler);
 
     QStyle& style() const { return _style; }
 
@@ -43,6 +44,8 @@ public:
 
     // Whether the point, in Qt's global coordinates, lies in a window of the pop-up.
     bool hasWindowAt(const QPoint& point) const;
+    // Whether the point is where the pop-up has opened, give or take what a hand moves that means to stay.
+    bool hasOpenedAt(const QPoint& point) const;
 
     // Tells the delegates that everything has closed, the innermost menu first, and ends.
     void closeAll();
@@ -65,6 +68,7 @@ private:
     std::weak_ptr<MenuOpener> _opener;
     ChosenHandler _chosenHandler;
     std::vector<MenuWindow*> _openWindows;
+    QPoint _place;
     int _titleWidthLimit;
     std::uint32_t _heldModifiers = 0;
     bool _opening = false;

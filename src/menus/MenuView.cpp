@@ -1,9 +1,11 @@
 #include "menus/MenuView.h"
 
+#include "menus/HeldButton.h"
 #include "menus/MenuFonts.h"
 #include "menus/MenuTracking.h"
 #include "menus/MenuWindow.h"
 #include "menus/QtCoordinates.h"
+#include "platform/InputEvents.h"
 #include "platform/Log.h"
 
 #include <utility>
@@ -32,9 +34,11 @@ std::vector<QRect> screenRectangles() {
 
 } // namespace
 
-MenuView::MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput)
+MenuView::MenuView(
+    Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput, InputEvents* inputEvents)
     : _displays(displays)
     , _notificationCenter(notificationCenter)
+    , _inputEvents(inputEvents)
     , _grab(menuInput) {
     _actionTimer.setSingleShot(true);
     QObject::connect(&_actionTimer, &QTimer::timeout, &_actionTimer, [this] { sendAction(); });
@@ -80,7 +84,7 @@ void MenuView::popUpMenu(
     // Outside of every screen Qt would not know on which one to keep the menu.
     const QPoint location =
         nearestPointInside(qtPointFromNS(locationNS, _displays.screens(), qtPrimaryOrigin()), screenRectangles());
-    const auto tracking = std::make_shared<MenuTracking>(_style, QGuiApplication::screenAt(location), opener,
+    const auto tracking = std::make_shared<MenuTracking>(_style, QGuiApplication::screenAt(location), location, opener,
         [this](const std::shared_ptr<Menu>& chosenMenu, const auto& item) {
             _choice = {chosenMenu, item};
             // The window that tells is still at work.
@@ -109,6 +113,8 @@ void MenuView::popUpMenu(
         tracking->tellOpener();
         return;
     }
+    if (_inputEvents && _inputEvents->isOtherButtonHeld())
+        new HeldButton(*_inputEvents, _displays, tracking, *window); // belongs to the window
     window->popup(location);
     if (_window == window)
         _grab.acquire(*window);

@@ -16,6 +16,7 @@
 
 namespace tarragon {
 
+class InputEvents;
 class MenuInput;
 class MenuTracking;
 class MenuWindow;
@@ -26,7 +27,10 @@ class MenuWindow;
 // that holds the item as its object.
 class MenuView : public MenuPresenter {
 public:
-    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput);
+    // Without input events, nullptr, nothing can be chosen with the button that opened a menu over another application
+    // before it was let go.
+    MenuView(Displays& displays, NotificationCenter& notificationCenter, MenuInput& menuInput,
+        InputEvents* inputEvents = nullptr);
     // Closes what is open; neither the delegates nor the opener hear of it, for what they need may be gone.
     ~MenuView() override;
     MenuView(const MenuView&) = delete;
@@ -51,6 +55,7 @@ private:
 
     Displays& _displays;
     NotificationCenter& _notificationCenter;
+    InputEvents* _inputEvents;
     MenuStyle _style;
     QMenu _warmMenu;
     MenuGrab _grab;

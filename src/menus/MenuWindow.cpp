@@ -272,8 +272,23 @@ std::optional<MenuNeighbour> MenuWindow::neighbourByKey(int key) const {
     return key == Qt::Key_Left ? MenuNeighbour::Left : MenuNeighbour::Right;
 }
 
-// The button that was pressed on a title may be let go there, even after a look into the menu: it stays open.
+// A button that opens pop-ups over other applications, where the pop-up has opened. Its press comes here as well where
+// the pop-up before this one had the pointer, and its release where no application has taken the press.
+bool MenuWindow::isOfOpening(const QMouseEvent& event) const {
+    const bool opensPopUps = event.button() != Qt::LeftButton && event.button() != Qt::RightButton;
+    return opensPopUps && _tracking->hasOpenedAt(event.globalPosition().toPoint());
+}
+
+void MenuWindow::mousePressEvent(QMouseEvent* event) {
+    if (!isOfOpening(*event))
+        QMenu::mousePressEvent(event);
+}
+
+// The button that was pressed on a title, or that opened the pop-up at the pointer, may be let go there, even after a
+// look into the menu: it stays open.
 void MenuWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (isOfOpening(*event))
+        return;
     const QPoint point = event->globalPosition().toPoint();
     if (_tracking->hasWindowAt(point) || !QGuiApplication::topLevelAt(point))
         QMenu::mouseReleaseEvent(event);

@@ -38,6 +38,7 @@ protected:
     bool event(QEvent* event) override;
     void actionEvent(QActionEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -50,6 +51,7 @@ private:
     };
 
     std::optional<MenuNeighbour> neighbourByKey(int key) const;
+    bool isOfOpening(const QMouseEvent& event) const;
     bool fill();
     void removeEverything();
     void dress(Place& place);

@@ -61,6 +61,9 @@ public:
     // outlive this object.
     [[nodiscard]] virtual std::unique_ptr<EventTap> createEventTap(
         InputEventMask mask, std::function<bool(const InputEvent& event)> handler) = 0;
+
+    // True while a button other than the left and the right one is held that was pressed while somebody listened.
+    [[nodiscard]] virtual bool isOtherButtonHeld() const = 0;
 };
 
 } // namespace tarragon

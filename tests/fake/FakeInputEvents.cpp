@@ -53,6 +53,10 @@ std::vector<EventMonitor> FakeInputEvents::identifiers() const {
 }
 
 bool FakeInputEvents::deliver(const InputEvent& event, bool toUs) {
+    if (event.type == InputEventType::OtherMouseDown)
+        _held.insert(event.buttonNumber);
+    else if (event.type == InputEventType::OtherMouseUp)
+        _held.erase(event.buttonNumber);
     bool passesOn = true;
     for (const EventMonitor identifier : identifiers()) {
         const auto found = _watchers.find(identifier);

@@ -2,7 +2,9 @@
 
 #include "platform/InputEvents.h"
 
+#include <cstdint>
 #include <map>
+#include <set>
 #include <vector>
 
 namespace tarragon {
@@ -32,6 +34,7 @@ public:
     void removeMonitor(EventMonitor monitor) override;
     std::unique_ptr<EventTap> createEventTap(
         InputEventMask mask, std::function<bool(const InputEvent& event)> handler) override;
+    bool isOtherButtonHeld() const override { return !_held.empty(); }
 
 private:
     class Tap;
@@ -48,6 +51,7 @@ private:
     std::map<EventMonitor, Watcher> _watchers;
     EventMonitor _last = 0;
     std::vector<EventMonitor> _removed;
+    std::set<std::uint32_t> _held;
     bool _refuses = false;
 };
 

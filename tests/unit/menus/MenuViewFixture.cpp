@@ -47,7 +47,7 @@ Rect MenuViewFixture::OneScreen::mainDisplayBoundsCG() {
 }
 
 MenuViewFixture::MenuViewFixture()
-    : _view(std::make_unique<MenuView>(_displays, _notificationCenter, _menuInput)) {
+    : _view(std::make_unique<MenuView>(_displays, _notificationCenter, _menuInput, &_inputEvents)) {
     // Qt remembers the modifiers of the last event of the test before.
     QWidget widget;
     QTest::keyClick(&widget, Qt::Key_F24);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fake/FakeInputEvents.h"
 #include "fake/FakeMenuInput.h"
 #include "menus/MenuView.h"
 
@@ -54,8 +55,9 @@ protected:
     public:
         std::vector<Screen> screens() override;
         Rect mainDisplayBoundsCG() override;
-        Point mouseLocationNS() override { return {}; }
+        Point mouseLocationNS() override { return pointerNS; }
         void installReconfigurationHandler(std::function<void(std::uint32_t)>) override { }
+        Point pointerNS;
     };
 
     MenuViewFixture();
@@ -87,6 +89,7 @@ protected:
     OneScreen _displays;
     NotificationCenter _notificationCenter;
     FakeMenuInput _menuInput;
+    FakeInputEvents _inputEvents;
     std::unique_ptr<MenuView> _view;
 };
 

@@ -62,6 +62,10 @@ std::unique_ptr<EventTap> X11InputEvents::createEventTap(
     return watcher == 0 ? nullptr : std::make_unique<Tap>(*this, watcher);
 }
 
+bool X11InputEvents::isOtherButtonHeld() const {
+    return std::ranges::any_of(_held, [](const auto& entry) { return entry.first != LeftButton; });
+}
+
 EventMonitor X11InputEvents::watch(Watcher watcher) {
     if (!_input)
         _input = X11RawInput::create(_connection, _runLoop, [this](const X11RawEvent& event) { handle(event); });

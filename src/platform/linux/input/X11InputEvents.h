@@ -24,6 +24,7 @@ public:
     void removeMonitor(EventMonitor monitor) override;
     std::unique_ptr<EventTap> createEventTap(
         InputEventMask mask, std::function<bool(const InputEvent& event)> handler) override;
+    bool isOtherButtonHeld() const override;
 
 private:
     class Tap;

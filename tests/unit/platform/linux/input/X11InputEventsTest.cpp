@@ -157,12 +157,17 @@ TEST_F(X11InputEventsTest, TellsATapThatIsMadeDuringAPressOfTheDragAndTheRelease
         later = tap(OtherDownMask | OtherUpMask | OtherDragMask, told);
         return true;
     });
+    EXPECT_FALSE(events->isOtherButtonHeld());
+    other->press(1);
     other->press(8);
     ASSERT_TRUE(runLoop.runUntil([&] { return later != nullptr; }));
+    EXPECT_TRUE(events->isOtherButtonHeld());
     EXPECT_THAT(told, IsEmpty());
     ASSERT_TRUE(drag(*other, told));
     other->release(8);
     ASSERT_TRUE(runLoop.runUntil([&] { return told.back().type == InputEventType::OtherMouseUp; }));
+    EXPECT_FALSE(events->isOtherButtonHeld());
+    other->release(1);
 }
 
 TEST_F(X11InputEventsTest, LetsATapEndItselfWhenItIsTold) {
