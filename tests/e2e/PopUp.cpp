@@ -16,10 +16,18 @@ bool PopUp::isOpen() {
 }
 
 bool PopUp::open(Duration deadline) {
+    return openBy([this] { _agent.pressHotKey(); }, deadline);
+}
+
+bool PopUp::openByButton(std::uint8_t button, Duration deadline) {
+    return openBy([this, button] { _desktop.input().press(button); }, deadline);
+}
+
+bool PopUp::openBy(const std::function<void()>& press, Duration deadline) {
     auto start = Clock::now();
     _notice = {};
     _seenBeforeOpening = _observer.count();
-    _agent.pressHotKey();
+    press();
     bool opened = waitUntil([this] { return isOpen(); }, deadline);
     _openingTime = std::chrono::duration_cast<Duration>(Clock::now() - start);
     // Until the menu has the keyboard, keys would go to the application behind it.

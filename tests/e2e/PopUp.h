@@ -5,6 +5,8 @@
 #include "MenuObserver.h"
 #include "MenuRecord.h"
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,6 +19,8 @@ public:
 
     // Presses the hot key; true when a menu is on the screen in time.
     bool open(Duration deadline = DefaultDeadline);
+    // Presses a mouse button, by X's number, in its place; it stays held.
+    bool openByButton(std::uint8_t button, Duration deadline = DefaultDeadline);
     bool isOpen();
     // Leaves it without choosing; true when no menu is on the screen any more.
     bool close();
@@ -40,6 +44,7 @@ public:
     bool highlight(const std::string& title);
 
 private:
+    bool openBy(const std::function<void()>& press, Duration deadline);
     // Waits for a notice that is newer than the first `seen` ones and meets the condition, and keeps it.
     template <typename Condition>
     bool waitForNotice(std::size_t seen, Condition condition, Duration deadline = DefaultDeadline);

@@ -88,7 +88,7 @@ void SyntheticInput::releaseAll() {
             send(XCB_KEY_RELEASE, static_cast<std::uint8_t>(code));
     }
     std::free(keys);
-    for (std::uint8_t button : {1, 2, 3})
+    for (std::uint8_t button : {1, 2, 3, 8, 9})
         send(XCB_BUTTON_RELEASE, button);
     synchronize();
 }

@@ -17,7 +17,7 @@ public:
     // Presses and releases a key by its symbol, while the modifier keys (symbols, too) are held.
     void tap(xcb_keysym_t symbol, const std::vector<xcb_keysym_t>& modifiers = {});
     void moveTo(int x, int y);
-    // X button numbers: 1 left, 2 middle, 3 right.
+    // X button numbers: 1 left, 2 middle, 3 right, 8 and 9 back and forward.
     void click(std::uint8_t button = 1);
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1);

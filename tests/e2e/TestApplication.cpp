@@ -23,6 +23,8 @@ std::string nameOf(ApplicationKind kind) {
         return "hostile_qt";
     case ApplicationKind::Titled:
         return "titled";
+    case ApplicationKind::Pressed:
+        return "pressed";
     case ApplicationKind::Terminal:
         return "xterm";
     }
@@ -100,6 +102,8 @@ std::vector<std::string> TestApplication::command() const {
         command.insert(command.end(), _arguments.begin(), _arguments.end());
         return command;
     }
+    case ApplicationKind::Pressed:
+        return {E2E_PRESSED_WINDOW};
     case ApplicationKind::Terminal:
         return {"xterm", "-e", "sleep", "1000"};
     }

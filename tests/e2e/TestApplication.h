@@ -12,7 +12,17 @@
 
 namespace tarragon::e2e {
 
-enum class ApplicationKind { Mousepad, Geany, FeatherPad, TwoWindows, HostileGtk, HostileQt, Titled, Terminal };
+enum class ApplicationKind {
+    Mousepad,
+    Geany,
+    FeatherPad,
+    TwoWindows,
+    HostileGtk,
+    HostileQt,
+    Titled,
+    Pressed,
+    Terminal
+};
 
 std::string nameOf(ApplicationKind kind);
 

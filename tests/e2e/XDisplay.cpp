@@ -264,6 +264,16 @@ bool XDisplay::keyboardIsGrabbed() {
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
+bool XDisplay::pointerIsGrabbed() {
+    xcb_grab_server(_connection);
+    auto cookie = xcb_grab_pointer(_connection, 1, root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_WINDOW_NONE,
+        XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+    xcb_ungrab_pointer(_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(_connection);
+    Reply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(_connection, cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
 bool XDisplay::keyIsGrabbed(xcb_keycode_t keyCode, std::uint16_t modifiers) {
     xcb_grab_server(_connection);
     auto cookie =

@@ -87,6 +87,8 @@ public:
     // The other mapped windows of a process that no window manager manages.
     std::vector<XWindow> unmanagedWindowsOf(pid_t process);
     bool keyboardIsGrabbed();
+    // True also while an application has it because a button is held that was pressed over its window.
+    bool pointerIsGrabbed();
     // True when somebody has taken this combination for the whole desktop.
     bool keyIsGrabbed(xcb_keycode_t keyCode, std::uint16_t modifiers);
 
