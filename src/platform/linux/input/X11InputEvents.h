@@ -14,7 +14,9 @@ namespace tarragon {
 // A press goes to another application unless pointerIsOurs answers true at that moment: the pointer is over a window of
 // ours, or a menu of ours has it. Drags and the release go where the press went.
 //
-// A tap is never disabled by the server. What is passed in outlives this object, which outlives the run loop.
+// A tap is never told that it was disabled: the server tells of raw events whoever has grabbed the pointer, a device or
+// the server itself, and of devices that come and go, so that nothing is lost. Only a server that ends does not go on,
+// and with it ends the program. What is passed in outlives this object, which outlives the run loop.
 class X11InputEvents : public InputEvents {
 public:
     X11InputEvents(const X11Connection& connection, RunLoop& runLoop, std::function<bool()> pointerIsOurs);
