@@ -173,7 +173,7 @@ TEST_F(HeldButtonTest, LeavesAMenuOpenThatThePointerHasNeverBeenIn) {
 
 // It was let go while the menu was still opening, and the hand has moved on since.
 TEST_F(HeldButtonTest, ChoosesNothingWhenNoMovementWasSeen) {
-    place(centerOf("Two"));
+    place(centerOf("One"));
     letGo();
     EXPECT_EQ(openMenus().size(), 1U);
     EXPECT_FALSE(hasChosen());
