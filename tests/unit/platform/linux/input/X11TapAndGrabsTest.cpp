@@ -5,6 +5,7 @@
 #include "support/X11Client.h"
 #include "support/XkbServer.h"
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -73,9 +74,10 @@ protected:
 
     // The device of the input is pulled, or plugged in again.
     void plug(bool in) {
-        const std::uint8_t value = in ? 1 : 0;
+        const std::array<std::uint8_t, 4> value{
+            in ? std::uint8_t{1} : std::uint8_t{0}}; // the library reads whole units
         xcb_input_xi_change_property(other->connection(), SyntheticPointer, XCB_PROP_MODE_REPLACE, 8,
-            other->atom("Device Enabled"), XCB_ATOM_INTEGER, 1, &value);
+            other->atom("Device Enabled"), XCB_ATOM_INTEGER, 1, value.data());
         other->takeEvents();
     }
 
