@@ -192,6 +192,9 @@ void RKMenuBar::updateTarragonSTWindowPosition() {
 }
 
 void RKMenuBar::slideOutCheck() {
+    // Where the pointer is has to be asked for, which a bar that stays has no need of.
+    if (!_screenTopAutoHide)
+        return;
     const BarSlide slide = barSlide({.autoHides = _screenTopAutoHide,
         .slidIn = _screenTopSlidIn,
         .titleMenuIsShowing = menuIsOpen(),

@@ -16,11 +16,15 @@ public:
         for (const auto& handler : handlers)
             handler(flags);
     }
+    int timesPointerWasAsked() const { return _timesPointerWasAsked; }
     std::size_t reconfigurationHandlerCount() const { return _handlers.size(); }
 
     std::vector<Screen> screens() override { return _screens; }
     Rect mainDisplayBoundsCG() override { return _mainDisplayBoundsCG; }
-    Point mouseLocationNS() override { return _mouseLocationNS; }
+    Point mouseLocationNS() override {
+        ++_timesPointerWasAsked;
+        return _mouseLocationNS;
+    }
     void installReconfigurationHandler(std::function<void(std::uint32_t flags)> handler) override {
         _handlers.push_back(std::move(handler));
     }
@@ -29,6 +33,7 @@ private:
     std::vector<Screen> _screens = {{{{0, 0}, {1440, 900}}, {{0, 0}, {1440, 878}}}};
     Rect _mainDisplayBoundsCG = {{0, 0}, {1440, 900}};
     Point _mouseLocationNS;
+    int _timesPointerWasAsked = 0;
     std::vector<std::function<void(std::uint32_t flags)>> _handlers;
 };
 

@@ -390,6 +390,17 @@ TEST_F(ScreenTopUpdatesTest, LeaveATickWithOneLookAtTheWindow) {
     EXPECT_EQ(fake.accessibility.batchCount(), batches + 1);
 }
 
+TEST_F(ScreenTopUpdatesTest, DoNotAskForThePointerUnlessTheyHideThemselves) {
+    launchAndSettle();
+    tick();
+    const int asked = fake.displays.timesPointerWasAsked();
+    tick();
+    EXPECT_EQ(fake.displays.timesPointerWasAsked(), asked);
+    set(preference::ScreenTopAutoHide, true);
+    tick();
+    EXPECT_EQ(fake.displays.timesPointerWasAsked(), asked + 1);
+}
+
 TEST_F(ScreenTopUpdatesTest, DrawAndMoveNothingWhileNothingChanges) {
     setScreenCount(3);
     launchAndSettle();
