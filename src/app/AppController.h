@@ -256,7 +256,7 @@ private:
     bool barMenuIsShowing() const;
     void setupBarsForMovedBrowser();
     void makeRoomForHiddenBar(PanelPlace place, const Rect& windowFrameCG, const Rect& screenRectCG);
-    bool userIsDragging() const;
+    bool userMayBeDragging() const;
     bool askForWindowChange(AskedWindowChange& asked, const Rect& windowFrameCG, const WindowChange& change);
 
     bool readBool(std::string_view key);

@@ -148,14 +148,15 @@ ScreenTopBars AppController::barsForCloseCheck(std::int32_t focusedWindowScreenA
 
 // The window in front.
 
-// The window is in the user's hand: by its title bar or another part of it, or by the panel.
-bool AppController::userIsDragging() const {
-    return (_windowInfo && _windowInfo->leftButtonDrags()) || (_tarragonPanel && _tarragonPanel->beingDragged());
+// The window may be in the user's hand: by its title bar or another part of it, or by the panel. The events of a drag
+// are no help: after a pause of ours they are still to come.
+bool AppController::userMayBeDragging() const {
+    return (_platform.inputEvents && _platform.inputEvents->leftButtonIsHeld())
+        || (_tarragonPanel && _tarragonPanel->beingDragged());
 }
 
 bool AppController::moveAndResizeAppWindowIfOverlappingScreenTop() {
-    // The tick after the release does it.
-    if (!_preferences._screenTopEnabled || _rkMenuBarArray.empty() || !_appUIElementInfo || userIsDragging())
+    if (!_preferences._screenTopEnabled || _rkMenuBarArray.empty() || !_appUIElementInfo)
         return false;
     AppAccessibility& reader = *_appUIElementInfo;
     const Rect windowFrameCG = reader.focusedWindowFrameCG();
@@ -179,7 +180,7 @@ bool AppController::moveAndResizeAppWindowIfOverlappingScreenTop() {
 
 // A bar that hides itself needs room above a window at the very top, on whichever screen that is.
 void AppController::makeRoomForHiddenBar(PanelPlace place, const Rect& windowFrameCG, const Rect& screenRectCG) {
-    if (!screenTopEnabledWithAutohide() || userIsDragging())
+    if (!screenTopEnabledWithAutohide())
         return;
     WindowChange change;
     if (place == PanelPlace::OnTitleBar && _preferences._horizontal) {
@@ -191,6 +192,9 @@ void AppController::makeRoomForHiddenBar(PanelPlace place, const Rect& windowFra
 
 bool AppController::askForWindowChange(
     AskedWindowChange& asked, const Rect& windowFrameCG, const WindowChange& change) {
+    // A tick after the release does it.
+    if (change != WindowChange() && userMayBeDragging())
+        return false;
     AppAccessibility& reader = *_appUIElementInfo;
     const WindowChange news = asked.toAskFor(reader.focusedWindow(), windowFrameCG, change);
     if (news == WindowChange())

@@ -154,7 +154,6 @@ void JTWindowInfo::setScreenEdgeDragMonitorActive(bool active) {
     }
     _screenEdgeDragMonitorActive = active;
     _dragHasStarted = false;
-    _leftButtonDrags = false;
 }
 
 void JTWindowInfo::mouseDownMonitor() {
@@ -181,7 +180,6 @@ EventMonitor JTWindowInfo::installMonitor(InputEventType type, void (JTWindowInf
 }
 
 void JTWindowInfo::leftMouseDragged() {
-    _leftButtonDrags = true;
     if (mouseOnDragArea()) {
         _windowDraggedToScreenEdgeDidStart(0);
         return;
@@ -192,7 +190,6 @@ void JTWindowInfo::leftMouseDragged() {
 
 void JTWindowInfo::leftMouseUp() {
     _edgeDragged = 0;
-    _leftButtonDrags = false;
     _windowDraggedToScreenEdgeDidEnd(_edgeDragged);
     // Also when the delegate has begun another drag meanwhile.
     _dragHasStarted = false;

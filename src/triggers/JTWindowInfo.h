@@ -79,9 +79,6 @@ public:
     std::int64_t edgeDragged() const { return _edgeDragged; }
     // True between the start of a drag and the next release of the left button.
     bool dragHasStarted() const { return _dragHasStarted; }
-    // The pointer has moved over other applications since the left button went down, over whatever part: the window may
-    // follow it, for desktops let windows be dragged by any part of them while a key is held.
-    bool leftButtonDrags() const { return _leftButtonDrags; }
 
 private:
     // Of the current element; nothing when it has none or when it is no text.
@@ -107,7 +104,6 @@ private:
     bool _screenEdgeDragMonitorActive = false;
     std::int64_t _edgeDragged = 0;
     bool _dragHasStarted = false;
-    bool _leftButtonDrags = false;
 };
 
 } // namespace tarragon

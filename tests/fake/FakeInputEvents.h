@@ -19,6 +19,7 @@ public:
     bool send(const InputEvent& event) { return deliver(event, false); }
     // The same for an event that goes to this program: taps alone get it.
     bool sendToUs(const InputEvent& event) { return deliver(event, true); }
+    void setLeftButtonHeld(bool held) { _leftButtonIsHeld = held; }
     // Every tap is disabled and told so, with TapDisabledByTimeout or TapDisabledByUserInput. False when one of them
     // kept the notification to itself.
     bool disableTaps(InputEventType reason);
@@ -32,6 +33,11 @@ public:
 
     EventMonitor addGlobalMonitor(InputEventMask mask, std::function<void(const InputEvent& event)> handler) override;
     void removeMonitor(EventMonitor monitor) override;
+    bool leftButtonIsHeld() override {
+        ++_timesButtonWasAsked;
+        return _leftButtonIsHeld;
+    }
+    int timesButtonWasAsked() const { return _timesButtonWasAsked; }
     std::unique_ptr<EventTap> createEventTap(
         InputEventMask mask, std::function<bool(const InputEvent& event)> handler) override;
     bool isOtherButtonHeld() const override { return !_held.empty(); }
@@ -53,6 +59,8 @@ private:
     std::vector<EventMonitor> _removed;
     std::set<std::uint32_t> _held;
     bool _refuses = false;
+    bool _leftButtonIsHeld = false;
+    int _timesButtonWasAsked = 0;
 };
 
 } // namespace tarragon

@@ -163,9 +163,9 @@ TEST_F(WindowUnderBarTest, StaysInTheUsersHandAndIsMovedWithTheTickAfterTheRelea
     EXPECT_EQ(windowFrame(), (Rect{{1500, 22}, {900, 500}}));
 }
 
-TEST_F(WindowUnderBarTest, StaysInTheUsersHandWhateverPartOfItIsDragged) {
+TEST_F(WindowUnderBarTest, StaysInTheUsersHandAlsoBeforeTheEventsOfTheDragHaveCome) {
     launchAndSettle();
-    drag({1900, 690}, "AXButton");
+    fake.inputEvents.setLeftButtonHeld(true);
     moveWindow({{1500, 0}, {900, 500}});
     EXPECT_EQ(timesTold([&] { tick(); }), 0U);
     release();
@@ -190,6 +190,17 @@ TEST_F(WindowUnderBarTest, StaysInTheUsersHandWhileItIsDraggedByThePanel) {
     EXPECT_EQ(timesTold([&] { tick(); }), 0U);
     controller().tarragonPanel()->setBeingDragged(false);
     EXPECT_EQ(timesTold([&] { tick(); }), 1U);
+}
+
+TEST_F(WindowUnderBarTest, IsTheOnlyReasonToAskForTheButton) {
+    launchAndSettle();
+    fake.runLoop.advance(5);
+    moveWindow({{100, 0}, {900, 900}});
+    tick();
+    EXPECT_EQ(fake.inputEvents.timesButtonWasAsked(), 0);
+    moveWindow({{1500, 0}, {900, 900}});
+    tick();
+    EXPECT_EQ(fake.inputEvents.timesButtonWasAsked(), 1);
 }
 
 TEST_F(WindowUnderBarTest, IsMovedAgainWhenTheUserPutsItThereAgain) {

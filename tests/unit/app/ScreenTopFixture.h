@@ -98,9 +98,13 @@ protected:
         fake.accessibility.addHitArea(
             {{pointerCG.x - 1, pointerCG.y - 1}, {2, 2}}, fake.accessibility.addElement(100, role));
         fake.displays.setMouseLocationNS(pointerNS);
+        fake.inputEvents.setLeftButtonHeld(true);
         fake.inputEvents.send({InputEventType::LeftMouseDragged, 0});
     }
-    void release() { fake.inputEvents.send({InputEventType::LeftMouseUp, 0}); }
+    void release() {
+        fake.inputEvents.setLeftButtonHeld(false);
+        fake.inputEvents.send({InputEventType::LeftMouseUp, 0});
+    }
 
     static constexpr Rect FrameOnSecondScreen{{1440, 878}, {1000, 22}};
     static constexpr Rect FrameOnThirdScreen{{2440, 878}, {800, 22}};

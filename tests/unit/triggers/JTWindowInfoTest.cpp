@@ -483,25 +483,6 @@ TEST_F(JTWindowInfoTest, StaysInADragThatComesOverAButton) {
     EXPECT_THAT(delegate.reports, ElementsAre(Start));
 }
 
-// Whatever it is over: a window may follow the pointer from any part of it.
-TEST_F(JTWindowInfoTest, KnowsThatTheLeftButtonDragsUntilItIsReleased) {
-    tracker.setDelegate(&delegate);
-    tracker.setScreenEdgeDragMonitorActive(true);
-    EXPECT_FALSE(tracker.leftButtonDrags());
-    point(element("AXButton"));
-    fake.inputEvents.send(Drag);
-    EXPECT_TRUE(tracker.leftButtonDrags());
-    // The delegate finds the drag ended.
-    bool dragsAtEnd = true;
-    delegate.onEnd = [&] { dragsAtEnd = tracker.leftButtonDrags(); };
-    fake.inputEvents.send(Release);
-    EXPECT_FALSE(dragsAtEnd);
-    EXPECT_FALSE(tracker.leftButtonDrags());
-    fake.inputEvents.send(Drag);
-    tracker.setScreenEdgeDragMonitorActive(false);
-    EXPECT_FALSE(tracker.leftButtonDrags());
-}
-
 TEST_F(JTWindowInfoTest, ReportsEveryReleaseAlsoWithoutADrag) {
     tracker.setDelegate(&delegate);
     tracker.setScreenEdgeDragMonitorActive(true);

@@ -1,11 +1,15 @@
 #include "platform/linux/input/X11InputEvents.h"
 
 #include "platform/linux/input/X11ButtonNumber.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Reply.h"
 
 #include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
+
+#include <xcb/xcb.h>
 
 namespace tarragon {
 
@@ -54,6 +58,12 @@ EventMonitor X11InputEvents::addGlobalMonitor(
 void X11InputEvents::removeMonitor(EventMonitor monitor) {
     _watchers.erase(monitor);
     listen();
+}
+
+bool X11InputEvents::leftButtonIsHeld() {
+    const auto cookie = xcb_query_pointer(_connection.get(), _connection.rootWindow());
+    const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(_connection.get(), cookie, nullptr));
+    return reply && (reply->mask & XCB_BUTTON_MASK_1) != 0;
 }
 
 std::unique_ptr<EventTap> X11InputEvents::createEventTap(

@@ -24,6 +24,7 @@ public:
 
     EventMonitor addGlobalMonitor(InputEventMask mask, std::function<void(const InputEvent& event)> handler) override;
     void removeMonitor(EventMonitor monitor) override;
+    bool leftButtonIsHeld() override;
     std::unique_ptr<EventTap> createEventTap(
         InputEventMask mask, std::function<bool(const InputEvent& event)> handler) override;
     bool isOtherButtonHeld() const override;

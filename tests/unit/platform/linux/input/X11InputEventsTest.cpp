@@ -90,6 +90,18 @@ TEST_F(X11InputEventsTest, TellsEveryReleaseOverAnotherApplicationOnce) {
     EXPECT_THAT(told, ElementsAre(LeftUp, LeftUp));
 }
 
+// Nobody has to watch, and no event has to have come.
+TEST_F(X11InputEventsTest, KnowsWhetherTheLeftButtonIsHeld) {
+    EXPECT_FALSE(events->leftButtonIsHeld());
+    other->press();
+    EXPECT_TRUE(events->leftButtonIsHeld());
+    other->release();
+    EXPECT_FALSE(events->leftButtonIsHeld());
+    other->press(3);
+    EXPECT_FALSE(events->leftButtonIsHeld());
+    other->release(3);
+}
+
 TEST_F(X11InputEventsTest, TakesNothingFromTheOtherApplication) {
     std::vector<InputEvent> told;
     ASSERT_NE(monitor(LeftUpMask, told), 0U);
