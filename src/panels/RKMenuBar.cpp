@@ -101,7 +101,7 @@ void RKMenuBar::setupScreentopTarragonPanel() {
 }
 
 PanelLevel RKMenuBar::levelOfBar() const {
-    return _screenTopAutoHide ? PanelLevel::FrontWindow : PanelLevel::Dock;
+    return _screenTopAutoHide ? PanelLevel::OrdinaryWindows : PanelLevel::Dock;
 }
 
 void RKMenuBar::addGradientScreenTop() {
@@ -115,7 +115,7 @@ void RKMenuBar::addGradientScreenTop() {
 
 void RKMenuBar::resetLevels() {
     if (_tarragonSTPanel)
-        _tarragonSTPanel->setLevel(PanelLevel::FrontWindow);
+        _tarragonSTPanel->setLevel(PanelLevel::OrdinaryWindows);
 }
 
 void RKMenuBar::refreshPanel() {

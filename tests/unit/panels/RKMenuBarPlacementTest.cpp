@@ -55,7 +55,7 @@ TEST_F(BarPlacementTest, LiesAboveEverythingUnlessItHidesItself) {
     EXPECT_EQ(window().level, PanelLevel::Dock);
     set("ScreenTopAutoHide", true);
     bar->setupScreentopTarragonPanel();
-    EXPECT_EQ(window().level, PanelLevel::FrontWindow);
+    EXPECT_EQ(window().level, PanelLevel::OrdinaryWindows);
 }
 
 TEST_F(BarPlacementTest, GivesItsRoomBackWithThePlacementAfterItWasToldToHide) {
@@ -63,7 +63,7 @@ TEST_F(BarPlacementTest, GivesItsRoomBackWithThePlacementAfterItWasToldToHide) {
     set("ScreenTopAutoHide", true);
     EXPECT_EQ(window().level, PanelLevel::Dock);
     bar->updateTarragonSTWindowPosition();
-    EXPECT_EQ(window().level, PanelLevel::FrontWindow);
+    EXPECT_EQ(window().level, PanelLevel::OrdinaryWindows);
     EXPECT_TRUE(isShown());
     set("ScreenTopAutoHide", false);
     bar->updateTarragonSTWindowPosition();
@@ -88,7 +88,7 @@ TEST_F(BarPlacementTest, GetsALevelOfItsOwnOnRequest) {
     bar->resetLevels();
     makePlacedBar();
     bar->resetLevels();
-    EXPECT_EQ(window().level, PanelLevel::FrontWindow);
+    EXPECT_EQ(window().level, PanelLevel::OrdinaryWindows);
 }
 
 TEST_F(BarPlacementTest, IsTranslucentToOneDegreeWhenItIsMadeAndToAnotherOncePlaced) {

@@ -201,7 +201,7 @@ TEST_F(BarTitlesTest, RaiseABarThatHidesItselfUntilItIsMadeAnew) {
     fake.menuPresenter.closeMenus();
     EXPECT_EQ(window().level, PanelLevel::PopUpMenu);
     bar->refreshPanel();
-    EXPECT_EQ(window().level, PanelLevel::FrontWindow);
+    EXPECT_EQ(window().level, PanelLevel::OrdinaryWindows);
 }
 
 TEST_F(BarTitlesTest, DoNotCountAsShowingOnceTheBarIsSwitchedOff) {
