@@ -39,6 +39,7 @@ public:
 
     // All three ask the window manager. False when the request could not be sent.
     virtual bool setPosition(std::uint32_t window, const Point& topLeftCG) = 0;
+    // A maximised window is so no more.
     virtual bool setSize(std::uint32_t window, const Size& frameSize) = 0;
     virtual bool raise(std::uint32_t window) = 0;
 };

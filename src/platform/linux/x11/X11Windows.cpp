@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <poll.h>
 #include <string_view>
 #include <tuple>
 #include <unistd.h>
@@ -31,6 +32,9 @@ struct X11WindowAtoms {
     xcb_atom_t typeNormal, typeDialog, typeDesktop;
     std::vector<xcb_atom_t> floatingTypes;
     xcb_atom_t moveResizeWindow;
+    xcb_atom_t requestFrameExtents;
+    xcb_atom_t maximizedSideways;
+    xcb_atom_t maximizedUpright;
     // The server can tell the process of a client that does not do so itself.
     bool knowsClientProcesses = false;
     std::string hostName;
@@ -74,6 +78,9 @@ X11WindowAtoms::X11WindowAtoms(X11Connection& connection)
     , typeDialog(connection.atom("_NET_WM_WINDOW_TYPE_DIALOG"))
     , typeDesktop(connection.atom("_NET_WM_WINDOW_TYPE_DESKTOP"))
     , moveResizeWindow(connection.atom("_NET_MOVERESIZE_WINDOW"))
+    , requestFrameExtents(connection.atom("_NET_REQUEST_FRAME_EXTENTS"))
+    , maximizedSideways(connection.atom("_NET_WM_STATE_MAXIMIZED_HORZ"))
+    , maximizedUpright(connection.atom("_NET_WM_STATE_MAXIMIZED_VERT"))
     , knowsClientProcesses(serverKnowsClientProcesses(connection.get()))
     , hostName(ownHostName()) {
     for (const std::string_view type : {"UTILITY", "TOOLBAR", "DOCK", "MENU", "SPLASH", "NOTIFICATION", "DROPDOWN_MENU",
@@ -440,6 +447,8 @@ bool X11Windows::setPosition(std::uint32_t window, const Point& topLeftCG) {
 }
 
 bool X11Windows::setSize(std::uint32_t window, const Size& frameSize) {
+    // First, because the window manager draws something else around a maximised window.
+    unmaximize(window);
     const std::optional<WindowExtents> extents = extentsOfWindow(_connection.get(), window, *_atoms);
     if (!extents)
         return false;
@@ -452,6 +461,40 @@ bool X11Windows::setSize(std::uint32_t window, const Size& frameSize) {
     const Size size = clientSizeOfFrame(framePixels, visibleFrameExtents(extents->decorations, extents->shadow));
     return sendToWindowManager(_connection, window, _atoms->moveResizeWindow,
         {Gravity | HasSize | MoveResizeSource, 0, 0, pixels(size.width), pixels(size.height)});
+}
+
+bool X11Windows::isMaximized(std::uint32_t window) {
+    X11Property property(_connection.get(), window, _atoms->state);
+    const std::vector<std::uint32_t> states = property.numbers();
+    return holds(states, _atoms->maximizedSideways) || holds(states, _atoms->maximizedUpright);
+}
+
+// Window managers leave a maximised window as large as it is. What one draws around the window is another thing
+// afterwards: it is asked to tell of that, too, which it does when all is done. One that does not answer is not waited
+// for long.
+void X11Windows::unmaximize(std::uint32_t window) {
+    if (!isMaximized(window))
+        return;
+    const std::unique_ptr<X11Connection> events = _connection.connectAnother();
+    if (!events)
+        return;
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    const xcb_void_cookie_t cookie =
+        xcb_change_window_attributes_checked(events->get(), window, XCB_CW_EVENT_MASK, &mask);
+    const X11Reply<xcb_generic_error_t> error(xcb_request_check(events->get(), cookie));
+    constexpr std::uint32_t Remove = 0;
+    sendToWindowManager(_connection, window, _atoms->state,
+        {Remove, _atoms->maximizedSideways, _atoms->maximizedUpright, SourceIsPager, 0});
+    sendToWindowManager(_connection, window, _atoms->requestFrameExtents, {});
+    constexpr int Patience = 100; // milliseconds
+    pollfd descriptor{events->descriptor(), POLLIN, 0};
+    while (poll(&descriptor, 1, Patience) > 0 && events->isAlive()) {
+        while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(events->get())}) {
+            const bool isProperty = (event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY;
+            if (isProperty && reinterpret_cast<const xcb_property_notify_event_t&>(*event).atom == _atoms->frameExtents)
+                return;
+        }
+    }
 }
 
 bool X11Windows::raise(std::uint32_t window) {

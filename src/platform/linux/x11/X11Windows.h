@@ -50,6 +50,8 @@ public:
     [[nodiscard]] std::vector<std::uint32_t> takeToldWindows();
 
 private:
+    bool isMaximized(std::uint32_t window);
+    void unmaximize(std::uint32_t window);
     PixelScale scale() const;
     std::vector<WindowDescription> describeInPixels(const std::vector<std::uint32_t>& windows);
     void noteTold(std::uint32_t window);

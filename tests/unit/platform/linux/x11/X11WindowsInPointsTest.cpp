@@ -50,11 +50,13 @@ protected:
     std::vector<int> asked() {
         requests->atom("TARRAGON_TEST_ANOTHER_BARRIER");
         std::vector<int> numbers;
+        askedToUnmaximize = false;
         while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(requests->get())}) {
             if ((event->response_type & 0x7F) != XCB_CLIENT_MESSAGE)
                 continue;
             const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);
             numbers.assign(&message.data.data32[1], &message.data.data32[5]);
+            askedToUnmaximize |= message.type == requests->atom("_NET_WM_STATE") && message.data.data32[0] == 0;
         }
         return numbers;
     }
@@ -65,6 +67,7 @@ protected:
     std::unique_ptr<X11Connection> requests;
     CurrentPixelScale scale;
     std::unique_ptr<X11Windows> windows;
+    bool askedToUnmaximize = false; // by what the last look has found
 };
 
 TEST_F(X11WindowsInPointsTest, HaveTheirFramesInPointsOfTheirScreen) {
@@ -116,6 +119,24 @@ TEST_F(X11WindowsInPointsTest, AreMovedAndSizedInPoints) {
     manager->synchronize();
     ASSERT_TRUE(windows->setSize(window, {75, 40}));
     EXPECT_THAT(asked(), ElementsAre(0, 0, 75, 40));
+}
+
+TEST_F(X11WindowsInPointsTest, AreNoLongerMaximisedOnceTheyAreSized) {
+    const std::uint32_t window = open(100, 40);
+    manager->setState(window, "_NET_WM_STATE_MAXIMIZED_VERT");
+    manager->synchronize();
+    ASSERT_TRUE(windows->setPosition(window, {60, 30}));
+    EXPECT_THAT(asked(), ElementsAre(120, 60, 0, 0));
+    EXPECT_FALSE(askedToUnmaximize);
+    // Also when the window manager does not answer.
+    ASSERT_TRUE(windows->setSize(window, {75, 40}));
+    EXPECT_THAT(asked(), ElementsAre(0, 0, 150, 80));
+    EXPECT_TRUE(askedToUnmaximize);
+    manager->setState(window, "_NET_WM_STATE_ABOVE");
+    manager->synchronize();
+    ASSERT_TRUE(windows->setSize(window, {75, 40}));
+    EXPECT_THAT(asked(), ElementsAre(0, 0, 150, 80));
+    EXPECT_FALSE(askedToUnmaximize);
 }
 
 TEST_F(X11WindowsInPointsTest, StayWhereTheyAreWhenTheyAreMovedToWhereTheyAre) {
