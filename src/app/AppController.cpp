@@ -38,8 +38,9 @@ void AppController::init() {
     }
     setupNotificationsToReceive();
     _appDelegate.accessibilityCheck();
-    accessibilityCreation();
+    // Bars take a while to be made, and screens may come and go meanwhile.
     _platform.displays.installReconfigurationHandler([this](std::uint32_t flags) { screensHaveChanged(flags); });
+    accessibilityCreation();
 }
 
 void AppController::screensHaveChanged(std::uint32_t flags) {

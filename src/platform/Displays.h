@@ -34,7 +34,8 @@ public:
     virtual Point mouseLocationNS() = 0;
 
     // The handler is called on the run loop after the screens have changed, once for all that changed together, with
-    // bits of displayReconfiguration; screens() answers the new ones then. Handlers are never removed.
+    // bits of displayReconfiguration; screens() answers the new ones then. A screen that has come and gone meanwhile is
+    // told of as both. Handlers are never removed.
     virtual void installReconfigurationHandler(std::function<void(std::uint32_t flags)> handler) = 0;
 };
 

@@ -187,6 +187,24 @@ TEST_F(DisplayChangesOnX11, TellsOfEachOfManySlowChangesOnce) {
     }
 }
 
+// Whoever asks for the screens during a pause sees it.
+TEST_F(DisplayChangesOnX11, TellsOfMonitorsThatWereThereForAMomentOnly) {
+    const auto pauseUntilScreens = [this](qsizetype count) {
+        for (int pauses = 0; pauses < 400 && QGuiApplication::screens().size() != count; ++pauses)
+            runLoop.pause(0.05);
+        return QGuiApplication::screens().size() == count;
+    };
+    user.setMonitors({Left, Right});
+    ASSERT_TRUE(pauseUntilScreens(2));
+    user.setMonitors({});
+    ASSERT_TRUE(pauseUntilScreens(1));
+    EXPECT_THAT(calls, IsEmpty());
+    ASSERT_TRUE(waitForCall());
+    settle();
+    EXPECT_THAT(calls, ElementsAre(48U));
+    EXPECT_EQ(screenCounts.back(), 1U);
+}
+
 TEST_F(DisplayChangesOnX11, TellsAllHandlersAndNoneDuringAPause) {
     int others = 0;
     displays.installReconfigurationHandler([&](std::uint32_t) { ++others; });

@@ -1,5 +1,6 @@
 #include "platform/qt/QtScreenWatch.h"
 
+#include "platform/Displays.h"
 #include "platform/RunLoop.h"
 
 #include <utility>
@@ -48,6 +49,8 @@ void QtScreenWatch::watch(QScreen* screen) {
 }
 
 void QtScreenWatch::lookLater() {
+    constexpr std::uint32_t ComingAndGoing = displayReconfiguration::Added | displayReconfiguration::Removed;
+    _screensCameOrWent |= (reconfigurationFlags(_configuration, currentConfiguration()) & ComingAndGoing) != 0;
     if (!std::exchange(_lookIsPending, true))
         _runLoop.post([this] { look(); });
 }
@@ -55,8 +58,11 @@ void QtScreenWatch::lookLater() {
 void QtScreenWatch::look() {
     _lookIsPending = false;
     ScreenConfiguration configuration = currentConfiguration();
-    const std::uint32_t flags = reconfigurationFlags(_configuration, configuration);
+    std::uint32_t flags = reconfigurationFlags(_configuration, configuration);
     _configuration = std::move(configuration);
+    // Everything is as before, but who asked meanwhile has seen other screens.
+    if (std::exchange(_screensCameOrWent, false) && flags == 0)
+        flags = displayReconfiguration::Added | displayReconfiguration::Removed;
     if (flags == 0)
         return;
     const auto handlers = _handlers; // one of them may install another

@@ -35,6 +35,7 @@ private:
     ScreenConfiguration _configuration;
     std::vector<std::function<void(std::uint32_t flags)>> _handlers;
     bool _lookIsPending = false;
+    bool _screensCameOrWent = false; // since the last look
     QObject _connections; // whose end ends the connections to Qt's signals
 };
 
