@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <utility>
 
 namespace tarragon::e2e {
 
@@ -42,6 +43,8 @@ void DesktopTest::quit(TestApplication& application) {
 }
 
 void DesktopTest::keepEvidence() {
+    if (std::exchange(_evidenceIsKept, true))
+        return;
     const char* variable = std::getenv("E2E_FAILURES");
     std::filesystem::path folder = variable ? variable : "e2e_failures";
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();

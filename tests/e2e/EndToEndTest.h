@@ -38,14 +38,16 @@ protected:
         return Agent::run(desktop(), arguments, additions);
     }
 
-private:
+    // What a failed test leaves, as things are now. The first time counts.
     void keepEvidence();
 
+private:
     WindowManager _windowManager;
     Compositor _compositor;
     Session* _session = nullptr;
     std::optional<PopUp> _popUp;
     pid_t _popUpAgent = 0;
+    bool _evidenceIsKept = false;
     std::vector<std::unique_ptr<TestApplication>> _applications;
 };
 

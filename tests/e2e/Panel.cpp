@@ -45,14 +45,16 @@ std::string plainTitleOf(xcb_connection_t* connection, xcb_window_t window) {
 // The last line of the log that tells of titles, without what precedes them. Empty when there was none, or when the
 // last layout had no titles.
 std::string lastTitlesIn(const std::string& log) {
-    const std::string mark = "titles";
+    // Bars tell of their titles in lines that begin otherwise.
+    const std::string mark = " panel: ";
     for (std::size_t found = log.rfind(mark); found != std::string::npos && found > 0;
          found = log.rfind(mark, found - 1)) {
-        const std::size_t end = log.find('\n', found);
-        const std::string line = log.substr(found, end == std::string::npos ? end : end - found);
+        const std::size_t begin = found + mark.size();
+        const std::size_t end = log.find('\n', begin);
+        const std::string line = log.substr(begin, end == std::string::npos ? end : end - begin);
         if (line.starts_with("titles: \""))
             return line;
-        if (line == mark && found >= 3 && log.compare(found - 3, 3, "no ") == 0)
+        if (line == "no titles")
             return {};
     }
     return {};
@@ -60,7 +62,7 @@ std::string lastTitlesIn(const std::string& log) {
 
 } // namespace
 
-const Environment Panel::TitlesInLog{{"TARRAGON_LOG", "panel"}};
+const Environment Panel::TitlesInLog{{"TARRAGON_LOG", "panel,settings"}};
 const std::string Panel::OverflowTitle = "▿";
 
 Panel::Panel(XDisplay& display, Agent& agent, double pixelsPerPoint)
@@ -165,14 +167,17 @@ xcb_window_t Panel::frameWindowOf(xcb_window_t window) const {
     }
 }
 
-std::vector<PanelTitle> Panel::titles() const {
+std::vector<PanelTitle> Panel::titlesIn(const std::string& line) {
     // A title may have any characters in it, so only what follows it tells where it ends.
     static const std::regex Title("\"(.*?)\" (-?\\d+) to (-?\\d+)(?:, |$)");
-    const std::string line = lastTitlesIn(_agent.process().standardError());
     std::vector<PanelTitle> titles;
     for (std::sregex_iterator match(line.begin(), line.end(), Title), end; match != end; ++match)
         titles.push_back({(*match)[1].str(), std::stoi((*match)[2].str()), std::stoi((*match)[3].str())});
     return titles;
+}
+
+std::vector<PanelTitle> Panel::titles() const {
+    return titlesIn(lastTitlesIn(_agent.process().standardError()));
 }
 
 std::vector<std::string> Panel::titleTexts() const {

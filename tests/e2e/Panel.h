@@ -56,6 +56,9 @@ public:
     // In pixels of the root window, over the panel's whole height; nothing when there is no such title.
     std::optional<PixelRect> frameOfTitle(const std::string& title) const;
 
+    // The titles that a line of the program's log tells of, as of a panel or a bar.
+    static std::vector<PanelTitle> titlesIn(const std::string& line);
+
     bool waitUntilSeen(Duration deadline = DefaultDeadline) const;
     bool waitUntilNotSeen(Duration deadline = DefaultDeadline) const;
     // Of a panel that fades.
@@ -66,7 +69,7 @@ public:
     // Seen, with these titles first as far as they found room. The system's own menu follows them.
     bool waitForTitles(const std::vector<std::string>& titles, Duration deadline = DefaultDeadline) const;
 
-    // For the environment of a program that is to tell where it puts titles.
+    // For the environment of a program that is to tell where it puts titles, and which settings it has heard of.
     static const Environment TitlesInLog;
     // The title of the menu of those that found no room.
     static const std::string OverflowTitle;

@@ -1,6 +1,7 @@
 #include "TestApplication.h"
 
 #include <csignal>
+#include <filesystem>
 #include <stdexcept>
 
 namespace tarragon::e2e {
@@ -98,8 +99,16 @@ std::vector<std::string> TestApplication::command() const {
     case ApplicationKind::HostileQt:
         return {E2E_HOSTILE_QT};
     case ApplicationKind::Titled: {
+        // Without a desktop entry a program has the name of its file.
+        const bool isNamed = _arguments.size() > 2 && _arguments[0] == "--name";
         std::vector<std::string> command{E2E_TITLED_WINDOW};
-        command.insert(command.end(), _arguments.begin(), _arguments.end());
+        if (isNamed) {
+            command[0] = _desktop.programFolder() / _arguments[1];
+            std::filesystem::create_directories(_desktop.programFolder());
+            std::error_code existsAlready;
+            std::filesystem::create_symlink(E2E_TITLED_WINDOW, command[0], existsAlready);
+        }
+        command.insert(command.end(), _arguments.begin() + (isNamed ? 2 : 0), _arguments.end());
         return command;
     }
     case ApplicationKind::Pressed:

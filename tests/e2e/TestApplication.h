@@ -29,7 +29,8 @@ std::string nameOf(ApplicationKind kind);
 // A real application of a desktop, started with a text of ours in it and in front when its constructor returns.
 class TestApplication {
 public:
-    // Throws std::runtime_error when it does not come up. Arguments are for the kinds that take some.
+    // Throws std::runtime_error when it does not come up. Arguments are for the kinds that take some; "--name" and a
+    // name before those of a titled window have the application bear that name.
     TestApplication(Desktop& desktop, ApplicationKind kind, std::vector<std::string> arguments = {});
     // Ends it, stopped or not.
     ~TestApplication();

@@ -13,8 +13,10 @@ void PanelUseEndToEndTest::TearDown() {
 
 std::size_t PanelUseEndToEndTest::layouts() {
     const std::string log = agent().process().standardError();
+    // Bars tell of their titles in lines that begin otherwise.
+    const std::string mark = " panel: titles: \"";
     std::size_t count = 0;
-    for (std::size_t at = log.find("titles: \""); at != std::string::npos; at = log.find("titles: \"", at + 1))
+    for (std::size_t at = log.find(mark); at != std::string::npos; at = log.find(mark, at + 1))
         ++count;
     return count;
 }
