@@ -134,6 +134,17 @@ TEST_F(WindowUnderBarTest, GoesByTheLastGoodRectangleOfAScreenThatHasNone) {
     EXPECT_EQ(windowFrame(), (Rect{{1500, 22}, {900, 878}}));
 }
 
+TEST_F(WindowUnderBarTest, GoesByTheSecondScreenBeforeAnyGoodRectangleWasSeen) {
+    std::vector<Screen> screens = ScreenTopTest::screens(2);
+    // Its top is 100 points below that of the first.
+    screens[1] = {{{1440, -100}, {1000, 900}}, {{1440, -100}, {1000, 1}}};
+    fake.displays.setScreens(screens);
+    launchAndSettle();
+    moveWindow({{1500, 100}, {900, 900}});
+    tick();
+    EXPECT_EQ(windowFrame(), (Rect{{1500, 122}, {900, 878}}));
+}
+
 TEST_F(WindowUnderBarTest, IsMovedBelowABarThatLiesUnderOneOfTheDesktop) {
     std::vector<Screen> screens = ScreenTopTest::screens(2);
     screens[1].visibleFrameNS.size.height = 870;
