@@ -44,7 +44,8 @@ void AppController::init() {
 }
 
 void AppController::screensHaveChanged(std::uint32_t flags) {
-    // A screen in another mode, or in another place, is left to the next tick.
+    // To a screen in another mode, or in another place, the panel goes with the next tick, and the bars with the next
+    // application in front.
     if (!(flags & (displayReconfiguration::Added | displayReconfiguration::Removed)))
         return;
     log(LogCategory::Panel, [] { return "a screen was connected or removed"; });

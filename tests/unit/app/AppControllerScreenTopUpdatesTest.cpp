@@ -57,6 +57,18 @@ TEST_F(ScreenTopUpdatesTest, KeepTheTitlesOfTheApplicationBehindAWindowOfOurOwn)
     EXPECT_THAT(bar(0).titles(), ElementsAre("File", "Edit", "Tarragon "));
 }
 
+TEST_F(ScreenTopUpdatesTest, FollowAScreenInAnotherModeAndPlaceWithTheNextSwitch) {
+    launchAndSettle();
+    std::vector<Screen> changed = screens(2);
+    changed[1] = {{{1440, 100}, {1280, 1024}}, {{1440, 100}, {1280, 1024}}};
+    fake.displays.setScreens(changed);
+    fake.displays.reconfigure(displayReconfiguration::SetMode | displayReconfiguration::Moved);
+    tick();
+    EXPECT_THAT(barFrames(), ElementsAre(FrameOnSecondScreen));
+    fake.switchTo(addNotes());
+    EXPECT_THAT(barFrames(), ElementsAre(Rect{{1440, 1102}, {1280, 22}}));
+}
+
 TEST_F(ScreenTopUpdatesTest, AreMadeByNoSwitch) {
     setScreenCount(1);
     launchAndSettle();
