@@ -235,8 +235,12 @@ void RKMenuBar::setBarFrame(const Rect& frameNS) {
 }
 
 void RKMenuBar::keepOffOtherScreens() {
+    const Rect& frame = _tarragonSTPanel->frame();
+    const Rect screenFrame = screenFrameNS();
+    // A window manager that is just taking over a dock may miss where it goes meanwhile, and leave it there for good.
+    const bool isDockOutOfPlace = !_screenTopAutoHide && frame.origin.y >= topNS(screenFrame);
     _tarragonSTPanel->setOutOfSight(
-        isSeenAboveItsScreen(_tarragonSTPanel->frame(), screenFrameNS(), _surroundings.services.displays.screens()));
+        isDockOutOfPlace || isSeenAboveItsScreen(frame, screenFrame, _surroundings.services.displays.screens()));
 }
 
 Rect RKMenuBar::convertCGtoNSRectCoords(const Rect& rectCG) const {

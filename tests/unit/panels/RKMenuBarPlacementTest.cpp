@@ -25,7 +25,19 @@ TEST_F(BarPlacementTest, IsMadeOutOfSightAboveItsScreen) {
     EXPECT_EQ(window().frames.front(), (Rect{{1440, 1124}, {1280, 1024}}));
     EXPECT_EQ(bar->rectOfMenuBar(), (Rect{{1440, 1124}, {1280, 1024}}));
     EXPECT_EQ(bar->frameOfST(), (Rect{{1440, 1124}, {1280, 22}}));
+}
+
+// A dock that is moved while the window manager takes it over may stay behind.
+TEST_F(BarPlacementTest, IsShownAsADockInItsPlaceAlone) {
+    makeBar();
+    EXPECT_FALSE(window().visible);
+    bar->updateTarragonSTWindowPosition();
     EXPECT_TRUE(window().visible);
+    EXPECT_EQ(window().frameNS, Flush);
+    set("ScreenTopAutoHide", true);
+    bar->updateTarragonSTWindowPosition();
+    EXPECT_TRUE(window().visible);
+    EXPECT_EQ(window().frameNS, Hidden);
 }
 
 TEST_F(BarPlacementTest, HasNoWindowWithoutASecondScreen) {
