@@ -107,7 +107,9 @@ TEST_P(BarAutoHideTest, LiesAboveAMaximisedWindowOfItsScreen) {
         const auto found = std::ranges::find(order, panel().frameWindowOf(other.window()));
         return std::find(found, order.end(), panel().frameWindowOf(application.window())) != order.end();
     }));
-    EXPECT_TRUE(holdsFor(Duration(600), [&] { return bars().seenOn(monitor).has_value() && liesAboveIt(); }));
+    // It takes a moment to follow the window manager.
+    EXPECT_TRUE(waitUntil(
+        [&] { return holdsFor(Duration(600), [&] { return bars().seenOn(monitor).has_value() && liesAboveIt(); }); }));
     // Some window managers take the focus from a window that is lowered.
     const bool isInFront = display().activeWindow() == other.window();
     EXPECT_TRUE(openTitleOnBar(1, monitor, isInFront ? "Fennel" : "Basil"));
