@@ -121,8 +121,8 @@ void AppController::observeValueForKeyPath(const std::string& keyPath) {
     }
     if (is(preference::ShowAppleMenu)) {
         readShowAppleMenu();
-        // The only reader option that shows at once; the others do with the next update. The own menu is no part of what
-        // is read, and stays away until the next switch.
+        // The only reader option that shows at once; the others do with the next update. The own menu is no part of
+        // what is read, and stays away until the next switch.
         if (_appUIElementInfo)
             _appUIElementInfo->update();
         applyChangeToPanel();
