@@ -23,10 +23,14 @@ bool PopUp::openByButton(std::uint8_t button, Duration deadline) {
     return openBy([this, button] { _desktop.input().press(button); }, deadline);
 }
 
-bool PopUp::openBy(const std::function<void()>& press, Duration deadline) {
-    auto start = Clock::now();
+void PopUp::startAnew() {
     _notice = {};
     _seenBeforeOpening = _observer.count();
+}
+
+bool PopUp::openBy(const std::function<void()>& press, Duration deadline) {
+    auto start = Clock::now();
+    startAnew();
     press();
     bool opened = waitUntil([this] { return isOpen(); }, deadline);
     _openingTime = std::chrono::duration_cast<Duration>(Clock::now() - start);

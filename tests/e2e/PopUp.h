@@ -21,6 +21,9 @@ public:
     bool open(Duration deadline = DefaultDeadline);
     // Presses a mouse button, by X's number, in its place; it stays held.
     bool openByButton(std::uint8_t button, Duration deadline = DefaultDeadline);
+    // Forgets what was highlighted before. For menus that something else is about to open: the same menu of an earlier
+    // window may have been elsewhere.
+    void startAnew();
     bool isOpen();
     // Leaves it without choosing; true when no menu is on the screen any more.
     bool close();

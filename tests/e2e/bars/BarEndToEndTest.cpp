@@ -114,6 +114,7 @@ bool BarEndToEndTest::openTitleOnBar(int screen, const PixelRect& monitor, const
         return false;
     const PixelRect frame = *bars().frameOfTitle(screen, monitor, title);
     input().moveTo(frame.x + frame.width / 2, frame.y + frame.height / 2);
+    popUp().startAnew();
     input().click();
     return waitForMenuBelowBar(screen, monitor, title);
 }

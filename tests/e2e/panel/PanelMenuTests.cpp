@@ -74,6 +74,7 @@ TEST_P(PanelMenuOnApplicationTest, APressThatIsHeldDraggedAndReleasedChooses) {
     const bool before = application.switchState();
     FocusWatch focus(display());
     ASSERT_TRUE(pointAtTitle(path[0]));
+    popUp().startAnew();
     input().press();
     ASSERT_TRUE(waitForMenuBelow(path[0]));
     ASSERT_TRUE(popUp().pointInto(path[1]));

@@ -65,6 +65,7 @@ bool PanelUseEndToEndTest::openTitle(const std::string& title) {
     // While it fades in, clicks may still be for what lies below.
     if (!panel().waitUntilOpaque() || !pointAtTitle(title))
         return false;
+    popUp().startAnew();
     input().click();
     return waitForMenuBelow(title);
 }
