@@ -55,8 +55,8 @@ public:
         InputEventMask mask, std::function<void(const InputEvent& event)> handler) = 0;
     // Does nothing for a monitor that was removed before.
     virtual void removeMonitor(EventMonitor monitor) = 0;
-    // Whether the left button is held at this moment, over whatever program. The desktop is asked, so that the answer is
-    // right also while events still wait for their turn. False where it does not tell.
+    // Whether the left button is held at this moment, over whatever program. The desktop is asked, so that the answer
+    // is right also while events still wait for their turn. False where it does not tell.
     [[nodiscard]] virtual bool leftButtonIsHeld() = 0;
 
     // The handler gets the events of the mask wherever they go, and answers whether they are to go there. Desktops on
