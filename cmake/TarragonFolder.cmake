@@ -24,12 +24,13 @@ if(TARRAGON_SANITIZE)
   target_link_options(tarragon_options INTERFACE -fsanitize=${TARRAGON_SANITIZE})
 endif()
 
-# tarragon_folder(<folder> [USES <folder>...] [LIBRARIES <target>...])
+# tarragon_folder(<folder> [WIDGETS] [USES <folder>...] [LIBRARIES <target>...])
 #
 # One static library for one folder below src/. A folder may include its own headers, the seam's (platform) and those
-# of the folders in USES; the build stops on any other #include of ours.
+# of the folders in USES; the build stops on any other #include of ours. WIDGETS: the toolkit's tools read the folder's
+# classes and its interface files.
 function(tarragon_folder folder)
-  cmake_parse_arguments(ARG "" "" "USES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS" "" "USES;LIBRARIES" ${ARGN})
   string(REPLACE "/" "_" target ${folder})
   set(directory ${PROJECT_SOURCE_DIR}/src/${folder})
   file(GLOB sources CONFIGURE_DEPENDS ${directory}/*.cpp)
@@ -43,6 +44,9 @@ function(tarragon_folder folder)
 
   if(sources)
     add_library(tarragon_${target} STATIC ${sources} ${headers})
+    if(ARG_WIDGETS)
+      set_target_properties(tarragon_${target} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    endif()
     target_link_libraries(tarragon_${target} PUBLIC tarragon_options ${used_targets} ${ARG_LIBRARIES})
   else()
     add_library(tarragon_${target} INTERFACE)

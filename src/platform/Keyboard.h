@@ -12,6 +12,8 @@ struct SymbolicHotKey {
     bool isEnabled = true;
     std::int64_t keyCode = 0; // the system's own virtual key code, by position on the keyboard
     std::uint32_t modifiers = 0; // bits of hotkey::
+    // Who has it and what for, as people would say it ("Xfce: Close window"); empty when that is not known.
+    std::string owner = {};
     bool operator==(const SymbolicHotKey&) const = default;
 };
 

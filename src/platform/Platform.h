@@ -5,6 +5,8 @@
 #include "platform/Displays.h"
 #include "platform/HotKeys.h"
 #include "platform/InputEvents.h"
+#include "platform/InstalledApplications.h"
+#include "platform/KeyRecorder.h"
 #include "platform/Keyboard.h"
 #include "platform/LoginItemList.h"
 #include "platform/MenuInput.h"
@@ -13,10 +15,14 @@
 #include "platform/Process.h"
 #include "platform/RunLoop.h"
 #include "platform/StatusItems.h"
+#include "platform/UserNotifications.h"
 #include "platform/WindowList.h"
+#include "platform/WindowPicker.h"
 #include "platform/Workspace.h"
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tarragon {
 
@@ -41,6 +47,14 @@ struct Platform {
     WindowList* windowList = nullptr;
     PanelSurfaces* panelSurfaces = nullptr;
     StatusItems* statusItems = nullptr;
+    InstalledApplications* installedApplications = nullptr;
+    KeyRecorder* keyRecorder = nullptr;
+    UserNotifications* userNotifications = nullptr;
+    WindowPicker* windowPicker = nullptr;
+
+    // Keys of the settings that change nothing here, because this desktop does not have what they are about. Nobody is
+    // offered these.
+    std::vector<std::string_view> settingsWithoutEffect = {};
 };
 
 } // namespace tarragon

@@ -18,7 +18,11 @@ Platform FakePlatform::platform() {
         .process = &process,
         .windowList = &windowList,
         .panelSurfaces = &panelSurfaces,
-        .statusItems = &statusItems};
+        .statusItems = &statusItems,
+        .installedApplications = &installedApplications,
+        .keyRecorder = &keyRecorder,
+        .userNotifications = &userNotifications,
+        .windowPicker = &windowPicker};
 }
 
 FakeApplication FakePlatform::addApplication(const std::string& name) {

@@ -6,6 +6,8 @@
 #include "fake/FakeDisplays.h"
 #include "fake/FakeHotKeys.h"
 #include "fake/FakeInputEvents.h"
+#include "fake/FakeInstalledApplications.h"
+#include "fake/FakeKeyRecorder.h"
 #include "fake/FakeKeyboard.h"
 #include "fake/FakeMenuInput.h"
 #include "fake/FakeMenuPresenter.h"
@@ -13,7 +15,9 @@
 #include "fake/FakeProcess.h"
 #include "fake/FakeRunLoop.h"
 #include "fake/FakeStatusItems.h"
+#include "fake/FakeUserNotifications.h"
 #include "fake/FakeWindowList.h"
+#include "fake/FakeWindowPicker.h"
 #include "fake/FakeWorkspace.h"
 #include "platform/Platform.h"
 
@@ -55,6 +59,10 @@ public:
     FakeWindowList windowList;
     FakePanelSurfaces panelSurfaces;
     FakeStatusItems statusItems;
+    FakeInstalledApplications installedApplications;
+    FakeKeyRecorder keyRecorder;
+    FakeUserNotifications userNotifications;
+    FakeWindowPicker windowPicker;
     FakeDefaults defaults;
     FakeRunLoop runLoop;
     NotificationCenter notificationCenter;
