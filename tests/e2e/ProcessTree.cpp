@@ -43,11 +43,44 @@ std::vector<pid_t> livingProcesses() {
     return processes;
 }
 
-std::vector<pid_t> descendantsWith(const std::string& assignment) {
+// The variables as they were when the process was started, "NAME=value". A process that is ending has none any more,
+// though it is still there, and one that is just becoming another program has none for a moment.
+std::vector<std::string> environmentOf(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/environ", std::ios::binary);
+    std::vector<std::string> variables;
+    for (std::string variable; std::getline(file, variable, '\0');)
+        variables.push_back(variable);
+    return variables;
+}
+
+// Those started with the variable, or all when it is empty, and those that do not tell at the moment.
+std::vector<pid_t> descendantsThatMayHave(const std::string& assignment) {
     std::vector<pid_t> processes = descendantsOf(getpid());
-    if (!assignment.empty())
-        std::erase_if(processes, [&](pid_t process) { return !hasEnvironmentVariable(process, assignment); });
+    std::erase_if(processes, [&](pid_t process) {
+        const std::vector<std::string> variables = environmentOf(process);
+        return !assignment.empty() && !variables.empty() && std::ranges::find(variables, assignment) == variables.end();
+    });
     return processes;
+}
+
+void endThoseWith(const std::string& assignment, int signal) {
+    for (pid_t process : descendantsOf(getpid())) {
+        if (!assignment.empty() && !hasEnvironmentVariable(process, assignment))
+            continue;
+        kill(process, signal);
+        kill(process, SIGCONT);
+    }
+}
+
+void reapChildren() {
+    while (waitpid(-1, nullptr, WNOHANG) > 0) { }
+}
+
+std::string commandLineOf(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/cmdline", std::ios::binary);
+    std::string line{std::istreambuf_iterator<char>(file), {}};
+    std::ranges::replace(line, '\0', ' ');
+    return line;
 }
 
 } // namespace
@@ -70,36 +103,46 @@ std::vector<pid_t> descendantsOf(pid_t process) {
 }
 
 bool hasEnvironmentVariable(pid_t process, const std::string& assignment) {
-    std::ifstream file("/proc/" + std::to_string(process) + "/environ", std::ios::binary);
-    std::string variable;
-    while (std::getline(file, variable, '\0')) {
-        if (variable == assignment)
-            return true;
-    }
-    return false;
+    const std::vector<std::string> variables = environmentOf(process);
+    return std::ranges::find(variables, assignment) != variables.end();
 }
 
 void endDescendants(const std::string& assignment) {
     for (int signal : {SIGTERM, SIGKILL}) {
-        for (pid_t process : descendantsWith(assignment)) {
-            kill(process, signal);
-            kill(process, SIGCONT);
-        }
+        endThoseWith(assignment, signal);
         // A process that dies can leave children behind that come to us, so the look-out is renewed each time.
-        bool gone = waitUntil(
+        const bool gone = waitUntil(
             [&] {
-                while (waitpid(-1, nullptr, WNOHANG) > 0) { }
-                std::vector<pid_t> left = descendantsWith(assignment);
-                if (signal == SIGKILL) {
-                    for (pid_t process : left)
-                        kill(process, SIGKILL);
-                }
-                return left.empty();
+                reapChildren();
+                if (signal == SIGKILL)
+                    endThoseWith(assignment, signal);
+                return descendantsThatMayHave(assignment).empty();
             },
             Duration(2000));
         if (gone)
             return;
     }
+}
+
+std::vector<pid_t> waitForDescendantsToEnd(Duration deadline) {
+    std::vector<pid_t> left;
+    waitUntil(
+        [&] {
+            reapChildren();
+            left = descendantsOf(getpid());
+            return left.empty();
+        },
+        deadline);
+    return left;
+}
+
+std::string describeProcess(pid_t process) {
+    std::string description = std::to_string(process);
+    const std::vector<std::string> names = threadNamesOf(process);
+    description += " (" + (names.empty() ? std::string("gone") : names.front()) + "): " + commandLineOf(process);
+    const pid_t parent = parentOf(process);
+    description += "; its parent is " + std::to_string(parent) + ": " + commandLineOf(parent);
+    return description;
 }
 
 std::vector<std::string> threadNamesOf(pid_t process) {

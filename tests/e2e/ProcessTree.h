@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Wait.h"
+
 #include <chrono>
 #include <string>
 #include <vector>
@@ -18,8 +20,15 @@ std::vector<pid_t> descendantsOf(pid_t process);
 bool hasEnvironmentVariable(pid_t process, const std::string& assignment);
 
 // Ends the descendants of the calling process that were started with the variable, or all of them when it is empty:
-// politely at first, then not. All are reaped when it returns.
+// politely at first, then not. All have ended and are reaped when it returns.
 void endDescendants(const std::string& assignment);
+
+// Reaps the children that have ended until the calling process has no living descendant, or the deadline has passed:
+// then those that are left.
+std::vector<pid_t> waitForDescendantsToEnd(Duration deadline);
+
+// For a message: who it is, its command line, and its parent's.
+std::string describeProcess(pid_t process);
 
 // The names of its threads, the main thread's among them; none when the process is gone.
 std::vector<std::string> threadNamesOf(pid_t process);

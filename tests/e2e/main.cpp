@@ -34,9 +34,10 @@ int runTests() {
     tarragon::e2e::adoptOrphans();
     testing::AddGlobalTestEnvironment(new SharedDesktops);
     int result = RUN_ALL_TESTS();
-    std::vector<pid_t> left = tarragon::e2e::descendantsOf(getpid());
+    // What ends by itself once its desktop is gone may take a moment.
+    const std::vector<pid_t> left = tarragon::e2e::waitForDescendantsToEnd(std::chrono::seconds(10));
     for (pid_t process : left)
-        std::fprintf(stderr, "process %d is still running\n", static_cast<int>(process));
+        std::fprintf(stderr, "process still running: %s\n", tarragon::e2e::describeProcess(process).c_str());
     return left.empty() ? result : 1;
 }
 
