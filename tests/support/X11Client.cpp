@@ -76,6 +76,11 @@ void X11Client::raise(xcb_window_t window) {
     synchronize();
 }
 
+void X11Client::circulate() {
+    xcb_circulate_window(_connection, XCB_CIRCULATE_RAISE_LOWEST, root());
+    synchronize();
+}
+
 void X11Client::focus(xcb_window_t window) {
     xcb_set_input_focus(_connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
     synchronize();

@@ -46,6 +46,8 @@ public:
     void destroy(xcb_window_t window);
     void move(xcb_window_t window, int x, int y);
     void raise(xcb_window_t window);
+    // Raises the lowest window that another one covers.
+    void circulate();
     void focus(xcb_window_t window);
     void setNumbers(
         xcb_window_t window, const std::string& property, xcb_atom_t type, const std::vector<std::uint32_t>& values);

@@ -52,6 +52,7 @@ void X11Stacking::handleEvent(const xcb_generic_event_t& event) {
         _needsFrame |= reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == _baseFrame;
         break;
     case XCB_CIRCULATE_NOTIFY:
+        _belowBaseFrame = XCB_WINDOW_NONE;
         _needsRestack = true;
         break;
     default:
@@ -66,15 +67,16 @@ void X11Stacking::handleConfigure(const xcb_configure_notify_event_t& event) {
         _needsRestack |= std::exchange(_belowBaseFrame, below) != below;
         return;
     }
+    // What lies below the base has changed without a word about the base itself, as when the base was raised above one
+    // of ours and that has come back.
+    if (_belowBaseFrame != XCB_WINDOW_NONE && (event.window == _belowBaseFrame || below == _belowBaseFrame))
+        _belowBaseFrame = XCB_WINDOW_NONE;
     const auto kept = std::ranges::find(_windows, event.window);
     if (kept != _windows.end()) {
         const xcb_window_t expected = kept == _windows.begin() ? lowestNeighbour() : *std::prev(kept);
         _needsRestack |= below != expected;
         return;
     }
-    // What lies below the base has changed without a word about the base itself.
-    if (_belowBaseFrame != XCB_WINDOW_NONE && (event.window == _belowBaseFrame || below == _belowBaseFrame))
-        _belowBaseFrame = XCB_WINDOW_NONE;
     // Something has come between the base and ours.
     _needsRestack |= below == _baseFrame || (isKept(below) && below != _windows.back());
 }

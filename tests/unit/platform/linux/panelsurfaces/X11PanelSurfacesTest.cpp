@@ -82,6 +82,31 @@ TEST_F(X11PanelSurfacesTest, ComesBackWhenTheWindowInFrontIsRaisedAfterItsNeighb
     ASSERT_TRUE(becomes({frame, neighbour, front, panel}));
 }
 
+TEST_F(X11PanelSurfacesTest, ComesBackEachTimeTheWindowInFrontIsRaised) {
+    for (int round = 0; round < 3; ++round) {
+        other->raise(frame);
+        ASSERT_TRUE(becomes({frame, panel})) << round;
+        settle();
+    }
+}
+
+TEST_F(X11PanelSurfacesTest, ComesBackWhenTheWindowInFrontIsRaisedAfterItsNeighbourHasCirculated) {
+    const xcb_window_t neighbour = makeWindow(60, 60);
+    const xcb_window_t front = makeWindow(100, 80);
+    setFront(front);
+    ASSERT_TRUE(becomes({frame, neighbour, front, panel}));
+    settle();
+    other->move(front, 101, 80); // tells which window is its neighbour
+    settle();
+    // The lowest window that another one covers comes to the top.
+    other->circulate();
+    other->circulate();
+    settle();
+    ASSERT_EQ(order({neighbour, front, panel}).back(), neighbour);
+    other->raise(front);
+    ASSERT_TRUE(becomes({frame, neighbour, front, panel}));
+}
+
 TEST_F(X11PanelSurfacesTest, LetsNothingComeBetweenItAndTheWindowInFront) {
     const xcb_window_t between = makeWindow(100, 80);
     const std::array<std::uint32_t, 2> values = {frame, XCB_STACK_MODE_ABOVE};
