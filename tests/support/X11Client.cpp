@@ -179,6 +179,37 @@ void X11Client::click(std::uint8_t button) {
     release(button);
 }
 
+void X11Client::pressKey(std::uint8_t keyCode) {
+    fake(XCB_KEY_PRESS, keyCode);
+}
+
+void X11Client::releaseKey(std::uint8_t keyCode) {
+    fake(XCB_KEY_RELEASE, keyCode);
+}
+
+void X11Client::typeKey(std::uint8_t keyCode) {
+    pressKey(keyCode);
+    releaseKey(keyCode);
+}
+
+bool X11Client::grabKeyboard() {
+    const auto reply = owned(xcb_grab_keyboard_reply(_connection,
+        xcb_grab_keyboard(_connection, 0, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+        nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void X11Client::ungrabKeyboard() {
+    xcb_ungrab_keyboard(_connection, XCB_CURRENT_TIME);
+    synchronize();
+}
+
+bool X11Client::grabKey(std::uint8_t keyCode, std::uint16_t modifiers) {
+    const auto error = owned(xcb_request_check(_connection,
+        xcb_grab_key_checked(_connection, 0, root(), modifiers, keyCode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
+    return !error;
+}
+
 void X11Client::addAndRemoveMasterDevice() {
     const auto known = pointers();
     const std::string name = "second";

@@ -64,10 +64,18 @@ public:
 
     bool grabPointer();
     void ungrabPointer();
+    bool grabKeyboard();
+    void ungrabKeyboard();
+    // The combination of a key with modifiers of the core protocol, wherever the focus is.
+    bool grabKey(std::uint8_t keyCode, std::uint16_t modifiers);
     void movePointer(int x, int y);
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1);
     void click(std::uint8_t button = 1);
+    // Keys by X key code.
+    void pressKey(std::uint8_t keyCode);
+    void releaseKey(std::uint8_t keyCode);
+    void typeKey(std::uint8_t keyCode);
     // Plugs in a further pointer and keyboard, and pulls them again.
     void addAndRemoveMasterDevice();
 

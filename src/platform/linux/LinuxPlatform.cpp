@@ -23,6 +23,7 @@
 #include "platform/linux/x11/X11Windows.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/linux/xkb/X11HotKeys.h"
+#include "platform/linux/xkb/X11KeyRecorder.h"
 #include "platform/linux/xkb/XkbKeyboard.h"
 #include "platform/qt/QtDisplays.h"
 #include "platform/qt/QtRunLoop.h"
@@ -152,6 +153,7 @@ private:
     X11Workspace _workspace;
     X11HotKeys _hotKeys;
     XkbKeyboard _keyboard;
+    X11KeyRecorder _keyRecorder{*_connection, _runLoop};
     std::filesystem::path _settingsFile;
     PropertyListDefaults _defaults;
     AutostartLoginItemList _loginItems;
@@ -180,7 +182,8 @@ private:
         .process = &_process,
         .windowList = &_windowList,
         .panelSurfaces = &_panelSurfaces,
-        .statusItems = &_statusItems};
+        .statusItems = &_statusItems,
+        .keyRecorder = &_keyRecorder};
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11MenuInput.h"
 
+#include "platform/linux/x11/X11KeyboardGrab.h"
 #include "platform/linux/x11/X11Reply.h"
 
 #include <xcb/xinput.h>
@@ -57,7 +58,7 @@ bool X11MenuInput::redirect(xcb_generic_event_t* event) const {
 }
 
 bool X11MenuInput::takeKeyboard() {
-    const xcb_window_t focused = focusedWindow();
+    const xcb_window_t focused = focusedWindow(_connection);
     const xcb_window_t window = focused != XCB_WINDOW_NONE ? focused : _menuWindow;
     const auto cookie =
         xcb_grab_keyboard(_connection, 0, window, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -95,14 +96,6 @@ void X11MenuInput::takeCorePointer() {
     const auto cookie = xcb_grab_pointer(_connection, 1, _menuWindow, events, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
         XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
     const X11Reply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(_connection, cookie, nullptr));
-}
-
-// None when the focus is nowhere or follows the pointer.
-xcb_window_t X11MenuInput::focusedWindow() const {
-    const X11Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
-    const bool isWindow = reply && reply->focus != XCB_INPUT_FOCUS_NONE && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT;
-    return isWindow ? reply->focus : xcb_window_t(XCB_WINDOW_NONE);
 }
 
 // A desktop may have several, each with a cursor of its own.

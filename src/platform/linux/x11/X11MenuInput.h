@@ -39,7 +39,6 @@ private:
     bool takeKeyboard();
     void takePointers();
     void takeCorePointer();
-    xcb_window_t focusedWindow() const;
     std::vector<std::uint16_t> pointers() const;
 
     xcb_connection_t* _connection;

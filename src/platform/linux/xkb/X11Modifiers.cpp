@@ -64,6 +64,19 @@ std::uint16_t X11Modifiers::bitsOfHotKey(std::uint32_t hotKeyModifiers) const {
     return static_cast<std::uint16_t>(bits);
 }
 
+std::uint32_t X11Modifiers::hotKeyModifiersOf(std::uint16_t state) const {
+    std::uint32_t hotKeyModifiers = 0;
+    if ((state & XCB_MOD_MASK_CONTROL) != 0)
+        hotKeyModifiers |= hotkey::CommandKey;
+    if ((state & alt) != 0)
+        hotKeyModifiers |= hotkey::OptionKey;
+    if ((state & super) != 0)
+        hotKeyModifiers |= hotkey::ControlKey;
+    if ((state & XCB_MOD_MASK_SHIFT) != 0)
+        hotKeyModifiers |= hotkey::ShiftKey;
+    return hotKeyModifiers;
+}
+
 std::uint16_t X11Modifiers::withoutLocks(std::uint16_t state) const {
     std::uint32_t locks = 0;
     for (const std::uint16_t combination : lockCombinations)

@@ -19,6 +19,8 @@ struct X11Modifiers {
 
     // The bits for the modifiers of a hot key.
     std::uint16_t bitsOfHotKey(std::uint32_t hotKeyModifiers) const;
+    // The modifiers, bits of hotkey::, that are held in the state of a key event.
+    std::uint32_t hotKeyModifiersOf(std::uint16_t state) const;
     // The state of a key event without locks, pointer buttons and keyboard layout.
     std::uint16_t withoutLocks(std::uint16_t state) const;
 };
