@@ -37,6 +37,12 @@ X11HeldKeys::Keys requestHeldKeys(xcb_connection_t* connection) {
     return held;
 }
 
+bool isViewable(xcb_connection_t* connection, xcb_window_t window) {
+    const X11Reply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(connection, xcb_get_window_attributes(connection, window), nullptr));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 void selectEvents(xcb_connection_t* connection, xcb_window_t window, std::uint32_t events) {
     xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &events);
     xcb_flush(connection);
@@ -97,6 +103,11 @@ std::unique_ptr<KeyRecording> X11KeyRecorder::recordKeys(
         return nullptr;
     }
     selectEvents(connection, *window, XCB_EVENT_MASK_FOCUS_CHANGE);
+    // The window may have gone, and the keys with it, before anybody listened to that.
+    if (!isViewable(connection, *window)) {
+        xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+        return nullptr;
+    }
     auto recording = std::make_unique<Recording>(*this, *window, std::move(keys), std::move(handler), std::move(ended));
     _recording = recording.get();
     // Keys may have come along with the server's answer; the run loop is not woken for these.
