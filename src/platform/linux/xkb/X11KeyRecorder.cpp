@@ -45,7 +45,12 @@ bool isViewable(xcb_connection_t* connection, xcb_window_t window) {
 
 void selectEvents(xcb_connection_t* connection, xcb_window_t window, std::uint32_t events) {
     xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &events);
-    xcb_flush(connection);
+}
+
+// Until it has done all that it was asked.
+void waitForServer(xcb_connection_t* connection) {
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
 } // namespace
@@ -121,6 +126,8 @@ void X11KeyRecorder::letGo(const Recording& recording) {
     _recording = nullptr;
     xcb_ungrab_keyboard(_connection->get(), XCB_CURRENT_TIME);
     selectEvents(_connection->get(), recording.window, XCB_EVENT_MASK_NO_EVENT);
+    // Whoever wants the keyboard next, a menu of ours for one, asks on another connection.
+    waitForServer(_connection->get());
 }
 
 void X11KeyRecorder::takeEvents() {
