@@ -2,6 +2,7 @@
 
 #include "platform/linux/atspi/LinuxAccessibility.h"
 #include "platform/linux/desktop/AutostartLoginItemList.h"
+#include "platform/linux/desktop/DesktopApplications.h"
 #include "platform/linux/desktop/DesktopEntries.h"
 #include "platform/linux/desktop/DesktopLauncher.h"
 #include "platform/linux/desktop/DesktopShortcutsSession.h"
@@ -149,6 +150,8 @@ private:
     X11Displays _displays;
     NotificationCenter _notificationCenter;
     DesktopEntries _desktopEntries{[this] { return _windows.currentLook(); }};
+    DesktopApplications _installedApplications{
+        _desktopEntries, [this] { return _windows.describe(_windows.managedWindows()); }};
     LinuxAccessibility _accessibility;
     X11Workspace _workspace;
     X11HotKeys _hotKeys;
@@ -183,6 +186,7 @@ private:
         .windowList = &_windowList,
         .panelSurfaces = &_panelSurfaces,
         .statusItems = &_statusItems,
+        .installedApplications = &_installedApplications,
         .keyRecorder = &_keyRecorder};
 };
 

@@ -2,7 +2,7 @@
 
 #include "platform/linux/desktop/DesktopEntryKeys.h"
 
-#include <algorithm>
+#include <cstddef>
 
 namespace tarragon {
 
@@ -40,21 +40,6 @@ std::string escaped(std::string_view text) {
     return result;
 }
 
-std::vector<std::string> listOf(std::string_view value) {
-    std::vector<std::string> elements;
-    while (!value.empty()) {
-        const std::size_t end = std::min(value.find(';'), value.size());
-        if (const std::string_view element = withoutBlanks(value.substr(0, end)); !element.empty())
-            elements.emplace_back(element);
-        value.remove_prefix(std::min(end + 1, value.size()));
-    }
-    return elements;
-}
-
-bool holds(const std::vector<std::string>& elements, const std::string& element) {
-    return std::find(elements.begin(), elements.end(), element) != elements.end();
-}
-
 void appendKey(std::string& text, std::string_view key, std::string_view value) {
     text.append(key).append("=").append(value).append("\n");
 }
@@ -72,8 +57,8 @@ std::optional<AutostartEntry> AutostartEntry::parse(std::string_view text, const
     entry.name = keys->localizedString("Name", languages);
     entry.commandLine = keys->raw("Exec");
     entry.tryExecutable = keys->string("TryExec");
-    entry.onlyShowIn = listOf(keys->raw("OnlyShowIn"));
-    entry.notShowIn = listOf(keys->raw("NotShowIn"));
+    entry.onlyShowIn = keys->list("OnlyShowIn");
+    entry.notShowIn = keys->list("NotShowIn");
     entry.isEnabled = keys->raw(EnabledKey) != "false";
     entry.isOurs = keys->isTrue(OursKey);
     entry.startsHidden = keys->isTrue(StartsHiddenKey);
@@ -116,14 +101,7 @@ std::string AutostartEntry::executable() const {
 }
 
 bool AutostartEntry::isShownIn(const std::vector<std::string>& desktops) const {
-    // The first name of the desktop that the entry mentions decides.
-    for (const std::string& desktop : desktops) {
-        if (holds(onlyShowIn, desktop))
-            return true;
-        if (holds(notShowIn, desktop))
-            return false;
-    }
-    return onlyShowIn.empty();
+    return tarragon::isShownIn(desktops, onlyShowIn, notShowIn);
 }
 
 std::string autostartCommandLine(const std::string& path) {

@@ -33,11 +33,6 @@ bool isThere(const fs::path& file) {
     return fs::exists(fs::symlink_status(file, error));
 }
 
-bool isProgram(const fs::path& file) {
-    std::error_code error;
-    return fs::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
-}
-
 template <typename Take>
 void forEachEntry(const fs::path& folder, Take take) {
     std::error_code error;
@@ -137,17 +132,7 @@ bool AutostartLoginItemList::isInEffect(const AutostartEntry& entry) const {
 }
 
 std::optional<std::string> AutostartLoginItemList::resolve(const std::string& executable) const {
-    if (executable.empty())
-        return std::nullopt;
-    if (executable.front() == '/')
-        return isProgram(executable) ? std::optional(executable) : std::nullopt;
-    if (executable.find('/') != std::string::npos)
-        return std::nullopt;
-    for (const fs::path& folder : _folders.searchPath) {
-        if (isProgram(folder / executable))
-            return folder / executable;
-    }
-    return std::nullopt;
+    return programNamed(executable, _folders.searchPath);
 }
 
 std::optional<std::vector<LoginItem>> AutostartLoginItemList::copySnapshot() {

@@ -53,17 +53,37 @@ public:
 
     std::optional<DesktopEntry> entryForWindow(const WindowDescription& window) {
         const std::lock_guard lock(_mutex);
+        const auto namesOfProgram = [&] { return executableNames(window.processIdentifier); };
         const Effort effort = effortOfLook();
         if (effort == Effort::Look)
             refresh();
-        const DesktopEntry* entry = match(window);
+        const DesktopEntry* entry = match(window, namesOfProgram);
         // It may have been installed just now.
         if (!entry && effort == Effort::Spare) {
             refresh();
-            entry = match(window);
+            entry = match(window, namesOfProgram);
         }
         return entry ? std::optional(*entry) : std::nullopt;
     }
+
+    std::optional<DesktopEntry> entryForProgram(const std::string& name, const std::string& gtkApplicationIdentifier) {
+        const std::lock_guard lock(_mutex);
+        refresh();
+        WindowDescription window;
+        window.instanceName = name;
+        window.className = name;
+        window.gtkApplicationIdentifier = gtkApplicationIdentifier;
+        const DesktopEntry* entry = match(window, [&] { return std::vector{name}; });
+        return entry ? std::optional(*entry) : std::nullopt;
+    }
+
+    std::vector<DesktopEntry> allEntries() {
+        const std::lock_guard lock(_mutex);
+        refresh();
+        return _entries;
+    }
+
+    const std::vector<fs::path>& folders() const { return _folders; }
 
 private:
     struct Candidate {
@@ -79,7 +99,9 @@ private:
         Look,
     };
 
-    const DesktopEntry* match(const WindowDescription& window) const {
+    // namesOfProgram is called when the window itself matches nothing.
+    template <typename NamesOfProgram>
+    const DesktopEntry* match(const WindowDescription& window, NamesOfProgram namesOfProgram) const {
         const DesktopEntry* entry = find(_byWindowClass, window.instanceName);
         if (!entry)
             entry = find(_byWindowClass, window.className);
@@ -93,7 +115,7 @@ private:
         }
         if (entry)
             return entry;
-        for (const std::string& name : executableNames(window.processIdentifier)) {
+        for (const std::string& name : namesOfProgram()) {
             if ((entry = find(_byExecutable, name)))
                 return entry;
         }
@@ -225,6 +247,19 @@ DesktopEntries::~DesktopEntries() = default;
 
 std::optional<DesktopEntry> DesktopEntries::entryForWindow(const WindowDescription& window) {
     return _index->entryForWindow(window);
+}
+
+std::optional<DesktopEntry> DesktopEntries::entryForProgram(
+    const std::string& name, const std::string& gtkApplicationIdentifier) {
+    return _index->entryForProgram(name, gtkApplicationIdentifier);
+}
+
+std::vector<DesktopEntry> DesktopEntries::allEntries() {
+    return _index->allEntries();
+}
+
+const std::vector<fs::path>& DesktopEntries::folders() const {
+    return _index->folders();
 }
 
 std::string DesktopEntries::applicationName(const WindowDescription& window) {

@@ -35,6 +35,13 @@ public:
     // The entry that matches the window best: by StartupWMClass, GTK application identifier, window class, executable
     // of its process, in this order; nothing when none does. Case decides only where it must.
     std::optional<DesktopEntry> entryForWindow(const WindowDescription& window) override;
+    // The same for the windows that a program will have, of whose names these are known: the class of its windows, or
+    // the name of its file where that is all, and the application identifier that GTK gives them, which may be empty.
+    std::optional<DesktopEntry> entryForProgram(const std::string& name, const std::string& gtkApplicationIdentifier);
+    // Every entry that counts, in no particular order.
+    std::vector<DesktopEntry> allEntries();
+    // The folders that hold them, the one that counts most first.
+    const std::vector<std::filesystem::path>& folders() const;
     // What people call the window's application: the entry's name, else the window class, else the process name.
     std::string applicationName(const WindowDescription& window) override;
 

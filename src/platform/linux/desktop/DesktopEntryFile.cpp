@@ -43,6 +43,16 @@ std::string baseName(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
 }
 
+// Old entries give names in the icon theme the extension of a file.
+std::string themeIcon(std::string icon) {
+    static constexpr std::array<std::string_view, 3> Extensions = {".png", ".svg", ".xpm"};
+    const auto* const extension =
+        std::ranges::find_if(Extensions, [&](std::string_view candidate) { return icon.ends_with(candidate); });
+    if (!icon.starts_with('/') && extension != Extensions.end())
+        icon.resize(icon.size() - extension->size());
+    return icon;
+}
+
 } // namespace
 
 std::optional<DesktopEntryFile> DesktopEntryFile::parse(
@@ -58,6 +68,12 @@ std::optional<DesktopEntryFile> DesktopEntryFile::parse(
     entry.startupWindowClass = keys->string("StartupWMClass");
     entry.executable = executableOfCommandLine(keys->string("Exec"));
     entry.name = keys->localizedString("Name", languages);
+    entry.plainName = keys->string("Name");
+    entry.icon = themeIcon(keys->localizedString("Icon", languages));
+    entry.tryExecutable = keys->string("TryExec");
+    entry.onlyShowIn = keys->list("OnlyShowIn");
+    entry.notShowIn = keys->list("NotShowIn");
+    entry.isBusService = keys->isTrue("DBusActivatable");
     return entry;
 }
 

@@ -10,10 +10,16 @@ namespace tarragon {
 // What a .desktop file says of an application.
 struct DesktopEntryFile {
     std::string name; // in the user's language
+    std::string plainName; // in none in particular
+    std::string icon; // of the icon theme, or an absolute path; empty for none
     std::string startupWindowClass;
     std::string executable; // file name of the program, without its folder; empty for a mere launcher of others
+    std::string tryExecutable; // without which the entry does not count; empty for none
+    std::vector<std::string> onlyShowIn; // names of desktops; empty for all of them
+    std::vector<std::string> notShowIn;
+    bool isBusService = false; // is started over the bus, under the entry's identifier
     bool isDeleted = false; // stands for an entry that the user or the administrator took away
-    bool isDisplayed = true; // in menus
+    bool isDisplayed = true; // in menus, where the desktop and tryExecutable allow it
 
     // Nothing when the text is no entry of an application. languages as from desktopLanguages.
     static std::optional<DesktopEntryFile> parse(std::string_view text, const std::vector<std::string>& languages);

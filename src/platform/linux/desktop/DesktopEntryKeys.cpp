@@ -67,4 +67,27 @@ std::string DesktopEntryKeys::localizedString(std::string_view key, const std::v
     return string(key);
 }
 
+std::vector<std::string> DesktopEntryKeys::list(std::string_view key) const {
+    std::vector<std::string> elements;
+    for (std::string_view value = raw(key); !value.empty();) {
+        const std::size_t end = std::min(value.find(';'), value.size());
+        if (const std::string_view element = withoutBlanks(value.substr(0, end)); !element.empty())
+            elements.emplace_back(element);
+        value.remove_prefix(std::min(end + 1, value.size()));
+    }
+    return elements;
+}
+
+bool isShownIn(const std::vector<std::string>& desktops, const std::vector<std::string>& onlyShowIn,
+    const std::vector<std::string>& notShowIn) {
+    // The first name of the desktop that the entry mentions decides.
+    for (const std::string& desktop : desktops) {
+        if (std::ranges::find(onlyShowIn, desktop) != onlyShowIn.end())
+            return true;
+        if (std::ranges::find(notShowIn, desktop) != notShowIn.end())
+            return false;
+    }
+    return onlyShowIn.empty();
+}
+
 } // namespace tarragon

@@ -20,11 +20,17 @@ public:
     std::string string(std::string_view key) const;
     // The same in the first of the languages that has one, else without a language. languages as from desktopLanguages.
     std::string localizedString(std::string_view key, const std::vector<std::string>& languages) const;
+    // The elements of a list, without the blanks around them and without empty ones.
+    std::vector<std::string> list(std::string_view key) const;
     bool isTrue(std::string_view key) const { return raw(key) == "true"; }
 
 private:
     std::map<std::string_view, std::string_view> _values;
 };
+
+// Whether an entry that says so is shown in a desktop of these names, as in XDG_CURRENT_DESKTOP.
+bool isShownIn(const std::vector<std::string>& desktops, const std::vector<std::string>& onlyShowIn,
+    const std::vector<std::string>& notShowIn);
 
 // Text without the blanks around it.
 std::string_view withoutBlanks(std::string_view text);

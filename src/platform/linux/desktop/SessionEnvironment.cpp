@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <system_error>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -95,6 +96,25 @@ std::vector<std::string> sessionLanguages() {
 
 std::vector<fs::path> programFolders() {
     return absolutePaths(environmentVariable("PATH"));
+}
+
+bool isProgram(const fs::path& file) {
+    std::error_code error;
+    return fs::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
+}
+
+std::optional<std::string> programNamed(const std::string& name, const std::vector<fs::path>& folders) {
+    if (name.empty())
+        return std::nullopt;
+    if (name.front() == '/')
+        return isProgram(name) ? std::optional(name) : std::nullopt;
+    if (name.find('/') != std::string::npos)
+        return std::nullopt;
+    for (const fs::path& folder : folders) {
+        if (isProgram(folder / name))
+            return folder / name;
+    }
+    return std::nullopt;
 }
 
 fs::path userConfigurationFolder() {

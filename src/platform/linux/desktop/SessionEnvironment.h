@@ -22,6 +22,10 @@ std::vector<std::string> sessionLocales();
 std::vector<std::string> sessionLanguages();
 // Where programs without a path are looked for.
 std::vector<std::filesystem::path> programFolders();
+// A file that can be run.
+bool isProgram(const std::filesystem::path& file);
+// The program of that name or path, names being looked for in folders; nothing when there is none that can be run.
+std::optional<std::string> programNamed(const std::string& name, const std::vector<std::filesystem::path>& folders);
 // The folder of the user's settings; empty when the user has no home.
 std::filesystem::path userConfigurationFolder();
 // Folders of the settings that came with the system; the first one counts most.
