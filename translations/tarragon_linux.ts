@@ -223,4 +223,15 @@
         <translation>Quit</translation>
     </message>
 </context>
+<context>
+    <name>ZDMouseButtonIdentifier</name>
+    <message>
+        <source>Click here with the mouse button that is to open the menus.</source>
+        <translation>Click here with the mouse button that is to open the menus.</translation>
+    </message>
+    <message>
+        <source>Button Number: %@</source>
+        <translation>Button Number: %@</translation>
+    </message>
+</context>
 </TS>
