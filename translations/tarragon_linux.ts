@@ -199,6 +199,10 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>it&apos;s already used by a system-wide keyboard shortcut, %@. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
+        <translation>it&apos;s already used by a system-wide keyboard shortcut, %@. (If you really want to use this key combination, most shortcuts can be changed in the keyboard settings of your desktop.)</translation>
+    </message>
 </context>
 <context>
     <name>TarragonMenu</name>

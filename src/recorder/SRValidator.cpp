@@ -22,6 +22,30 @@ bool modifiersAgree(std::uint32_t first, std::uint32_t second) {
     return (first & ComparedFlags) == (second & ComparedFlags);
 }
 
+bool isCombination(const SymbolicHotKey& hotKey, std::int16_t keyCode, std::uint32_t flags) {
+    return hotKey.isEnabled && hotKey.keyCode == keyCode && modifiersAgree(hotKey.modifiers, flags);
+}
+
+// The desktop may list a combination twice and know only once who has it.
+std::string ownerOf(const std::vector<SymbolicHotKey>& hotKeys, std::int16_t keyCode, std::uint32_t flags) {
+    const auto found = std::find_if(hotKeys.begin(), hotKeys.end(),
+        [&](const SymbolicHotKey& hotKey) { return !hotKey.owner.empty() && isCombination(hotKey, keyCode, flags); });
+    return found == hotKeys.end() ? std::string() : found->owner;
+}
+
+std::string reasonOfSystem(const std::string& owner) {
+    if (owner.empty())
+        return translated("SRValidator",
+            "it's already used by a system-wide keyboard shortcut. (If you really want to use this key "
+            "combination, most shortcuts can be changed in the Keyboard & Mouse panel in System "
+            "Preferences.)");
+    return withArguments(translated("SRValidator",
+                             "it's already used by a system-wide keyboard shortcut, %@. (If you really want to use "
+                             "this key combination, most shortcuts can be changed in the Keyboard & Mouse panel in "
+                             "System Preferences.)"),
+        {owner});
+}
+
 } // namespace
 
 SRValidator::SRValidator(
@@ -48,12 +72,8 @@ bool SRValidator::isKeyCodeAndFlagsTaken(std::int16_t keyCode, std::uint32_t fla
             continue;
         if (_transformer.transformedValue(keyCode).value_or("").empty())
             return true;
-        if (hotKey.keyCode == keyCode && modifiersAgree(hotKey.modifiers, flags)) {
-            fillError(error, keyCode, flags,
-                translated("SRValidator",
-                    "it's already used by a system-wide keyboard shortcut. (If you really want to use this key "
-                    "combination, most shortcuts can be changed in the Keyboard & Mouse panel in System "
-                    "Preferences.)"));
+        if (isCombination(hotKey, keyCode, flags)) {
+            fillError(error, keyCode, flags, reasonOfSystem(ownerOf(*symbolicHotKeys, keyCode, flags)));
             return true;
         }
     }

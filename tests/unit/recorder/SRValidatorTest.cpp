@@ -127,6 +127,25 @@ TEST_F(SRValidatorTest, RefusesACombinationOfTheDesktop) {
     EXPECT_TRUE(validator.isKeyCodeAndFlagsTaken(K, OptionKey | ControlKey, nullptr));
 }
 
+TEST_F(SRValidatorTest, SaysWhoHasACombinationOfTheDesktop) {
+    keyboard.setSymbolicHotKeys(
+        std::vector<SymbolicHotKey>{{true, K, OptionKey, "Desktop: Close window"}, {true, F1, OptionKey, "Another"}});
+    EXPECT_TRUE(isTaken(K, OptionKey));
+    EXPECT_EQ(error.description, "The key combination Option + K can't be used!");
+    EXPECT_EQ(error.recoverySuggestion,
+        "The key combination \"Option + K\" can't be used because it's already used by a system-wide keyboard "
+        "shortcut, Desktop: Close window. (If you really want to use this key combination, most shortcuts can be "
+        "changed in the Keyboard & Mouse panel in System Preferences.)");
+    EXPECT_THAT(error.recoveryOptions, ElementsAre("OK"));
+}
+
+TEST_F(SRValidatorTest, FindsTheOwnerOfACombinationThatTheDesktopListsTwice) {
+    keyboard.setSymbolicHotKeys(std::vector<SymbolicHotKey>{{true, K, OptionKey}, {true, K, 0, "No"},
+        {false, K, OptionKey, "Off"}, {true, K, OptionKey, "Desktop: Close"}});
+    EXPECT_TRUE(isTaken(K, OptionKey));
+    EXPECT_THAT(error.recoverySuggestion, testing::HasSubstr("shortcut, Desktop: Close. ("));
+}
+
 TEST_F(SRValidatorTest, ComparesEachOfTheFourModifiersWithTheDesktopsAndNoOther) {
     for (const std::uint32_t modifier : {CommandKey, OptionKey, ControlKey, ShiftKey}) {
         keyboard.setSymbolicHotKeys(std::vector<SymbolicHotKey>{{true, K, modifier}});
