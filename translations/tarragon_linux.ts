@@ -24,6 +24,97 @@
     </message>
 </context>
 <context>
+    <name>KeyComboWords</name>
+    <message>
+        <source>Return</source>
+        <translation>Return</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tab</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Escape</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Num Lock</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Insert</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Home</translation>
+    </message>
+    <message>
+        <source>Page Up</source>
+        <translation>Page Up</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>Page Down</source>
+        <translation>Page Down</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Right</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Down</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Up</translation>
+    </message>
+    <message>
+        <source>Command+</source>
+        <translation>Ctrl+</translation>
+    </message>
+    <message>
+        <source>Option+</source>
+        <translation>Alt+</translation>
+    </message>
+    <message>
+        <source>Control+</source>
+        <translation>Super+</translation>
+    </message>
+    <message>
+        <source>Shift+</source>
+        <translation>Shift+</translation>
+    </message>
+    <message>
+        <source>Pad %@</source>
+        <translation>Pad %@</translation>
+    </message>
+</context>
+<context>
     <name>MessagePanels</name>
     <message>
         <source>About Tarragon</source>
@@ -171,6 +262,49 @@
     <message>
         <source>Shift + </source>
         <translation>Shift + </translation>
+    </message>
+</context>
+<context>
+    <name>SRRecorder</name>
+    <message>
+        <source>Record a combination</source>
+        <translation>Record a combination</translation>
+    </message>
+    <message>
+        <source>Press the keys</source>
+        <translation>Press the keys</translation>
+    </message>
+    <message>
+        <source>Another program is using the keyboard. Try again in a moment.</source>
+        <translation>Another program is using the keyboard. Try again in a moment.</translation>
+    </message>
+    <message>
+        <source>The desktop has taken the keyboard back. Nothing was recorded; try again.</source>
+        <translation>The desktop has taken the keyboard back. Nothing was recorded; try again.</translation>
+    </message>
+    <message>
+        <source>This key cannot be used. Press another one, or Escape to leave it as it was.</source>
+        <translation>This key cannot be used. Press another one, or Escape to leave it as it was.</translation>
+    </message>
+    <message>
+        <source>This key opens the menus even where you want to type with it. Hold another key with it, such as Alt.</source>
+        <translation>This key opens the menus even where you want to type with it. Hold another key with it, such as Alt.</translation>
+    </message>
+    <message>
+        <source>The key combination can&apos;t be used!</source>
+        <translation>The key combination can&apos;t be used!</translation>
+    </message>
+    <message>
+        <source>The desktop does not tell which key combinations are its own, so that this one may be one of them.</source>
+        <translation>The desktop does not tell which key combinations are its own, so that this one may be one of them.</translation>
+    </message>
+    <message>
+        <source>This key has no name in the keyboard layout that is switched on.</source>
+        <translation>This key has no name in the keyboard layout that is switched on.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
