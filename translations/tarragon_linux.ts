@@ -306,6 +306,22 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Key combination</source>
+        <translation>Key combination</translation>
+    </message>
+    <message>
+        <source>Press it and then the keys. Escape leaves it as it was, Backspace clears it.</source>
+        <translation>Press it and then the keys. Escape leaves it as it was, Backspace clears it.</translation>
+    </message>
+    <message>
+        <source>Leave it as it was</source>
+        <translation>Leave it as it was</translation>
+    </message>
+    <message>
+        <source>Clear the combination</source>
+        <translation>Clear the combination</translation>
+    </message>
 </context>
 <context>
     <name>SRValidator</name>
