@@ -117,12 +117,20 @@ IgnoreDictionary::Entries::const_iterator IgnoreDictionary::find(const std::stri
     return std::find_if(_entries.begin(), _entries.end(), [&key](const auto& entry) { return entry.first == key; });
 }
 
+std::optional<TarragonBlacklist> IgnoreDictionary::entryAt(std::size_t place) const {
+    const auto& [key, value] = _entries[place];
+    const auto* archive = std::get_if<std::shared_ptr<const Data>>(&value);
+    return archive ? unarchivedEntry(**archive, key) : std::nullopt;
+}
+
+std::optional<std::size_t> IgnoreDictionary::placeOf(std::string_view key) const {
+    const auto found = find(propertyListText(key));
+    return found == _entries.end() ? std::nullopt : std::optional(static_cast<std::size_t>(found - _entries.begin()));
+}
+
 std::optional<TarragonBlacklist> IgnoreDictionary::entry(std::string_view bundleIdentifier) const {
-    const auto found = find(propertyListText(bundleIdentifier));
-    if (found == _entries.end())
-        return std::nullopt;
-    const auto* archive = std::get_if<std::shared_ptr<const Data>>(&found->second);
-    return archive ? unarchivedEntry(**archive, found->first) : std::nullopt;
+    const std::optional<std::size_t> place = placeOf(bundleIdentifier);
+    return place ? entryAt(*place) : std::nullopt;
 }
 
 bool IgnoreDictionary::setEntry(std::string_view bundleIdentifier, const TarragonBlacklist& entry) {

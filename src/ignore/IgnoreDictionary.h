@@ -33,6 +33,11 @@ public:
     // The bundle identifiers, and what else there is a value for, in stored order.
     std::vector<std::string> allKeys() const;
     std::size_t count() const { return _entries.size(); }
+    // What stands at a place of the stored order, which is below count().
+    const std::string& keyAt(std::size_t place) const { return _entries[place].first; }
+    std::optional<TarragonBlacklist> entryAt(std::size_t place) const;
+    // Where the key stands in the stored order; nothing when it is not there.
+    std::optional<std::size_t> placeOf(std::string_view key) const;
     // Nothing when there is no entry, or none that can be read.
     std::optional<TarragonBlacklist> entry(std::string_view bundleIdentifier) const;
     // Replaces the application's entry or adds it at the end. An entry that could not be read again changes nothing,

@@ -23,5 +23,7 @@ add_custom_command(
   VERBATIM
   COMMENT "Building ArchiveTool")
 add_custom_target(unit_ignore_archive_tool DEPENDS ${tool})
-add_dependencies(unit_ignore unit_ignore_archive_tool)
-target_compile_definitions(unit_ignore PRIVATE TARRAGON_ARCHIVE_TOOL="${tool}")
+foreach(test unit_ignore unit_prefs_ignorelist)
+  add_dependencies(${test} unit_ignore_archive_tool)
+  target_compile_definitions(${test} PRIVATE TARRAGON_ARCHIVE_TOOL="${tool}")
+endforeach()
