@@ -10,6 +10,7 @@
 #include "platform/linux/desktop/TerminationSignals.h"
 #include "platform/linux/input/X11InputEvents.h"
 #include "platform/linux/input/X11PointerOwner.h"
+#include "platform/linux/input/X11WindowPicker.h"
 #include "platform/linux/panelsurfaces/X11PanelSurfaces.h"
 #include "platform/linux/settings/PropertyListDefaults.h"
 #include "platform/linux/tray/X11EmbeddingTray.h"
@@ -162,6 +163,7 @@ private:
     AutostartLoginItemList _loginItems;
     X11MenuInput _menuInput;
     X11InputEvents _inputEvents;
+    X11WindowPicker _windowPicker{*_connection, _runLoop, _windows, _desktopEntries};
     LinuxProcess _process;
     X11WindowList _windowList;
     X11PanelSurfaces _panelSurfaces;
@@ -187,7 +189,8 @@ private:
         .panelSurfaces = &_panelSurfaces,
         .statusItems = &_statusItems,
         .installedApplications = &_installedApplications,
-        .keyRecorder = &_keyRecorder};
+        .keyRecorder = &_keyRecorder,
+        .windowPicker = &_windowPicker};
 };
 
 } // namespace
