@@ -30,6 +30,7 @@
 #include "platform/qt/QtDisplays.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/QtStatusItems.h"
+#include "platform/qt/QtUserNotifications.h"
 
 #include <QApplication>
 #include <QUrl>
@@ -169,6 +170,7 @@ private:
     X11PanelSurfaces _panelSurfaces;
     X11EmbeddingTray _embeddingTray{*_connection, _runLoop};
     QtStatusItems _statusItems{_runLoop, &_embeddingTray};
+    QtUserNotifications _userNotifications{_runLoop};
     QtNativeEvents _nativeEvents;
     std::unique_ptr<RunningInstance> _instance;
     std::optional<TerminationSignals> _terminationSignals;
@@ -190,6 +192,7 @@ private:
         .statusItems = &_statusItems,
         .installedApplications = &_installedApplications,
         .keyRecorder = &_keyRecorder,
+        .userNotifications = &_userNotifications,
         .windowPicker = &_windowPicker};
 };
 
