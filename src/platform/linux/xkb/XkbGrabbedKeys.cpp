@@ -52,7 +52,6 @@ public:
             if (_hasInputExtension)
                 sendForInputExtension(keyCode);
         }
-        xcb_ungrab_key(_connection, XCB_GRAB_ANY, _rootWindow, XCB_MOD_MASK_ANY);
         xcb_ungrab_server(_connection);
     }
 
@@ -82,12 +81,14 @@ private:
         return version && version->major_version >= 2;
     }
 
+    // Given up key by key: the server compares each grab with all that there are.
     void sendForCoreProtocol(std::uint32_t keyCode) {
         for (const std::uint32_t combination : _combinations) {
             _coreAttempts.emplace_back(std::pair(keyCode, combination),
                 xcb_grab_key_checked(_connection, 0, _rootWindow, _modifiers.bitsOfHotKey(combination),
                     x11KeyCode(keyCode), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
         }
+        xcb_ungrab_key(_connection, x11KeyCode(keyCode), _rootWindow, XCB_MOD_MASK_ANY);
     }
 
     // One attempt is for all combinations of a key; its answer names those that failed.
