@@ -13,6 +13,167 @@
     </message>
 </context>
 <context>
+    <name>ApplicationChooser</name>
+    <message>
+        <source>Add Application</source>
+        <translation>No program could be found to open the settings: %@</source>
+        <translation>No program could be found to open the settings: %@</translation>
+    </message>
+    <message>
+        <source>No program could be found to open the page: %@</source>
+        <translation>No program could be found to open the page: %@</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationChooser</name>
+    <message>
+        <source>Add Application</translation>
+    </message>
+    <message>
+        <source>Search applications</source>
+        <translation>Search applications</translation>
+    </message>
+    <message>
+        <source>Type a part of the application&apos;s name</source>
+        <translation>Type a part of the application&apos;s name</translation>
+    </message>
+    <message>
+        <source>Installed applications</source>
+        <translation>Installed applications</translation>
+    </message>
+    <message>
+        <source>No installed application matches. &quot;Other&quot; finds an application by its file.</source>
+        <translation>No installed application matches. &quot;Other&quot; finds an application by its file.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Other…</source>
+        <translation>Other…</translation>
+    </message>
+    <message>
+        <source>Choose an application that is not in the list by its file</source>
+        <translation>Choose an application that is not in the list by its file</translation>
+    </message>
+    <message>
+        <source>Choose an Application</source>
+        <translation>Choose an Application</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoreListView</name>
+    <message>
+        <source>Type new window title or wildcard pattern here</source>
+        <translation>Type new window title or wildcard pattern here</translation>
+    </message>
+    <message>
+        <source>Select an application to see which of its windows are ignored.</source>
+        <translation>Select an application to see which of its windows are ignored.</translation>
+    </message>
+    <message>
+        <source>This entry cannot be read. Remove it and add the application again to change it.</source>
+        <translation>This entry cannot be read. Remove it and add the application again to change it.</translation>
+    </message>
+    <message>
+        <source>All windows of this application are ignored.</source>
+        <translation>All windows of this application are ignored.</translation>
+    </message>
+    <message>
+        <source>No window of this application is ignored yet. Add a title, or a pattern: * stands for any text, ? for one character.</source>
+        <translation>No window of this application is ignored yet. Add a title, or a pattern: * stands for any text, ? for one character.</translation>
+    </message>
+    <message>
+        <source>Ignore a Window by Clicking It…</source>
+        <translation>Ignore a Window by Clicking It…</translation>
+    </message>
+    <message>
+        <source>Ignore the window that you click next</source>
+        <translation>Ignore the window that you click next</translation>
+    </message>
+    <message>
+        <source>Ignored applications</source>
+        <translation>Ignored applications</translation>
+    </message>
+    <message>
+        <source>No application is ignored yet. Add one, and the panel does not show over its windows.</source>
+        <translation>No application is ignored yet. Add one, and the panel does not show over its windows.</translation>
+    </message>
+    <message>
+        <source>Applications:</source>
+        <translation>Applications:</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Add…</translation>
+    </message>
+    <message>
+        <source>Add an application to the list</source>
+        <translation>Add an application to the list</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Remove the selected application from the list</source>
+        <translation>Remove the selected application from the list</translation>
+    </message>
+    <message>
+        <source>Ignore all windows of this application</source>
+        <translation>Ignore all windows of this application</translation>
+    </message>
+    <message>
+        <source>Whatever their titles are. Without it, only windows with these titles.</source>
+        <translation>Whatever their titles are. Without it, only windows with these titles.</translation>
+    </message>
+    <message>
+        <source>Ignored window titles and patterns</source>
+        <translation>Ignored window titles and patterns</translation>
+    </message>
+    <message>
+        <source>Add Title</source>
+        <translation>Add Title</translation>
+    </message>
+    <message>
+        <source>Add a window title or pattern</source>
+        <translation>Add a window title or pattern</translation>
+    </message>
+    <message>
+        <source>Remove the selected window title or pattern</source>
+        <translation>Remove the selected window title or pattern</translation>
+    </message>
+    <message>
+        <source>Click the window to ignore. Escape cancels.</source>
+        <translation>Click the window to ignore. Escape cancels.</translation>
+    </message>
+    <message>
+        <source>The pointer cannot be had just now. Please try again.</source>
+        <translation>The pointer cannot be had just now. Please try again.</translation>
+    </message>
+    <message>
+        <source>It is not known which application that window belongs to.</source>
+        <translation>It is not known which application that window belongs to.</translation>
+    </message>
+    <message>
+        <source>That window has no title to know it by. Add its application instead.</source>
+        <translation>That window has no title to know it by. Add its application instead.</translation>
+    </message>
+    <message>
+        <source>Window title or pattern</source>
+        <translation>Window title or pattern</translation>
+    </message>
+    <message>
+        <source>(empty title)</source>
+        <translation>(empty title)</translation>
+    </message>
+</context>
+<context>
     <name>IgnoreMenu</name>
     <message>
         <source>Ignore all %@ windows</source>

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+
+namespace tarragon {
+
+// The UTF-8 text in one line, as a row of a table has room for.
+QString lineOfText(const std::string& text);
+
+// The text as a tool tip, whatever characters it has.
+QString toolTipOfText(const QString& text);
+
+} // namespace tarragon
