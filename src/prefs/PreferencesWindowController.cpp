@@ -1,0 +1,255 @@
+#include "prefs/PreferencesWindowController.h"
+
+#include "platform/Accessibility.h"
+#include "platform/Defaults.h"
+#include "platform/Log.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/Workspace.h"
+#include "prefs/StartAtLogin.h"
+
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+// The store keeps what could not be written for as long as the program runs.
+void noteWritten(bool written, std::string_view key) {
+    if (!written)
+        log(LogCategory::Settings, [&] { return std::string(key).append(" cannot be written to disk"); });
+}
+
+constexpr std::size_t GeneralItemIndex = 0;
+constexpr std::size_t HotKeyItemIndex = 1;
+
+} // namespace
+
+PreferencesWindowController::PreferencesWindowController(
+    Services services, PreferencesInterface& interface, PreferencesWindowControllerDelegate* delegate)
+    : _services(std::move(services))
+    , _delegate(delegate)
+    , _window(interface.loadWindow(*this)) {
+    setHideHotKeyWarning(true);
+    setHideButtonWarning(true);
+    _window->setCanJoinAllSpaces();
+}
+
+PreferencesWindowController::~PreferencesWindowController() = default;
+
+// Showing the window.
+
+void PreferencesWindowController::displayWindow() {
+    _window->setSelectedItem(GeneralItemIndex);
+    selectPreferencesForItem(_window->toolbarItems().at(GeneralItemIndex), true);
+    selectHelpText(PreferenceHelpText::General, true);
+    _window->setMouseButtonNumber(
+        static_cast<std::uint32_t>(integerValue(_services.defaults.value(preference::MouseButton))));
+    _window->setupTap();
+    _window->orderFrontRegardless();
+    checkAccessibility();
+    _window->activateIgnoringOtherApps();
+}
+
+void PreferencesWindowController::displayWindowWithHelpAsInitial() {
+    displayWindow();
+    selectItem(HelpItemIndex, false);
+}
+
+void PreferencesWindowController::displayWindowForRecording() {
+    displayWindow();
+    selectItem(HotKeyItemIndex, false);
+    _window->startRecording();
+}
+
+void PreferencesWindowController::selectItem(std::size_t index, bool animate) {
+    _window->setSelectedItem(index);
+    selectPreferencesForItem(_window->toolbarItems().at(index), animate);
+}
+
+void PreferencesWindowController::fadeOutWindow() {
+    _window->close();
+}
+
+void PreferencesWindowController::windowWillClose() {
+    _window->disableAndReleaseTap();
+}
+
+// Panes and help texts.
+
+void PreferencesWindowController::changePreferencePane(const PreferenceItem& sender) {
+    selectPreferencesForItem(sender, true);
+}
+
+void PreferencesWindowController::selectPreferencesForItem(const PreferenceItem& item, bool animate) {
+    const PreferencePane pane = preferencePaneForTag(item.tag);
+    if (pane == PreferencePane::HotKey)
+        _window->setShortcutRecorderValue(shortcutRecorderValue());
+    selectPreferences(pane, animate);
+    _window->setTitle(item.label);
+}
+
+void PreferencesWindowController::selectPreferences(PreferencePane pane, bool animate) {
+    const double paneHeight = _window->paneHeight(pane);
+    const Rect frameNS = windowFrameForPane(_window->frameNS(), _window->contentSize().height, paneHeight);
+    _window->removeSubviewsOfContent();
+    _window->setFrame(frameNS, animate);
+    _window->addPane(pane, {_window->contentSize().width, paneHeight});
+}
+
+std::vector<std::string> PreferencesWindowController::toolbarSelectableItemIdentifiers() const {
+    std::vector<std::string> identifiers;
+    for (const PreferenceItem& item : _window->toolbarItems())
+        identifiers.push_back(item.identifier);
+    return identifiers;
+}
+
+void PreferencesWindowController::changeHelpText(std::int64_t senderTag) {
+    selectHelpTextForButton(senderTag, true);
+}
+
+void PreferencesWindowController::selectHelpTextForButton(std::int64_t tag, bool animate) {
+    selectHelpText(preferenceHelpTextForTag(tag), animate);
+}
+
+void PreferencesWindowController::selectHelpText(PreferenceHelpText text, bool animate) {
+    _window->setHelpText(text, animate);
+}
+
+// The hot key.
+
+ShortcutRecorderValue PreferencesWindowController::shortcutRecorderValue() const {
+    return {integerValue(_services.defaults.value(preference::TriggerCharacterUInt)),
+        integerValue(_services.defaults.value(preference::TriggerModifiers))};
+}
+
+void PreferencesWindowController::shortcutRecorderKeyComboDidChange(
+    const KeyCombo& combination, const std::optional<std::string>& keyComboString) {
+    _window->willChangeValueForKey(preference::TriggerModifiers);
+    _window->willChangeValueForKey(preference::TriggerCharacterUInt);
+    store(preference::TriggerModifiers, combination.flags);
+    store(preference::TriggerCharacterUInt, combination.code);
+    // Last, because it is this change that registers the new combination.
+    noteWritten(keyComboString ? _services.defaults.setValue(preference::NewTrigger, *keyComboString)
+                               : _services.defaults.removeValue(preference::NewTrigger),
+        preference::NewTrigger);
+    _window->didChangeValueForKey(preference::TriggerCharacterUInt);
+    _window->didChangeValueForKey(preference::TriggerModifiers);
+}
+
+// Controls.
+
+void PreferencesWindowController::startAtLogin() {
+    _startAtLogin = _window->launchCheckBoxIsOn();
+    _window->willChangeValueForKey(preference::LaunchOnLogin);
+    setStartAtLogin(_services.loginItemList, _services.bundlePath, _startAtLogin);
+    noteWritten(_services.defaults.setValue(preference::LaunchOnLogin, _startAtLogin), preference::LaunchOnLogin);
+    _window->didChangeValueForKey(preference::LaunchOnLogin);
+}
+
+void PreferencesWindowController::mouseButtonChanged() {
+    writeNewMouseButton(_window->mouseButtonNumber());
+}
+
+void PreferencesWindowController::writeNewMouseButton(std::int64_t buttonNumber) {
+    store(preference::MouseButton, buttonNumber);
+}
+
+void PreferencesWindowController::checkIfBothOptionsAreNotOff(std::string_view senderTitle) {
+    for (const std::string_view key :
+        {preference::EnableHotkey, preference::EnableButton, preference::EnableScreenTop}) {
+        if (boolValue(_services.defaults.value(key))) {
+            setHideHotKeyWarning(true);
+            setHideButtonWarning(true);
+            return;
+        }
+    }
+    if (senderTitle == EnableHotkeyTitle)
+        setHideHotKeyWarning(false);
+    else
+        setHideButtonWarning(false);
+}
+
+void PreferencesWindowController::setHideHotKeyWarning(bool hide) {
+    _hideHotKeyWarning = hide;
+    _window->setHideHotKeyWarning(hide);
+}
+
+void PreferencesWindowController::setHideButtonWarning(bool hide) {
+    _hideButtonWarning = hide;
+    _window->setHideButtonWarning(hide);
+}
+
+void PreferencesWindowController::resetButton() {
+    _services.defaults.revertToInitialValues();
+    _window->setShortcutRecorderValue(shortcutRecorderValue());
+    startAtLogin();
+}
+
+void PreferencesWindowController::applyChanges() {
+    if (!_services.defaults.synchronize())
+        logError(LogCategory::Settings, "the settings cannot be written to disk");
+    if (_delegate)
+        _delegate->restartAppUsingSUUpdater();
+}
+
+void PreferencesWindowController::quitFennick() {
+    if (_delegate)
+        _delegate->terminate();
+}
+
+void PreferencesWindowController::openTwitterWebpage() {
+    openWebPage(_services.webPages.twitter);
+}
+
+void PreferencesWindowController::openFacebookWebpage() {
+    openWebPage(_services.webPages.facebook);
+}
+
+void PreferencesWindowController::openProductWebpage() {
+    openWebPage(_services.webPages.product);
+}
+
+void PreferencesWindowController::openScreencastWebpage() {
+    openWebPage(_services.webPages.screencast);
+}
+
+void PreferencesWindowController::openWebPage(const std::string& address) {
+    if (!address.empty() && !_services.workspace.openURL(address))
+        logError(LogCategory::Settings, "no program could be found to open " + address);
+}
+
+void PreferencesWindowController::store(std::string_view key, std::int64_t value) {
+    noteWritten(_services.defaults.setValue(key, value), key);
+}
+
+// Access to the accessibility interface.
+
+bool PreferencesWindowController::accessIsMissing() {
+    return !_services.accessibility.isEnabled() && !_services.accessibility.isTrusted();
+}
+
+void PreferencesWindowController::checkAccessibility() {
+    const bool isMissing = accessIsMissing();
+    _window->setAccessIsMissing(isMissing);
+    if (isMissing)
+        _window->showAccessibilityAlert([this](AccessibilityAlertAnswer answer) { answerAccessibilityAlert(answer); });
+}
+
+void PreferencesWindowController::answerAccessibilityAlert(AccessibilityAlertAnswer answer) {
+    if (!_delegate)
+        return;
+    if (answer == AccessibilityAlertAnswer::Quit)
+        _delegate->terminate();
+    // The program has to be started again after access was granted, so it ends here; where the desktop has no such
+    // place nothing happens and the program keeps running.
+    if (answer == AccessibilityAlertAnswer::OpenSystemPreferences && _services.accessibility.openSettings())
+        _delegate->terminate();
+}
+
+void PreferencesWindowController::switchAccessOn() {
+    if (!_services.accessibility.openSettings())
+        log(LogCategory::Accessibility, [] { return "the interface cannot be switched on from here"; });
+    _window->setAccessIsMissing(accessIsMissing());
+}
+
+} // namespace tarragon

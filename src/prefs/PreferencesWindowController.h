@@ -1,0 +1,135 @@
+#pragma once
+
+#include "prefs/PreferencesWindow.h"
+#include "recorder/KeyCombo.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarragon {
+
+class Accessibility;
+class Defaults;
+class LoginItemList;
+class Workspace;
+
+// What the preferences ask of the application.
+class PreferencesWindowControllerDelegate {
+public:
+    virtual ~PreferencesWindowControllerDelegate() = default;
+    virtual void restartAppUsingSUUpdater() = 0;
+    virtual void terminate() = 0;
+};
+
+// Addresses of web pages; empty for those that there are not.
+struct WebPages {
+    std::string product;
+    std::string screencast;
+    std::string twitter;
+    std::string facebook;
+};
+
+// Runs the preferences window: panes, help texts, the controls that are more than a setting, and what happens each time
+// that the window is shown. Main thread only.
+class PreferencesWindowController {
+public:
+    // What the controller works with; all of it outlives it.
+    struct Services {
+        Accessibility& accessibility;
+        Defaults& defaults;
+        Workspace& workspace;
+        LoginItemList* loginItemList = nullptr; // nullptr for none
+        std::string bundlePath; // of the running program
+        WebPages webPages;
+    };
+
+    // The title of the check box of the hot key, by which it is known.
+    static constexpr std::string_view EnableHotkeyTitle = "Enable hotkey";
+
+    // Loads the window. The delegate outlives the controller; nullptr for none.
+    PreferencesWindowController(
+        Services services, PreferencesInterface& interface, PreferencesWindowControllerDelegate* delegate);
+    ~PreferencesWindowController();
+    PreferencesWindowController(const PreferencesWindowController&) = delete;
+    PreferencesWindowController& operator=(const PreferencesWindowController&) = delete;
+
+    // Showing the window.
+
+    // On the general pane, with its help text. Asks for access when it is missing.
+    void displayWindow();
+    void displayWindowWithHelpAsInitial();
+    // On the pane of the hot key, waiting for the user to press a combination.
+    void displayWindowForRecording();
+    void fadeOutWindow();
+    // The window has been closed, by whatever means.
+    void windowWillClose();
+
+    // Panes and help texts.
+
+    void changePreferencePane(const PreferenceItem& sender);
+    void selectPreferencesForItem(const PreferenceItem& item, bool animate);
+    std::vector<std::string> toolbarSelectableItemIdentifiers() const;
+    void changeHelpText(std::int64_t senderTag);
+    void selectHelpTextForButton(std::int64_t tag, bool animate);
+
+    // The hot key.
+
+    ShortcutRecorderValue shortcutRecorderValue() const;
+    // keyComboString is how the recorder shows the combination; nothing for an empty one.
+    void shortcutRecorderKeyComboDidChange(
+        const KeyCombo& combination, const std::optional<std::string>& keyComboString);
+    // No combination is refused as taken, on purpose.
+    static bool shortcutRecorderIsKeyCodeAndFlagsTaken(
+        std::int16_t /*keyCode*/, std::uint32_t /*flags*/, std::string& /*reason*/) {
+        return false;
+    }
+
+    // Controls.
+
+    // The state of the check box becomes the setting, and the list of what is started at login follows it.
+    void startAtLogin();
+    void mouseButtonChanged();
+    // Warns when no way of opening menus is left; senderTitle is that of the check box just clicked.
+    void checkIfBothOptionsAreNotOff(std::string_view senderTitle);
+    void resetButton();
+    // Starts the program anew, with the settings written to disk.
+    void applyChanges();
+    void quitFennick();
+    void openTwitterWebpage();
+    void openFacebookWebpage();
+    void openProductWebpage();
+    void openScreencastWebpage();
+    // Switches the desktop's accessibility interface on, or leads to where that is done.
+    void switchAccessOn();
+
+    bool hideHotKeyWarning() const { return _hideHotKeyWarning; }
+    bool hideButtonWarning() const { return _hideButtonWarning; }
+    const WebPages& webPages() const { return _services.webPages; }
+
+private:
+    void selectPreferences(PreferencePane pane, bool animate);
+    void selectHelpText(PreferenceHelpText text, bool animate);
+    void selectItem(std::size_t index, bool animate);
+    void writeNewMouseButton(std::int64_t buttonNumber);
+    void setHideHotKeyWarning(bool hide);
+    void setHideButtonWarning(bool hide);
+    void checkAccessibility();
+    bool accessIsMissing();
+    void answerAccessibilityAlert(AccessibilityAlertAnswer answer);
+    void store(std::string_view key, std::int64_t value);
+    void openWebPage(const std::string& address);
+
+    Services _services;
+    PreferencesWindowControllerDelegate* _delegate;
+    bool _startAtLogin = false;
+    bool _hideHotKeyWarning = true;
+    bool _hideButtonWarning = true;
+    std::unique_ptr<PreferencesWindow> _window; // after what it may ask while it is made
+};
+
+} // namespace tarragon
