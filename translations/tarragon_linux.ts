@@ -16,18 +16,7 @@
     <name>ApplicationChooser</name>
     <message>
         <source>Add Application</source>
-        <translation>No program could be found to open the settings: %@</source>
-        <translation>No program could be found to open the settings: %@</translation>
-    </message>
-    <message>
-        <source>No program could be found to open the page: %@</source>
-        <translation>No program could be found to open the page: %@</translation>
-    </message>
-</context>
-<context>
-    <name>ApplicationChooser</name>
-    <message>
-        <source>Add Application</translation>
+        <translation>Add Application</translation>
     </message>
     <message>
         <source>Search applications</source>
@@ -85,24 +74,12 @@
         <translation>All windows of this application are ignored.</translation>
     </message>
     <message>
-        <source>No window of this application is ignored yet. Add a title, or a pattern: * stands for any text, ? for one character.</source>
-        <translation>No window of this application is ignored yet. Add a title, or a pattern: * stands for any text, ? for one character.</translation>
-    </message>
-    <message>
-        <source>Ignore a Window by Clicking It…</source>
-        <translation>Ignore a Window by Clicking It…</translation>
-    </message>
-    <message>
         <source>Ignore the window that you click next</source>
         <translation>Ignore the window that you click next</translation>
     </message>
     <message>
         <source>Ignored applications</source>
         <translation>Ignored applications</translation>
-    </message>
-    <message>
-        <source>No application is ignored yet. Add one, and the panel does not show over its windows.</source>
-        <translation>No application is ignored yet. Add one, and the panel does not show over its windows.</translation>
     </message>
     <message>
         <source>Applications:</source>
@@ -171,6 +148,18 @@
     <message>
         <source>(empty title)</source>
         <translation>(empty title)</translation>
+    </message>
+    <message>
+        <source>Add the title of a window to ignore, or a pattern: * stands for any text, ? for one character.</source>
+        <translation>Add the title of a window to ignore, or a pattern: * stands for any text, ? for one character.</translation>
+    </message>
+    <message>
+        <source>Pick a Window…</source>
+        <translation>Pick a Window…</translation>
+    </message>
+    <message>
+        <source>No application is ignored yet. Add one to hide the panel over its windows.</source>
+        <translation>No application is ignored yet. Add one to hide the panel over its windows.</translation>
     </message>
 </context>
 <context>
