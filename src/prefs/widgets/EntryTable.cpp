@@ -66,10 +66,12 @@ void EntryTable::updateDescription() {
 }
 
 void EntryTable::keyPressEvent(QKeyEvent* event) {
+    // Keys come here from the editor of a row too.
+    const bool isOurs = hasFocus();
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier)
+    if (isOurs && event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier)
         emit removePressed();
-    else if (isEnter && state() != EditingState && editTriggers() != NoEditTriggers && currentIndex().isValid())
+    else if (isOurs && isEnter && editTriggers() != NoEditTriggers && currentIndex().isValid())
         edit(currentIndex());
     else
         QTreeView::keyPressEvent(event);
