@@ -17,7 +17,7 @@ desktop_packages=(
 )
 test_packages=(
     libgtest-dev libgmock-dev libsystemd-dev libxcb-xtest0-dev libatspi2.0-dev libgtk-3-dev
-    xfwm4 picom geany featherpad xterm x11-xkb-utils libplist-utils gobjc libgnustep-base-dev make
+    xserver-xorg-core xserver-xorg-video-dummy xfwm4 picom geany featherpad xterm x11-xkb-utils libplist-utils gobjc libgnustep-base-dev make
     dex desktop-file-utils libglib2.0-bin openssl python3
 )
 benchmark_packages=(libbenchmark-dev)

@@ -1,6 +1,7 @@
 #include "Desktop.h"
 
 #include "ProcessTree.h"
+#include "screens/Outputs.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -23,7 +24,7 @@ std::string nameOf(WindowManager windowManager) {
     return windowManager == WindowManager::Openbox ? "openbox" : "xfwm4";
 }
 
-Desktop::Desktop(WindowManager windowManager, Compositor compositor)
+Desktop::Desktop(WindowManager windowManager, Compositor compositor, Screens screens)
     : _windowManager(windowManager)
     , _compositor(compositor)
     , _reader(*this) {
@@ -46,7 +47,7 @@ Desktop::Desktop(WindowManager windowManager, Compositor compositor)
     std::filesystem::create_directory(programFolder());
     std::filesystem::permissions(_environment["XDG_RUNTIME_DIR"], std::filesystem::perms::owner_all);
     try {
-        startServer();
+        startServer(screens);
         startSessionBus();
         startWindowManager();
         if (_compositor == Compositor::On)
@@ -65,9 +66,11 @@ Desktop::~Desktop() {
     endDescendants(std::string(SessionVariable) + "=" + home().string());
 }
 
-void Desktop::startServer() {
+void Desktop::startServer(Screens screens) {
     // The server chooses a free number itself and tells it.
-    _server = start({"Xvfb", "-displayfd", "1", "-screen", "0", "1600x1200x24", "-noreset", "-nolisten", "tcp"});
+    _server = start(screens == Screens::OnOutputs ? Outputs::server({0, 0, 1600, 1200}, home() / "tmp")
+                                                  : std::vector<std::string>{"Xvfb", "-displayfd", "1", "-screen", "0",
+                                                      "1600x1200x24", "-noreset", "-nolisten", "tcp"});
     if (!waitUntil([this] { return _server->standardOutput().find('\n') != std::string::npos; }, Duration(20000)))
         throw std::runtime_error("the X server does not start: " + _server->standardError());
     _environment["DISPLAY"] = ":" + firstLine(_server->standardOutput());

@@ -18,6 +18,10 @@ enum class WindowManager { Openbox, Xfwm4 };
 // Without one, windows are opaque and what lies below them is not drawn.
 enum class Compositor { Off, On };
 
+// Several monitors are known to window managers of every kind where they hang on outputs. The other server is the usual
+// one of the tests, and starts faster.
+enum class Screens { Virtual, OnOutputs };
+
 // "openbox" or "xfwm4".
 std::string nameOf(WindowManager windowManager);
 
@@ -26,7 +30,8 @@ std::string nameOf(WindowManager windowManager);
 class Desktop {
 public:
     // Throws std::runtime_error when a part of it does not come up.
-    explicit Desktop(WindowManager windowManager, Compositor compositor = Compositor::Off);
+    explicit Desktop(
+        WindowManager windowManager, Compositor compositor = Compositor::Off, Screens screens = Screens::Virtual);
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -55,7 +60,7 @@ public:
     std::filesystem::path writeFile(const std::string& name, const std::string& contents) const;
 
 private:
-    void startServer();
+    void startServer(Screens screens);
     void startSessionBus();
     void startWindowManager();
     void startCompositor();

@@ -8,7 +8,7 @@
 namespace tarragon::e2e {
 
 void DesktopTest::SetUp() {
-    _session = &Session::shared(_windowManager, _compositor);
+    _session = &Session::shared(_windowManager, _compositor, _screens);
     // Somewhere in the middle, where a menu fits to every side.
     input().moveTo(700, 300);
 }
@@ -23,7 +23,7 @@ void DesktopTest::TearDown() {
     _applications.clear();
     EXPECT_TRUE(agent().isRunning()) << "the program has ended: " << agent().process().standardError();
     if (HasFailure() || !closed)
-        Session::discard(_windowManager, _compositor);
+        Session::discard(_windowManager, _compositor, _screens);
 }
 
 PopUp& DesktopTest::popUp() {

@@ -18,9 +18,11 @@ namespace tarragon::e2e {
 // in the folder named by E2E_FAILURES (e2e_failures below the current one when unset).
 class DesktopTest : public testing::Test {
 protected:
-    explicit DesktopTest(WindowManager windowManager, Compositor compositor = Compositor::Off)
+    explicit DesktopTest(
+        WindowManager windowManager, Compositor compositor = Compositor::Off, Screens screens = Screens::Virtual)
         : _windowManager(windowManager)
-        , _compositor(compositor) { }
+        , _compositor(compositor)
+        , _screens(screens) { }
     void SetUp() override;
     void TearDown() override;
 
@@ -44,6 +46,7 @@ protected:
 private:
     WindowManager _windowManager;
     Compositor _compositor;
+    Screens _screens;
     Session* _session = nullptr;
     std::optional<PopUp> _popUp;
     pid_t _popUpAgent = 0;

@@ -142,6 +142,12 @@ std::vector<xcb_window_t> Panel::stacking() const {
     return windows;
 }
 
+bool Panel::liesAbove(xcb_window_t window, xcb_window_t other) const {
+    const std::vector<xcb_window_t> windows = stacking();
+    const auto lower = std::find(windows.begin(), windows.end(), frameWindowOf(other));
+    return std::find(lower, windows.end(), frameWindowOf(window)) != windows.end();
+}
+
 xcb_window_t Panel::windowBelow() const {
     const std::vector<xcb_window_t> windows = stacking();
     const auto panel = std::find(windows.begin(), windows.end(), window());

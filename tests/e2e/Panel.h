@@ -43,6 +43,8 @@ public:
 
     // The mapped windows of the root window, frames of the window manager among them, bottom to top.
     std::vector<xcb_window_t> stacking() const;
+    // Of any two mapped windows, with what the window manager has put around them.
+    bool liesAbove(xcb_window_t window, xcb_window_t other) const;
     // XCB_NONE when nothing mapped lies below it.
     xcb_window_t windowBelow() const;
     // Bottom to top.

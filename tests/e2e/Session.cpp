@@ -4,13 +4,13 @@
 
 #include <map>
 #include <optional>
-#include <utility>
+#include <tuple>
 
 namespace tarragon::e2e {
 
 namespace {
 
-using KindOfDesktop = std::pair<WindowManager, Compositor>;
+using KindOfDesktop = std::tuple<WindowManager, Compositor, Screens>;
 
 std::map<KindOfDesktop, std::unique_ptr<Session>>& sharedSessions() {
     static std::map<KindOfDesktop, std::unique_ptr<Session>> sessions;
@@ -19,8 +19,8 @@ std::map<KindOfDesktop, std::unique_ptr<Session>>& sharedSessions() {
 
 } // namespace
 
-Session::Session(WindowManager windowManager, Compositor compositor)
-    : _desktop(windowManager, compositor) {
+Session::Session(WindowManager windowManager, Compositor compositor, Screens screens)
+    : _desktop(windowManager, compositor, screens) {
     restartAgent();
 }
 
@@ -39,17 +39,17 @@ void Session::restartAgent(const HotKey& hotKey, const Environment& additions) {
     _observer = std::make_unique<MenuObserver>(_desktop, _agent->identifier());
 }
 
-Session& Session::shared(WindowManager windowManager, Compositor compositor) {
-    std::unique_ptr<Session>& session = sharedSessions()[{windowManager, compositor}];
+Session& Session::shared(WindowManager windowManager, Compositor compositor, Screens screens) {
+    std::unique_ptr<Session>& session = sharedSessions()[{windowManager, compositor, screens}];
     if (session && !session->isAlive())
         session.reset();
     if (!session)
-        session = std::make_unique<Session>(windowManager, compositor);
+        session = std::make_unique<Session>(windowManager, compositor, screens);
     return *session;
 }
 
-void Session::discard(WindowManager windowManager, Compositor compositor) {
-    sharedSessions().erase({windowManager, compositor});
+void Session::discard(WindowManager windowManager, Compositor compositor, Screens screens) {
+    sharedSessions().erase({windowManager, compositor, screens});
 }
 
 void Session::discardAll() {

@@ -11,7 +11,8 @@ namespace tarragon::e2e {
 // A desktop with the program running in it.
 class Session {
 public:
-    explicit Session(WindowManager windowManager, Compositor compositor = Compositor::Off);
+    explicit Session(
+        WindowManager windowManager, Compositor compositor = Compositor::Off, Screens screens = Screens::Virtual);
 
     Desktop& desktop() { return _desktop; }
     Agent& agent() { return *_agent; }
@@ -22,8 +23,10 @@ public:
 
     // The one session of a kind of desktop that tests share, since starting one takes seconds. A test finds it with the
     // program running and nothing else; one that has broken it discards it, and the next test gets a new one.
-    static Session& shared(WindowManager windowManager, Compositor compositor = Compositor::Off);
-    static void discard(WindowManager windowManager, Compositor compositor = Compositor::Off);
+    static Session& shared(
+        WindowManager windowManager, Compositor compositor = Compositor::Off, Screens screens = Screens::Virtual);
+    static void discard(
+        WindowManager windowManager, Compositor compositor = Compositor::Off, Screens screens = Screens::Virtual);
     static void discardAll();
 
 private:

@@ -1,5 +1,7 @@
 #include "XDisplay.h"
 
+#include "screens/Outputs.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -173,6 +175,12 @@ void XDisplay::close(xcb_window_t window) {
     sendToWindowManager(window, "_NET_CLOSE_WINDOW", {0, 2});
 }
 
+void XDisplay::lower(xcb_window_t window) {
+    const std::uint32_t below = XCB_STACK_MODE_BELOW;
+    xcb_configure_window(_connection, window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
+    xcb_flush(_connection);
+}
+
 void XDisplay::moveWindow(xcb_window_t window, int x, int y) {
     constexpr std::uint32_t xAndY = (1U << 8U) | (1U << 9U);
     constexpr std::uint32_t fromPager = 2U << 12U;
@@ -324,7 +332,16 @@ void XDisplay::deleteMonitor(const std::string& name) {
     xcb_randr_delete_monitor(_connection, root(), atom(name));
 }
 
+bool XDisplay::hasOutputs() {
+    return Outputs(_connection, root()).areSeveral();
+}
+
 void XDisplay::setMonitors(const std::vector<PixelRect>& frames, std::size_t primary) {
+    Outputs outputs(_connection, root());
+    if (outputs.areSeveral()) {
+        outputs.plugIn(frames.empty() ? std::vector{bounds()} : frames, primary);
+        return;
+    }
     // In one go, so that nobody sees the desktop with half of its monitors. All are new ones: not every toolkit notices
     // that one of the same name has moved.
     xcb_grab_server(_connection);

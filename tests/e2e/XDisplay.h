@@ -1,5 +1,7 @@
 #pragma once
 
+#include "screens/PixelRect.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -11,23 +13,6 @@
 #include <xcb/xcb.h>
 
 namespace tarragon::e2e {
-
-// X pixels, y down from the top-left corner of the root window.
-struct PixelRect {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-
-    bool contains(int pointX, int pointY) const {
-        return pointX >= x && pointX < x + width && pointY >= y && pointY < y + height;
-    }
-    bool contains(const PixelRect& other) const {
-        return other.x >= x && other.y >= y && other.x + other.width <= x + width
-            && other.y + other.height <= y + height;
-    }
-    bool operator==(const PixelRect&) const = default;
-};
 
 struct XWindow {
     xcb_window_t identifier = XCB_NONE;
@@ -69,6 +54,8 @@ public:
     // All of these ask the window manager, as a task bar does.
     void activate(xcb_window_t window);
     void close(xcb_window_t window);
+    // Below all others.
+    void lower(xcb_window_t window);
     // Where the corner of what the window manager draws around it goes.
     void moveWindow(xcb_window_t window, int x, int y);
     // Without what the window manager draws around it.
@@ -92,6 +79,9 @@ public:
     // True when somebody has taken this combination for the whole desktop.
     bool keyIsGrabbed(xcb_keycode_t keyCode, std::uint16_t modifiers);
 
+    // Whether hardware, if only simulated, tells of the monitors. Those of other servers exist for who asks the server
+    // for them alone, which not every window manager does.
+    [[nodiscard]] bool hasOutputs();
     // Gives the desktop these monitors instead of one, two of them side by side, or one again.
     void setMonitors(const std::vector<PixelRect>& frames, std::size_t primary);
     void setTwoMonitors();

@@ -3,7 +3,6 @@
 
 #include <X11/keysym.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace tarragon::e2e {
@@ -77,42 +76,6 @@ TEST_P(BarAutoHideTest, SlidesInAtTheLeftHalfAloneWhenTheUserWantsThat) {
     ASSERT_TRUE(hasNoBar());
     pointAtTopOf(monitor, monitor.width / 2 + 10);
     EXPECT_TRUE(hasBarsOn({monitor}));
-}
-
-// It reserves no room, so windows lie where the bar slides in.
-TEST_P(BarAutoHideTest, LiesAboveAMaximisedWindowOfItsScreen) {
-    const Arrangement arrangement = besideEachOther();
-    const PixelRect monitor = arrangement.others().front();
-    TestApplication& application = launchWithHiddenBar(arrangement);
-    display().setMaximized(application.window(), true);
-    ASSERT_TRUE(waitUntil([&] {
-        return display().outerFrameOf(application.window()).contains({monitor.x, 0, monitor.width, 1000});
-    }));
-    pointAtTopOf(monitor, 300);
-    ASSERT_TRUE(hasBarsOn({monitor}));
-    const auto liesAboveIt = [&] {
-        const auto bar = bars().seenOn(monitor);
-        const std::vector<xcb_window_t> order = panel().stacking();
-        const auto found = std::ranges::find(order, bar ? panel().frameWindowOf(bar->identifier) : XCB_NONE);
-        return std::find(found, order.end(), panel().frameWindowOf(application.window())) == order.end();
-    };
-    EXPECT_TRUE(waitUntil(liesAboveIt));
-    // Also when a window of the other screen is in front and lies below the maximised one.
-    TestApplication& other = launchOnBar({"Fennel"}, {50, 300, 400, 250});
-    const std::uint32_t below = XCB_STACK_MODE_BELOW;
-    xcb_configure_window(display().connection(), other.window(), XCB_CONFIG_WINDOW_STACK_MODE, &below);
-    xcb_flush(display().connection());
-    ASSERT_TRUE(waitUntil([&] {
-        const std::vector<xcb_window_t> order = panel().stacking();
-        const auto found = std::ranges::find(order, panel().frameWindowOf(other.window()));
-        return std::find(found, order.end(), panel().frameWindowOf(application.window())) != order.end();
-    }));
-    // It takes a moment to follow the window manager.
-    EXPECT_TRUE(waitUntil(
-        [&] { return holdsFor(Duration(600), [&] { return bars().seenOn(monitor).has_value() && liesAboveIt(); }); }));
-    // Some window managers take the focus from a window that is lowered.
-    const bool isInFront = display().activeWindow() == other.window();
-    EXPECT_TRUE(openTitleOnBar(1, monitor, isInFront ? "Fennel" : "Basil"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, BarAutoHideTest, EveryWindowManager, nameOfWindowManager);

@@ -51,6 +51,11 @@ void BarEndToEndTest::TearDown() {
     PanelUseEndToEndTest::TearDown();
 }
 
+void BarOnOutputsTest::TearDownTestSuite() {
+    for (const WindowManager windowManager : {WindowManager::Openbox, WindowManager::Xfwm4})
+        Session::discard(windowManager, Compositor::Off, Screens::OnOutputs);
+}
+
 void BarEndToEndTest::arrange(const Arrangement& arrangement) {
     display().setMonitors(arrangement.monitors, arrangement.primary);
 }

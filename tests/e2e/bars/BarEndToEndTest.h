@@ -36,8 +36,6 @@ protected:
     Bars bars() { return {display(), agent()}; }
     // Gives the desktop these monitors.
     void arrange(const Arrangement& arrangement);
-    // Whether the window manager hears of the monitors of a test. Some hear only of those that hardware tells of.
-    bool knowsMonitors() { return desktop().windowManager() == WindowManager::Openbox; }
     // Changes a setting and waits until the program has heard of it. It has its built-in value again after the test.
     [[nodiscard]] bool tellSetting(const std::string& key, bool value);
     // That the only bars seen are those along the top of these monitors, all of which show as much.
@@ -62,6 +60,14 @@ class WindowManagerBarTest : public BarEndToEndTest, public testing::WithParamIn
 protected:
     WindowManagerBarTest()
         : BarEndToEndTest(GetParam()) { }
+};
+
+// Where the window manager has to know the monitors as well.
+class BarOnOutputsTest : public BarEndToEndTest, public testing::WithParamInterface<WindowManager> {
+protected:
+    BarOnOutputsTest()
+        : BarEndToEndTest(GetParam(), Compositor::Off, Screens::OnOutputs) { }
+    static void TearDownTestSuite();
 };
 
 } // namespace tarragon::e2e

@@ -71,7 +71,12 @@ TEST_P(BarPlaceTest, AreDocksThatNeverGetTheFocusAndAreOnEveryWorkspace) {
     ASSERT_TRUE(waitUntil([&] { return display().isViewable(application.window()); }));
 }
 
-TEST_P(BarPlaceTest, LieBelowABarOfTheDesktopAndKeepWindowsBelowBoth) {
+INSTANTIATE_TEST_SUITE_P(Under, BarPlaceTest, EveryWindowManager, nameOfWindowManager);
+
+// What windows do about a bar.
+class BarAndWindowsTest : public BarOnOutputsTest { };
+
+TEST_P(BarAndWindowsTest, BarsLieBelowABarOfTheDesktopAndKeepWindowsBelowBoth) {
     TestApplication& application = launch(ApplicationKind::Titled, {"500", "300", "Basil", "Chervil", "Dill"});
     const Arrangement arrangement = besideEachOther();
     const PixelRect monitor = arrangement.others().front();
@@ -83,20 +88,11 @@ TEST_P(BarPlaceTest, LieBelowABarOfTheDesktopAndKeepWindowsBelowBoth) {
     ASSERT_TRUE(application.bringToFront());
     launch(ApplicationKind::Titled, {"400", "300", "Basil", "Chervil", "Dill"});
     EXPECT_TRUE(waitUntil(liesBelow));
-    if (!knowsMonitors())
-        return;
     ASSERT_TRUE(maximizeOn(application.window(), monitor));
     EXPECT_TRUE(standsAt(application.window(), monitor.x, 30 + BarHeight));
 }
 
-INSTANTIATE_TEST_SUITE_P(Under, BarPlaceTest, EveryWindowManager, nameOfWindowManager);
-
-// What windows do about a bar.
-class BarAndWindowsTest : public WindowManagerBarTest { };
-
 TEST_P(BarAndWindowsTest, AMaximisedWindowEndsBelowTheBar) {
-    if (!knowsMonitors())
-        GTEST_SKIP() << "the window manager maximises windows over all monitors";
     for (const Arrangement& arrangement : {besideEachOther(), aboveEachOther()}) {
         arrange(arrangement);
         const PixelRect monitor = arrangement.others().front();
@@ -112,6 +108,9 @@ TEST_P(BarAndWindowsTest, AMaximisedWindowEndsBelowTheBar) {
         const PixelRect frame = display().outerFrameOf(application.window());
         EXPECT_TRUE(holdsFor(Duration(1200), [&] { return display().outerFrameOf(application.window()) == frame; }));
         quit(application);
+        // A bar goes to a monitor that was only moved when another application comes to the front.
+        display().setOneMonitor();
+        ASSERT_TRUE(hasNoBar());
     }
 }
 
@@ -121,13 +120,8 @@ TEST_P(BarAndWindowsTest, AllBarsHideForAFullScreenWindowInFrontAndDisturbNoOthe
     ASSERT_TRUE(hasBarsOn(arrangement.others()));
     const PixelRect monitor = arrangement.others().back();
     TestApplication& other = launchOnBar(HerbTitles, {monitor.x + 50, 200, 400, 300});
-    if (knowsMonitors()) {
-        ASSERT_TRUE(maximizeOn(other.window(), monitor));
-        ASSERT_TRUE(standsAt(other.window(), monitor.x, BarHeight));
-    } else {
-        display().setMaximized(other.window(), true);
-        ASSERT_TRUE(waitUntil([&] { return display().outerFrameOf(other.window()).y == BarHeight; }));
-    }
+    ASSERT_TRUE(maximizeOn(other.window(), monitor));
+    ASSERT_TRUE(standsAt(other.window(), monitor.x, BarHeight));
     const PixelRect frame = display().outerFrameOf(other.window());
     TestApplication& application = launchOnBar({"Fennel", "Garlic"}, {100, 300, 400, 300});
     display().setState(application.window(), "_NET_WM_STATE_FULLSCREEN", true);
@@ -137,6 +131,41 @@ TEST_P(BarAndWindowsTest, AllBarsHideForAFullScreenWindowInFrontAndDisturbNoOthe
     display().setState(application.window(), "_NET_WM_STATE_FULLSCREEN", false);
     EXPECT_TRUE(hasBarsOn(arrangement.others()));
     EXPECT_TRUE(holdsFor(Duration(600), [&] { return display().outerFrameOf(other.window()) == frame; }));
+}
+
+// It reserves no room, so windows lie where the bar slides in.
+TEST_P(BarAndWindowsTest, ABarThatHidesItselfLiesAboveAMaximisedWindow) {
+    const Arrangement arrangement = besideEachOther();
+    const PixelRect monitor = arrangement.others().front();
+    arrange(arrangement);
+    ASSERT_TRUE(hasBarsOn({monitor}));
+    // The room for a panel that is always to be seen would be made below the bar.
+    ASSERT_TRUE(tellSetting("TarragonAlwaysVisible", false));
+    ASSERT_TRUE(tellSetting("ScreenTopAutoHide", true));
+    TestApplication& application = launchOnBar(HerbTitles, {monitor.x + 50, 200, 500, 250});
+    ASSERT_TRUE(hasNoBar());
+    display().setMaximized(application.window(), true);
+    ASSERT_TRUE(waitUntil([&] { return display().outerFrameOf(application.window()) == monitor; }));
+    input().moveTo(monitor.x + 300, 0);
+    ASSERT_TRUE(hasBarsOn({monitor}));
+    const auto liesAboveIt = [&] {
+        const auto bar = bars().seenOn(monitor);
+        return bar && panel().liesAbove(bar->identifier, application.window());
+    };
+    EXPECT_TRUE(waitUntil(liesAboveIt));
+    // Also each time that a window of the other screen is in front, and when that one lies below the maximised one.
+    TestApplication& other = launchOnBar({"Fennel"}, {50, 300, 400, 250});
+    for (int round = 0; round < 3; ++round) {
+        display().lower(other.window());
+        ASSERT_TRUE(waitUntil([&] { return panel().liesAbove(application.window(), other.window()); }));
+        EXPECT_TRUE(waitUntil(liesAboveIt));
+        EXPECT_TRUE(holdsFor(Duration(600), liesAboveIt));
+        ASSERT_TRUE(other.bringToFront());
+        ASSERT_TRUE(waitUntil([&] { return panel().liesAbove(other.window(), application.window()); }));
+        EXPECT_TRUE(waitUntil(liesAboveIt));
+        EXPECT_TRUE(holdsFor(Duration(600), liesAboveIt));
+    }
+    EXPECT_TRUE(openTitleOnBar(1, monitor, "Fennel"));
 }
 
 TEST_P(BarAndWindowsTest, OneApplicationMayLieUnderTheBar) {

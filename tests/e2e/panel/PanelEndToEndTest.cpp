@@ -23,9 +23,6 @@ testing::AssertionResult result(bool success, const std::string& message) {
 
 } // namespace
 
-PanelEndToEndTest::PanelEndToEndTest(WindowManager windowManager, Compositor compositor)
-    : DesktopTest(windowManager, compositor) { }
-
 void PanelEndToEndTest::SetUp() {
     DesktopTest::SetUp();
     // The program of the test before has the log on already.

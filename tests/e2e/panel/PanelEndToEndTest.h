@@ -20,7 +20,7 @@ inline constexpr int RoomForPanel = 23;
 // afterwards.
 class PanelEndToEndTest : public DesktopTest {
 protected:
-    explicit PanelEndToEndTest(WindowManager windowManager, Compositor compositor = Compositor::Off);
+    using DesktopTest::DesktopTest;
     void SetUp() override;
     void TearDown() override;
     static void TearDownTestSuite();
