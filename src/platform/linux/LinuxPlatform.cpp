@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxPlatform.h"
 
+#include "platform/PreferenceKeys.h"
 #include "platform/linux/atspi/LinuxAccessibility.h"
 #include "platform/linux/desktop/AutostartLoginItemList.h"
 #include "platform/linux/desktop/DesktopApplications.h"
@@ -40,7 +41,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tarragon {
 
@@ -74,6 +77,13 @@ private:
     int _argumentCount = 2;
     std::optional<QApplication> _application;
 };
+
+// What these are about no application here has, or counts in another way.
+std::vector<std::string_view> settingsWithoutEffect() {
+    return {preference::ShowAppleMenu, preference::FoldAlternate, preference::ShowApplicationMenu,
+        preference::EnableSmartIgnore, preference::ButtonHasShadow, preference::ButtonHasTexture,
+        preference::ButtonHasBorder, preference::ButtonRound};
+}
 
 class LinuxPlatform : public DesktopSession {
 public:
@@ -193,7 +203,8 @@ private:
         .installedApplications = &_installedApplications,
         .keyRecorder = &_keyRecorder,
         .userNotifications = &_userNotifications,
-        .windowPicker = &_windowPicker};
+        .windowPicker = &_windowPicker,
+        .settingsWithoutEffect = settingsWithoutEffect()};
 };
 
 } // namespace

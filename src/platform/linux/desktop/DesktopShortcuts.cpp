@@ -66,6 +66,28 @@ std::optional<DesktopShortcut> openboxCombination(std::string_view text) {
     return shortcut;
 }
 
+// "close_window" and "CloseWindow" give "Close window".
+std::string readableAction(std::string_view name) {
+    std::string words;
+    for (const char character : name) {
+        const bool isCapital = character >= 'A' && character <= 'Z';
+        if (isCapital && !words.empty() && words.back() != ' ')
+            words += ' ';
+        words += character == '_' ? ' ' : static_cast<char>(isCapital ? character - 'A' + 'a' : character);
+    }
+    if (!words.empty() && words.front() >= 'a' && words.front() <= 'z')
+        words.front() = static_cast<char>(words.front() - 'a' + 'A');
+    return words;
+}
+
+// "Xfce: Close window", or the name alone where nothing is known of the purpose.
+std::string ownerNamed(std::string_view desktop, const std::string& purpose) {
+    std::string owner(desktop);
+    if (!purpose.empty())
+        owner.append(": ").append(purpose);
+    return owner;
+}
+
 // What could be read of an XML text: all of it, or what comes before a damaged place.
 pugi::xml_document documentOf(std::string_view text) {
     pugi::xml_document document;
@@ -80,16 +102,39 @@ pugi::xml_node property(const pugi::xml_node& parent, const char* name) {
     return parent.find_child_by_attribute("property", "name", name);
 }
 
+// The window manager's actions are named close_window_key; anything else is a command line.
+std::string xfcePurpose(std::string_view value) {
+    constexpr std::string_view ActionSuffix = "_key";
+    if (!value.ends_with(ActionSuffix))
+        return std::string(value);
+    return readableAction(value.substr(0, value.size() - ActionSuffix.size()));
+}
+
 void appendXfceShortcuts(const pugi::xml_node& properties, std::vector<DesktopShortcut>& shortcuts) {
     for (const pugi::xml_node& node : properties.children("property")) {
         const std::string_view name = node.attribute("name").value();
         std::optional<DesktopShortcut> shortcut = xfceCombination(name);
         if (!shortcut || name == Override)
             continue;
-        shortcut->isEnabled =
-            std::string_view(node.attribute("type").value()) != "empty" && *node.attribute("value").value() != '\0';
+        const std::string_view value = node.attribute("value").value();
+        shortcut->isEnabled = std::string_view(node.attribute("type").value()) != "empty" && !value.empty();
+        if (shortcut->isEnabled)
+            shortcut->owner = ownerNamed("Xfce", xfcePurpose(value));
         shortcuts.push_back(std::move(*shortcut));
     }
+}
+
+// What the first action of a binding does; empty for one that only begins a chain.
+std::string openboxPurpose(const pugi::xml_node& binding) {
+    const pugi::xml_node action = binding.child("action");
+    for (const char* const command : {"command", "execute"}) {
+        if (const std::string_view text = action.child_value(command); !text.empty())
+            return std::string(text);
+    }
+    std::string purpose = readableAction(action.attribute("name").value());
+    if (const std::string_view menu = action.child_value("menu"); !menu.empty())
+        purpose.append(" (").append(menu).append(")");
+    return purpose;
 }
 
 class OpenboxBindings : public pugi::xml_tree_walker {
@@ -100,8 +145,10 @@ public:
         static constexpr std::string_view Binding = "keybind";
         // A binding within another one continues its chain.
         if (node.name() == Binding && node.parent().name() != Binding) {
-            if (std::optional<DesktopShortcut> shortcut = openboxCombination(node.attribute("key").value()))
+            if (std::optional<DesktopShortcut> shortcut = openboxCombination(node.attribute("key").value())) {
+                shortcut->owner = ownerNamed("Openbox", openboxPurpose(node));
                 shortcuts.push_back(std::move(*shortcut));
+            }
         }
         return true;
     }

@@ -12,6 +12,8 @@ struct DesktopShortcut {
     bool isEnabled = true;
     std::uint32_t modifiers = 0; // bits of hotkey::
     std::string keyName; // of the key's symbol, such as "F4"
+    // Who has it and what for, as people would say it: "Xfce: Close window". Empty for one that is off.
+    std::string owner = {};
     bool operator==(const DesktopShortcut&) const = default;
 };
 

@@ -32,6 +32,17 @@ void selectChanges(xcb_connection_t* connection) {
     xcb_flush(connection);
 }
 
+// One that was found grabbed gets the owner that the settings name.
+void addShortcut(std::vector<SymbolicHotKey>& hotKeys, SymbolicHotKey shortcut) {
+    const auto known = std::ranges::find_if(hotKeys, [&](const SymbolicHotKey& hotKey) {
+        return hotKey.isEnabled && hotKey.keyCode == shortcut.keyCode && hotKey.modifiers == shortcut.modifiers;
+    });
+    if (known == hotKeys.end() || !shortcut.isEnabled)
+        hotKeys.push_back(std::move(shortcut));
+    else if (known->owner.empty())
+        known->owner = std::move(shortcut.owner);
+}
+
 } // namespace
 
 XkbKeyboard::XkbKeyboard(std::unique_ptr<X11Connection> connection, RunLoop& runLoop, IsOwnCombination isOwnCombination,
@@ -91,7 +102,7 @@ std::optional<std::vector<SymbolicHotKey>> XkbKeyboard::copySymbolicHotKeys() {
         const std::optional<std::uint8_t> x11Key = layout->keyOfSymbol(shortcut.keyName);
         const std::optional<std::uint32_t> keyCode = x11Key ? virtualKeyCode(*x11Key) : std::nullopt;
         if (keyCode)
-            hotKeys->push_back({shortcut.isEnabled, *keyCode, shortcut.modifiers});
+            addShortcut(*hotKeys, {shortcut.isEnabled, *keyCode, shortcut.modifiers, shortcut.owner});
     }
     std::erase_if(*hotKeys, [this](const SymbolicHotKey& hotKey) {
         return _isOwnCombination && _isOwnCombination(static_cast<std::uint32_t>(hotKey.keyCode), hotKey.modifiers);

@@ -55,10 +55,11 @@ TEST(DesktopShortcuts, ReadsThoseOfXfce) {
         </property>
         <property name="providers" type="array"><value type="string" value="commands"/></property>)");
     EXPECT_THAT(xfceShortcuts(settings),
-        UnorderedElementsAre(DesktopShortcut{true, CommandKey | OptionKey, "t"},
-            DesktopShortcut{true, ControlKey | ShiftKey, "space"}, DesktopShortcut{true, 0, "Print"},
-            DesktopShortcut{true, OptionKey, "Tab"}, DesktopShortcut{true, OptionKey, "F4"},
-            DesktopShortcut{false, CommandKey, "F5"}));
+        UnorderedElementsAre(DesktopShortcut{true, CommandKey | OptionKey, "t", "Xfce: exo-open"},
+            DesktopShortcut{true, ControlKey | ShiftKey, "space", "Xfce: menu"},
+            DesktopShortcut{true, 0, "Print", "Xfce: shot"},
+            DesktopShortcut{true, OptionKey, "Tab", "Xfce: Cycle windows"},
+            DesktopShortcut{true, OptionKey, "F4", "Xfce: Close window"}, DesktopShortcut{false, CommandKey, "F5"}));
 }
 
 TEST(DesktopShortcuts, ReadsThoseThatCameWithXfceUnlessTheUsersReplaceThem) {
@@ -66,7 +67,7 @@ TEST(DesktopShortcuts, ReadsThoseThatCameWithXfceUnlessTheUsersReplaceThem) {
         <property name="&lt;Alt&gt;F1" type="string" value="menu"/><property name="&lt;Alt&gt;F2" type="empty"/>
         </property><property name="custom"><property name="override" type="bool" value=")";
     EXPECT_THAT(xfceShortcuts(xfce(builtIn + "false\"/></property></property>")),
-        ElementsAre(DesktopShortcut{true, OptionKey, "F1"}, DesktopShortcut{false, OptionKey, "F2"}));
+        ElementsAre(DesktopShortcut{true, OptionKey, "F1", "Xfce: menu"}, DesktopShortcut{false, OptionKey, "F2"}));
     EXPECT_THAT(xfceShortcuts(xfce(builtIn + "true\"/></property></property>")), IsEmpty());
 }
 
@@ -94,11 +95,24 @@ TEST(DesktopShortcuts, ReadsThoseOfOpenbox) {
           <keybind key="C-z"><keybind key="a"/><keybind key="b"/></keybind>
           <keybind key="Print"/><keybind key="Mod4-minus"/><keybind key="C--"/></keyboard>
           <mouse><mousebind button="A-Left"/></mouse></openbox_config>)"),
-        ElementsAre(DesktopShortcut{true, CommandKey | OptionKey, "Left"},
-            DesktopShortcut{true, ControlKey | ShiftKey, "space"}, DesktopShortcut{true, OptionKey, "F4"},
-            DesktopShortcut{true, CommandKey, "x"}, DesktopShortcut{true, CommandKey, "z"},
-            DesktopShortcut{true, 0, "Print"}, DesktopShortcut{true, ControlKey, "minus"},
-            DesktopShortcut{true, CommandKey, "-"}));
+        ElementsAre(DesktopShortcut{true, CommandKey | OptionKey, "Left", "Openbox: Go to desktop"},
+            DesktopShortcut{true, ControlKey | ShiftKey, "space", "Openbox"},
+            DesktopShortcut{true, OptionKey, "F4", "Openbox: Close"},
+            DesktopShortcut{true, CommandKey, "x", "Openbox: Close"}, DesktopShortcut{true, CommandKey, "z", "Openbox"},
+            DesktopShortcut{true, 0, "Print", "Openbox"}, DesktopShortcut{true, ControlKey, "minus", "Openbox"},
+            DesktopShortcut{true, CommandKey, "-", "Openbox"}));
+}
+
+TEST(DesktopShortcuts, SayWhatTheyAreForInOpenbox) {
+    EXPECT_THAT(openboxShortcuts(R"(<keyboard>
+          <keybind key="A-space"><action name="ShowMenu"><menu>client-menu</menu></action></keybind>
+          <keybind key="W-e"><action name="Execute"><command>files --new</command></action></keybind>
+          <keybind key="W-t"><action name="Execute"><execute>terminal</execute></action></keybind>
+          <keybind key="W-d"><action name="ToggleShowDesktop"/><action name="Raise"/></keybind></keyboard>)"),
+        ElementsAre(DesktopShortcut{true, OptionKey, "space", "Openbox: Show menu (client-menu)"},
+            DesktopShortcut{true, ControlKey, "e", "Openbox: files --new"},
+            DesktopShortcut{true, ControlKey, "t", "Openbox: terminal"},
+            DesktopShortcut{true, ControlKey, "d", "Openbox: Toggle show desktop"}));
 }
 
 TEST(DesktopShortcuts, LeavesOutWhatIsNoCombinationInOpenboxsSettings) {
@@ -110,19 +124,19 @@ TEST(DesktopShortcuts, LeavesOutWhatIsNoCombinationInOpenboxsSettings) {
 TEST(DesktopShortcuts, PassesOverCommentsAndReadsEntities) {
     EXPECT_THAT(openboxShortcuts("<?xml version='1.0'?><!DOCTYPE a><a><!-- <keybind key='A-x'/> -->"
                                  "<![CDATA[<keybind key='A-y'/>]]><keybind key = 'A-&lt;'/></a>"),
-        ElementsAre(DesktopShortcut{true, OptionKey, "<"}));
+        ElementsAre(DesktopShortcut{true, OptionKey, "<", "Openbox"}));
 }
 
 TEST(DesktopShortcuts, ReadsWhatComesBeforeADamagedPlace) {
     for (const char* damage : {"", "<", "< <>", "<keybind key=A-b/>", "<keybind key=\"A-b", "<!-- never closed",
              "</other>", "<keybind key=\"A-b\" key2/>"}) {
         EXPECT_THAT(openboxShortcuts(std::string("<a><keybind key=\"A-a\"><action/></keybind>") + damage),
-            testing::Contains(DesktopShortcut{true, OptionKey, "a"}))
+            testing::Contains(DesktopShortcut{true, OptionKey, "a", "Openbox"}))
             << damage;
         EXPECT_THAT(xfceShortcuts("<channel><property name=\"xfwm4\"><property name=\"custom\">"
                                   "<property name=\"&lt;Alt&gt;a\" type=\"string\" value=\"x\"/>"
                         + std::string(damage)),
-            ElementsAre(DesktopShortcut{true, OptionKey, "a"}))
+            ElementsAre(DesktopShortcut{true, OptionKey, "a", "Xfce: x"}))
             << damage;
     }
 }
@@ -131,7 +145,7 @@ TEST(DesktopShortcuts, SurvivesSettingsThatAreNestedWithoutEnd) {
     std::string text;
     for (int depth = 0; depth < 100000; ++depth)
         text += "<keybind key=\"A-a\">";
-    EXPECT_THAT(openboxShortcuts(text), ElementsAre(DesktopShortcut{true, OptionKey, "a"}));
+    EXPECT_THAT(openboxShortcuts(text), ElementsAre(DesktopShortcut{true, OptionKey, "a", "Openbox"}));
 }
 
 class DesktopShortcutsSessionTest : public testing::Test {
@@ -162,22 +176,22 @@ TEST_F(DesktopShortcutsSessionTest, ReadsTheSettingsOfTheDesktopThatIsRunning) {
     putBoth("user", "a");
     EXPECT_THAT(session.readShortcuts(), IsEmpty());
     session.windowManager = "Openbox";
-    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "a"}));
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "a", "Openbox"}));
     session.windowManager = "Xfwm4";
-    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, ControlKey, "a"}));
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, ControlKey, "a", "Xfce: x"}));
     session.windowManager = "Other";
     EXPECT_THAT(session.readShortcuts(), IsEmpty());
     session.desktops = {"XFCE"};
-    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, ControlKey, "a"}));
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, ControlKey, "a", "Xfce: x"}));
 }
 
 TEST_F(DesktopShortcutsSessionTest, PrefersTheUsersSettingsToTheSystems) {
     session.windowManager = "Openbox";
     EXPECT_THAT(session.readShortcuts(), IsEmpty());
     putBoth("system", "s");
-    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "s"}));
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "s", "Openbox"}));
     putBoth("user", "u");
-    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "u"}));
+    EXPECT_THAT(session.readShortcuts(), ElementsAre(DesktopShortcut{true, OptionKey, "u", "Openbox"}));
 }
 
 } // namespace

@@ -173,6 +173,19 @@ TEST_F(XkbKeyboardTest, KnowsTheCombinationsOfTheDesktopsSettingsByTheLayout) {
         Optional(UnorderedElementsAre(SymbolicHotKey{true, 6, CommandKey}, SymbolicHotKey{false, F4, OptionKey})));
 }
 
+TEST_F(XkbKeyboardTest, NamesTheOwnerThatTheSettingsNameOfWhatIsGrabbed) {
+    ASSERT_TRUE(grab(F4, XCB_MOD_MASK_1));
+    ASSERT_TRUE(grab(Space, XCB_MOD_MASK_1));
+    const auto settings = [] {
+        return std::vector<DesktopShortcut>{{true, OptionKey, "F4", "Xfce: Close window"},
+            {true, OptionKey, "F4", "Xfce: Another"}, {false, OptionKey, "space"}, {true, CommandKey, "y", "Xfce: y"}};
+    };
+    EXPECT_THAT(keyboard({}, settings)->copySymbolicHotKeys(),
+        Optional(UnorderedElementsAre(SymbolicHotKey{true, F4, OptionKey, "Xfce: Close window"},
+            SymbolicHotKey{true, Space, OptionKey, ""}, SymbolicHotKey{false, Space, OptionKey, ""},
+            SymbolicHotKey{true, Y, CommandKey, "Xfce: y"})));
+}
+
 TEST_F(XkbKeyboardTest, TellsNothingOnceTheServerHasGone) {
     auto dying = std::make_unique<XkbServer>();
     XkbKeyboard keys(X11Connection::connect(dying->displayName()), runLoop, {}, {});
