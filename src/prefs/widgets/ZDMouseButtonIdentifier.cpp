@@ -186,16 +186,6 @@ void ZDMouseButtonIdentifier::mouseReleaseEvent(QMouseEvent* event) {
     });
 }
 
-void ZDMouseButtonIdentifier::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
-    update();
-}
-
-void ZDMouseButtonIdentifier::focusOutEvent(QFocusEvent* event) {
-    QWidget::focusOutEvent(event);
-    update();
-}
-
 void ZDMouseButtonIdentifier::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange || event->type() == QEvent::FontChange)
