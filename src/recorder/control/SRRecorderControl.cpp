@@ -34,6 +34,8 @@ SRRecorderControl::SRRecorderControl(QWidget* parent)
     , _message(new QLabel(this)) {
     makeRecorderFieldsAccessible();
     setFocusProxy(_field);
+    // A label leads to nobody who takes no focus. Tab passes over those who have a proxy.
+    setFocusPolicy(Qt::TabFocus);
     // As wide as the control, however long the words are.
     _message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
     _message->setWordWrap(true);
@@ -50,6 +52,7 @@ SRRecorderControl::SRRecorderControl(QWidget* parent)
     column->addWidget(_message);
 
     connect(_field, &SRRecorderField::pressed, this, &SRRecorderControl::startRecording);
+    connect(_field, &SRRecorderField::focusGained, this, &SRRecorderControl::startWhenAsked);
     connect(_field, &SRRecorderField::focusLost, this, &SRRecorderControl::cancel);
     connect(_button, &QToolButton::clicked, this, &SRRecorderControl::pressButton);
     follow();
@@ -63,7 +66,8 @@ SRRecorderControl::~SRRecorderControl() {
 void SRRecorderControl::setServices(Services services) {
     cancel();
     _services = std::move(services);
-    _validator.emplace(static_cast<SRValidatorDelegate*>(this), *_services.keyboard, *_services.transformer, _services.mainMenu);
+    _validator.emplace(
+        static_cast<SRValidatorDelegate*>(this), *_services.keyboard, *_services.transformer, _services.mainMenu);
     follow();
 }
 
@@ -79,7 +83,15 @@ std::optional<std::string> SRRecorderControl::keyComboString() const {
 void SRRecorderControl::startRecording() {
     if (isRecording())
         return;
+    _isAskedToRecord = true;
     _field->setFocus();
+    if (_field->hasFocus())
+        startWhenAsked();
+}
+
+void SRRecorderControl::startWhenAsked() {
+    if (!std::exchange(_isAskedToRecord, false))
+        return;
     _keys = nullptr;
     if (_services.keyRecorder) {
         _keys = _services.keyRecorder->recordKeys([this](const RecordedKey& key) { take(key); },
@@ -102,6 +114,7 @@ void SRRecorderControl::take(const RecordedKey& key) {
 }
 
 void SRRecorderControl::cancel() {
+    _isAskedToRecord = false;
     _state.cancel();
     follow();
 }

@@ -69,7 +69,7 @@ public:
     std::optional<std::string> keyComboString() const;
 
     bool isRecording() const { return _state.isRecording(); }
-    // As a click on the control.
+    // As a click on the control. In a window that keys do not go to, recording begins once they do.
     void startRecording();
 
 signals:
@@ -85,6 +85,7 @@ private:
     bool shortcutValidatorIsKeyCodeAndFlagsTaken(
         SRValidator& validator, std::int16_t keyCode, std::uint32_t flags, std::string& reason) override;
     bool isTaken(const KeyCombo& combination, SRValidationError& error);
+    void startWhenAsked();
     void take(const RecordedKey& key);
     void cancel();
     void pressButton();
@@ -98,6 +99,7 @@ private:
     SRRecorderControlDelegate* _delegate = nullptr;
     SRRecorderState _state;
     std::unique_ptr<KeyRecording> _keys; // nullptr while they go elsewhere
+    bool _isAskedToRecord = false; // and waits for the focus
     SRRecorderField* _field;
     SRRecorderButton* _button;
     QLabel* _message;

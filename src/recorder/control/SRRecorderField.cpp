@@ -133,13 +133,12 @@ void SRRecorderField::keyReleaseEvent(QKeyEvent* event) {
 
 void SRRecorderField::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    update();
+    emit focusGained();
 }
 
 void SRRecorderField::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     _pressedKey = 0;
-    update();
     emit focusLost();
 }
 

@@ -28,7 +28,8 @@ public:
 signals:
     // The user wants to record.
     void pressed();
-    // Keys go elsewhere from now on.
+    // Keys come here from now on, and go elsewhere.
+    void focusGained();
     void focusLost();
 
 protected:

@@ -156,6 +156,7 @@ TEST_F(SRRecorderControlTest, DoesNotRecordAfterOtherKeysOrHalfAPress) {
         QTest::keyClick(&field(), key);
     QTest::keyClick(&field(), Qt::Key_Space, Qt::ControlModifier);
     QTest::keyRelease(&field(), Qt::Key_Space);
+    EXPECT_FALSE(control.isRecording());
     QTest::keyPress(&field(), Qt::Key_Space);
     before.setFocus();
     control.setFocus();
@@ -252,6 +253,15 @@ TEST_F(SRRecorderControlTest, IsWalkedByTab) {
     EXPECT_FALSE(control.isRecording());
 }
 
+TEST_F(SRRecorderControlTest, IsReachedByTheKeyOfItsLabel) {
+    QLabel label("&Hot key", &host);
+    label.setBuddy(&control);
+    label.show();
+    QTest::keyClick(&before, Qt::Key_H, Qt::AltModifier);
+    EXPECT_TRUE(field().hasFocus());
+    EXPECT_FALSE(control.isRecording());
+}
+
 TEST_F(SRRecorderControlTest, KeepsTheFocusWhenItIsClearedByTheKeyboard) {
     button().setFocus();
     QTest::keyClick(&button(), Qt::Key_Space);
@@ -289,6 +299,33 @@ TEST_F(SRRecorderControlTest, EndsTheRecordingWhenItIsHiddenOrDisabled) {
     control.setEnabled(false);
     EXPECT_FALSE(control.isRecording());
     EXPECT_FALSE(keys.isRecording());
+}
+
+TEST_F(SRRecorderControlTest, WaitsForTheFocusBeforeItRecords) {
+    QWidget inFront;
+    inFront.show();
+    QApplication::setActiveWindow(&inFront);
+    control.startRecording();
+    EXPECT_FALSE(control.isRecording());
+    EXPECT_FALSE(keys.isRecording()) << "they belong to the window in front";
+    QApplication::setActiveWindow(&host);
+    EXPECT_TRUE(control.isRecording());
+    QTest::mouseClick(&button(), Qt::LeftButton);
+    EXPECT_FALSE(control.isRecording());
+    after.setFocus();
+    field().setFocus();
+    EXPECT_FALSE(control.isRecording()) << "once is enough";
+}
+
+TEST_F(SRRecorderControlTest, DoesNotRecordInAWindowThatWasClosedMeanwhile) {
+    QWidget inFront;
+    inFront.show();
+    QApplication::setActiveWindow(&inFront);
+    control.startRecording();
+    host.hide();
+    host.show();
+    QApplication::setActiveWindow(&host);
+    EXPECT_FALSE(control.isRecording());
 }
 
 TEST_F(SRRecorderControlTest, MayGoWhileItRecords) {
