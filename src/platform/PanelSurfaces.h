@@ -51,7 +51,7 @@ public:
     virtual void setPointerHandler(std::function<void(const std::optional<Point>& location)> handler) = 0;
 };
 
-// Turns windows of the toolkit into panels. Main thread only.
+// Turns windows of the toolkit into panels, and says where others are to be. Main thread only.
 class PanelSurfaces {
 public:
     virtual ~PanelSurfaces() = default;
@@ -59,6 +59,9 @@ public:
     // window is the window system's identifier of a window that has not been shown yet. The surface must not outlive
     // this object. nullptr when there is no such window.
     [[nodiscard]] virtual std::unique_ptr<PanelSurface> makeSurface(std::uint64_t window) = 0;
+    // Puts an ordinary window on every workspace until it is hidden; one that is not shown yet, once it is. Does nothing
+    // for a window that is not there.
+    virtual void joinAllSpaces(std::uint64_t window) = 0;
 };
 
 } // namespace tarragon

@@ -30,13 +30,18 @@ public:
     // The pointer enters, moves or leaves (nothing) the panel. False when there is no surface that wants to hear of it.
     bool movePointer(std::uint64_t window, const std::optional<Point>& location);
 
+    // The windows that were put on every workspace, in order.
+    const std::vector<std::uint64_t>& onAllSpaces() const { return _onAllSpaces; }
+
     std::unique_ptr<PanelSurface> makeSurface(std::uint64_t window) override;
+    void joinAllSpaces(std::uint64_t window) override { _onAllSpaces.push_back(window); }
 
 private:
     class Surface;
 
     std::map<std::uint64_t, Record> _surfaces;
     std::set<std::uint64_t> _refused;
+    std::vector<std::uint64_t> _onAllSpaces;
     bool _translucent = true;
 };
 

@@ -60,6 +60,15 @@ std::unique_ptr<PanelSurface> X11PanelSurfaces::makeSurface(std::uint64_t window
     return std::make_unique<X11PanelSurface>(*this, panel);
 }
 
+void X11PanelSurfaces::joinAllSpaces(std::uint64_t window) {
+    X11PanelWindow ordinary(_connection, static_cast<xcb_window_t>(window));
+    // The window manager reads the property when the window is shown. The question has the server have it by then: the
+    // toolkit shows the window over a connection of its own.
+    ordinary.joinAllWorkspaces();
+    if (ordinary.exists())
+        ordinary.askForAllWorkspaces();
+}
+
 void X11PanelSurfaces::scaleMayHaveChanged() {
     for (X11PanelSurface* surface : _surfaces) {
         surface->frameMayHaveChanged();

@@ -28,6 +28,7 @@ public:
     X11PanelSurfaces& operator=(const X11PanelSurfaces&) = delete;
 
     std::unique_ptr<PanelSurface> makeSurface(std::uint64_t window) override;
+    void joinAllSpaces(std::uint64_t window) override;
 
     // The scale of a screen has changed.
     void scaleMayHaveChanged();

@@ -305,6 +305,7 @@ TEST_F(QtPanelWindowTest, IsOpaqueInItsRegionWhereTheDesktopShowsNothingThroughI
 class RefusingSurfaces : public PanelSurfaces {
 public:
     std::unique_ptr<PanelSurface> makeSurface(std::uint64_t) override { return nullptr; }
+    void joinAllSpaces(std::uint64_t) override { }
 };
 
 TEST(QtPanelToolkit, MakesOrdinaryWindowsWithoutSurfaces) {

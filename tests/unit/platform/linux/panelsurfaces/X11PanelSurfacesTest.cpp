@@ -22,6 +22,15 @@ TEST_F(X11PanelSurfacesTest, KeepsThePanelFromTheKeyboardAndOnEveryWorkspace) {
     EXPECT_EQ(hints[1], 0U);
 }
 
+TEST_F(X11PanelSurfacesTest, PutsAnOrdinaryWindowOnEveryWorkspaceBeforeItIsShown) {
+    const xcb_window_t window = toolkit->makeWindow();
+    surfaces->joinAllSpaces(window);
+    // The server has heard of it already, whoever asks.
+    EXPECT_THAT(toolkit->numbers(window, "_NET_WM_DESKTOP"), ElementsAre(0xFFFFFFFF));
+    toolkit->destroy(window);
+    surfaces->joinAllSpaces(window);
+}
+
 TEST_F(X11PanelSurfacesTest, KeepsTheToolkitsOtherHintsAndProtocols) {
     const xcb_window_t window = toolkit->makeWindow({.overrideRedirect = true});
     toolkit->setNumbers(window, "WM_HINTS", XCB_ATOM_WM_HINTS, {3, 1, 1, 0, 0, 0, 0, 0, 7});
