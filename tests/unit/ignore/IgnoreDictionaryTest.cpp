@@ -68,6 +68,19 @@ TEST(IgnoreDictionary, ReplacesAnEntryInItsPlaceAndRemovesIt) {
     EXPECT_THAT(dictionary.allKeys(), ElementsAre("b"));
 }
 
+TEST(IgnoreDictionary, AnswersByPlaceAsByKey) {
+    ArchiveDictionary stored;
+    stored.entries.emplace_back("org.zebra", entryData("Zebra"));
+    stored.entries.emplace_back("org.number", ArchiveValue(std::int64_t{5}));
+    const auto dictionary = IgnoreDictionary::unarchive(archiveOf(stored));
+    ASSERT_TRUE(dictionary);
+    EXPECT_EQ(dictionary->keyAt(1), "org.number");
+    EXPECT_THAT(dictionary->entryAt(0), Optional(entryNamed("Zebra")));
+    EXPECT_EQ(dictionary->entryAt(1), std::nullopt);
+    EXPECT_EQ(dictionary->placeOf("org.number"), 1U);
+    EXPECT_EQ(dictionary->placeOf("org.ant"), std::nullopt);
+}
+
 TEST(IgnoreDictionary, ReadsOneEntryOutOfMany) {
     IgnoreDictionary dictionary;
     dictionary.setEntry("a", entryNamed("A"));
