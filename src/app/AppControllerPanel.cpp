@@ -6,6 +6,7 @@
 #include "panels/TarragonButton.h"
 #include "panels/TarragonPanel.h"
 #include "panels/TarragonPanelController.h"
+#include "panels/TitleRow.h"
 #include "panels/rules/HorizontalLayout.h"
 #include "panels/rules/Measures.h"
 #include "platform/Log.h"
@@ -20,8 +21,6 @@
 namespace tarragon {
 
 namespace {
-
-constexpr const char* OverflowTitle = "\xE2\x96\xBF"; // U+25BF
 
 // The style whose buttons draw themselves.
 bool isMenuBarLook(std::int64_t style) {
@@ -209,39 +208,17 @@ void AppController::addButtonsToHorizontalTarragonPanel() {
         TarragonHackButton::initWithTitleWithPositionByWidth("", bunchButtonPosition(width), titleSurroundings());
     dressTitle(*_bunchButton);
 
-    std::vector<std::shared_ptr<MenuItem>> items;
-    std::vector<std::shared_ptr<TarragonHackButton>> titles;
-    std::vector<double> widths;
+    TitleRow row;
     for (const auto& item : _appUIElementInfo->menu()->items()) {
-        if (item->isSeparatorItem())
-            continue;
-        items.push_back(item);
-        titles.push_back(makeTitle(*item, 0));
-        widths.push_back(titles.back()->frame().size.width);
+        if (!item->isSeparatorItem())
+            row.add(item, makeTitle(*item, 0));
     }
     const HorizontalLayout layout =
-        layOutHorizontally(width, widths, {_preferences._tarragonAlwaysRight, _tempAboveTrafficLights});
+        layOutHorizontally(width, row.widths(), {_preferences._tarragonAlwaysRight, _tempAboveTrafficLights});
     _preferences._tarragonAlwaysRight = layout.settings.tarragonAlwaysRight;
     _tempAboveTrafficLights = layout.settings.tempAboveTrafficLights;
-
-    std::vector<std::shared_ptr<PanelButton>> subviews;
-    for (std::size_t i = 0; i < layout.positions.size(); ++i) {
-        const Point made = titles[i]->frame().origin;
-        titles[i]->setFrameOrigin({made.x + layout.positions[i], made.y});
-        subviews.push_back(titles[i]);
-    }
-    if (layout.firstInBunch) {
-        for (std::size_t i = *layout.firstInBunch; i < items.size(); ++i)
-            _horizontalBunch->addItem(items[i]->copy());
-        _horizontalBunch->setFont(menuBarFont());
-        _bunchButton->setTitle(OverflowTitle);
-        _bunchButton->setMenu(_horizontalBunch);
-        _bunchButton->sizeToFit(_panelServices.toolkit);
-        subviews.push_back(_bunchButton);
-    }
-    if (subviews.size() >= 2)
-        _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
-    _tarragonPanel->setSubviews(std::move(subviews));
+    _tarragonPanel->setSubviews(row.lineUp(
+        layout.positions, layout.firstInBunch, _bunchButton, _horizontalBunch, menuBarFont(), _panelServices.toolkit));
     _tarragonPanelController->takeOverOpenMenu();
     log(LogCategory::Panel, [this] { return _tarragonPanel->describeTitles(); });
     const Point origin = _tarragonPanel->frame().origin;

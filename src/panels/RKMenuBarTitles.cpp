@@ -6,19 +6,13 @@
 #include "panels/TarragonHackButton.h"
 #include "panels/TarragonPanelController.h"
 #include "panels/TarragonSTPanel.h"
-#include "panels/rules/HorizontalLayout.h"
+#include "panels/TitleRow.h"
 #include "panels/rules/Measures.h"
 #include "platform/Log.h"
 
 #include <utility>
 
 namespace tarragon {
-
-namespace {
-
-constexpr const char* OverflowTitle = "\xE2\x96\xBF"; // U+25BF
-
-} // namespace
 
 MenuFont RKMenuBar::menuBarFont() const {
     return {static_cast<double>(_fontSizeSmall), false};
@@ -77,38 +71,17 @@ void RKMenuBar::addButtonsToScreentopTarragonPanel() {
         TarragonHackButton::initForSTWithTitle("", 0, {services, _surroundings.owner, *_tarragonSTPanelController});
     _bunchButton->setAppleBar(true);
 
-    std::vector<std::shared_ptr<MenuItem>> items;
-    std::vector<std::shared_ptr<TarragonHackButton>> titles;
-    std::vector<double> widths;
+    TitleRow row;
     if (_menu) {
         for (const auto& item : _menu->items()) {
-            if (item->isSeparatorItem())
-                continue;
-            items.push_back(item);
-            titles.push_back(makeTitle(*item));
-            widths.push_back(titles.back()->frame().size.width);
+            if (!item->isSeparatorItem())
+                row.add(item, makeTitle(*item));
         }
     }
     const std::int32_t width = wholePoints(screenFrameNS().size.width);
-    const BarLayout layout = layOutBar(width, widths);
-
-    std::vector<std::shared_ptr<PanelButton>> subviews;
-    for (std::size_t i = 0; i < layout.positions.size(); ++i) {
-        const Point made = titles[i]->frame().origin;
-        titles[i]->setFrameOrigin({made.x + layout.positions[i], made.y});
-        subviews.push_back(titles[i]);
-    }
-    if (layout.firstInBunch) {
-        for (std::size_t i = *layout.firstInBunch; i < items.size(); ++i)
-            _horizontalBunch->addItem(items[i]->copy());
-        _horizontalBunch->setFont(menuBarFont());
-        _bunchButton->setTitle(OverflowTitle);
-        _bunchButton->setMenu(_horizontalBunch);
-        _bunchButton->sizeToFit(services.toolkit);
-        subviews.push_back(_bunchButton);
-    }
-    if (subviews.size() >= 2)
-        _bunchButton->setFrameOrigin(bunchButtonOrigin(subviews[subviews.size() - 2]->frame()));
+    const BarLayout layout = layOutBar(width, row.widths());
+    std::vector<std::shared_ptr<PanelButton>> subviews = row.lineUp(
+        layout.positions, layout.firstInBunch, _bunchButton, _horizontalBunch, menuBarFont(), services.toolkit);
     Rect bunchFrame = _bunchButton->frame();
     bunchFrame.size.width = barBunchWidth(bunchFrame.origin.x, bunchFrame.size.width, width);
     _bunchButton->setFrame(bunchFrame);
