@@ -109,6 +109,17 @@ TEST_F(AddedApplicationTest, IsNotShownWhenTheListCannotHoldIt) {
     EXPECT_THAT(stored()->allKeys(), ElementsAre("org.example.Editor"));
 }
 
+TEST_F(AddedApplicationTest, IsNotShownWhenTheListHasGrownTooLarge) {
+    // Each has room in a list of its own, all of them have not.
+    constexpr const char* Letters = "abcdefghij";
+    for (const char letter : std::string(Letters))
+        master.ignoreCurrentAppWithBundleID(std::string(2'000'000, letter), "Long");
+    ASSERT_TRUE(stored());
+    EXPECT_GT(stored()->count(), 0U);
+    EXPECT_LT(stored()->count(), std::string(Letters).size());
+    EXPECT_EQ(master.numberOfRowsInTableView(), stored()->count());
+}
+
 TEST_F(AddedApplicationTest, HoldsForThisProcessWhenNothingCanBeWritten) {
     defaults.setWritable(false);
     add("/apps/editor.desktop");

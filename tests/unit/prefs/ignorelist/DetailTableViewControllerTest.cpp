@@ -114,7 +114,9 @@ TEST_F(DetailTableViewControllerTest, RemovesNothingWithoutASelectedTitle) {
     detailTable.selected = 3;
     detail.removeWindow();
     detailTable.selected = 0;
-    select(std::nullopt);
+    masterTable.selected = std::nullopt;
+    detail.removeWindow();
+    master.tableViewSelectionDidChange();
     calls.clear();
     detail.removeWindow();
     EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "b", "c"));

@@ -268,6 +268,20 @@ TEST_F(IgnoreListViewTest, DropsWhatIsTypedIntoARowThatOthersRemove) {
     EXPECT_THAT(rows(titles()), ElementsAre("a"));
 }
 
+TEST_F(IgnoreListViewTest, DoesNotGiveWhatIsTypedToTheRowThatMovesUp) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 0);
+    QTest::keyClick(titles(), Qt::Key_F2);
+    type("half");
+    store({entry("Editor", {"b"})});
+    settle();
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_THAT(storedTitles("Editor"), ElementsAre("b"));
+    EXPECT_THAT(rows(titles()), ElementsAre("b"));
+}
+
 TEST_F(IgnoreListViewTest, RemovesTitlesOneAfterAnotherWithTheDeleteKey) {
     store({entry("Editor", {"a", "b", "c"})});
     open();
