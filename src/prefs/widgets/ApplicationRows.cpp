@@ -22,7 +22,7 @@ QString ApplicationRows::nameAt(std::size_t row) const {
     if (row >= _names.size())
         return {};
     if (!_names[row])
-        _names[row] = lineOfText(_controller.tableViewObjectValueForTableColumn(row));
+        _names[row] = oneLineText(_controller.tableViewObjectValueForTableColumn(row));
     return *_names[row];
 }
 
@@ -36,7 +36,7 @@ QVariant ApplicationRows::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return _icons.iconOfBundle(identities()[row]);
     case Qt::ToolTipRole: {
-        const QString key = lineOfText(identities()[row]);
+        const QString key = oneLineText(identities()[row]);
         return toolTipOfText(nameAt(row) == key ? key : nameAt(row) + '\n' + key);
     }
     default:

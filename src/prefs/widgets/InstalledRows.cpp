@@ -17,7 +17,7 @@ InstalledRows::InstalledRows(const std::vector<ApplicationBundle>& bundles, Appl
         const std::string name = nameOfBundle(bundle);
         if (bundle.bundleIdentifier.empty() || name == UnknownApplicationName)
             continue;
-        const QString shown = lineOfText(name.empty() ? bundle.bundleIdentifier : name);
+        const QString shown = oneLineText(name.empty() ? bundle.bundleIdentifier : name);
         QStringList searched{shown};
         for (const std::optional<std::string>& also : {bundle.name, bundle.executable})
             searched.append(QString::fromStdString(also.value_or(std::string())));
@@ -63,7 +63,7 @@ QVariant InstalledRows::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return _icons.icon(row.bundle.icon);
     case Qt::ToolTipRole:
-        return toolTipOfText(row.name + '\n' + lineOfText(row.bundle.bundleIdentifier));
+        return toolTipOfText(row.name + '\n' + oneLineText(row.bundle.bundleIdentifier));
     default:
         return {};
     }

@@ -2,7 +2,7 @@
 
 namespace tarragon {
 
-QString lineOfText(const std::string& text) {
+QString oneLineText(const std::string& text) {
     QString line = QString::fromStdString(text);
     for (QChar& character : line) {
         if (character.category() == QChar::Other_Control || character == QChar::LineSeparator

@@ -7,7 +7,7 @@
 namespace tarragon {
 
 // The UTF-8 text in one line, as a row of a table has room for.
-QString lineOfText(const std::string& text);
+QString oneLineText(const std::string& text);
 
 // The text as a tool tip, whatever characters it has.
 QString toolTipOfText(const QString& text);

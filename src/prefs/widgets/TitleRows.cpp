@@ -52,9 +52,9 @@ QVariant TitleRows::data(const QModelIndex& index, int role) const {
         return QString::fromStdString(title);
     case Qt::DisplayRole:
         return title.empty() ? QString::fromStdString(translated("IgnoreListView", "(empty title)"))
-                             : lineOfText(title);
+                             : oneLineText(title);
     case Qt::ToolTipRole:
-        return title.empty() ? QVariant() : toolTipOfText(lineOfText(title));
+        return title.empty() ? QVariant() : toolTipOfText(oneLineText(title));
     case Qt::FontRole: {
         QFont font;
         font.setItalic(title.empty());
