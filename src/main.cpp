@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/qt/QtLogSink.h"
 #include "platform/qt/QtTexts.h"
+#include "prefs/widgets/QtPreferencesInterface.h"
 #include "updates/process/UpdateProcess.h"
 
 #include <algorithm>
@@ -35,12 +36,14 @@ LogCategoryList logCategoriesOfEnvironment() {
     return list == nullptr || *list == '\0' ? LogCategoryList() : parseLogCategories(list);
 }
 
-int runAgent(DesktopSession& desktop) {
+int runAgent(const RunAgent& command, DesktopSession& desktop) {
     const auto claim = desktop.claimOrReopen();
     if (const auto* error = std::get_if<DesktopError>(&claim))
         return fail(error->message);
     if (std::get<DesktopAgent>(claim) == DesktopAgent::AnotherProcess) {
-        logError(LogCategory::Front, "already running on this display");
+        // It has heard of this start, and shows its preferences.
+        if (!command.showsPreferences)
+            logError(LogCategory::Front, "already running on this display");
         return 0;
     }
     const Platform& platform = desktop.platform();
@@ -52,7 +55,13 @@ int runAgent(DesktopSession& desktop) {
         .runningVersion = TARRAGON_VERSION,
         .builtInFeed = TARRAGON_UPDATE_FEED});
     QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);
-    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, desktop.settingsURL(), std::cerr);
+    QtPreferencesInterface preferences(platform, TARRAGON_VERSION, std::cerr);
+    AppDelegate delegate(platform, {menuView, panelToolkit, panels, preferences}, updates,
+        {.product = TARRAGON_WEB_PAGE,
+            .screencast = TARRAGON_SCREENCAST_PAGE,
+            .twitter = TARRAGON_SOCIAL_PAGE,
+            .facebook = TARRAGON_SECOND_SOCIAL_PAGE},
+        std::cerr);
     desktop.watchReopen([&] { delegate.applicationShouldHandleReopen(); });
     desktop.watchTermination([&] { delegate.terminate(); });
     platform.runLoop.post([&] {
@@ -60,6 +69,8 @@ int runAgent(DesktopSession& desktop) {
             return;
         delegate.applicationWillFinishLaunching();
         delegate.applicationDidFinishLaunching();
+        if (command.showsPreferences)
+            delegate.showPreferencePanel();
     });
     return desktop.run();
 }
@@ -101,5 +112,6 @@ int main(int argumentCount, char** arguments) {
         return fail(error->message);
     DesktopSession& desktop = *std::get<std::unique_ptr<DesktopSession>>(created);
     desktop.prepareAccessibility();
-    return std::holds_alternative<RunAgent>(command) ? runAgent(desktop) : runCommand(command, desktop);
+    const auto* agent = std::get_if<RunAgent>(&command);
+    return agent ? runAgent(*agent, desktop) : runCommand(command, desktop);
 }

@@ -1,6 +1,7 @@
 // The global hot key of the controller.
 
 #include "app/AppController.h"
+#include "app/AppDelegate.h"
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "triggers/HotKeyModifiers.h"
@@ -23,6 +24,7 @@ void AppController::installCarbonHotKeyHandler() {
         _platform.hotKeys.unregisterHotKey(_myHotKeyRef);
         if (!enabled) {
             log(LogCategory::Triggers, [] { return "hot key: switched off"; });
+            _appDelegate.hotKeyRegistrationDidChange();
             return;
         }
     }
@@ -37,12 +39,13 @@ void AppController::installCarbonHotKeyHandler() {
     const auto keyCode =
         static_cast<std::uint32_t>(integerValue(_platform.defaults.value(preference::TriggerCharacterUInt)));
     const std::uint32_t modifiers = carbonModifiersFromCocoaFlags(flags);
-    // A combination that the desktop refuses simply never fires; the back end has told the user so.
+    // A combination that the desktop refuses simply never fires.
     const bool registered = _platform.hotKeys.registerHotKey(keyCode, modifiers, hotKeyIdentifier, _myHotKeyRef);
     log(LogCategory::Triggers, [&] {
         return "hot key: key code " + std::to_string(keyCode) + " with modifier bits " + std::to_string(modifiers)
             + (registered ? " is registered" : " is refused and never fires");
     });
+    _appDelegate.hotKeyRegistrationDidChange();
 }
 
 } // namespace tarragon

@@ -6,6 +6,7 @@
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/Texts.h"
+#include "prefs/HotKeyRefusals.h"
 
 #include <optional>
 #include <utility>
@@ -13,12 +14,12 @@
 namespace tarragon {
 
 AppDelegate::AppDelegate(const Platform& platform, const UserInterface& userInterface, UpdateChecker& updateChecker,
-    std::string settingsURL, std::ostream& standardError)
+    WebPages webPages, std::ostream& standardError)
     : _platform(platform)
     , _userInterface(userInterface)
     , _panels(userInterface.panels)
     , _updateChecker(updateChecker)
-    , _settingsURL(std::move(settingsURL))
+    , _webPages(std::move(webPages))
     , _mouseHotKey(platform.inputEvents, platform.runLoop, standardError) {
     setupPreferenceDefaults(_platform.defaults);
 }
@@ -87,35 +88,56 @@ void AppDelegate::displayAboutPanel() {
     _panels.showAboutPanel();
 }
 
-void AppDelegate::showPreferencePanel() {
-    // Without access the alert takes the place of the settings: nothing that they change would have an effect.
-    if (accessibilityIsMissing()) {
-        showAccessibilityAlert();
-        return;
+PreferencesWindowController& AppDelegate::preferenceController() {
+    if (!_preferenceController) {
+        _preferenceController = std::make_unique<PreferencesWindowController>(
+            PreferencesWindowController::Services{.accessibility = _platform.accessibility,
+                .defaults = _platform.defaults,
+                .workspace = _platform.workspace,
+                .hotKeys = _platform.hotKeys,
+                .keyboard = _platform.keyboard,
+                .loginItemList = _platform.loginItemList,
+                .bundlePath = _platform.bundlePath,
+                .webPages = _webPages},
+            _userInterface.preferences, this);
     }
-    // A store that was never written has no file to open yet.
-    _platform.defaults.synchronize();
-    if (!_platform.workspace.openURL(_settingsURL))
-        _panels.showFailure(withArguments(
-            translated("AppDelegate", "No program could be found to open the settings: %@"), {_settingsURL}));
+    return *_preferenceController;
 }
 
-void AppDelegate::showAccessibilityAlert() {
-    _panels.showAccessibilityAlert([this](AccessibilityAlertAnswer answer) {
-        if (answer == AccessibilityAlertAnswer::Quit)
-            terminate();
-        // The program has to be started again after access was granted, so it ends here; where the desktop has no such
-        // place nothing happens and the program keeps running.
-        if (answer == AccessibilityAlertAnswer::OpenSystemPreferences && _platform.accessibility.openSettings())
-            terminate();
-    });
+void AppDelegate::showPreferencePanel() {
+    preferenceController().displayWindow();
 }
 
 void AppDelegate::showPreferencePanelWithHelpAsInitial() {
-    if (accessibilityIsMissing())
-        showAccessibilityAlert();
-    else
-        _panels.showHelp();
+    preferenceController().displayWindowWithHelpAsInitial();
+}
+
+void AppDelegate::openScreencastWebpage() {
+    if (!_webPages.screencast.empty())
+        openPage(_webPages.screencast);
+}
+
+void AppDelegate::openPage(const std::string& address) {
+    if (!_platform.workspace.openURL(address))
+        _panels.showFailure(
+            withArguments(translated("AppDelegate", "No program could be found to open the page: %@"), {address}));
+}
+
+void AppDelegate::hotKeyRegistrationDidChange() {
+    if (_preferenceController)
+        _preferenceController->hotKeyRegistrationDidChange();
+    const std::optional<KeyCombo> refused = refusedHotKey(_platform.defaults, _platform.hotKeys);
+    if (!refused || _platform.userNotifications == nullptr
+        || !_toldRefusals.emplace(refused->code, refused->flags).second)
+        return;
+    const bool isShown = _platform.userNotifications->show({.title = withArguments(
+                                                                translated("AppDelegate", "%@ does not open the menus"),
+                                                                {wordsForKeyCombo(*refused, _platform.keyboard)}),
+        .text = translated("AppDelegate", "The desktop or another program keeps this combination of keys for itself."),
+        .actionTitle = translated("AppDelegate", "Choose Another"),
+        .action = [this] { preferenceController().displayWindowForRecording(); }});
+    if (!isShown)
+        log(LogCategory::Triggers, [] { return "the desktop shows no notification of the refused hot key"; });
 }
 
 void AppDelegate::checkForUpdates() {
@@ -131,11 +153,7 @@ void AppDelegate::checkForUpdates() {
 
 void AppDelegate::showUpdateOutcome(const UpdateOutcome& outcome) {
     const auto* newer = std::get_if<NewerVersion>(&outcome);
-    _panels.showUpdateOutcome(outcome, [this, link = newer ? newer->link : std::string()] {
-        if (!_platform.workspace.openURL(link))
-            _panels.showFailure(
-                withArguments(translated("AppDelegate", "No program could be found to open the page: %@"), {link}));
-    });
+    _panels.showUpdateOutcome(outcome, [this, link = newer ? newer->link : std::string()] { openPage(link); });
 }
 
 void AppDelegate::terminate() {

@@ -4,6 +4,7 @@ namespace tarragon {
 
 class MenuPresenter;
 class PanelToolkit;
+class PreferencesInterface;
 class UserPanels;
 
 // What the user sees of the program. Owns nothing; all of it outlives the delegate.
@@ -11,6 +12,7 @@ struct UserInterface {
     MenuPresenter& menuPresenter;
     PanelToolkit& panelToolkit;
     UserPanels& panels;
+    PreferencesInterface& preferences;
 };
 
 } // namespace tarragon

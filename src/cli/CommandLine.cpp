@@ -178,6 +178,8 @@ Command parseCommand(Arguments& arguments) {
         return parseMenus(arguments);
     if (first == "press")
         return parsePress(arguments);
+    if (first == "preferences")
+        return parseAlone(arguments, RunAgent{.showsPreferences = true});
     if (first == "inspect")
         return parseAlone(arguments, InspectElement());
     return unknownArgument(first);
@@ -206,6 +208,7 @@ Commands:
       --depth N            as many levels (2 unless given, 0 for all)
       --json               as JSON: an array of objects with title, key, enabled, checked, separator, shortcut, items
   press KEY              choose the menu item with that key, as in: tarragon press "Mousepad|File|New"
+  preferences            open the preferences; Tarragon is started when it does not run yet
   inspect                describe the element under the pointer, or else the window in front
 
 Options of menus and press:

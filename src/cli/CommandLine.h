@@ -16,7 +16,10 @@ struct ApplicationChoice {
     std::optional<std::int64_t> processIdentifier = std::nullopt;
 };
 
-struct RunAgent { };
+// Runs in the background. With its preferences open: in the agent that runs already, if there is one.
+struct RunAgent {
+    bool showsPreferences = false;
+};
 struct ShowHelp { };
 struct ShowVersion { };
 

@@ -7,9 +7,6 @@
 
 namespace tarragon {
 
-// What the user answers to the accessibility alert.
-enum class AccessibilityAlertAnswer { OpenSystemPreferences, Quit, None };
-
 // The program's own small windows. Main thread only.
 class UserPanels {
 public:
@@ -17,14 +14,11 @@ public:
 
     // Brings the about panel to the front without taking the keyboard focus.
     virtual void showAboutPanel() = 0;
-    virtual void showHelp() = 0;
     // Tells what came of asking for a newer version, in the place of what it told before. The handler is called when
     // the user wants to see the page that the outcome names.
     virtual void showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> openLink) = 0;
-    // Tells that settings cannot be shown, with the reason.
+    // Tells that something cannot be shown, with the reason.
     virtual void showFailure(const std::string& message) = 0;
-    // Asks for the accessibility permission and returns at once; the handler gets the answer later.
-    virtual void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) = 0;
 };
 
 } // namespace tarragon

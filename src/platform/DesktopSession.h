@@ -45,9 +45,6 @@ public:
     // The handler is called when the system asks the program to end. Once.
     virtual void watchTermination(std::function<void()> handler) = 0;
 
-    // Where the user finds the stored settings; empty when they are kept in memory only.
-    [[nodiscard]] virtual std::string settingsURL() const = 0;
-
     // Makes applications show their elements, on a desktop where assistive programs are expected to see to that when
     // they start; elsewhere nothing happens.
     virtual void prepareAccessibility() = 0;

@@ -2,10 +2,15 @@
 
 #include "platform/Accessibility.h"
 #include "platform/Defaults.h"
+#include "platform/HotKeys.h"
+#include "platform/Keyboard.h"
 #include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/Workspace.h"
+#include "prefs/HotKeyRefusals.h"
 #include "prefs/StartAtLogin.h"
+#include "recorder/FreeKeyCombination.h"
+#include "recorder/SRKeyCodeTransformer.h"
 
 #include <utility>
 
@@ -45,6 +50,7 @@ void PreferencesWindowController::displayWindow() {
     _window->setMouseButtonNumber(
         static_cast<std::uint32_t>(integerValue(_services.defaults.value(preference::MouseButton))));
     _window->setupTap();
+    showHotKeyRefusal();
     _window->orderFrontRegardless();
     checkAccessibility();
     _window->activateIgnoringOtherApps();
@@ -136,6 +142,39 @@ void PreferencesWindowController::shortcutRecorderKeyComboDidChange(
     _window->didChangeValueForKey(preference::TriggerModifiers);
 }
 
+void PreferencesWindowController::hotKeyRegistrationDidChange() {
+    showHotKeyRefusal();
+}
+
+std::optional<KeyCombo> PreferencesWindowController::freeCombination() const {
+    if (_services.keyboard == nullptr)
+        return std::nullopt;
+    const auto proposal = freeKeyCombination(*_services.keyboard, SRKeyCodeTransformer(*_services.keyboard));
+    // The desktop may not know who keeps the one that it has refused.
+    return proposal == hotKeyOfDefaults(_services.defaults) ? std::nullopt : proposal;
+}
+
+void PreferencesWindowController::showHotKeyRefusal() {
+    const std::optional<KeyCombo> refused = refusedHotKey(_services.defaults, _services.hotKeys);
+    if (!refused)
+        return _window->setHotKeyRefusal(std::nullopt);
+    // The desktop is asked for its combinations only where one is needed.
+    const std::optional<KeyCombo> proposal = freeCombination();
+    _window->setHotKeyRefusal(HotKeyRefusal{wordsForKeyCombo(*refused, _services.keyboard),
+        proposal ? wordsForKeyCombo(*proposal, _services.keyboard) : std::string()});
+}
+
+void PreferencesWindowController::tryAnotherCombination() {
+    const std::optional<KeyCombo> proposal = freeCombination();
+    if (!proposal) {
+        selectItem(HotKeyItemIndex, true);
+        _window->startRecording();
+        return;
+    }
+    shortcutRecorderKeyComboDidChange(*proposal, keyComboString(*proposal, SRKeyCodeTransformer(*_services.keyboard)));
+    _window->setShortcutRecorderValue(shortcutRecorderValue());
+}
+
 // Controls.
 
 void PreferencesWindowController::startAtLogin() {
@@ -210,7 +249,8 @@ void PreferencesWindowController::openProductWebpage() {
 }
 
 void PreferencesWindowController::openScreencastWebpage() {
-    openWebPage(_services.webPages.screencast);
+    if (_delegate)
+        _delegate->openScreencastWebpage();
 }
 
 void PreferencesWindowController::openWebPage(const std::string& address) {

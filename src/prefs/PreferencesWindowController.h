@@ -15,6 +15,8 @@ namespace tarragon {
 
 class Accessibility;
 class Defaults;
+class HotKeys;
+class Keyboard;
 class LoginItemList;
 class Workspace;
 
@@ -24,14 +26,15 @@ public:
     virtual ~PreferencesWindowControllerDelegate() = default;
     virtual void restartAppUsingSUUpdater() = 0;
     virtual void terminate() = 0;
+    virtual void openScreencastWebpage() = 0;
 };
 
 // Addresses of web pages; empty for those that there are not.
 struct WebPages {
-    std::string product;
-    std::string screencast;
-    std::string twitter;
-    std::string facebook;
+    std::string product = {};
+    std::string screencast = {};
+    std::string twitter = {};
+    std::string facebook = {};
 };
 
 // Runs the preferences window: panes, help texts, the controls that are more than a setting, and what happens each time
@@ -43,6 +46,8 @@ public:
         Accessibility& accessibility;
         Defaults& defaults;
         Workspace& workspace;
+        HotKeys& hotKeys;
+        Keyboard* keyboard = nullptr; // nullptr for none
         LoginItemList* loginItemList = nullptr; // nullptr for none
         std::string bundlePath; // of the running program
         WebPages webPages;
@@ -89,6 +94,11 @@ public:
         return false;
     }
 
+    // Another combination was registered, or refused, or the hot key was switched off.
+    void hotKeyRegistrationDidChange();
+    // Takes one that is free, or waits for the user to press one where none is known.
+    void tryAnotherCombination();
+
     // Controls.
 
     // The state of the check box becomes the setting, and the list of what is started at login follows it.
@@ -121,6 +131,8 @@ private:
     void checkAccessibility();
     bool accessIsMissing();
     void answerAccessibilityAlert(AccessibilityAlertAnswer answer);
+    std::optional<KeyCombo> freeCombination() const;
+    void showHotKeyRefusal();
     void store(std::string_view key, std::int64_t value);
     void openWebPage(const std::string& address);
 

@@ -54,8 +54,7 @@ MessagePanels::MessagePanels(std::string version)
     : _version(std::move(version)) { }
 
 MessagePanels::~MessagePanels() {
-    for (QPointer<QMessageBox>* panel :
-        {&_aboutPanel, &_helpPanel, &_updatePanel, &_failurePanel, &_accessibilityAlert})
+    for (QPointer<QMessageBox>* panel : {&_aboutPanel, &_updatePanel, &_failurePanel})
         delete panel->data();
 }
 
@@ -68,10 +67,6 @@ void MessagePanels::showAboutPanel() {
         _aboutPanel->setWindowTitle(text(translated("MessagePanels", "About Tarragon")));
     }
     openPanel(_aboutPanel, QMessageBox::NoIcon, message);
-}
-
-void MessagePanels::showHelp() {
-    openPanel(_helpPanel, QMessageBox::Information, helpText());
 }
 
 void MessagePanels::showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> openLink) {
@@ -99,27 +94,6 @@ void MessagePanels::showUpdateOutcome(const UpdateOutcome& outcome, std::functio
 
 void MessagePanels::showFailure(const std::string& message) {
     openPanel(_failurePanel, QMessageBox::Warning, {translated("MessagePanels", "Something went wrong."), message});
-}
-
-void MessagePanels::showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) {
-    if (_accessibilityAlert) {
-        _accessibilityAlert->raise();
-        return;
-    }
-    QMessageBox* alert = preparePanel(_accessibilityAlert, QMessageBox::Warning, accessibilityAlertText());
-    const QPushButton* open =
-        alert->addButton(text(translated("MessagePanels", "Open System Preferences")), QMessageBox::AcceptRole);
-    const QPushButton* quit =
-        alert->addButton(text(translated("MessagePanels", "Quit Tarragon")), QMessageBox::DestructiveRole);
-    QObject::connect(alert, &QMessageBox::finished, alert, [alert, open, quit, handler = std::move(handler)] {
-        const QAbstractButton* clicked = alert->clickedButton();
-        handler(clicked == open   ? AccessibilityAlertAnswer::OpenSystemPreferences
-                : clicked == quit ? AccessibilityAlertAnswer::Quit
-                                  : AccessibilityAlertAnswer::None);
-    });
-    // Shown last: a box without buttons gets one by itself.
-    alert->show();
-    alert->raise();
 }
 
 } // namespace tarragon

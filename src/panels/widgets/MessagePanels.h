@@ -21,18 +21,14 @@ public:
     MessagePanels& operator=(const MessagePanels&) = delete;
 
     void showAboutPanel() override;
-    void showHelp() override;
     void showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> openLink) override;
     void showFailure(const std::string& message) override;
-    void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override;
 
 private:
     std::string _version;
     QPointer<QMessageBox> _aboutPanel;
-    QPointer<QMessageBox> _helpPanel;
     QPointer<QMessageBox> _updatePanel;
     QPointer<QMessageBox> _failurePanel;
-    QPointer<QMessageBox> _accessibilityAlert;
 };
 
 } // namespace tarragon

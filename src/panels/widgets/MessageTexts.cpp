@@ -79,24 +79,6 @@ MessageText aboutText(const std::string& version) {
                 "Made with Qt, libdbus, XCB, libxkbcommon, libplist, pugixml, libappstream and JSON for Modern C++.")};
 }
 
-MessageText helpText() {
-    return {translated("MessagePanels", "Using Tarragon"),
-        translated("MessagePanels",
-            "Press the hot key (Alt+Space unless you changed it) to open the menus of the application in front at the "
-            "pointer. Choose an item with the mouse, or with the arrow keys and Return; Escape closes the menus.")
-            + "\n\n"
-            + translated("MessagePanels",
-                "If the hot key does nothing, your desktop uses the same combination for itself: choose another one in "
-                "the preferences.")};
-}
-
-MessageText accessibilityAlertText() {
-    return {translated("MessagePanels", "Tarragon requires that Apple's Accessibility API be enabled."),
-        translated("MessagePanels",
-            "Would you like to launch System Preferences so that you can turn on \"Enable access for assistive "
-            "devices\"? (Please relaunch Tarragon after turning on this setting)")};
-}
-
 MessageText updateText(const UpdateOutcome& outcome, const std::string& version) {
     return std::visit(UpdateText{version}, outcome);
 }

@@ -14,8 +14,6 @@ struct MessageText {
 
 // The words of the program's small windows.
 MessageText aboutText(const std::string& version);
-MessageText helpText();
-MessageText accessibilityAlertText();
 // version is the one that runs.
 MessageText updateText(const UpdateOutcome& outcome, const std::string& version);
 

@@ -34,10 +34,8 @@
 #include "platform/qt/QtUserNotifications.h"
 
 #include <QApplication>
-#include <QUrl>
 
 #include <array>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -99,8 +97,7 @@ public:
               _connection->connectAnother(), _runLoop,
               [this](auto keyCode, auto modifiers) { return _hotKeys.isOwnCombination(keyCode, modifiers); },
               [this] { return DesktopShortcutsSession::current(windowManagerName(*_connection)).readShortcuts(); })
-        , _settingsFile(PropertyListDefaults::fileOfUser())
-        , _defaults(_runLoop, _settingsFile)
+        , _defaults(_runLoop, PropertyListDefaults::fileOfUser())
         , _menuInput(static_cast<xcb_connection_t*>(qtX11Connection()))
         , _inputEvents(*_connection, _runLoop,
               [this] { return _menuInput.isTaken() || pointerIsOverOwnWindow(*_connection, qtX11Connection()); })
@@ -140,12 +137,6 @@ public:
         _terminationSignals.emplace(_runLoop, std::move(handler));
     }
 
-    std::string settingsURL() const override {
-        return QUrl::fromLocalFile(QString::fromStdString(_settingsFile.string()))
-            .toString(QUrl::FullyEncoded)
-            .toStdString();
-    }
-
     // Applications of some toolkits show themselves only while the interface is switched on.
     void prepareAccessibility() override {
         if (_accessibility.isTrusted() && !_accessibility.isEnabled())
@@ -169,7 +160,6 @@ private:
     X11HotKeys _hotKeys;
     XkbKeyboard _keyboard;
     X11KeyRecorder _keyRecorder{*_connection, _runLoop};
-    std::filesystem::path _settingsFile;
     PropertyListDefaults _defaults;
     AutostartLoginItemList _loginItems;
     X11MenuInput _menuInput;

@@ -102,10 +102,12 @@ TEST_F(StatusItemTest, DoesWhatItsItemsSay) {
     menu[0].action();
     EXPECT_THAT(panels.shown, ElementsAre("about"));
     menu[1].action();
-    EXPECT_THAT(fake.workspace.openedURLs(), ElementsAre("file:///settings.plist"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::General);
     menu[2].action();
     menu[3].action();
-    EXPECT_THAT(panels.shown, ElementsAre("about", "updates", "help"));
+    EXPECT_THAT(panels.shown, ElementsAre("about", "updates"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
+    EXPECT_EQ(preferences.timesLoaded, 1);
     EXPECT_FALSE(fake.runLoop.exitStatus());
     menu[4].action();
     EXPECT_EQ(fake.runLoop.exitStatus(), 0);
@@ -114,7 +116,7 @@ TEST_F(StatusItemTest, DoesWhatItsItemsSay) {
 TEST_F(StatusItemTest, DoesWithoutAPlaceForIt) {
     platform.statusItems = nullptr;
     AppDelegate another(
-        platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist", standardError);
+        platform, {fake.menuPresenter, panelToolkit, panels, preferences}, updateChecker, {}, standardError);
     const RecordingLog log(LogCategory::Panel);
     another.applicationWillFinishLaunching();
     EXPECT_THAT(log.lines(), Contains(HasSubstr("no status item")));

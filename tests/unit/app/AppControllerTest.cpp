@@ -28,12 +28,12 @@ TEST_F(StartUpTest, ChecksForAccessAfterItObservesTheSettingsAndBeforeItBuildsTh
     fake.accessibility.setTrusted(false);
     std::size_t observed = 0;
     bool readerWasTried = true;
-    panels.whenAlertIsShown = [&] {
+    preferences.window.whenAlertIsShown = [&] {
         observed = fake.defaults.observedKeyPaths().size();
         readerWasTried = !fake.accessibility.callsOf(FakeCall::Operation::SystemWideElement).empty();
     };
     launch();
-    EXPECT_THAT(panels.shown, ElementsAre("alert"));
+    EXPECT_EQ(alerts(), 1);
     EXPECT_EQ(observed, 27U);
     EXPECT_FALSE(readerWasTried);
     EXPECT_EQ(fake.accessibility.callsOf(FakeCall::Operation::SystemWideElement).size(), 1U);

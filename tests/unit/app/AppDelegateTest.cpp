@@ -29,26 +29,34 @@ TEST_F(AppDelegateTest, CreatesOneControllerHoweverOftenItIsLaunched) {
     EXPECT_THAT(fake.runLoop.pauses(), ElementsAre(1.0));
 }
 
-TEST_F(AppDelegateTest, ShowsTheSettingsWhenItIsStartedAgainAndKeepsItsController) {
+TEST_F(AppDelegateTest, ShowsThePreferencesWhenItIsStartedAgainAndKeepsItsController) {
     launch();
     const AppController* first = delegate.appController();
     EXPECT_FALSE(delegate.applicationShouldHandleReopen());
-    EXPECT_THAT(fake.workspace.openedURLs(), ElementsAre("file:///settings.plist"));
+    EXPECT_TRUE(preferences.window.isVisible);
+    EXPECT_EQ(preferences.window.pane, PreferencePane::General);
     EXPECT_EQ(delegate.appController(), first);
 }
 
-TEST_F(AppDelegateTest, SaysSoWhenNothingOpensTheSettings) {
-    fake.workspace.setOpensURLs(false);
+TEST_F(AppDelegateTest, LoadsThePreferencesOnFirstUseAndKeepsThem) {
+    launch();
+    EXPECT_EQ(preferences.timesLoaded, 0);
     delegate.showPreferencePanel();
-    ASSERT_EQ(panels.shown.size(), 1U);
-    EXPECT_THAT(panels.shown.front(), testing::HasSubstr("file:///settings.plist"));
+    preferences.window.controller->fadeOutWindow();
+    delegate.showPreferencePanelAction();
+    delegate.showPreferencePanelWithHelpAsInitial();
+    EXPECT_EQ(preferences.timesLoaded, 1);
+    EXPECT_TRUE(preferences.window.isVisible);
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
+    EXPECT_EQ(preferences.window.selectedItem, HelpItemIndex);
 }
 
 TEST_F(AppDelegateTest, AsksForAccessWhenTheInterfaceIsNeitherEnabledNorTrusted) {
     fake.accessibility.setEnabled(false);
     fake.accessibility.setTrusted(false);
     launch();
-    EXPECT_THAT(panels.shown, ElementsAre("alert"));
+    EXPECT_EQ(alerts(), 1);
+    EXPECT_TRUE(preferences.window.isVisible);
     EXPECT_EQ(controller().reader(), nullptr);
     EXPECT_THAT(fake.runLoop.pauses(), IsEmpty());
 }
@@ -59,8 +67,7 @@ TEST_F(AppDelegateTest, AsksNothingWhenTheInterfaceIsEnabledOrTrusted) {
     fake.accessibility.setEnabled(true);
     fake.accessibility.setTrusted(false);
     delegate.accessibilityCheck();
-    EXPECT_THAT(panels.shown, IsEmpty());
-    EXPECT_THAT(fake.workspace.openedURLs(), IsEmpty());
+    EXPECT_EQ(preferences.timesLoaded, 0);
 }
 
 class AccessibilityAlertTest : public AppTest {
@@ -73,28 +80,122 @@ protected:
 };
 
 TEST_F(AccessibilityAlertTest, EndsTheProgramWhenTheUserQuits) {
-    panels.answerAlert(AccessibilityAlertAnswer::Quit);
+    preferences.window.answerAlert(AccessibilityAlertAnswer::Quit);
     EXPECT_EQ(fake.runLoop.exitStatus(), 0);
     EXPECT_THAT(fake.accessibility.callsOf(FakeCall::Operation::OpenSettings), IsEmpty());
 }
 
 TEST_F(AccessibilityAlertTest, OpensTheSystemSettingsAndEndsTheProgram) {
     fake.accessibility.setSettings(true, true);
-    panels.answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
+    preferences.window.answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
     EXPECT_EQ(fake.accessibility.callsOf(FakeCall::Operation::OpenSettings).size(), 1U);
     EXPECT_EQ(fake.runLoop.exitStatus(), 0);
 }
 
-TEST_F(AccessibilityAlertTest, KeepsRunningWhereTheDesktopHasNoSuchSettings) {
-    fake.accessibility.setSettings(false, false);
-    panels.answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
+TEST_F(AccessibilityAlertTest, KeepsRunningOnAnyOtherAnswer) {
+    preferences.window.answerAlert(AccessibilityAlertAnswer::None);
     EXPECT_EQ(fake.runLoop.exitStatus(), std::nullopt);
 }
 
-TEST_F(AccessibilityAlertTest, DoesNothingOnAnyOtherAnswer) {
-    panels.answerAlert(AccessibilityAlertAnswer::None);
-    EXPECT_EQ(fake.runLoop.exitStatus(), std::nullopt);
-    EXPECT_THAT(fake.accessibility.callsOf(FakeCall::Operation::OpenSettings), IsEmpty());
+TEST_F(AppDelegateTest, StartsAnewWithTheSettingsWritten) {
+    launch();
+    delegate.showPreferencePanel();
+    preferences.window.controller->applyChanges();
+    EXPECT_EQ(fake.defaults.synchronizeCount(), 1);
+    EXPECT_THAT(fake.process.relaunches(), ElementsAre("/opt/Tarragon"));
+    EXPECT_EQ(fake.runLoop.exitStatus(), 0);
+}
+
+TEST_F(AppDelegateTest, OpensThePageWithTheFilm) {
+    delegate.showPreferencePanel();
+    preferences.window.controller->openScreencastWebpage();
+    EXPECT_THAT(fake.workspace.openedURLs(), ElementsAre("https://example.org/film"));
+    fake.workspace.setOpensURLs(false);
+    delegate.openScreencastWebpage();
+    EXPECT_THAT(
+        panels.shown, ElementsAre("failure: No program could be found to open the page: https://example.org/film"));
+}
+
+class RefusedHotKeyTest : public AppTest {
+protected:
+    void chooseCombination(std::int64_t keyCode) {
+        set(preference::TriggerCharacterUInt, keyCode);
+        set(preference::NewTrigger, std::string("another"));
+    }
+    std::vector<UserNotification> notifications() const { return fake.userNotifications.shown(); }
+};
+
+TEST_F(RefusedHotKeyTest, IsToldWithAWayOut) {
+    fake.hotKeys.setRefuses(true);
+    launch();
+    ASSERT_EQ(notifications().size(), 1U);
+    EXPECT_THAT(notifications()[0].title, testing::HasSubstr("does not open the menus"));
+    EXPECT_NE(notifications()[0].text, "");
+    EXPECT_NE(notifications()[0].actionTitle, "");
+    notifications()[0].action();
+    EXPECT_TRUE(preferences.window.isVisible);
+    EXPECT_EQ(preferences.window.pane, PreferencePane::HotKey);
+    EXPECT_TRUE(preferences.window.isRecording);
+}
+
+TEST_F(RefusedHotKeyTest, IsToldOnceForEachCombination) {
+    fake.hotKeys.setRefuses(true);
+    launch();
+    set(preference::NewTrigger, std::string("again"));
+    EXPECT_EQ(notifications().size(), 1U);
+    chooseCombination(7);
+    EXPECT_EQ(notifications().size(), 2U);
+    chooseCombination(49);
+    EXPECT_EQ(notifications().size(), 2U);
+    set(preference::TriggerModifiers, std::int64_t{modifier::Command});
+    set(preference::NewTrigger, std::string("other flags"));
+    EXPECT_EQ(notifications().size(), 3U);
+}
+
+TEST_F(RefusedHotKeyTest, IsNotToldWhileTheHotKeyWorksOrIsSwitchedOffOrEmpty) {
+    launch();
+    EXPECT_THAT(notifications(), IsEmpty());
+    fake.hotKeys.setRefuses(true);
+    chooseCombination(-1);
+    EXPECT_THAT(notifications(), IsEmpty());
+    set(preference::EnableHotkey, false);
+    chooseCombination(7);
+    EXPECT_THAT(notifications(), IsEmpty());
+}
+
+TEST_F(RefusedHotKeyTest, IsShownInThePreferencesForAsLongAsItIsRefused) {
+    launch();
+    delegate.showPreferencePanel();
+    EXPECT_FALSE(preferences.window.refusal);
+    fake.hotKeys.setRefuses(true);
+    chooseCombination(7);
+    EXPECT_TRUE(preferences.window.refusal);
+    set(preference::EnableHotkey, false);
+    EXPECT_FALSE(preferences.window.refusal);
+    fake.hotKeys.setRefuses(false);
+    set(preference::EnableHotkey, true);
+    EXPECT_FALSE(preferences.window.refusal);
+}
+
+TEST_F(RefusedHotKeyTest, IsToldNowhereOnADesktopWithoutNotifications) {
+    FakePlatform desktop;
+    desktop.hotKeys.setRefuses(true);
+    Platform without = desktop.platform();
+    without.userNotifications = nullptr;
+    AppDelegate other(
+        without, {desktop.menuPresenter, panelToolkit, panels, preferences}, updateChecker, {}, standardError);
+    HotKeyReference reference = 0;
+    EXPECT_FALSE(desktop.hotKeys.registerHotKey(49, 0, {}, reference));
+    other.hotKeyRegistrationDidChange();
+    EXPECT_THAT(desktop.userNotifications.shown(), IsEmpty());
+}
+
+TEST_F(RefusedHotKeyTest, SaysInTheLogThatNoNotificationIsShown) {
+    fake.hotKeys.setRefuses(true);
+    fake.userNotifications.setAvailable(false);
+    const RecordingLog log(LogCategory::Triggers);
+    launch();
+    EXPECT_THAT(log.lines(), testing::Contains(testing::HasSubstr("shows no notification")));
 }
 
 TEST_F(AppDelegateTest, DropsTheReaderAndOpenMenusWhenItEnds) {
@@ -124,7 +225,8 @@ protected:
 
 TEST_F(FirstLaunchTest, OpensTheHelpAndIsRemembered) {
     launchWhole();
-    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
+    EXPECT_TRUE(preferences.window.isVisible);
     EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
     EXPECT_EQ(writesOfFirstRun(), 1);
 }
@@ -132,7 +234,7 @@ TEST_F(FirstLaunchTest, OpensTheHelpAndIsRemembered) {
 TEST_F(FirstLaunchTest, IsNoneWhenTheProgramWasStartedBefore) {
     set(preference::FirstRun, true);
     launchWhole();
-    EXPECT_THAT(panels.shown, IsEmpty());
+    EXPECT_EQ(preferences.timesLoaded, 0);
     EXPECT_EQ(writesOfFirstRun(), 1);
 }
 
@@ -150,9 +252,9 @@ TEST_F(FirstLaunchTest, IsReadAsABoolean) {
     };
     for (const auto& [stored, wasLaunched] : rows) {
         set(preference::FirstRun, stored);
-        panels.shown.clear();
+        preferences.window.told.clear();
         delegate.applicationDidFinishLaunching();
-        EXPECT_EQ(panels.shown.empty(), wasLaunched) << "value " << stored.index();
+        EXPECT_EQ(preferences.window.told.empty(), wasLaunched) << "value " << stored.index();
         EXPECT_EQ(fake.defaults.storedValue("FirstRun"), wasLaunched ? stored : DefaultsValue(true));
     }
 }
@@ -160,17 +262,16 @@ TEST_F(FirstLaunchTest, IsReadAsABoolean) {
 TEST_F(FirstLaunchTest, RepeatsUntilAccessIsGranted) {
     takeAccessAway();
     for (int launches = 1; launches <= 2; ++launches) {
-        panels.shown.clear();
         delegate.applicationDidFinishLaunching();
-        EXPECT_THAT(panels.shown, ElementsAre("alert"));
+        EXPECT_EQ(alerts(), launches);
         EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(false));
         // Written before access was looked at, and taken back.
         EXPECT_EQ(writesOfFirstRun(), 2 * launches);
     }
     fake.accessibility.setEnabled(true);
-    panels.shown.clear();
     delegate.applicationDidFinishLaunching();
-    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_EQ(alerts(), 2);
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
     EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
 }
 
@@ -188,27 +289,27 @@ TEST_F(FirstLaunchTest, CountsWithEitherKindOfAccess) {
 TEST_F(FirstLaunchTest, TakesTheMarkBackBeforeItAsksForAccess) {
     takeAccessAway();
     std::optional<DefaultsValue> whenAsked;
-    panels.whenAlertIsShown = [&] { whenAsked = fake.defaults.storedValue("FirstRun"); };
+    preferences.window.whenAlertIsShown = [&] { whenAsked = fake.defaults.storedValue("FirstRun"); };
     delegate.applicationDidFinishLaunching();
     EXPECT_EQ(whenAsked, DefaultsValue(false));
 }
 
 TEST_F(FirstLaunchTest, ComesAfterTheControllerHasStarted) {
     fake.runLoop.setPauseHook([this](double) {
-        EXPECT_THAT(panels.shown, IsEmpty());
+        EXPECT_EQ(preferences.timesLoaded, 0);
         EXPECT_EQ(fake.defaults.storedValue("FirstRun"), std::nullopt);
     });
     launchWhole();
     EXPECT_THAT(fake.runLoop.pauses(), ElementsAre(1.0));
-    EXPECT_EQ(fake.defaults.readKeys().back(), preference::FirstRun);
-    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
 }
 
 TEST_F(FirstLaunchTest, LeavesNoMarkWithoutAccess) {
     takeAccessAway();
     launchWhole();
     EXPECT_EQ(controller().reader(), nullptr);
-    EXPECT_THAT(panels.shown, ElementsAre("alert", "alert"));
+    EXPECT_EQ(alerts(), 2);
+    EXPECT_EQ(preferences.timesLoaded, 1);
     EXPECT_THAT(fake.runLoop.validTimers(), IsEmpty());
     EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(false));
 }
@@ -217,7 +318,7 @@ TEST_F(FirstLaunchTest, SaysInTheLogThatItCannotBeStored) {
     fake.defaults.setWritable(false);
     const RecordingLog log;
     delegate.applicationDidFinishLaunching();
-    EXPECT_THAT(panels.shown, ElementsAre("help"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
     EXPECT_THAT(log.lines(), ElementsAre("settings: that this was the first launch cannot be stored"));
 }
 
@@ -264,7 +365,8 @@ TEST_F(RestartTest, EndsOnADesktopThatTellsNothingOfProcesses) {
     FakePlatform desktop;
     Platform without = desktop.platform();
     without.process = nullptr;
-    AppDelegate other(without, {desktop.menuPresenter, panelToolkit, panels}, updateChecker, "", standardError);
+    AppDelegate other(
+        without, {desktop.menuPresenter, panelToolkit, panels, preferences}, updateChecker, {}, standardError);
     EXPECT_EQ(other.memoryUsed(), 0U);
     other.restartAppUsingSUUpdater();
     EXPECT_EQ(desktop.runLoop.exitStatus(), 0);
@@ -377,11 +479,12 @@ TEST_F(OwnMenuTest, HoldsFiveItemsWithoutKeyEquivalents) {
     }
 }
 
-TEST_F(OwnMenuTest, AsksForAccessInPlaceOfHelpWhenItIsMissing) {
+TEST_F(OwnMenuTest, ShowsTheHelpAndAsksForAccessWhenItIsMissing) {
     fake.accessibility.setEnabled(false);
     fake.accessibility.setTrusted(false);
     choose("Help...");
-    EXPECT_THAT(panels.shown, ElementsAre("alert"));
+    EXPECT_EQ(alerts(), 1);
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
 }
 
 TEST_F(OwnMenuTest, IsBuiltAfreshOnEveryRequest) {
@@ -393,9 +496,11 @@ TEST_F(OwnMenuTest, CarriesEachItemOut) {
     choose("About Tarragon...");
     choose("Check for Updates");
     choose("Help...");
-    EXPECT_THAT(panels.shown, ElementsAre("about", "updates", "help"));
+    EXPECT_THAT(panels.shown, ElementsAre("about", "updates"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
     choose("Preferences...");
-    EXPECT_THAT(fake.workspace.openedURLs(), ElementsAre("file:///settings.plist"));
+    EXPECT_EQ(preferences.window.pane, PreferencePane::General);
+    EXPECT_EQ(preferences.timesLoaded, 1);
     choose("Quit");
     EXPECT_EQ(fake.runLoop.exitStatus(), 0);
 }

@@ -6,12 +6,14 @@
 #include "fake/FakeLoginItemList.h"
 #include "fake/FakePanelToolkit.h"
 #include "fake/FakePlatform.h"
+#include "fake/FakePreferencesWindow.h"
 #include "fake/FakeUpdateChecker.h"
 #include "panels/UserPanels.h"
 #include "platform/PreferenceKeys.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -21,23 +23,14 @@ namespace tarragon {
 class RecordingPanels : public UserPanels {
 public:
     void showAboutPanel() override { shown.emplace_back("about"); }
-    void showHelp() override { shown.emplace_back("help"); }
     void showUpdateOutcome(const UpdateOutcome& outcome, std::function<void()> open) override {
         shown.emplace_back("updates");
         updateOutcomes.push_back(outcome);
         openLink = std::move(open);
     }
     void showFailure(const std::string& message) override { shown.push_back("failure: " + message); }
-    void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override {
-        shown.emplace_back("alert");
-        if (whenAlertIsShown)
-            whenAlertIsShown();
-        answerAlert = std::move(handler);
-    }
 
     std::vector<std::string> shown;
-    std::function<void(AccessibilityAlertAnswer)> answerAlert;
-    std::function<void()> whenAlertIsShown;
     std::vector<UpdateOutcome> updateOutcomes;
     std::function<void()> openLink; // of the outcome that was shown last
 };
@@ -48,8 +41,8 @@ protected:
     AppTest()
         : platform(fake.platform())
         , mail(fake.addApplication("Mail"))
-        , delegate(platform, {fake.menuPresenter, panelToolkit, panels}, updateChecker, "file:///settings.plist",
-              standardError) {
+        , delegate(platform, {fake.menuPresenter, panelToolkit, panels, preferences}, updateChecker,
+              {.screencast = "https://example.org/film"}, standardError) {
         mail.menu("File").item("New").item("Close");
         mail.menu("Edit").item("Copy").item("Paste");
         inbox = mail.window({.title = "Inbox", .positionCG = Point{100, 200}, .size = Size{900, 500}});
@@ -76,11 +69,18 @@ protected:
         return {pauses.begin() + 1, pauses.end()};
     }
 
+    // How often the preferences have asked for access.
+    int alerts() const {
+        const auto& told = preferences.window.told;
+        return static_cast<int>(std::count(told.begin(), told.end(), "alert"));
+    }
+
     static std::string keyPath(std::string_view key) { return keyPathOfPreference(key); }
     void set(std::string_view key, const DefaultsValue& value) { fake.defaults.setValue(key, value); }
 
     FakePlatform fake;
     RecordingPanels panels;
+    FakePreferencesInterface preferences;
     FakeUpdateChecker updateChecker;
     FakePanelToolkit panelToolkit;
     FakeLoginItemList loginItems;

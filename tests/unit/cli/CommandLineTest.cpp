@@ -27,6 +27,13 @@ LogCategorySet logOf(const std::vector<std::string>& arguments) {
 
 TEST(CommandLine, RunsTheAgentWithoutArguments) {
     EXPECT_TRUE(isParsedAs<RunAgent>({}));
+    EXPECT_FALSE(parsed<RunAgent>({}).showsPreferences);
+}
+
+TEST(CommandLine, OpensThePreferences) {
+    EXPECT_TRUE(parsed<RunAgent>({"preferences"}).showsPreferences);
+    EXPECT_TRUE(isParsedAs<UsageError>({"preferences", "now"}));
+    EXPECT_THAT(helpText(), testing::HasSubstr("preferences "));
 }
 
 TEST(CommandLine, ShowsHelpAndVersion) {

@@ -2,6 +2,8 @@
 
 #include "fake/FakeAccessibility.h"
 #include "fake/FakeDefaults.h"
+#include "fake/FakeHotKeys.h"
+#include "fake/FakeKeyboard.h"
 #include "fake/FakeLoginItemList.h"
 #include "fake/FakePreferencesWindow.h"
 #include "fake/FakeWorkspace.h"
@@ -27,6 +29,7 @@ class RecordingDelegate : public PreferencesWindowControllerDelegate {
 public:
     void restartAppUsingSUUpdater() override { told.emplace_back("restart"); }
     void terminate() override { told.emplace_back("terminate"); }
+    void openScreencastWebpage() override { told.emplace_back("screencast"); }
     std::vector<std::string> told;
 };
 
@@ -45,8 +48,9 @@ protected:
         };
         defaults.registerDefaults(values);
         defaults.setInitialValues(values);
-        _controller.emplace(PreferencesWindowController::Services{accessibility, defaults, workspace, &loginItems,
-                                "/opt/Tarragon", {"https://p", "https://s", "https://t", "https://f"}},
+        _controller.emplace(
+            PreferencesWindowController::Services{accessibility, defaults, workspace, hotKeys, &keyboard, &loginItems,
+                "/opt/Tarragon", {"https://p", "https://s", "https://t", "https://f"}},
             interface, &delegate);
     }
 
@@ -62,6 +66,8 @@ protected:
     FakeAccessibility accessibility;
     FakeDefaults defaults;
     FakeWorkspace workspace;
+    FakeHotKeys hotKeys;
+    FakeKeyboard keyboard;
     FakeLoginItemList loginItems;
     FakePreferencesInterface interface;
     RecordingDelegate delegate;
@@ -359,11 +365,13 @@ TEST_F(PreferencesWindowControllerTest, OpensTheWebPagesThatThereAre) {
     controller().openFacebookWebpage();
     controller().openProductWebpage();
     controller().openScreencastWebpage();
-    EXPECT_THAT(workspace.openedURLs(), ElementsAre("https://t", "https://f", "https://p", "https://s"));
+    EXPECT_THAT(workspace.openedURLs(), ElementsAre("https://t", "https://f", "https://p"));
+    EXPECT_THAT(delegate.told, ElementsAre("screencast"));
 }
 
 TEST_F(PreferencesWindowControllerTest, OpensNoPageWithoutAnAddress) {
-    PreferencesWindowController without({accessibility, defaults, workspace, nullptr, "", {}}, interface, nullptr);
+    PreferencesWindowController without(
+        {accessibility, defaults, workspace, hotKeys, nullptr, nullptr, "", {}}, interface, nullptr);
     without.openTwitterWebpage();
     without.openFacebookWebpage();
     without.openProductWebpage();
@@ -376,6 +384,64 @@ TEST_F(PreferencesWindowControllerTest, SaysSoWhenNothingOpensAPage) {
     const RecordingLog log;
     controller().openTwitterWebpage();
     EXPECT_THAT(log.lines(), ElementsAre("settings error: no program could be found to open https://t"));
+}
+
+class RefusalTest : public PreferencesWindowControllerTest {
+protected:
+    RefusalTest() {
+        hotKeys.setRefuses(true);
+        keyboard.setSymbolicHotKeys({{SymbolicHotKey{true, SpaceBar, hotkey::OptionKey}}});
+        HotKeyReference reference = 0;
+        EXPECT_FALSE(hotKeys.registerHotKey(SpaceBar, hotkey::OptionKey, {}, reference));
+    }
+};
+
+TEST_F(RefusalTest, IsShownWithACombinationThatIsFree) {
+    controller().displayWindow();
+    ASSERT_TRUE(window().refusal);
+    EXPECT_THAT(window().refusal->combination, testing::StartsWith("Option + "));
+    EXPECT_NE(window().refusal->proposal, "");
+}
+
+TEST_F(RefusalTest, IsShownWithoutOneWhereTheDesktopDoesNotTell) {
+    keyboard.setSymbolicHotKeys(std::nullopt);
+    controller().hotKeyRegistrationDidChange();
+    ASSERT_TRUE(window().refusal);
+    EXPECT_EQ(window().refusal->proposal, "");
+}
+
+TEST_F(RefusalTest, IsNotShownForAHotKeyThatIsSwitchedOffOrHasNoKey) {
+    set(preference::EnableHotkey, false);
+    controller().hotKeyRegistrationDidChange();
+    EXPECT_FALSE(window().refusal);
+    set(preference::EnableHotkey, true);
+    set(preference::TriggerCharacterUInt, std::int64_t{-1});
+    controller().hotKeyRegistrationDidChange();
+    EXPECT_FALSE(window().refusal);
+}
+
+TEST_F(RefusalTest, IsNoReasonToProposeTheSameCombination) {
+    keyboard.setSymbolicHotKeys(std::vector<SymbolicHotKey>());
+    controller().hotKeyRegistrationDidChange();
+    ASSERT_TRUE(window().refusal);
+    EXPECT_EQ(window().refusal->proposal, "");
+}
+
+TEST_F(RefusalTest, EndsWithTheCombinationThatIsFree) {
+    controller().tryAnotherCombination();
+    EXPECT_THAT(defaults.changedKeys(), ElementsAre("TriggerModifiers", "TriggerCharacterUInt", "NewTrigger"));
+    EXPECT_NE(controller().shortcutRecorderValue(), (ShortcutRecorderValue{SpaceBar, modifier::Option}));
+    EXPECT_EQ(window().recorder, controller().shortcutRecorderValue());
+    EXPECT_FALSE(window().isRecording);
+}
+
+TEST_F(RefusalTest, HasTheUserPressOneWhereNoneIsKnownToBeFree) {
+    keyboard.setSymbolicHotKeys(std::nullopt);
+    controller().tryAnotherCombination();
+    EXPECT_THAT(defaults.changedKeys(), IsEmpty());
+    EXPECT_EQ(window().pane, PreferencePane::HotKey);
+    EXPECT_EQ(window().selectedItem, 1U);
+    EXPECT_TRUE(window().isRecording);
 }
 
 class AccessTest : public PreferencesWindowControllerTest {

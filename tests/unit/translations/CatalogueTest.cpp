@@ -130,20 +130,20 @@ TEST(Catalogue, LeavesTheMenusAsTheyRead) {
 
 TEST(Catalogue, GivesTheProgramItsWords) {
     const char* source = "Tarragon requires that Apple's Accessibility API be enabled.";
-    EXPECT_EQ(translated("MessagePanels", source), source);
+    EXPECT_EQ(translated("AccessibilityAlert", source), source);
     {
         const QtTexts texts(":/translations/tarragon_linux.qm");
-        EXPECT_EQ(translated("MessagePanels", source), "Tarragon needs the accessibility services of your desktop.");
-        EXPECT_EQ(translated("MessagePanels", "Open System Preferences"), "Switch On and Quit");
+        EXPECT_EQ(translated("AccessibilityAlert", source), "Tarragon needs the accessibility services of your desktop.");
+        EXPECT_EQ(translated("AccessibilityAlert", "Open System Preferences"), "Switch On and Quit");
         EXPECT_EQ(translated("IgnoreMenu", "Ignore all %@ windows"), "Ignore all %@ windows");
         EXPECT_EQ(translated("Another", source), source);
     }
-    EXPECT_EQ(translated("MessagePanels", source), source);
+    EXPECT_EQ(translated("AccessibilityAlert", source), source);
 }
 
 TEST(Catalogue, MayBeMissing) {
     const QtTexts texts(":/translations/missing.qm");
-    EXPECT_EQ(translated("MessagePanels", "Open System Preferences"), "Open System Preferences");
+    EXPECT_EQ(translated("AccessibilityAlert", "Open System Preferences"), "Open System Preferences");
 }
 
 } // namespace

@@ -1,0 +1,51 @@
+#include "prefs/widgets/HelpLine.h"
+
+#include "prefs/widgets/MixedColour.h"
+
+#include <QEvent>
+#include <QStyle>
+
+namespace tarragon {
+
+HelpLine::HelpLine(QWidget* parent)
+    : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+bool HelpLine::event(QEvent* event) {
+    const bool isHandled = QLabel::event(event);
+    switch (event->type()) {
+    case QEvent::Polish:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+    case QEvent::LayoutDirectionChange:
+    case QEvent::DynamicPropertyChange:
+        dress();
+        break;
+    default:
+        break;
+    }
+    return isHandled;
+}
+
+void HelpLine::dress() {
+    // Each change below is such an event itself.
+    if (_isDressing || parentWidget() == nullptr)
+        return;
+    _isDressing = true;
+    constexpr double Ink = 0.72;
+    const QPalette around = parentWidget()->palette();
+    QPalette own = around;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+        own.setColor(group, QPalette::WindowText,
+            mixedColour(around.color(group, QPalette::WindowText), around.color(group, QPalette::Window), Ink));
+    setPalette(own);
+    const int indent = property("indented").toBool()
+        ? style()->pixelMetric(QStyle::PM_IndicatorWidth) + style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing)
+        : 0;
+    const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
+    setContentsMargins(isRightToLeft ? 0 : indent, 0, isRightToLeft ? indent : 0, 0);
+    _isDressing = false;
+}
+
+} // namespace tarragon

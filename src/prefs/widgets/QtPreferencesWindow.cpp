@@ -1,0 +1,301 @@
+#include "prefs/widgets/QtPreferencesWindow.h"
+
+#include "prefs/PreferencesWindowController.h"
+#include "prefs/widgets/AccessibilityAlert.h"
+#include "prefs/widgets/PreferenceTexts.h"
+
+#include <ui_ZDPreferences.h>
+
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyle>
+#include <QVariantAnimation>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace tarragon {
+
+namespace {
+
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+// The height that a widget's layout wants at a width, with everything in it that has changed.
+int layoutHeight(const QWidget& widget, int width) {
+    const auto inner = widget.findChildren<QWidget*>();
+    // From the inside out: a layout asks those within it.
+    std::for_each(inner.rbegin(), inner.rend(), [](const QWidget* each) {
+        if (each->layout() != nullptr)
+            each->layout()->invalidate();
+    });
+    QLayout* layout = widget.layout();
+    layout->invalidate();
+    return std::max(layout->hasHeightForWidth() ? layout->totalHeightForWidth(width) : layout->totalSizeHint().height(),
+        layout->totalMinimumSize().height());
+}
+
+// What scrolls in a pane.
+QScrollArea& scrollArea(const QWidget& pane) {
+    return *pane.findChild<QScrollArea*>();
+}
+
+} // namespace
+
+QtPreferencesWindow::~QtPreferencesWindow() = default;
+
+// The window.
+
+void QtPreferencesWindow::setCanJoinAllSpaces() {
+    _joinsAllSpaces = true;
+}
+
+void QtPreferencesWindow::orderFrontRegardless() {
+    if (isMinimized())
+        showNormal();
+    // Forgotten by the desktop each time that the window is hidden.
+    if (_joinsAllSpaces && _platform.panelSurfaces != nullptr)
+        _platform.panelSurfaces->joinAllSpaces(winId());
+    show();
+    raise();
+}
+
+void QtPreferencesWindow::activateIgnoringOtherApps() {
+    activateWindow();
+}
+
+void QtPreferencesWindow::close() {
+    QMainWindow::close();
+}
+
+void QtPreferencesWindow::closeEvent(QCloseEvent* event) {
+    QMainWindow::closeEvent(event);
+    _controller.windowWillClose();
+}
+
+void QtPreferencesWindow::setTitle(const std::string& title) {
+    setWindowTitle(text(title));
+}
+
+// The toolbar.
+
+QList<QAction*> QtPreferencesWindow::items() const {
+    return _ui->toolbar->actions();
+}
+
+std::vector<PreferenceItem> QtPreferencesWindow::toolbarItems() const {
+    std::vector<PreferenceItem> described;
+    for (const QAction* item : items())
+        described.push_back(
+            {item->objectName().toStdString(), item->text().toStdString(), item->property("paneTag").toLongLong()});
+    return described;
+}
+
+void QtPreferencesWindow::setSelectedItem(std::size_t index) {
+    items().at(static_cast<qsizetype>(index))->setChecked(true);
+}
+
+// Panes and help texts.
+
+QWidget& QtPreferencesWindow::paneView(PreferencePane pane) const {
+    return *_ui->contentView->widget(static_cast<int>(pane));
+}
+
+int QtPreferencesWindow::toolbarHeight() const {
+    return _ui->toolbar->sizeHint().height();
+}
+
+Rect QtPreferencesWindow::frameNS() const {
+    return {{double(x()), -double(y() + _size.height())}, {double(_size.width()), double(_size.height())}};
+}
+
+void QtPreferencesWindow::setFrame(const Rect& frameNS, bool animate) {
+    _animation->stop();
+    _size = QSizeF(frameNS.size.width, frameNS.size.height).toSize();
+    const int duration = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
+    // The place is left to the desktop, which keeps the top edge where it is.
+    if (!animate || !isVisible() || duration <= 0 || _size.height() == height())
+        return resize(_size);
+    _animation->setDuration(duration);
+    _animation->setStartValue(height());
+    _animation->setEndValue(_size.height());
+    _animation->start();
+}
+
+Size QtPreferencesWindow::contentSize() const {
+    return {double(_size.width()), double(_size.height() - toolbarHeight())};
+}
+
+double QtPreferencesWindow::paneHeight(PreferencePane pane) const {
+    const QWidget& contents = *scrollArea(paneView(pane)).widget();
+    const int wanted = layoutHeight(contents, _size.width()) + layoutHeight(*_ui->borderView, _size.width());
+    // A pane that is higher than the screen is scrolled.
+    constexpr int FrameOfDesktop = 60;
+    const int room = screen()->availableSize().height() - toolbarHeight() - FrameOfDesktop;
+    return std::min(wanted, room);
+}
+
+void QtPreferencesWindow::removeSubviewsOfContent() {
+    _ui->contentView->setCurrentWidget(_ui->emptyView);
+}
+
+void QtPreferencesWindow::addPane(PreferencePane pane, const Size& /*size*/) {
+    // The content gives every pane the room that there is, which is what the window was made for.
+    _pane = pane;
+    paneView(pane).layout()->addWidget(_ui->borderView);
+    _ui->contentView->setCurrentWidget(&paneView(pane));
+}
+
+void QtPreferencesWindow::setHelpText(PreferenceHelpText helpText, bool /*animate*/) {
+    const int index = static_cast<int>(helpText);
+    _ui->emptyHelpTextView->setCurrentIndex(index);
+    const auto buttons = _ui->helpGroup->findChildren<QToolButton*>();
+    buttons.at(index)->setChecked(true);
+}
+
+void QtPreferencesWindow::fitWidth() {
+    int width = _ui->toolbar->sizeHint().width();
+    for (std::size_t pane = 0; pane < PreferencePaneCount; ++pane) {
+        QScrollArea& area = scrollArea(paneView(static_cast<PreferencePane>(pane)));
+        layoutHeight(*area.widget(), 0);
+        width = std::max(
+            width, area.widget()->layout()->totalMinimumSize().width() + area.verticalScrollBar()->sizeHint().width());
+    }
+    // Lines of some sixty letters are easy to read.
+    constexpr int Letters = 88;
+    width = std::max(width, fontMetrics().averageCharWidth() * Letters);
+    setMinimumWidth(std::min(width, screen()->availableSize().width()));
+}
+
+void QtPreferencesWindow::fitHeightSoon() {
+    if (std::exchange(_fitsHeightSoon, true))
+        return;
+    // Once all words that change together have changed.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            _fitsHeightSoon = false;
+            fitHeight();
+        },
+        Qt::QueuedConnection);
+}
+
+void QtPreferencesWindow::fitHeight() {
+    fitWidth();
+    _size.setWidth(std::max(_size.width(), minimumWidth()));
+    setFrame(windowFrameForPane(frameNS(), contentSize().height, paneHeight(_pane)), false);
+}
+
+void QtPreferencesWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (_animation->state() != QAbstractAnimation::Running)
+        _size = event->size();
+}
+
+void QtPreferencesWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitHeightSoon();
+}
+
+// Words in a pane have come, gone or changed.
+bool QtPreferencesWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest)
+        fitHeightSoon();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// Controls.
+
+bool QtPreferencesWindow::launchCheckBoxIsOn() const {
+    return _ui->launchCheckBox->isChecked();
+}
+
+void QtPreferencesWindow::setShortcutRecorderValue(const ShortcutRecorderValue& value) {
+    const bool isKey = value.keyCode >= 0 && value.keyCode <= std::numeric_limits<std::int16_t>::max();
+    _ui->shortcutRecorder->setKeyCombo(isKey
+            ? KeyCombo{static_cast<std::int16_t>(value.keyCode), static_cast<std::uint32_t>(value.modifierFlags)}
+            : KeyCombo());
+}
+
+void QtPreferencesWindow::startRecording() {
+    _ui->shortcutRecorder->setFocus(Qt::OtherFocusReason);
+    _ui->shortcutRecorder->startRecording();
+}
+
+bool QtPreferencesWindow::shortcutRecorderIsKeyCodeAndFlagsTaken(
+    SRRecorderControl& /*control*/, std::int16_t keyCode, std::uint32_t flags, std::string& reason) {
+    return PreferencesWindowController::shortcutRecorderIsKeyCodeAndFlagsTaken(keyCode, flags, reason);
+}
+
+void QtPreferencesWindow::shortcutRecorderKeyComboDidChange(SRRecorderControl& control, const KeyCombo& combination) {
+    _controller.shortcutRecorderKeyComboDidChange(combination, control.keyComboString());
+}
+
+void QtPreferencesWindow::setMouseButtonNumber(std::uint32_t buttonNumber) {
+    _ui->mouseButtonIdentifier->setButtonNumber(buttonNumber);
+}
+
+std::uint32_t QtPreferencesWindow::mouseButtonNumber() const {
+    return _ui->mouseButtonIdentifier->buttonNumber();
+}
+
+void QtPreferencesWindow::setupTap() {
+    _ui->mouseButtonIdentifier->setupTap();
+}
+
+void QtPreferencesWindow::disableAndReleaseTap() {
+    _ui->mouseButtonIdentifier->disableAndReleaseTap();
+}
+
+void QtPreferencesWindow::willChangeValueForKey(std::string_view key) {
+    _bindings.willChangeValueForKey(key);
+}
+
+void QtPreferencesWindow::didChangeValueForKey(std::string_view key) {
+    _bindings.didChangeValueForKey(key);
+}
+
+// What stands beside them.
+
+void QtPreferencesWindow::setHideHotKeyWarning(bool hide) {
+    _ui->hotKeyWarning->setHidden(hide);
+}
+
+void QtPreferencesWindow::setHideButtonWarning(bool hide) {
+    _ui->buttonWarning->setHidden(hide);
+    _ui->screenTopWarning->setHidden(hide);
+}
+
+void QtPreferencesWindow::setHotKeyRefusal(const std::optional<HotKeyRefusal>& refusal) {
+    _hotKeyIsRefused = refusal.has_value();
+    _ui->hotKeyRefusalView->setVisible(_hotKeyIsRefused);
+    _ui->helpRefusalView->setVisible(_hotKeyIsRefused);
+    if (refusal) {
+        _ui->hotKeyRefusalViewText->setText(hotKeyRefusalText(*refusal));
+        _ui->helpRefusalViewText->setText(hotKeyRefusalText(*refusal));
+        _ui->takeProposalButton->setText(takeProposalTitle(*refusal));
+    }
+    showPopUpHelp();
+}
+
+void QtPreferencesWindow::showPopUpHelp() {
+    _ui->popUpHelpText->setText(popUpHelpText(_platform.defaults, _platform.keyboard, _hotKeyIsRefused));
+}
+
+void QtPreferencesWindow::setAccessIsMissing(bool isMissing) {
+    _ui->borderViewText->setText(borderText(isMissing));
+    _ui->switchAccessOnButton->setVisible(isMissing);
+}
+
+void QtPreferencesWindow::showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) {
+    if (auto* open = findChild<QMessageBox*>("accessibilityAlert"))
+        return open->raise();
+    openAccessibilityAlert(*this, std::move(handler));
+}
+
+} // namespace tarragon

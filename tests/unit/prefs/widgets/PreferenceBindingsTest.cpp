@@ -1,0 +1,186 @@
+#include "PreferencesWindowFixture.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSpinBox>
+
+#include <gmock/gmock.h>
+
+namespace tarragon {
+namespace {
+
+using testing::IsEmpty;
+
+class PreferenceBindingsTest : public PreferencesWindowTest { };
+
+TEST_F(PreferenceBindingsTest, HaveEachCheckBoxStoreItsSettingAndFollowIt) {
+    static constexpr std::pair<const char*, std::string_view> rows[] = {
+        {"enableHotkey", preference::EnableHotkey},
+        {"foldAlternate", preference::FoldAlternate},
+        {"showKeyEquivalents", preference::ShowKeyEquivalents},
+        {"showAppleMenu", preference::ShowAppleMenu},
+        {"showStatusBarIcon", preference::ShowStatusBarIcon},
+        {"showTarragonMenu", preference::ShowTarragonMenu},
+        {"showApplicationMenu", preference::ShowApplicationMenu},
+        {"launchCheckBox", preference::LaunchOnLogin},
+        {"tarragonAlwaysVisible", preference::TarragonAlwaysVisible},
+        {"tarragonAlwaysRight", preference::TarragonAlwaysRight},
+        {"showOnPrimaryScreen", preference::ShowOnPrimaryScreen},
+        {"hideOnPrimaryTopEdge", preference::HideOnPrimaryTopEdge},
+        {"enableButton", preference::EnableButton},
+        {"buttonHasShadow", preference::ButtonHasShadow},
+        {"buttonHasTexture", preference::ButtonHasTexture},
+        {"buttonHasBorder", preference::ButtonHasBorder},
+        {"buttonRound", preference::ButtonRound},
+        {"enableScreenTop", preference::EnableScreenTop},
+        {"screenTopTransparency", preference::ScreenTopTransparency},
+        {"enableMouseButton", preference::EnableMouseButton},
+    };
+    for (const auto& [name, key] : rows) {
+        auto& box = control<QCheckBox>(name);
+        const bool before = boolValue(fake.defaults.value(key));
+        EXPECT_EQ(box.isChecked(), before) << name;
+        changeFromOutside(key, !before);
+        EXPECT_EQ(box.isChecked(), !before) << name;
+        changeFromOutside(key, before);
+        EXPECT_EQ(box.isChecked(), before) << name;
+        box.click();
+        EXPECT_EQ(value(key), DefaultsValue(!before)) << name;
+        EXPECT_EQ(box.isChecked(), !before) << name;
+        box.click();
+        EXPECT_EQ(value(key), DefaultsValue(before)) << name;
+    }
+}
+
+TEST_F(PreferenceBindingsTest, StoreNothingByShowing) {
+    window();
+    EXPECT_THAT(fake.defaults.changedKeys(), IsEmpty());
+    for (std::size_t pane = 0; pane < PreferencePaneCount; ++pane)
+        selectPane(static_cast<PreferencePane>(pane));
+    controller().displayWindow();
+    handleEvents();
+    controller().fadeOutWindow();
+    EXPECT_THAT(fake.defaults.changedKeys(), IsEmpty());
+}
+
+TEST_F(PreferenceBindingsTest, LeaveValuesAsTheyAreThatTheirControlCannotShow) {
+    ASSERT_TRUE(fake.defaults.setValue(preference::FontSizeSmall, std::int64_t{400}));
+    ASSERT_TRUE(fake.defaults.setValue(preference::TitleFontSizeSmall, std::int64_t{-3}));
+    ASSERT_TRUE(fake.defaults.setValue(preference::ButtonStyle, std::int64_t{77}));
+    const auto changed = fake.defaults.changedKeys();
+    controller().displayWindow();
+    selectPane(PreferencePane::WindowTop);
+    handleEvents();
+    EXPECT_EQ(control<QSpinBox>("fontSizeSmall").value(), 24);
+    EXPECT_EQ(control<QSpinBox>("titleFontSizeSmall").value(), 8);
+    EXPECT_EQ(control<QComboBox>("buttonStyle").currentIndex(), -1);
+    changeFromOutside(preference::FontSizeSmall, std::int64_t{500});
+    EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(std::int64_t{500}));
+    EXPECT_EQ(fake.defaults.changedKeys(), changed);
+}
+
+TEST_F(PreferenceBindingsTest, StandForTheSizeOfTheDesktopAtTheLeastValue) {
+    auto& size = control<QSpinBox>("titleFontSizeSmall");
+    EXPECT_EQ(size.text(), "As the desktop has it");
+    size.stepUp();
+    EXPECT_EQ(value(preference::TitleFontSizeSmall), DefaultsValue(std::int64_t{9}));
+    size.stepDown();
+    EXPECT_EQ(value(preference::TitleFontSizeSmall), DefaultsValue(std::int64_t{0}));
+    changeFromOutside(preference::TitleFontSizeSmall, std::int64_t{17});
+    EXPECT_EQ(size.value(), 17);
+    size.setValue(24);
+    EXPECT_EQ(value(preference::TitleFontSizeSmall), DefaultsValue(std::int64_t{24}));
+    EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(std::int64_t{12}));
+    control<QSpinBox>("fontSizeSmall").stepUp();
+    EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(std::int64_t{13}));
+}
+
+TEST_F(PreferenceBindingsTest, ShowAStyleThatIsNeverUsedAsTheOneThatItStandsFor) {
+    auto& styles = control<QComboBox>("buttonStyle");
+    const std::pair<std::int64_t, int> rows[] = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 4}, {6, -1}, {-1, -1}};
+    for (const auto& [style, index] : rows) {
+        changeFromOutside(preference::ButtonStyle, style);
+        EXPECT_EQ(styles.currentIndex(), index) << style;
+    }
+    for (const auto& [index, style] : {std::pair(4, 5), std::pair(2, 2), std::pair(0, 0)}) {
+        styles.setCurrentIndex(index);
+        emit styles.activated(index);
+        EXPECT_EQ(value(preference::ButtonStyle), DefaultsValue(std::int64_t{style}));
+    }
+}
+
+TEST_F(PreferenceBindingsTest, ChooseBetweenTwoRadioButtons) {
+    auto& row = control<QRadioButton>("horizontalOn");
+    auto& single = control<QRadioButton>("horizontalOff");
+    EXPECT_TRUE(row.isChecked());
+    single.click();
+    EXPECT_EQ(value(preference::Horizontal), DefaultsValue(false));
+    row.click();
+    EXPECT_EQ(value(preference::Horizontal), DefaultsValue(true));
+    changeFromOutside(preference::Horizontal, false);
+    EXPECT_TRUE(single.isChecked());
+    EXPECT_FALSE(row.isChecked());
+}
+
+TEST_F(PreferenceBindingsTest, StoreALabelAsItIsTyped) {
+    changeFromOutside(preference::Horizontal, false);
+    auto& label = control<QLineEdit>("buttonLabel");
+    EXPECT_EQ(label.text(), "Menu");
+    QTest::keyClicks(&label, "s");
+    EXPECT_EQ(value(preference::ButtonLabel), DefaultsValue(std::string("Menus")));
+    label.setCursorPosition(1);
+    QTest::keyClicks(&label, "x");
+    EXPECT_EQ(label.cursorPosition(), 2);
+    changeFromOutside(preference::ButtonLabel, std::string("\u00C4"));
+    EXPECT_EQ(label.text(), "\u00C4");
+}
+
+TEST_F(PreferenceBindingsTest, EnableWhatDependsOnAnotherSetting) {
+    const auto isEnabled = [this](const char* name) { return control(name).isEnabledTo(&window()); };
+    EXPECT_FALSE(isEnabled("buttonLabel"));
+    changeFromOutside(preference::Horizontal, false);
+    EXPECT_TRUE(isEnabled("buttonLabel"));
+    EXPECT_TRUE(isEnabled("hideOnPrimaryTopEdge"));
+    changeFromOutside(preference::ShowOnPrimaryScreen, false);
+    EXPECT_FALSE(isEnabled("hideOnPrimaryTopEdge"));
+    EXPECT_FALSE(isEnabled("screenTopHalfHotZone"));
+    changeFromOutside(preference::ScreenTopAutoHide, true);
+    EXPECT_TRUE(isEnabled("screenTopHalfHotZone"));
+    control<QCheckBox>("screenTopHalfHotZone").click();
+    EXPECT_EQ(value(preference::ScreenTopHalfHotZone), DefaultsValue(true));
+    changeFromOutside(preference::EnableScreenTop, false);
+    EXPECT_FALSE(isEnabled("screenTopHalfHotZone"));
+    changeFromOutside(preference::EnableButton, false);
+    EXPECT_FALSE(isEnabled("buttonLabel"));
+    EXPECT_TRUE(isEnabled("enableButton"));
+    EXPECT_FALSE(isEnabled("mouseButtonIdentifier"));
+}
+
+TEST_F(PreferenceBindingsTest, WaitForTheEndOfAChangeThatWasAnnounced) {
+    auto& box = control<QCheckBox>("showTarragonMenu");
+    window().willChangeValueForKey(preference::ShowTarragonMenu);
+    window().willChangeValueForKey(preference::ShowTarragonMenu);
+    changeFromOutside(preference::ShowTarragonMenu, false);
+    EXPECT_TRUE(box.isChecked());
+    window().didChangeValueForKey(preference::ShowTarragonMenu);
+    EXPECT_TRUE(box.isChecked());
+    window().didChangeValueForKey(preference::ShowTarragonMenu);
+    EXPECT_FALSE(box.isChecked());
+}
+
+TEST_F(PreferenceBindingsTest, EndWithTheirWindow) {
+    PreferencesWindowController* made = &controller();
+    ASSERT_NE(made, nullptr);
+    const std::size_t observed = fake.defaults.observedKeyPaths().size();
+    EXPECT_GT(observed, 20U);
+    {
+        QtPreferencesWindow another(platform, *made, "", standardError);
+        EXPECT_EQ(fake.defaults.observedKeyPaths().size(), 2 * observed);
+    }
+    EXPECT_EQ(fake.defaults.observedKeyPaths().size(), observed);
+}
+
+} // namespace
+} // namespace tarragon
