@@ -62,6 +62,8 @@ void QtPreferencesWindow::orderFrontRegardless() {
         _platform.panelSurfaces->joinAllSpaces(winId());
     show();
     raise();
+    // No control that a stray key or turn of the wheel would change.
+    _ui->toolbar->widgetForAction(items().constFirst())->setFocus(Qt::OtherFocusReason);
 }
 
 void QtPreferencesWindow::activateIgnoringOtherApps() {

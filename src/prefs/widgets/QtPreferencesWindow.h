@@ -85,6 +85,7 @@ private:
     void followSettings();
     void hideSettingsWithoutEffect();
     void describeControls();
+    void setUpHeadings();
     void watchPanes();
     void showPopUpHelp();
     QWidget& paneView(PreferencePane pane) const;

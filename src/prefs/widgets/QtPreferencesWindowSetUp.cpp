@@ -28,6 +28,7 @@ QtPreferencesWindow::QtPreferencesWindow(const Platform& platform, PreferencesWi
     setUpToolbar();
     setUpControls(standardError);
     setUpAbout(version);
+    setUpHeadings();
     hideSettingsWithoutEffect();
     describeControls();
     // Before the actions, which look at what the user's click has stored.
@@ -111,6 +112,18 @@ void QtPreferencesWindow::followSettings() {
     });
     for (const std::string_view key : {preference::EnableHotkey, preference::EnableMouseButton})
         _bindings.follow(key, [this] { showPopUpHelp(); });
+}
+
+void QtPreferencesWindow::setUpHeadings() {
+    for (QLabel* label : findChildren<QLabel*>()) {
+        if (!label->property("isHeading").toBool())
+            continue;
+        // The size stays that of the window.
+        QFont bold;
+        bold.setResolveMask(0);
+        bold.setBold(true);
+        label->setFont(bold);
+    }
 }
 
 void QtPreferencesWindow::watchPanes() {

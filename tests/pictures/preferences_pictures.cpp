@@ -1,0 +1,151 @@
+// Draws contact sheets of the preferences window, every pane in one picture for each theme, direction and scale, into
+// the folder named.
+
+#include "app/RegisteredPreferences.h"
+#include "fake/FakePlatform.h"
+#include "prefs/PreferencesWindowController.h"
+#include "prefs/widgets/QtPreferencesInterface.h"
+#include "prefs/widgets/QtPreferencesWindow.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QStyle>
+
+namespace tarragon {
+
+namespace {
+
+// Keeps an eye on the window that the controller owns.
+class WatchedInterface : public PreferencesInterface {
+public:
+    explicit WatchedInterface(const Platform& platform)
+        : _interface(platform, "1.2.3", std::cerr) { }
+    std::unique_ptr<PreferencesWindow> loadWindow(PreferencesWindowController& controller) override {
+        auto made = _interface.loadWindow(controller);
+        window = dynamic_cast<QtPreferencesWindow*>(made.get());
+        return made;
+    }
+    QtPreferencesWindow* window = nullptr;
+
+private:
+    QtPreferencesInterface _interface;
+};
+
+QPalette darkPalette() {
+    QPalette palette(QColor(49, 54, 59), QColor(35, 38, 41));
+    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    return palette;
+}
+
+// Every pane of a window, in rows of three.
+QImage sheetOfPanes(double scale, bool showsNotices) {
+    FakePlatform fake;
+    fake.defaults.registerDefaults(registeredPreferences());
+    fake.keyboard.setSymbolicHotKeys({{SymbolicHotKey{true, 49, hotkey::OptionKey}}});
+    Platform platform = fake.platform();
+    platform.settingsWithoutEffect = {"FoldAlternate", "ShowAppleMenu", "ShowApplicationMenu", "ButtonHasShadow",
+        "ButtonHasTexture", "ButtonHasBorder", "ButtonRound"};
+    WatchedInterface interface(platform);
+    PreferencesWindowController controller(
+        {platform.accessibility, platform.defaults, platform.workspace, platform.hotKeys, platform.keyboard, nullptr,
+            "", {"https://p", "https://s", "https://t", "https://f"}},
+        interface, nullptr);
+    QtPreferencesWindow& window = *interface.window;
+    controller.displayWindow();
+    if (showsNotices) {
+        window.setHotKeyRefusal(HotKeyRefusal{"Alt + Space", "Ctrl + Shift + Space"});
+        window.setAccessIsMissing(true);
+        window.setHideHotKeyWarning(false);
+        window.setHideButtonWarning(false);
+    }
+    constexpr int Columns = 3;
+    constexpr int Gap = 16;
+    QList<QImage> panes;
+    for (const PreferenceItem& item : window.toolbarItems()) {
+        window.setSelectedItem(static_cast<std::size_t>(panes.size()));
+        controller.selectPreferencesForItem(item, false);
+        for (int round = 0; round < 3; ++round) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents();
+        }
+        QImage picture(window.size() * scale, QImage::Format_ARGB32_Premultiplied);
+        picture.setDevicePixelRatio(scale);
+        window.render(&picture);
+        panes += picture;
+    }
+    int top = Gap;
+    int row = 0;
+    QImage sheet(QSize(Columns * (window.width() + Gap) + Gap, 4000) * scale, QImage::Format_ARGB32_Premultiplied);
+    sheet.setDevicePixelRatio(scale);
+    sheet.fill(Qt::gray);
+    QPainter painter(&sheet);
+    for (qsizetype index = 0; index < panes.size(); ++index) {
+        const int height = int(panes[index].height() / scale);
+        painter.drawImage(QPoint(Gap + int(index % Columns) * (window.width() + Gap), top), panes[index]);
+        row = std::max(row, height);
+        if (index % Columns == Columns - 1 || index == panes.size() - 1) {
+            top += row + Gap;
+            row = 0;
+        }
+    }
+    painter.end();
+    return sheet.copy(0, 0, sheet.width(), int(top * scale));
+}
+
+} // namespace
+
+} // namespace tarragon
+
+int main(int argumentCount, char** arguments) {
+    using namespace tarragon;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argumentCount, arguments);
+    if (argumentCount != 2) {
+        std::cerr << "Usage: preferences_pictures FOLDER\n";
+        return 2;
+    }
+    QApplication::setStyle("Fusion");
+    const QDir folder(arguments[1]);
+    if (!folder.mkpath(".")) {
+        std::cerr << "Cannot make the folder " << arguments[1] << '\n';
+        return 1;
+    }
+    const QPalette light = QApplication::style()->standardPalette();
+    const auto save = [&folder](const QString& name, double scale, bool showsNotices) {
+        const QString file = folder.filePath(QString("preferences-%1-%2.png").arg(name).arg(scale));
+        if (sheetOfPanes(scale, showsNotices).save(file))
+            return true;
+        std::cerr << "Cannot write " << file.toStdString() << '\n';
+        return false;
+    };
+    const QFont font = QApplication::font();
+    for (const auto& [theme, palette] : {std::pair("light", light), std::pair("dark", darkPalette())}) {
+        QApplication::setPalette(palette);
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            QApplication::setLayoutDirection(direction);
+            const QString name = QString(theme) + (direction == Qt::RightToLeft ? "-right-to-left" : "");
+            for (const double scale : {1.0, 1.5, 2.0}) {
+                if (!save(name, scale, false))
+                    return 1;
+            }
+            if (!save(name + "-notices", 1, true))
+                return 1;
+        }
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        for (const int points : {9, 24}) {
+            QFont sized = font;
+            sized.setPointSize(points);
+            QApplication::setFont(sized);
+            if (!save(QString("%1-%2pt").arg(theme).arg(points), 1, false))
+                return 1;
+        }
+        QApplication::setFont(font);
+    }
+    return 0;
+}

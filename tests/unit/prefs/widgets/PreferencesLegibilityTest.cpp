@@ -1,0 +1,155 @@
+#include "PreferencesWindowFixture.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QToolBar>
+
+#include <set>
+
+namespace tarragon {
+namespace {
+
+class PreferencesLegibilityTest : public PreferencesWindowTest {
+protected:
+    PreferencesLegibilityTest()
+        : _font(QApplication::font()) { }
+    ~PreferencesLegibilityTest() override {
+        QApplication::setFont(_font);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+    }
+
+    void setFontSize(int points) {
+        QFont font = _font;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+    }
+    void showEverything() {
+        webPages = {"https://p", "https://s", "https://t", "https://f"};
+        controller().displayWindow();
+        window().setHotKeyRefusal(HotKeyRefusal{"Ctrl + Alt + Shift + Space", "Ctrl + Alt + Super + Space"});
+        window().setAccessIsMissing(true);
+        window().setHideHotKeyWarning(false);
+        window().setHideButtonWarning(false);
+    }
+    void settle() {
+        // A layout that has changed has the one around it change in turn.
+        constexpr int Depth = 8;
+        for (int level = 0; level < Depth; ++level)
+            handleEvents();
+    }
+    QWidget& pane() { return *control<QStackedWidget>("contentView").currentWidget(); }
+
+private:
+    QFont _font;
+};
+
+void expectRoom(const QWidget& widget, const QSize& wanted, const QString& text) {
+    EXPECT_GE(widget.width(), wanted.width()) << widget.objectName().toStdString() << ": " << text.toStdString();
+    EXPECT_GE(widget.height(), wanted.height()) << widget.objectName().toStdString() << ": " << text.toStdString();
+}
+
+void expectAllTextsFit(const QWidget& pane) {
+    for (const QWidget* widget : pane.findChildren<QWidget*>()) {
+        if (!widget->isVisible())
+            continue;
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+            if (label->wordWrap())
+                expectRoom(
+                    *label, {label->minimumSizeHint().width(), label->heightForWidth(label->width())}, label->text());
+            else
+                expectRoom(*label, label->sizeHint(), label->text());
+        } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+            expectRoom(*button, button->minimumSizeHint(), button->text());
+        } else if (const auto* group = qobject_cast<const QGroupBox*>(widget)) {
+            expectRoom(*group, group->minimumSizeHint(), group->title());
+        } else if (const auto* box = qobject_cast<const QComboBox*>(widget)) {
+            expectRoom(*box, box->minimumSizeHint(), box->currentText());
+        } else if (const auto* spin = qobject_cast<const QSpinBox*>(widget)) {
+            expectRoom(*spin, spin->minimumSizeHint(), spin->text());
+        }
+    }
+}
+
+TEST_F(PreferencesLegibilityTest, ClipsNoTextInAnyPaneAtAnySize) {
+    showEverything();
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(direction);
+        for (const int points : {9, 12, 24}) {
+            setFontSize(points);
+            for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
+                SCOPED_TRACE(testing::Message() << "pane " << each << " at " << points << " points");
+                selectPane(static_cast<PreferencePane>(each));
+                settle();
+                expectAllTextsFit(pane());
+            }
+        }
+    }
+}
+
+TEST_F(PreferencesLegibilityTest, ScrollsNothingThatTheScreenHasRoomFor) {
+    setFontSize(9);
+    showEverything();
+    for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
+        selectPane(static_cast<PreferencePane>(each));
+        settle();
+        const auto* area = pane().findChild<QScrollArea*>();
+        EXPECT_LE(area->widget()->width(), area->viewport()->width()) << each;
+        EXPECT_LE(area->widget()->height(), area->viewport()->height()) << each;
+    }
+}
+
+TEST_F(PreferencesLegibilityTest, NamesEveryControlForAScreenReader) {
+    showEverything();
+    int controls = 0;
+    for (const QWidget* widget : window().findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || widget->isHidden() || widget->inherits("QLineEdit")
+            || widget->objectName() == "qt_toolbar_ext_button")
+            continue;
+        QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget));
+        ASSERT_NE(interface, nullptr);
+        EXPECT_NE(interface->text(QAccessible::Name), "")
+            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+        ++controls;
+    }
+    EXPECT_GT(controls, 40);
+}
+
+TEST_F(PreferencesLegibilityTest, ReachesEveryControlOfAPaneByTabAlone) {
+    showEverything();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
+        selectPane(static_cast<PreferencePane>(each));
+        settle();
+        std::set<const QWidget*> wanted;
+        for (const QWidget* widget : window().findChildren<QWidget*>()) {
+            const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
+            const auto* radio = qobject_cast<const QAbstractButton*>(widget);
+            // Of buttons of which one is chosen, the arrow keys lead to the others.
+            const bool isOther = radio != nullptr && radio->autoExclusive() && !radio->isChecked();
+            if (takesTab && !isOther && widget->isVisible() && widget->isEnabled() && widget->focusProxy() == nullptr)
+                wanted.insert(widget);
+        }
+        constexpr int Most = 80;
+        for (int key = 0; key < Most && !wanted.empty(); ++key) {
+            wanted.erase(QApplication::focusWidget());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        for (const QWidget* missed : wanted)
+            ADD_FAILURE() << "pane " << each << ": " << missed->metaObject()->className() << " "
+                          << missed->objectName().toStdString();
+    }
+}
+
+TEST_F(PreferencesLegibilityTest, TellsTheHelpOfAControlAfterItsName) {
+    EXPECT_EQ(control("launchCheckBox").accessibleDescription(), "Tarragon starts by itself when you log in.");
+    EXPECT_EQ(control("buttonStyle").accessibleDescription(), "How titles and button are drawn.");
+}
+
+} // namespace
+} // namespace tarragon
