@@ -6,8 +6,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # Debian packages needed to build the program, and those that the embedded desktop and the tests need as well.
 build_packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-l10n-tools libgl-dev libdbus-1-dev libplist-dev nlohmann-json3-dev
-    libpugixml-dev libappstream-dev
+    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-l10n-tools qt6-translations-l10n libgl-dev libdbus-1-dev libplist-dev
+    nlohmann-json3-dev libpugixml-dev libappstream-dev
     libxcb1-dev libxcb-xinput-dev libxcb-randr0-dev libxcb-xkb-dev libxcb-res0-dev libxcb-shape0-dev libxcb-xfixes0-dev
     libxkbcommon-dev libxkbcommon-x11-dev
 )
