@@ -60,7 +60,7 @@ std::string keyWord(std::int16_t keyCode, const SRKeyCodeTransformer& transforme
         KeyWords.begin(), KeyWords.end(), [keyCode](const KeyWord& candidate) { return candidate.keyCode == keyCode; });
     if (word != KeyWords.end())
         return translated("KeyComboWords", word->source);
-    const std::string name = transformer.transformedValue(keyCode).value_or("");
+    std::string name = transformer.transformedValue(keyCode).value_or("");
     if (!name.starts_with(KeypadPrefix))
         return name;
     return withArguments(translated("KeyComboWords", "Pad %@"), {std::string_view(name).substr(KeypadPrefix.size())});
@@ -73,6 +73,7 @@ std::string keyComboWords(const KeyCombo& combination, const SRKeyCodeTransforme
 
 std::vector<std::string> longKeyWords() {
     std::vector<std::string> words;
+    words.reserve(KeyWords.size() + 1);
     for (const KeyWord& word : KeyWords)
         words.push_back(translated("KeyComboWords", word.source));
     words.push_back(withArguments(translated("KeyComboWords", "Pad %@"), {"5"}));
