@@ -132,9 +132,19 @@ Size QtPreferencesWindow::contentSize() const {
     return {double(_size.width()), double(_size.height() - toolbarHeight())};
 }
 
+int QtPreferencesWindow::wholeHeight(PreferencePane pane) const {
+    return layoutHeight(*scrollArea(paneView(pane)).widget(), _size.width())
+        + layoutHeight(*_ui->borderView, _size.width());
+}
+
+// With a bar at its side the pane is narrower, and higher; left to itself, the bar would stay for that reason alone.
+void QtPreferencesWindow::scrollWhereNeeded() {
+    const bool isNeeded = wholeHeight(_pane) > contentSize().height;
+    scrollArea(paneView(_pane)).setVerticalScrollBarPolicy(isNeeded ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+}
+
 double QtPreferencesWindow::paneHeight(PreferencePane pane) const {
-    const QWidget& contents = *scrollArea(paneView(pane)).widget();
-    const int wanted = layoutHeight(contents, _size.width()) + layoutHeight(*_ui->borderView, _size.width());
+    const int wanted = wholeHeight(pane);
     // A pane that is higher than the screen is scrolled.
     constexpr int FrameOfDesktop = 60;
     const int room = screen()->availableSize().height() - toolbarHeight() - FrameOfDesktop;
@@ -149,6 +159,7 @@ void QtPreferencesWindow::addPane(PreferencePane pane, const Size& /*size*/) {
     // The content gives every pane the room that there is, which is what the window was made for.
     _pane = pane;
     paneView(pane).layout()->addWidget(_ui->borderView);
+    scrollWhereNeeded();
     _ui->contentView->setCurrentWidget(&paneView(pane));
 }
 
@@ -190,12 +201,15 @@ void QtPreferencesWindow::fitHeight() {
     fitWidth();
     _size.setWidth(std::max(_size.width(), minimumWidth()));
     setFrame(windowFrameForPane(frameNS(), contentSize().height, paneHeight(_pane)), false);
+    scrollWhereNeeded();
 }
 
 void QtPreferencesWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    if (_animation->state() != QAbstractAnimation::Running)
-        _size = event->size();
+    if (_animation->state() == QAbstractAnimation::Running)
+        return;
+    _size = event->size();
+    scrollWhereNeeded();
 }
 
 void QtPreferencesWindow::changeEvent(QEvent* event) {

@@ -91,6 +91,8 @@ private:
     QWidget& paneView(PreferencePane pane) const;
     QList<QAction*> items() const;
     int toolbarHeight() const;
+    int wholeHeight(PreferencePane pane) const;
+    void scrollWhereNeeded();
     void fitWidth();
     // Words have come or gone, or have another size.
     void fitHeightSoon();

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QToolBar>
@@ -93,6 +94,8 @@ TEST_F(PreferencesLegibilityTest, ClipsNoTextInAnyPaneAtAnySize) {
 }
 
 TEST_F(PreferencesLegibilityTest, ScrollsNothingThatTheScreenHasRoomFor) {
+    platform.settingsWithoutEffect = {preference::ButtonHasBorder, preference::ButtonHasShadow,
+        preference::ButtonHasTexture, preference::ButtonRound};
     setFontSize(9);
     showEverything();
     for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
@@ -102,6 +105,17 @@ TEST_F(PreferencesLegibilityTest, ScrollsNothingThatTheScreenHasRoomFor) {
         EXPECT_LE(area->widget()->width(), area->viewport()->width()) << each;
         EXPECT_LE(area->widget()->height(), area->viewport()->height()) << each;
     }
+}
+
+TEST_F(PreferencesLegibilityTest, ScrollsWhatDoesNotFitAnyMore) {
+    showEverything();
+    selectPane(PreferencePane::WindowTop);
+    settle();
+    window().resize(window().width(), 300);
+    settle();
+    const auto* area = pane().findChild<QScrollArea*>();
+    EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+    EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
 }
 
 TEST_F(PreferencesLegibilityTest, NamesEveryControlForAScreenReader) {
