@@ -76,6 +76,7 @@ TEST_F(PreferenceBindingsTest, LeaveValuesAsTheyAreThatTheirControlCannotShow) {
     EXPECT_EQ(control<QSpinBox>("fontSizeSmall").value(), 24);
     EXPECT_EQ(control<QSpinBox>("titleFontSizeSmall").value(), 8);
     EXPECT_EQ(control<QComboBox>("buttonStyle").currentIndex(), -1);
+    changeFromOutside(preference::FontSizeSmall, std::int64_t{12});
     changeFromOutside(preference::FontSizeSmall, std::int64_t{500});
     EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(std::int64_t{500}));
     EXPECT_EQ(fake.defaults.changedKeys(), changed);
