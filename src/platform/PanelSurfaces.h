@@ -59,8 +59,8 @@ public:
     // window is the window system's identifier of a window that has not been shown yet. The surface must not outlive
     // this object. nullptr when there is no such window.
     [[nodiscard]] virtual std::unique_ptr<PanelSurface> makeSurface(std::uint64_t window) = 0;
-    // Puts an ordinary window on every workspace until it is hidden; one that is not shown yet, once it is. Does nothing
-    // for a window that is not there.
+    // Puts an ordinary window on every workspace until it is hidden; one that is not shown yet, once it is. Does
+    // nothing for a window that is not there.
     virtual void joinAllSpaces(std::uint64_t window) = 0;
 };
 

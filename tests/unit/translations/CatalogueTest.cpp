@@ -161,7 +161,8 @@ TEST(Catalogue, GivesTheProgramItsWords) {
     EXPECT_EQ(translated("AccessibilityAlert", source), source);
     {
         const QtTexts texts(":/translations/tarragon_linux.qm", {"en-US"});
-        EXPECT_EQ(translated("AccessibilityAlert", source), "Tarragon needs the accessibility services of your desktop.");
+        EXPECT_EQ(
+            translated("AccessibilityAlert", source), "Tarragon needs the accessibility services of your desktop.");
         EXPECT_EQ(translated("AccessibilityAlert", "Open System Preferences"), "Switch On and Quit");
         EXPECT_EQ(translated("IgnoreMenu", "Ignore all %@ windows"), "Ignore all %@ windows");
         EXPECT_EQ(translated("Another", source), source);
