@@ -78,41 +78,6 @@ TEST_P(LifecycleTest, EndsSoonWhileItTurnsToAStoppedApplication) {
     stopped.process().sendSignal(SIGCONT);
 }
 
-TEST_P(LifecycleTest, ShowsTheSettingsWhenItIsStartedAgain) {
-    const std::filesystem::path opened = desktop().home() / "opened";
-    const std::filesystem::path opener = desktop().programFolder() / "xdg-open";
-    std::ofstream(opener) << "#!/bin/sh\nprintf '%s\\n' \"$@\" >> '" << opened.string() << "'\n";
-    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
-    std::string expected;
-    for (int start = 0; start < 2; ++start) {
-        CommandResult second = tarragon({});
-        EXPECT_EQ(second.status, 0);
-        EXPECT_EQ(second.output, "");
-        EXPECT_EQ(second.error, "tarragon: already running on this display\n");
-        expected += "file://" + Agent::preferencesFile(desktop()).string() + "\n";
-        EXPECT_TRUE(waitUntil([&] { return contentsOf(opened) == expected; })) << contentsOf(opened);
-    }
-    std::filesystem::remove(opened);
-    EXPECT_TRUE(agent().isRunning());
-    EXPECT_TRUE(agent().hotKeyIsRegistered(usualHotKey()));
-}
-
-TEST_P(LifecycleTest, HandsItsEnvironmentToWhatItStarts) {
-    const std::filesystem::path seen = desktop().home() / "seen";
-    const std::filesystem::path opener = desktop().programFolder() / "xdg-open";
-    std::ofstream(opener) << "#!/bin/sh\necho \"${QT_QPA_PLATFORM-none}\" >> '" << seen.string() << "'\n";
-    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
-    std::string expected;
-    for (const Environment& additions : {Environment(), Environment{{"QT_QPA_PLATFORM", "wayland;xcb"}}}) {
-        session().restartAgent(usualHotKey(), additions);
-        EXPECT_EQ(tarragon({}).status, 0);
-        expected += additions.empty() ? "none\n" : "wayland;xcb\n";
-        EXPECT_TRUE(waitUntil([&] { return contentsOf(seen) == expected; })) << contentsOf(seen);
-    }
-    std::filesystem::remove(seen);
-    session().restartAgent();
-}
-
 TEST_P(LifecycleTest, CanBeStartedAgainAfterItWasKilled) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
     ASSERT_TRUE(popUp().openWith(application.expectedTitles()));

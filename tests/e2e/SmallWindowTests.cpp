@@ -59,6 +59,24 @@ TEST_P(SmallWindowTest, OpensTheHelpAtTheFirstLaunchAlone) {
     }
 }
 
+TEST_P(SmallWindowTest, ShowsThePreferencesWhenItIsStartedAgainAndOnCommand) {
+    const auto shownTitles = [this] {
+        std::vector<std::string> titles;
+        for (const xcb_window_t window : windowsOf(agent().identifier()))
+            titles.push_back(display().titleOf(window));
+        return titles;
+    };
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>(), {"preferences"}, {}}) {
+        const CommandResult second = tarragon(arguments);
+        EXPECT_EQ(second.status, 0);
+        EXPECT_EQ(second.output, "");
+        EXPECT_EQ(second.error, arguments.empty() ? "tarragon: already running on this display\n" : "");
+        EXPECT_TRUE(waitUntil([&] { return shownTitles() == std::vector<std::string>{"General"}; }));
+    }
+    EXPECT_TRUE(agent().isRunning());
+    EXPECT_TRUE(agent().hotKeyIsRegistered(usualHotKey()));
+}
+
 TEST_P(SmallWindowTest, BringsTheAboutPanelToTheFrontWithoutTakingTheFocus) {
     TestApplication& application = launch(ApplicationKind::Mousepad);
     ASSERT_TRUE(popUp().openWith(application.expectedTitles()));
@@ -76,7 +94,8 @@ TEST_P(SmallWindowTest, BringsTheAboutPanelToTheFrontWithoutTakingTheFocus) {
 TEST_P(SmallWindowTest, TellsOfANewerVersionAndOpensItsPage) {
     const std::filesystem::path opened = desktop().home() / "opened";
     const std::filesystem::path opener = desktop().programFolder() / "xdg-open";
-    std::ofstream(opener) << "#!/bin/sh\nprintf '%s\\n' \"$@\" >> '" << opened.string() << "'\n";
+    // It gets the environment that the program got, which chooses a platform of the toolkit for itself alone.
+    std::ofstream(opener) << "#!/bin/sh\necho \"$1 ${QT_QPA_PLATFORM-none}\" >> '" << opened.string() << "'\n";
     std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
     std::string notes;
     for (int line = 0; line < 20; ++line)
@@ -98,7 +117,8 @@ TEST_P(SmallWindowTest, TellsOfANewerVersionAndOpensItsPage) {
     display().activate(panel);
     ASSERT_TRUE(waitUntil([&] { return display().activeWindow() == panel; }));
     input().tap(XK_Return);
-    EXPECT_TRUE(waitUntil([&] { return contentsOf(opened) == "https://example.org/999\n"; })) << contentsOf(opened);
+    EXPECT_TRUE(waitUntil([&] { return contentsOf(opened) == "https://example.org/999 none\n"; }))
+        << contentsOf(opened);
     std::filesystem::remove(opened);
     EXPECT_EQ(agent().process().standardError(), "");
     agent().preferences().set("UpdateFeed", "");
