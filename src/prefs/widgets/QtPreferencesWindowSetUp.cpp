@@ -69,20 +69,20 @@ void QtPreferencesWindow::setUpControls(std::ostream& standardError) {
 }
 
 void QtPreferencesWindow::setUpActions() {
-    const auto clicks = [this](QAbstractButton* button, void (PreferencesWindowController::*action)()) {
-        connect(button, &QAbstractButton::clicked, this, [this, action] { (_controller.*action)(); });
+    const auto clicks = [this](QAbstractButton* button, auto action) {
+        connect(button, &QAbstractButton::clicked, this, action);
     };
-    clicks(_ui->launchCheckBox, &PreferencesWindowController::startAtLogin);
-    clicks(_ui->resetButton, &PreferencesWindowController::resetButton);
-    clicks(_ui->applyChangesButton, &PreferencesWindowController::applyChanges);
-    clicks(_ui->quitButton, &PreferencesWindowController::quitFennick);
-    clicks(_ui->tryAnotherButton, &PreferencesWindowController::tryAnotherCombination);
-    clicks(_ui->takeProposalButton, &PreferencesWindowController::tryAnotherCombination);
-    clicks(_ui->switchAccessOnButton, &PreferencesWindowController::switchAccessOn);
-    clicks(_ui->productWebPageButton, &PreferencesWindowController::openProductWebpage);
-    clicks(_ui->twitterWebPageButton, &PreferencesWindowController::openTwitterWebpage);
-    clicks(_ui->facebookWebPageButton, &PreferencesWindowController::openFacebookWebpage);
-    clicks(_ui->screencastButton, &PreferencesWindowController::openScreencastWebpage);
+    clicks(_ui->launchCheckBox, [this] { _controller.startAtLogin(); });
+    clicks(_ui->resetButton, [this] { _controller.resetButton(); });
+    clicks(_ui->applyChangesButton, [this] { _controller.applyChanges(); });
+    clicks(_ui->quitButton, [this] { _controller.quitFennick(); });
+    clicks(_ui->tryAnotherButton, [this] { _controller.tryAnotherCombination(); });
+    clicks(_ui->takeProposalButton, [this] { _controller.tryAnotherCombination(); });
+    clicks(_ui->switchAccessOnButton, [this] { _controller.switchAccessOn(); });
+    clicks(_ui->productWebPageButton, [this] { _controller.openProductWebpage(); });
+    clicks(_ui->twitterWebPageButton, [this] { _controller.openTwitterWebpage(); });
+    clicks(_ui->facebookWebPageButton, [this] { _controller.openFacebookWebpage(); });
+    clicks(_ui->screencastButton, [this] { _controller.openScreencastWebpage(); });
     for (QCheckBox* box : {_ui->enableHotkey, _ui->enableButton, _ui->enableScreenTop})
         connect(box, &QCheckBox::clicked, this, [this, box] {
             _controller.checkIfBothOptionsAreNotOff(box->property("enablingTitle").toString().toStdString());
