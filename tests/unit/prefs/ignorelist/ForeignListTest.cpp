@@ -27,7 +27,9 @@ protected:
             GTEST_SKIP() << "GNUstep is not installed";
         std::string pattern = fs::temp_directory_path() / "tarragon-foreign-XXXXXX";
         const fs::path folder = mkdtemp(pattern.data());
-        const std::string command = std::string(ArchiveTool) + " write " + (folder / "list").string();
+        std::string command = ArchiveTool;
+        command += " write ";
+        command += (folder / "list").string();
         ASSERT_EQ(std::system(command.c_str()), 0);
         std::ifstream stream(folder / "list", std::ios::binary);
         const Data bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
