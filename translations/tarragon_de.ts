@@ -5,11 +5,11 @@
     <name>AccessibilityAlert</name>
     <message>
         <source>Tarragon requires that Apple&apos;s Accessibility API be enabled.</source>
-        <translation>Tarragon braucht die Bedienungshilfen Ihres Desktops.</translation>
+        <translation>Tarragon benötigt die Barrierefreiheitsdienste der Arbeitsumgebung.</translation>
     </message>
     <message>
         <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
-        <translation>Sollen sie eingeschaltet werden? Tarragon wird dann beendet; starten Sie es danach bitte neu.</translation>
+        <translation>Sollen sie eingeschaltet werden? Tarragon wird dann beendet und muss neu gestartet werden, ebenso Anwendungen, deren Menüs nicht erscheinen. (In GNOME, Xfce und den meisten anderen Arbeitsumgebungen gehören diese Dienste zum Paket at-spi2-core. Ohne dieses geschieht nichts.)</translation>
     </message>
     <message>
         <source>Open System Preferences</source>
@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The desktop or another program keeps this combination of keys for itself.</source>
-        <translation>Der Desktop oder ein anderes Programm behält diese Tastenkombination für sich.</translation>
+        <translation>Diese Tastenkombination ist bereits von der Arbeitsumgebung oder einem anderen Programm belegt.</translation>
     </message>
     <message>
         <source>Choose Another</source>
@@ -51,7 +51,7 @@
     </message>
     <message>
         <source>Type a part of the application&apos;s name</source>
-        <translation>Geben Sie einen Teil des Namens der Anwendung ein</translation>
+        <translation>Einen Teil des Anwendungsnamens eingeben</translation>
     </message>
     <message>
         <source>Installed applications</source>
@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>No installed application matches. &quot;Other&quot; finds an application by its file.</source>
-        <translation>Keine installierte Anwendung passt. „Andere“ findet eine Anwendung über ihre Datei.</translation>
+        <translation>Keine passende installierte Anwendung gefunden. Mit „Andere“ lässt sich eine Anwendung anhand ihrer Datei wählen.</translation>
     </message>
     <message>
         <source>Add</source>
@@ -71,30 +71,30 @@
     </message>
     <message>
         <source>Other…</source>
-        <translation>Andere…</translation>
+        <translation>Andere …</translation>
     </message>
     <message>
         <source>Choose an application that is not in the list by its file</source>
-        <translation>Eine Anwendung, die nicht in der Liste steht, über ihre Datei wählen</translation>
+        <translation>Eine nicht aufgeführte Anwendung anhand ihrer Datei wählen</translation>
     </message>
     <message>
         <source>Choose an Application</source>
-        <translation>Eine Anwendung wählen</translation>
+        <translation>Anwendung wählen</translation>
     </message>
 </context>
 <context>
     <name>IgnoreListView</name>
     <message>
         <source>Type new window title or wildcard pattern here</source>
-        <translation>Neuen Fenstertitel oder ein Muster hier eingeben</translation>
+        <translation>Fenstertitel oder Muster mit Platzhaltern eingeben</translation>
     </message>
     <message>
         <source>Select an application to see which of its windows are ignored.</source>
-        <translation>Wählen Sie eine Anwendung aus, um zu sehen, welche ihrer Fenster ignoriert werden.</translation>
+        <translation>Eine Anwendung auswählen, um ihre ignorierten Fenster zu sehen.</translation>
     </message>
     <message>
         <source>This entry cannot be read. Remove it and add the application again to change it.</source>
-        <translation>Dieser Eintrag ist nicht lesbar. Entfernen Sie ihn und fügen Sie die Anwendung neu hinzu, um ihn zu ändern.</translation>
+        <translation>Dieser Eintrag ist nicht lesbar. Um ihn zu ändern, den Eintrag entfernen und die Anwendung erneut hinzufügen.</translation>
     </message>
     <message>
         <source>All windows of this application are ignored.</source>
@@ -102,15 +102,15 @@
     </message>
     <message>
         <source>Add the title of a window to ignore, or a pattern: * stands for any text, ? for one character.</source>
-        <translation>Fügen Sie den Titel eines Fensters hinzu, das ignoriert werden soll, oder ein Muster: * steht für beliebigen Text, ? für ein Zeichen.</translation>
+        <translation>Den Titel eines zu ignorierenden Fensters oder ein Muster hinzufügen: * steht für beliebigen Text, ? für ein Zeichen.</translation>
     </message>
     <message>
         <source>Pick a Window…</source>
-        <translation>Fenster zeigen…</translation>
+        <translation>Fenster anklicken …</translation>
     </message>
     <message>
         <source>Ignore the window that you click next</source>
-        <translation>Das Fenster ignorieren, auf das Sie als Nächstes klicken</translation>
+        <translation>Das als Nächstes angeklickte Fenster ignorieren</translation>
     </message>
     <message>
         <source>Ignored applications</source>
@@ -118,11 +118,11 @@
     </message>
     <message>
         <source>No application is ignored yet. Add one to hide the panel over its windows.</source>
-        <translation>Noch wird keine Anwendung ignoriert. Fügen Sie eine hinzu, um die Leiste über ihren Fenstern auszublenden.</translation>
+        <translation>Noch wird keine Anwendung ignoriert. Über den Fenstern hinzugefügter Anwendungen erscheint das Panel nicht.</translation>
     </message>
     <message>
         <source>Add…</source>
-        <translation>Hinzufügen…</translation>
+        <translation>Hinzufügen …</translation>
     </message>
     <message>
         <source>Add an application to the list</source>
@@ -134,7 +134,7 @@
     </message>
     <message>
         <source>Remove the selected application from the list</source>
-        <translation>Die gewählte Anwendung aus der Liste entfernen</translation>
+        <translation>Die ausgewählte Anwendung aus der Liste entfernen</translation>
     </message>
     <message>
         <source>Ignore all windows of this application</source>
@@ -142,7 +142,7 @@
     </message>
     <message>
         <source>Whatever their titles are. Without it, only windows with these titles.</source>
-        <translation>Welche Titel sie auch haben. Ohne dies nur Fenster mit diesen Titeln.</translation>
+        <translation>Unabhängig vom Titel. Andernfalls nur Fenster mit den aufgeführten Titeln.</translation>
     </message>
     <message>
         <source>Ignored window titles and patterns</source>
@@ -158,7 +158,7 @@
     </message>
     <message>
         <source>Remove the selected window title or pattern</source>
-        <translation>Den gewählten Fenstertitel oder das Muster entfernen</translation>
+        <translation>Den ausgewählten Fenstertitel oder das ausgewählte Muster entfernen</translation>
     </message>
     <message>
         <source>Applications:</source>
@@ -166,19 +166,19 @@
     </message>
     <message>
         <source>Click the window to ignore. Escape cancels.</source>
-        <translation>Klicken Sie auf das Fenster, das ignoriert werden soll. Escape bricht ab.</translation>
+        <translation>Das zu ignorierende Fenster anklicken. Esc bricht ab.</translation>
     </message>
     <message>
         <source>The pointer cannot be had just now. Please try again.</source>
-        <translation>Der Zeiger ist gerade nicht zu haben. Bitte versuchen Sie es noch einmal.</translation>
+        <translation>Der Mauszeiger wird gerade von einem anderen Programm verwendet. Bitte erneut versuchen.</translation>
     </message>
     <message>
         <source>It is not known which application that window belongs to.</source>
-        <translation>Es ist nicht bekannt, zu welcher Anwendung dieses Fenster gehört.</translation>
+        <translation>Es lässt sich nicht feststellen, zu welcher Anwendung dieses Fenster gehört.</translation>
     </message>
     <message>
         <source>That window has no title to know it by. Add its application instead.</source>
-        <translation>Dieses Fenster hat keinen Titel, an dem es zu erkennen wäre. Fügen Sie stattdessen seine Anwendung hinzu.</translation>
+        <translation>Dieses Fenster hat keinen Titel. Stattdessen die zugehörige Anwendung hinzufügen.</translation>
     </message>
     <message>
         <source>Window title or pattern</source>
@@ -204,7 +204,7 @@
     <name>KeyComboWords</name>
     <message>
         <source>Return</source>
-        <translation>Eingabetaste</translation>
+        <translation>Eingabe</translation>
     </message>
     <message>
         <source>Tab</source>
@@ -220,11 +220,11 @@
     </message>
     <message>
         <source>Escape</source>
-        <translation>Escape</translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation>Löschen</translation>
+        <translation>Num</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Help</source>
-        <translation>Hilfe</translation>
+        <translation>Einfg</translation>
     </message>
     <message>
         <source>Home</source>
@@ -264,15 +264,15 @@
     </message>
     <message>
         <source>Down</source>
-        <translation>Unten</translation>
+        <translation>Runter</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation>Oben</translation>
+        <translation>Hoch</translation>
     </message>
     <message>
         <source>Command+</source>
-        <translation>Super+</translation>
+        <translation>Strg+</translation>
     </message>
     <message>
         <source>Option+</source>
@@ -280,7 +280,7 @@
     </message>
     <message>
         <source>Control+</source>
-        <translation>Strg+</translation>
+        <translation>Super+</translation>
     </message>
     <message>
         <source>Shift+</source>
@@ -398,39 +398,39 @@
     <name>PreferenceTexts</name>
     <message>
         <source>A combination of keys opens the menus at the pointer, once you have switched it on under &quot;Hot Key&quot;.</source>
-        <translation>Eine Tastenkombination öffnet die Menüs am Zeiger, sobald Sie sie unter „Tastenkürzel“ eingeschaltet haben.</translation>
+        <translation>Eine Tastenkombination öffnet die Menüs am Mauszeiger, sobald sie unter „Tastenkürzel“ eingeschaltet ist.</translation>
     </message>
     <message>
         <source>A combination of keys opens the menus at the pointer, once you have chosen one that is free.</source>
-        <translation>Eine Tastenkombination öffnet die Menüs am Zeiger, sobald Sie eine freie gewählt haben.</translation>
+        <translation>Eine Tastenkombination öffnet die Menüs am Mauszeiger, sobald eine freie gewählt ist.</translation>
     </message>
     <message>
         <source>Press %@ anywhere, and the menus of the application in front open at the pointer.</source>
-        <translation>Drücken Sie irgendwo %@, und die Menüs der vorderen Anwendung öffnen sich am Zeiger.</translation>
+        <translation>An beliebiger Stelle öffnet %@ die Menüs der aktiven Anwendung am Mauszeiger.</translation>
     </message>
     <message>
         <source>A mouse button can do the same: switch that on under &quot;Hot Key&quot;.</source>
-        <translation>Eine Maustaste kann dasselbe: Schalten Sie das unter „Tastenkürzel“ ein.</translation>
+        <translation>Auch eine Maustaste kann das: Sie lässt sich unter „Tastenkürzel“ einschalten.</translation>
     </message>
     <message>
         <source>The middle mouse button does the same.</source>
-        <translation>Die mittlere Maustaste tut dasselbe.</translation>
+        <translation>Die mittlere Maustaste bewirkt dasselbe.</translation>
     </message>
     <message>
         <source>Mouse button %@ does the same.</source>
-        <translation>Maustaste %@ tut dasselbe.</translation>
+        <translation>Die Maustaste %@ bewirkt dasselbe.</translation>
     </message>
     <message>
         <source>Click an item afterwards, or hold the button, move onto an item and let go there.</source>
-        <translation>Klicken Sie danach auf einen Eintrag, oder halten Sie die Taste, ziehen Sie auf einen Eintrag und lassen Sie dort los.</translation>
+        <translation>Danach einen Eintrag anklicken oder die Taste gedrückt halten und über einem Eintrag loslassen.</translation>
     </message>
     <message>
         <source>%@ does not open the menus: the desktop or another program keeps this combination for itself.</source>
-        <translation>%@ öffnet die Menüs nicht: Der Desktop oder ein anderes Programm behält diese Kombination für sich.</translation>
+        <translation>%@ öffnet die Menüs nicht: Diese Tastenkombination ist bereits von der Arbeitsumgebung oder einem anderen Programm belegt.</translation>
     </message>
     <message>
         <source>Please choose another one.</source>
-        <translation>Bitte wählen Sie eine andere.</translation>
+        <translation>Bitte eine andere wählen.</translation>
     </message>
     <message>
         <source>%@ is free.</source>
@@ -450,11 +450,11 @@
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon kann die Menüs anderer Anwendungen nicht lesen, weil die Bedienungshilfen Ihres Desktops ausgeschaltet sind. Hier lassen sie sich einschalten. Manche Anwendungen müssen danach neu gestartet werden.</translation>
+        <translation>Tarragon kann die Menüs anderer Anwendungen nicht lesen, weil die Barrierefreiheitsdienste der Arbeitsumgebung ausgeschaltet sind. Hier lassen sie sich einschalten. Manche Anwendungen müssen danach neu gestartet werden.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>
-        <translation>Jede Änderung gilt sofort.</translation>
+        <translation>Alle Änderungen wirken sofort.</translation>
     </message>
 </context>
 <context>
@@ -484,15 +484,15 @@
     </message>
     <message>
         <source>Press it and then the keys. Escape leaves it as it was, Backspace clears it.</source>
-        <translation>Drücken Sie darauf und dann die Tasten. Escape lässt alles, wie es war, die Rücktaste löscht.</translation>
+        <translation>Erst hier drücken, dann die Tasten. Esc lässt alles beim Alten, die Rücktaste löscht die Kombination.</translation>
     </message>
     <message>
         <source>Leave it as it was</source>
-        <translation>Lassen, wie es war</translation>
+        <translation>Unverändert lassen</translation>
     </message>
     <message>
         <source>Clear the combination</source>
-        <translation>Die Kombination löschen</translation>
+        <translation>Kombination löschen</translation>
     </message>
     <message>
         <source>Record a combination</source>
@@ -504,19 +504,19 @@
     </message>
     <message>
         <source>Another program is using the keyboard. Try again in a moment.</source>
-        <translation>Ein anderes Programm benutzt gerade die Tastatur. Versuchen Sie es gleich noch einmal.</translation>
+        <translation>Ein anderes Programm verwendet gerade die Tastatur. Bitte gleich noch einmal versuchen.</translation>
     </message>
     <message>
         <source>The desktop has taken the keyboard back. Nothing was recorded; try again.</source>
-        <translation>Der Desktop hat die Tastatur zurückgenommen. Nichts wurde aufgenommen; versuchen Sie es noch einmal.</translation>
+        <translation>Die Arbeitsumgebung hat die Tastatur zurückgenommen. Es wurde nichts aufgenommen, bitte erneut versuchen.</translation>
     </message>
     <message>
         <source>This key cannot be used. Press another one, or Escape to leave it as it was.</source>
-        <translation>Diese Taste lässt sich nicht verwenden. Drücken Sie eine andere, oder Escape, um alles zu lassen, wie es war.</translation>
+        <translation>Diese Taste kann nicht verwendet werden. Eine andere drücken oder mit Esc alles beim Alten lassen.</translation>
     </message>
     <message>
         <source>This key opens the menus even where you want to type with it. Hold another key with it, such as Alt.</source>
-        <translation>Diese Taste öffnet die Menüs auch dort, wo Sie damit schreiben wollen. Halten Sie eine andere dazu, etwa Alt.</translation>
+        <translation>Diese Taste öffnet die Menüs auch dann, wenn mit ihr geschrieben werden soll. Sie besser mit einer anderen Taste wie Alt kombinieren.</translation>
     </message>
     <message>
         <source>The key combination can&apos;t be used!</source>
@@ -524,11 +524,11 @@
     </message>
     <message>
         <source>The desktop does not tell which key combinations are its own, so that this one may be one of them.</source>
-        <translation>Der Desktop sagt nicht, welche Tastenkombinationen seine eigenen sind, so dass dies eine davon sein kann.</translation>
+        <translation>Die Arbeitsumgebung teilt nicht mit, welche Tastenkombinationen sie selbst verwendet. Diese könnte dazugehören.</translation>
     </message>
     <message>
         <source>This key has no name in the keyboard layout that is switched on.</source>
-        <translation>Diese Taste hat in der eingeschalteten Tastaturbelegung keinen Namen.</translation>
+        <translation>Diese Taste hat in der aktiven Tastaturbelegung keinen Namen.</translation>
     </message>
     <message>
         <source>OK</source>
@@ -538,16 +538,12 @@
 <context>
     <name>SRValidator</name>
     <message>
-        <source>it&apos;s already used by a system-wide keyboard shortcut. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
-        <translation>sie wird bereits von einem systemweiten Tastenkürzel verwendet. (Soll genau diese Tastenkombination verwendet werden: Die meisten Tastenkürzel lassen sich in den Tastatureinstellungen der Arbeitsumgebung ändern.)</translation>
-    </message>
-    <message>
-        <source>it&apos;s already used by a system-wide keyboard shortcut, %@. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
-        <translation>sie wird schon vom Desktop verwendet: %@. (Wenn Sie diese Tastenkombination wirklich verwenden wollen: Die meisten lassen sich in den Tastatureinstellungen des Desktops ändern.)</translation>
-    </message>
-    <message>
         <source>it&apos;s already used</source>
         <translation>sie wird bereits verwendet</translation>
+    </message>
+    <message>
+        <source>it&apos;s already used by a system-wide keyboard shortcut. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
+        <translation>sie wird bereits von einem systemweiten Tastenkürzel verwendet. (Soll genau diese Tastenkombination verwendet werden: Die meisten Tastenkürzel lassen sich in den Tastatureinstellungen der Arbeitsumgebung ändern.)</translation>
     </message>
     <message>
         <source>it&apos;s already used by the menu item &quot;%@&quot;.</source>
@@ -564,6 +560,10 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>it&apos;s already used by a system-wide keyboard shortcut, %@. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
+        <translation>sie wird bereits vom systemweiten Tastenkürzel „%@“ verwendet. (Soll genau diese Tastenkombination verwendet werden: Die meisten Tastenkürzel lassen sich in den Tastatureinstellungen der Arbeitsumgebung ändern.)</translation>
     </message>
 </context>
 <context>
@@ -593,11 +593,11 @@
     <name>ZDMouseButtonIdentifier</name>
     <message>
         <source>Click here with the mouse button that is to open the menus.</source>
-        <translation>Klicken Sie hier mit der Maustaste, die die Menüs öffnen soll.</translation>
+        <translation>Hier mit der Maustaste klicken, die die Menüs öffnen soll.</translation>
     </message>
     <message>
         <source>Button Number: %@</source>
-        <translation>Taste Nummer: %@</translation>
+        <translation>Maustaste Nummer: %@</translation>
     </message>
 </context>
 <context>
@@ -616,7 +616,7 @@
     </message>
     <message>
         <source>As the desktop has it</source>
-        <translation>Wie auf dem Desktop</translation>
+        <translation>Wie in der Arbeitsumgebung</translation>
     </message>
     <message>
         <source> points</source>
@@ -632,7 +632,7 @@
     </message>
     <message>
         <source>Beside each item, as the application shows them.</source>
-        <translation>Neben jedem Eintrag, wie die Anwendung sie zeigt.</translation>
+        <translation>Neben jedem Eintrag, wie in der Anwendung selbst.</translation>
     </message>
     <message>
         <source>Show &amp;Tarragon&apos;s own menu</source>
@@ -640,31 +640,31 @@
     </message>
     <message>
         <source>The last of all menus, which leads to these preferences.</source>
-        <translation>Das letzte aller Menüs, das zu diesen Einstellungen führt.</translation>
+        <translation>Das letzte aller Menüs. Es führt zu diesen Einstellungen.</translation>
     </message>
     <message>
         <source>Show the a&amp;pplication&apos;s menus</source>
-        <translation>Menüs der An&amp;wendung anzeigen</translation>
+        <translation>Menüs der &amp;Anwendung anzeigen</translation>
     </message>
     <message>
         <source>Without them only the menu of the desktop is shown.</source>
-        <translation>Ohne sie wird nur das Menü des Desktops gezeigt.</translation>
+        <translation>Sonst erscheint nur das Menü der Arbeitsumgebung.</translation>
     </message>
     <message>
         <source>Show the menu of the &amp;desktop</source>
-        <translation>Menü des &amp;Desktops anzeigen</translation>
+        <translation>Menü der A&amp;rbeitsumgebung anzeigen</translation>
     </message>
     <message>
         <source>Before those of the application.</source>
-        <translation>Vor denen der Anwendung.</translation>
+        <translation>Vor den Menüs der Anwendung.</translation>
     </message>
     <message>
         <source>&amp;Fold items that stand for others</source>
-        <translation>Einträge &amp;falten, die für andere stehen</translation>
+        <translation>Alternative Einträge &amp;zusammenfassen</translation>
     </message>
     <message>
         <source>They show while a modifier key is held.</source>
-        <translation>Sie zeigen sich, solange eine Umschalttaste gehalten wird.</translation>
+        <translation>Sie erscheinen, solange eine Sondertaste gedrückt ist.</translation>
     </message>
     <message>
         <source>Tarragon</source>
@@ -672,15 +672,15 @@
     </message>
     <message>
         <source>&amp;Launch on login</source>
-        <translation>Bei der &amp;Anmeldung starten</translation>
+        <translation>Bei der Anmeldung &amp;starten</translation>
     </message>
     <message>
         <source>Tarragon starts by itself when you log in.</source>
-        <translation>Tarragon startet von selbst, wenn Sie sich anmelden.</translation>
+        <translation>Tarragon startet bei der Anmeldung von selbst.</translation>
     </message>
     <message>
         <source>Show an &amp;icon in the tray</source>
-        <translation>&amp;Symbol im Benachrichtigungsfeld</translation>
+        <translation>Symbol im &amp;Infobereich anzeigen</translation>
     </message>
     <message>
         <source>It holds Tarragon&apos;s own menu.</source>
@@ -688,15 +688,15 @@
     </message>
     <message>
         <source>How menus are opened</source>
-        <translation>Wie sich Menüs öffnen</translation>
+        <translation>So werden Menüs geöffnet</translation>
     </message>
     <message>
         <source>In general</source>
-        <translation>Im Allgemeinen</translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>At the pointer</source>
-        <translation>Am Zeiger</translation>
+        <translation>Am Mauszeiger</translation>
     </message>
     <message>
         <source>Above the window</source>
@@ -712,31 +712,31 @@
     </message>
     <message>
         <source>Tarragon brings the menus of the application in front to where you work: at the pointer, above the window, and on every screen. Switch on the ways that you like. They open the same menus, and a menu item does what it does in the application itself.</source>
-        <translation>Tarragon bringt die Menüs der vorderen Anwendung dorthin, wo Sie arbeiten: an den Zeiger, über das Fenster und auf jeden Bildschirm. Schalten Sie ein, was Ihnen gefällt. Überall öffnen sich dieselben Menüs, und ein Eintrag tut, was er in der Anwendung selbst tut.</translation>
+        <translation>Tarragon bringt die Menüs der aktiven Anwendung dorthin, wo gerade gearbeitet wird: an den Mauszeiger, über das Fenster und auf jeden Bildschirm. Jeder Weg lässt sich einzeln einschalten. Alle öffnen dieselben Menüs, und ein Menüeintrag bewirkt dasselbe wie in der Anwendung.</translation>
     </message>
     <message>
         <source>A combination of keys, or a mouse button, opens all menus at the pointer, wherever that is. The application keeps the keyboard the whole time. Choose both under &quot;Hot Key&quot;.</source>
-        <translation>Eine Tastenkombination oder eine Maustaste öffnet alle Menüs am Zeiger, wo immer er ist. Die Anwendung behält dabei die Tastatur. Wählen Sie beides unter „Tastenkürzel“.</translation>
+        <translation>Eine Tastenkombination oder eine Maustaste öffnet alle Menüs am Mauszeiger, wo immer er ist. Die Anwendung behält dabei die ganze Zeit die Tastatur. Beides wird unter „Tastenkürzel“ gewählt.</translation>
     </message>
     <message>
         <source>A small panel above the window in front shows the titles of its menus. Where there is no room above, it lies on the title bar. Drag the panel, and the window goes with it. Choose how it looks under &quot;Window Top&quot;.</source>
-        <translation>Eine kleine Leiste über dem vorderen Fenster zeigt die Titel seiner Menüs. Wo darüber kein Platz ist, liegt sie auf der Titelleiste. Ziehen Sie an der Leiste, und das Fenster geht mit. Wie sie aussieht, wählen Sie unter „Fensterrand“.</translation>
+        <translation>Ein kleines Panel über dem aktiven Fenster zeigt die Titel seiner Menüs. Wo darüber kein Platz ist, liegt es auf der Titelleiste. Wird das Panel gezogen, geht das Fenster mit. Das Aussehen wird unter „Fensterrand“ gewählt.</translation>
     </message>
     <message>
         <source>Every screen but the first can have a menu bar at its top, which shows the menus of the application in front, on whichever screen its window is. See &quot;Screen Top&quot;.</source>
-        <translation>Jeder Bildschirm außer dem ersten kann oben eine Menüleiste haben, die die Menüs der vorderen Anwendung zeigt, auf welchem Bildschirm ihr Fenster auch ist. Siehe „Bildschirmrand“.</translation>
+        <translation>Jeder Bildschirm außer dem ersten kann am oberen Rand eine Menüleiste haben. Sie zeigt die Menüs der aktiven Anwendung, auf welchem Bildschirm ihr Fenster auch ist. Siehe „Bildschirmrand“.</translation>
     </message>
     <message>
         <source>Some windows do without the panel: right-click a title in it to leave out the application, or windows of that title. All that you have left out is under &quot;Ignore List&quot;.</source>
-        <translation>Manche Fenster kommen ohne die Leiste aus: Ein Rechtsklick auf einen Titel darin nimmt die Anwendung aus, oder Fenster mit diesem Titel. Alles, was Sie ausgenommen haben, steht unter „Ausnahmen“.</translation>
+        <translation>Manche Fenster kommen ohne Panel aus: Ein Rechtsklick auf einen Titel darin lässt die Anwendung oder Fenster mit diesem Titel aus. Alles Ausgelassene steht unter „Ignorierliste“.</translation>
     </message>
     <message>
         <source>&amp;Reset to Defaults</source>
-        <translation>&amp;Zurücksetzen</translation>
+        <translation>Auf &amp;Vorgaben zurücksetzen</translation>
     </message>
     <message>
         <source>Apply and Re&amp;launch</source>
-        <translation>Anwenden und neu starten</translation>
+        <translation>An&amp;wenden und neu starten</translation>
     </message>
     <message>
         <source>&amp;Quit Tarragon</source>
@@ -752,19 +752,19 @@
     </message>
     <message>
         <source>Enable hotkey</source>
-        <translation>Tastenkürzel einschalten</translation>
+        <translation>Menüs mit einem Tasten&amp;kürzel öffnen</translation>
     </message>
     <message>
         <source>Press a combination of keys anywhere, and the menus of the application in front open at the pointer.</source>
-        <translation>Drücken Sie irgendwo eine Tastenkombination, und die Menüs der vorderen Anwendung öffnen sich am Zeiger.</translation>
+        <translation>An beliebiger Stelle eine Tastenkombination drücken, und die Menüs der aktiven Anwendung öffnen sich am Mauszeiger.</translation>
     </message>
     <message>
         <source>Now nothing opens the menus any more: the hot key, the panel and the bars are all switched off.</source>
-        <translation>Jetzt öffnet nichts mehr die Menüs: Tastenkürzel, Leiste und Menüleisten sind alle ausgeschaltet.</translation>
+        <translation>Das Tastenkürzel, das Panel und die Leisten sind alle ausgeschaltet. Mindestens eines davon einschalten, um die Menüs zu erreichen.</translation>
     </message>
     <message>
         <source>&amp;Combination:</source>
-        <translation>&amp;Kombination:</translation>
+        <translation>&amp;Tastenkombination:</translation>
     </message>
     <message>
         <source>Combination of keys that opens the menus</source>
@@ -772,11 +772,11 @@
     </message>
     <message>
         <source>Click the field, or press Return in it, and then press the new combination. Escape keeps the old one, Backspace leaves you without any.</source>
-        <translation>Klicken Sie in das Feld, oder drücken Sie darin die Eingabetaste, und drücken Sie dann die neue Kombination. Escape behält die alte, die Rücktaste löscht sie.</translation>
+        <translation>Das Feld anklicken oder darin die Eingabetaste drücken, dann die neue Kombination drücken. Esc behält die alte, die Rücktaste löscht sie.</translation>
     </message>
     <message>
         <source>Try Another Combination</source>
-        <translation>Andere Kombination versuchen</translation>
+        <translation>Andere Kombination wählen</translation>
     </message>
     <message>
         <source>Mouse</source>
@@ -784,15 +784,15 @@
     </message>
     <message>
         <source>Open the menus with a &amp;mouse button</source>
-        <translation>Die Menüs mit einer &amp;Maustaste öffnen</translation>
+        <translation>Menüs mit einer &amp;Maustaste öffnen</translation>
     </message>
     <message>
         <source>The menus open where you press it. The window below the pointer gets the press as well.</source>
-        <translation>Die Menüs öffnen sich, wo Sie sie drücken. Das Fenster unter dem Zeiger bekommt den Druck ebenfalls.</translation>
+        <translation>Die Menüs öffnen sich dort, wo die Taste gedrückt wird. Auch das Fenster unter dem Mauszeiger erhält den Tastendruck.</translation>
     </message>
     <message>
         <source>&amp;Button:</source>
-        <translation>&amp;Taste:</translation>
+        <translation>Ma&amp;ustaste:</translation>
     </message>
     <message>
         <source>Mouse button that opens the menus</source>
@@ -800,19 +800,19 @@
     </message>
     <message>
         <source>Click the field with the button that you want: the middle one, number 2, or one beyond it.</source>
-        <translation>Klicken Sie mit der gewünschten Taste in das Feld: der mittleren, Nummer 2, oder einer weiteren.</translation>
+        <translation>Das Feld mit der gewünschten Taste anklicken: mit der mittleren, Nummer 2, oder einer weiteren.</translation>
     </message>
     <message>
         <source>Show a &amp;panel above the window in front</source>
-        <translation>&amp;Leiste über dem vorderen Fenster zeigen</translation>
+        <translation>&amp;Panel über dem aktiven Fenster anzeigen</translation>
     </message>
     <message>
         <source>It shows the titles of the window&apos;s menus.</source>
-        <translation>Sie zeigt die Titel der Menüs des Fensters.</translation>
+        <translation>Es zeigt die Titel der Menüs des Fensters.</translation>
     </message>
     <message>
         <source>What the panel shows</source>
-        <translation>Was die Leiste zeigt</translation>
+        <translation>Was das Panel zeigt</translation>
     </message>
     <message>
         <source>&amp;Every title, side by side</source>
@@ -820,23 +820,23 @@
     </message>
     <message>
         <source>&amp;One button that opens all menus</source>
-        <translation>&amp;Ein Knopf, der alle Menüs öffnet</translation>
+        <translation>&amp;Eine Schaltfläche, die alle Menüs öffnet</translation>
     </message>
     <message>
         <source>&amp;Label of that button:</source>
-        <translation>Auf&amp;schrift dieses Knopfs:</translation>
+        <translation>&amp;Beschriftung der Schaltfläche:</translation>
     </message>
     <message>
         <source>What stands on the one button.</source>
-        <translation>Was auf dem einen Knopf steht.</translation>
+        <translation>Der Text auf der einen Schaltfläche.</translation>
     </message>
     <message>
         <source>Look of the &amp;buttons:</source>
-        <translation>Aussehen der &amp;Knöpfe:</translation>
+        <translation>A&amp;ussehen der Schaltflächen:</translation>
     </message>
     <message>
         <source>Rounded</source>
-        <translation>Gerundet</translation>
+        <translation>Abgerundet</translation>
     </message>
     <message>
         <source>Recessed</source>
@@ -856,7 +856,7 @@
     </message>
     <message>
         <source>How titles and button are drawn.</source>
-        <translation>Wie Titel und Knopf gezeichnet werden.</translation>
+        <translation>Wie Titel und Schaltfläche gezeichnet werden.</translation>
     </message>
     <message>
         <source>&amp;Size of the titles:</source>
@@ -864,51 +864,51 @@
     </message>
     <message>
         <source>Larger titles leave room for fewer of them.</source>
-        <translation>Größere Titel lassen Platz für weniger davon.</translation>
+        <translation>Je größer die Titel, desto weniger haben Platz.</translation>
     </message>
     <message>
         <source>Buttons have a border</source>
-        <translation>Knöpfe haben einen Rand</translation>
+        <translation>Schaltflächen mit Rand</translation>
     </message>
     <message>
         <source>A line around each button.</source>
-        <translation>Eine Linie um jeden Knopf.</translation>
+        <translation>Eine Linie um jede Schaltfläche.</translation>
     </message>
     <message>
         <source>Buttons have a shadow</source>
-        <translation>Knöpfe haben einen Schatten</translation>
+        <translation>Schaltflächen mit Schatten</translation>
     </message>
     <message>
         <source>Below each button.</source>
-        <translation>Unter jedem Knopf.</translation>
+        <translation>Unter jeder Schaltfläche.</translation>
     </message>
     <message>
         <source>Buttons have a texture</source>
-        <translation>Knöpfe haben eine Struktur</translation>
+        <translation>Schaltflächen mit Struktur</translation>
     </message>
     <message>
         <source>Within each button.</source>
-        <translation>In jedem Knopf.</translation>
+        <translation>In jeder Schaltfläche.</translation>
     </message>
     <message>
         <source>Buttons are round</source>
-        <translation>Knöpfe sind rund</translation>
+        <translation>Runde Schaltflächen</translation>
     </message>
     <message>
         <source>Each button has round corners.</source>
-        <translation>Jeder Knopf hat runde Ecken.</translation>
+        <translation>Jede Schaltfläche hat runde Ecken.</translation>
     </message>
     <message>
         <source>Where and when it shows</source>
-        <translation>Wo und wann sie sich zeigt</translation>
+        <translation>Wo und wann es erscheint</translation>
     </message>
     <message>
         <source>Always &amp;visible</source>
-        <translation>Immer &amp;sichtbar</translation>
+        <translation>&amp;Immer sichtbar</translation>
     </message>
     <message>
         <source>Otherwise it comes when the pointer is where it would be, and goes with it.</source>
-        <translation>Sonst kommt sie, wenn der Zeiger dort ist, wo sie wäre, und geht mit ihm.</translation>
+        <translation>Sonst erscheint es nur, solange der Mauszeiger an seiner Stelle ist.</translation>
     </message>
     <message>
         <source>On the &amp;title bar</source>
@@ -920,11 +920,11 @@
     </message>
     <message>
         <source>Also on the &amp;first screen</source>
-        <translation>Auch auf dem &amp;ersten Bildschirm</translation>
+        <translation>Auch auf dem e&amp;rsten Bildschirm</translation>
     </message>
     <message>
         <source>Windows on the other screens have it in any case.</source>
-        <translation>Fenster auf den anderen Bildschirmen haben sie in jedem Fall.</translation>
+        <translation>Fenster auf den anderen Bildschirmen haben es in jedem Fall.</translation>
     </message>
     <message>
         <source>&amp;Not at the very top of the first screen</source>
@@ -932,35 +932,35 @@
     </message>
     <message>
         <source>Where a window touches the upper edge, the panel stays away.</source>
-        <translation>Wo ein Fenster den oberen Rand berührt, bleibt die Leiste weg.</translation>
+        <translation>Berührt ein Fenster den oberen Rand, bleibt das Panel weg.</translation>
     </message>
     <message>
         <source>Show a menu &amp;bar on every screen but the first</source>
-        <translation>Menü&amp;leiste auf jedem Bildschirm außer dem ersten</translation>
+        <translation>Menü&amp;leiste auf jedem Bildschirm außer dem ersten anzeigen</translation>
     </message>
     <message>
         <source>At its top, with the menus of the application in front.</source>
-        <translation>Oben, mit den Menüs der vorderen Anwendung.</translation>
+        <translation>Am oberen Rand, mit den Menüs der aktiven Anwendung.</translation>
     </message>
     <message>
         <source>The bars</source>
-        <translation>Die Menüleisten</translation>
+        <translation>Die Leisten</translation>
     </message>
     <message>
         <source>&amp;Hide the bar</source>
-        <translation>Leiste aus&amp;blenden</translation>
+        <translation>Leiste &amp;ausblenden</translation>
     </message>
     <message>
         <source>It comes when the pointer touches the upper edge of the screen, and goes with it. Otherwise windows keep clear of it.</source>
-        <translation>Sie kommt, wenn der Zeiger den oberen Rand des Bildschirms berührt, und geht mit ihm. Sonst bleiben Fenster von ihr fern.</translation>
+        <translation>Sie erscheint, wenn der Mauszeiger den oberen Bildschirmrand berührt, und verschwindet mit ihm. Ist sie nicht ausgeblendet, lassen Fenster ihr Platz.</translation>
     </message>
     <message>
         <source>Only the &amp;left half of the edge has it come</source>
-        <translation>Nur die &amp;linke Hälfte des Rands holt sie</translation>
+        <translation>Nur an der lin&amp;ken Hälfte des Randes einblenden</translation>
     </message>
     <message>
         <source>The right half stays free for other things that wait there.</source>
-        <translation>Die rechte Hälfte bleibt frei für anderes, das dort wartet.</translation>
+        <translation>Die rechte Hälfte bleibt für anderes frei, das dort ausgelöst wird.</translation>
     </message>
     <message>
         <source>&amp;Translucent</source>
@@ -968,11 +968,11 @@
     </message>
     <message>
         <source>What lies below the bar shines through, where the desktop can do that.</source>
-        <translation>Was unter der Leiste liegt, scheint durch, wo der Desktop das kann.</translation>
+        <translation>Was unter der Leiste liegt, scheint durch, sofern die Arbeitsumgebung das beherrscht.</translation>
     </message>
     <message>
         <source>Shows the menu bar of the application in front where your pointer and eyes are.</source>
-        <translation>Zeigt die Menüleiste der vorderen Anwendung dort, wo Zeiger und Augen sind.</translation>
+        <translation>Zeigt die Menüleiste der aktiven Anwendung dort, wo Mauszeiger und Augen gerade sind.</translation>
     </message>
     <message>
         <source>Licence</source>
@@ -980,7 +980,7 @@
     </message>
     <message>
         <source>Copyright 2026 The Tarragon developers. Free software under the MIT License: you may use, change and pass it on, without warranty.</source>
-        <translation>Copyright 2026 The Tarragon developers. Freie Software unter der MIT-Lizenz: Sie dürfen sie nutzen, ändern und weitergeben, ohne Gewähr.</translation>
+        <translation>Copyright 2026 Die Tarragon-Entwickler. Freie Software unter der MIT-Lizenz: Sie darf verwendet, verändert und weitergegeben werden, ohne Gewährleistung.</translation>
     </message>
     <message>
         <source>Libraries</source>
@@ -988,27 +988,27 @@
     </message>
     <message>
         <source>Libraries that Tarragon uses</source>
-        <translation>Bibliotheken, die Tarragon verwendet</translation>
+        <translation>Von Tarragon verwendete Bibliotheken</translation>
     </message>
     <message>
         <source>&amp;Web Page</source>
-        <translation>&amp;Webseite</translation>
+        <translation>&amp;Internetseite</translation>
     </message>
     <message>
         <source>First &amp;Social Page</source>
-        <translation>Erste &amp;soziale Seite</translation>
+        <translation>&amp;Erste Social-Media-Seite</translation>
     </message>
     <message>
         <source>Se&amp;cond Social Page</source>
-        <translation>&amp;Zweite soziale Seite</translation>
+        <translation>&amp;Zweite Social-Media-Seite</translation>
     </message>
     <message>
         <source>Press a title in the panel above the window and its menu opens; move along and the next one does. Drag the panel by its background, and the window moves with it. A right click on a title offers to do without the panel there.</source>
-        <translation>Drücken Sie auf einen Titel in der Leiste über dem Fenster, und sein Menü öffnet sich; bewegen Sie den Zeiger weiter, und das nächste öffnet sich. Ziehen Sie am Grund der Leiste, und das Fenster geht mit. Ein Rechtsklick auf einen Titel bietet an, dort ohne Leiste auszukommen.</translation>
+        <translation>Ein Druck auf einen Titel im Panel über dem Fenster öffnet dessen Menü. Beim Weiterfahren mit der Maus öffnet sich das nächste. Wird das Panel am Hintergrund gezogen, bewegt sich das Fenster mit. Ein Rechtsklick auf einen Titel bietet an, dort auf das Panel zu verzichten.</translation>
     </message>
     <message>
         <source>Every screen but the first has a menu bar along its top, for the application in front on whichever screen its window is.</source>
-        <translation>Jeder Bildschirm außer dem ersten hat oben eine Menüleiste, für die vordere Anwendung, auf welchem Bildschirm ihr Fenster auch ist.</translation>
+        <translation>Jeder Bildschirm außer dem ersten hat am oberen Rand eine Menüleiste für die aktive Anwendung, auf welchem Bildschirm ihr Fenster auch ist.</translation>
     </message>
     <message>
         <source>Choosing an item</source>
@@ -1016,15 +1016,15 @@
     </message>
     <message>
         <source>Click it, or go there with the arrow keys and press Return. Typing the first letters of an item finds it, and Escape closes the menus. The application does what its own menu item does.</source>
-        <translation>Klicken Sie darauf, oder gehen Sie mit den Pfeiltasten hin und drücken Sie die Eingabetaste. Die ersten Buchstaben eines Eintrags finden ihn, und Escape schließt die Menüs. Die Anwendung tut, was ihr eigener Menüeintrag tut.</translation>
+        <translation>Den Eintrag anklicken oder mit den Pfeiltasten ansteuern und die Eingabetaste drücken. Die ersten Buchstaben eines Eintrags einzutippen führt zu ihm, Esc schließt die Menüs. Die Anwendung tut dasselbe wie bei ihrem eigenen Menüeintrag.</translation>
     </message>
     <message>
         <source>&amp;Watch a Film</source>
-        <translation>Einen &amp;Film ansehen</translation>
+        <translation>&amp;Video ansehen</translation>
     </message>
     <message>
         <source>Panes</source>
-        <translation>Seiten</translation>
+        <translation>Bereiche</translation>
     </message>
     <message>
         <source>General</source>
@@ -1044,7 +1044,7 @@
     </message>
     <message>
         <source>Ignore List</source>
-        <translation>Ausnahmen</translation>
+        <translation>Ignorierliste</translation>
     </message>
     <message>
         <source>About</source>

@@ -5,11 +5,11 @@
     <name>AccessibilityAlert</name>
     <message>
         <source>Tarragon requires that Apple&apos;s Accessibility API be enabled.</source>
-        <translation>Tarragon a besoin des services d&apos;accessibilité de votre bureau.</translation>
+        <translation>Tarragon a besoin des services d’accessibilité de l’environnement de bureau.</translation>
     </message>
     <message>
         <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
-        <translation>Voulez-vous les activer ? Tarragon se termine alors ; relancez-le ensuite.</translation>
+        <translation>Faut-il les activer&#xa0;? Tarragon se ferme ensuite et doit être relancé, de même que les applications dont les menus n’apparaissent pas. (Sous GNOME, Xfce et la plupart des autres environnements de bureau, ces services sont fournis par le paquet at-spi2-core. Sans lui, rien ne se passe.)</translation>
     </message>
     <message>
         <source>Open System Preferences</source>
@@ -24,15 +24,15 @@
     <name>AppDelegate</name>
     <message>
         <source>No program could be found to open the page: %@</source>
-        <translation>Aucun programme n’a été trouvé pour ouvrir la page : %@</translation>
+        <translation>Aucun programme n’a été trouvé pour ouvrir la page&#xa0;: %@</translation>
     </message>
     <message>
         <source>%@ does not open the menus</source>
-        <translation>%@ n&apos;ouvre pas les menus</translation>
+        <translation>%@ n’ouvre pas les menus</translation>
     </message>
     <message>
         <source>The desktop or another program keeps this combination of keys for itself.</source>
-        <translation>Le bureau ou un autre programme garde cette combinaison de touches pour lui.</translation>
+        <translation>Cette combinaison de touches est déjà utilisée par l’environnement de bureau ou un autre programme.</translation>
     </message>
     <message>
         <source>Choose Another</source>
@@ -47,11 +47,11 @@
     </message>
     <message>
         <source>Search applications</source>
-        <translation>Chercher des applications</translation>
+        <translation>Rechercher des applications</translation>
     </message>
     <message>
         <source>Type a part of the application&apos;s name</source>
-        <translation>Tapez une partie du nom de l&apos;application</translation>
+        <translation>Saisir une partie du nom de l’application</translation>
     </message>
     <message>
         <source>Installed applications</source>
@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>No installed application matches. &quot;Other&quot; finds an application by its file.</source>
-        <translation>Aucune application installée ne correspond. « Autre » trouve une application par son fichier.</translation>
+        <translation>Aucune application installée ne correspond. «&#xa0;Autre&#xa0;» permet de choisir une application par son fichier.</translation>
     </message>
     <message>
         <source>Add</source>
@@ -75,7 +75,7 @@
     </message>
     <message>
         <source>Choose an application that is not in the list by its file</source>
-        <translation>Choisir par son fichier une application qui n&apos;est pas dans la liste</translation>
+        <translation>Choisir par son fichier une application absente de la liste</translation>
     </message>
     <message>
         <source>Choose an Application</source>
@@ -86,15 +86,15 @@
     <name>IgnoreListView</name>
     <message>
         <source>Type new window title or wildcard pattern here</source>
-        <translation>Tapez ici un titre de fenêtre ou un motif</translation>
+        <translation>Saisir un titre de fenêtre ou un motif</translation>
     </message>
     <message>
         <source>Select an application to see which of its windows are ignored.</source>
-        <translation>Choisissez une application pour voir lesquelles de ses fenêtres sont ignorées.</translation>
+        <translation>Sélectionner une application pour voir lesquelles de ses fenêtres sont ignorées.</translation>
     </message>
     <message>
         <source>This entry cannot be read. Remove it and add the application again to change it.</source>
-        <translation>Cette entrée est illisible. Retirez-la et ajoutez de nouveau l&apos;application pour la modifier.</translation>
+        <translation>Cette entrée est illisible. Pour la modifier, la supprimer puis ajouter de nouveau l’application.</translation>
     </message>
     <message>
         <source>All windows of this application are ignored.</source>
@@ -102,15 +102,15 @@
     </message>
     <message>
         <source>Add the title of a window to ignore, or a pattern: * stands for any text, ? for one character.</source>
-        <translation>Ajoutez le titre d&apos;une fenêtre à ignorer, ou un motif : * vaut pour tout texte, ? pour un caractère.</translation>
+        <translation>Ajouter le titre d’une fenêtre à ignorer, ou un motif&#xa0;: * remplace n’importe quel texte, ? un seul caractère.</translation>
     </message>
     <message>
         <source>Pick a Window…</source>
-        <translation>Montrer une fenêtre…</translation>
+        <translation>Désigner une fenêtre…</translation>
     </message>
     <message>
         <source>Ignore the window that you click next</source>
-        <translation>Ignorer la fenêtre sur laquelle vous cliquez ensuite</translation>
+        <translation>Ignorer la prochaine fenêtre cliquée</translation>
     </message>
     <message>
         <source>Ignored applications</source>
@@ -118,7 +118,7 @@
     </message>
     <message>
         <source>No application is ignored yet. Add one to hide the panel over its windows.</source>
-        <translation>Aucune application n&apos;est encore ignorée. Ajoutez-en une pour masquer le panneau sur ses fenêtres.</translation>
+        <translation>Aucune application n’est encore ignorée. En ajouter une pour masquer le panneau au-dessus de ses fenêtres.</translation>
     </message>
     <message>
         <source>Add…</source>
@@ -130,11 +130,11 @@
     </message>
     <message>
         <source>Remove</source>
-        <translation>Retirer</translation>
+        <translation>Supprimer</translation>
     </message>
     <message>
         <source>Remove the selected application from the list</source>
-        <translation>Retirer de la liste l&apos;application choisie</translation>
+        <translation>Supprimer de la liste l’application sélectionnée</translation>
     </message>
     <message>
         <source>Ignore all windows of this application</source>
@@ -142,11 +142,11 @@
     </message>
     <message>
         <source>Whatever their titles are. Without it, only windows with these titles.</source>
-        <translation>Quels que soient leurs titres. Sans cela, seules les fenêtres de ces titres.</translation>
+        <translation>Quel que soit leur titre. Sinon, seulement les fenêtres portant ces titres.</translation>
     </message>
     <message>
         <source>Ignored window titles and patterns</source>
-        <translation>Titres de fenêtres et motifs ignorés</translation>
+        <translation>Titres de fenêtre et motifs ignorés</translation>
     </message>
     <message>
         <source>Add Title</source>
@@ -158,27 +158,27 @@
     </message>
     <message>
         <source>Remove the selected window title or pattern</source>
-        <translation>Retirer le titre de fenêtre ou le motif choisi</translation>
+        <translation>Supprimer le titre de fenêtre ou le motif sélectionné</translation>
     </message>
     <message>
         <source>Applications:</source>
-        <translation>Applications :</translation>
+        <translation>Applications&#xa0;:</translation>
     </message>
     <message>
         <source>Click the window to ignore. Escape cancels.</source>
-        <translation>Cliquez sur la fenêtre à ignorer. Échap annule.</translation>
+        <translation>Cliquer sur la fenêtre à ignorer. Échap annule.</translation>
     </message>
     <message>
         <source>The pointer cannot be had just now. Please try again.</source>
-        <translation>Le pointeur n&apos;est pas disponible en ce moment. Veuillez réessayer.</translation>
+        <translation>Le pointeur est actuellement utilisé par un autre programme. Veuillez réessayer.</translation>
     </message>
     <message>
         <source>It is not known which application that window belongs to.</source>
-        <translation>On ne sait pas à quelle application appartient cette fenêtre.</translation>
+        <translation>Impossible de déterminer à quelle application appartient cette fenêtre.</translation>
     </message>
     <message>
         <source>That window has no title to know it by. Add its application instead.</source>
-        <translation>Cette fenêtre n&apos;a pas de titre qui permette de la reconnaître. Ajoutez plutôt son application.</translation>
+        <translation>Cette fenêtre n’a pas de titre. Ajouter plutôt son application.</translation>
     </message>
     <message>
         <source>Window title or pattern</source>
@@ -224,7 +224,7 @@
     </message>
     <message>
         <source>Clear</source>
-        <translation>Effacer</translation>
+        <translation>Verr. num.</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Help</source>
-        <translation>Aide</translation>
+        <translation>Inser</translation>
     </message>
     <message>
         <source>Home</source>
@@ -272,7 +272,7 @@
     </message>
     <message>
         <source>Command+</source>
-        <translation>Super+</translation>
+        <translation>Ctrl+</translation>
     </message>
     <message>
         <source>Option+</source>
@@ -280,7 +280,7 @@
     </message>
     <message>
         <source>Control+</source>
-        <translation>Ctrl+</translation>
+        <translation>Super+</translation>
     </message>
     <message>
         <source>Shift+</source>
@@ -288,7 +288,7 @@
     </message>
     <message>
         <source>Pad %@</source>
-        <translation>Pavé %@</translation>
+        <translation>%@ (pavé)</translation>
     </message>
 </context>
 <context>
@@ -311,11 +311,11 @@
     </message>
     <message>
         <source>The address of the release list is no https, http or file address: %@</source>
-        <translation>L’adresse de la liste des versions n’est pas une adresse https, http ou file : %@</translation>
+        <translation>L’adresse de la liste des versions n’est pas une adresse https, http ou file&#xa0;: %@</translation>
     </message>
     <message>
         <source>The release list cannot be reached: %@</source>
-        <translation>La liste des versions est inaccessible : %@</translation>
+        <translation>La liste des versions est inaccessible&#xa0;: %@</translation>
     </message>
     <message>
         <source>The address of the release list leads on to one that is less safe.</source>
@@ -323,7 +323,7 @@
     </message>
     <message>
         <source>The server of the release list answered: %@</source>
-        <translation>Le serveur de la liste des versions a répondu : %@</translation>
+        <translation>Le serveur de la liste des versions a répondu&#xa0;: %@</translation>
     </message>
     <message>
         <source>The release list did not arrive in time.</source>
@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>This is Tarragon %@. Newer versions come with the updates of your system, or set &quot;UpdateFeed&quot; in the preferences to the address of a release list.</source>
-        <translation>Version installée : Tarragon %@. Les nouvelles versions arrivent avec les mises à jour du système. Il est aussi possible d’indiquer l’adresse d’une liste des versions dans la préférence « UpdateFeed ».</translation>
+        <translation>Version installée&#xa0;: Tarragon %@. Les nouvelles versions arrivent avec les mises à jour du système. Il est aussi possible d’indiquer l’adresse d’une liste des versions dans la préférence «&#xa0;UpdateFeed&#xa0;».</translation>
     </message>
     <message>
         <source>Looking for a newer version...</source>
@@ -359,7 +359,7 @@
     </message>
     <message>
         <source>This is Tarragon %@.</source>
-        <translation>Version installée : Tarragon %@.</translation>
+        <translation>Version installée&#xa0;: Tarragon %@.</translation>
     </message>
     <message>
         <source>Tarragon is up to date.</source>
@@ -398,19 +398,19 @@
     <name>PreferenceTexts</name>
     <message>
         <source>A combination of keys opens the menus at the pointer, once you have switched it on under &quot;Hot Key&quot;.</source>
-        <translation>Une combinaison de touches ouvre les menus au pointeur, une fois activée sous « Raccourci ».</translation>
+        <translation>Une combinaison de touches ouvre les menus au pointeur, une fois activée sous «&#xa0;Raccourci&#xa0;».</translation>
     </message>
     <message>
         <source>A combination of keys opens the menus at the pointer, once you have chosen one that is free.</source>
-        <translation>Une combinaison de touches ouvre les menus au pointeur, une fois que vous en avez choisi une qui est libre.</translation>
+        <translation>Une combinaison de touches ouvre les menus au pointeur, une fois choisie parmi celles qui sont libres.</translation>
     </message>
     <message>
         <source>Press %@ anywhere, and the menus of the application in front open at the pointer.</source>
-        <translation>Appuyez n&apos;importe où sur %@, et les menus de l&apos;application au premier plan s&apos;ouvrent au pointeur.</translation>
+        <translation>Où que ce soit, %@ ouvre au pointeur les menus de l’application active.</translation>
     </message>
     <message>
         <source>A mouse button can do the same: switch that on under &quot;Hot Key&quot;.</source>
-        <translation>Un bouton de la souris peut faire de même : activez-le sous « Raccourci ».</translation>
+        <translation>Un bouton de la souris peut en faire autant&#xa0;: l’activer sous «&#xa0;Raccourci&#xa0;».</translation>
     </message>
     <message>
         <source>The middle mouse button does the same.</source>
@@ -422,11 +422,11 @@
     </message>
     <message>
         <source>Click an item afterwards, or hold the button, move onto an item and let go there.</source>
-        <translation>Cliquez ensuite sur un élément, ou gardez le bouton enfoncé, allez sur un élément et relâchez-le là.</translation>
+        <translation>Cliquer ensuite sur un élément, ou maintenir le bouton enfoncé et le relâcher sur un élément.</translation>
     </message>
     <message>
         <source>%@ does not open the menus: the desktop or another program keeps this combination for itself.</source>
-        <translation>%@ n&apos;ouvre pas les menus : le bureau ou un autre programme garde cette combinaison pour lui.</translation>
+        <translation>%@ n’ouvre pas les menus&#xa0;: cette combinaison est déjà utilisée par l’environnement de bureau ou un autre programme.</translation>
     </message>
     <message>
         <source>Please choose another one.</source>
@@ -450,11 +450,11 @@
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon ne peut pas lire les menus des autres applications, car les services d&apos;accessibilité de votre bureau sont désactivés. Vous pouvez les activer ici. Certaines applications doivent ensuite être relancées.</translation>
+        <translation>Tarragon ne peut pas lire les menus des autres applications, car les services d’accessibilité de l’environnement de bureau sont désactivés. Ils peuvent être activés ici. Certaines applications doivent ensuite être relancées.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>
-        <translation>Chaque changement prend effet aussitôt.</translation>
+        <translation>Les modifications prennent effet immédiatement.</translation>
     </message>
 </context>
 <context>
@@ -484,11 +484,11 @@
     </message>
     <message>
         <source>Press it and then the keys. Escape leaves it as it was, Backspace clears it.</source>
-        <translation>Appuyez dessus puis sur les touches. Échap la laisse telle quelle, Retour arrière l&apos;efface.</translation>
+        <translation>Appuyer ici, puis sur les touches. Échap ne change rien, Retour arrière efface la combinaison.</translation>
     </message>
     <message>
         <source>Leave it as it was</source>
-        <translation>La laisser telle quelle</translation>
+        <translation>Ne rien changer</translation>
     </message>
     <message>
         <source>Clear the combination</source>
@@ -500,35 +500,35 @@
     </message>
     <message>
         <source>Press the keys</source>
-        <translation>Appuyez sur les touches</translation>
+        <translation>Appuyer sur les touches</translation>
     </message>
     <message>
         <source>Another program is using the keyboard. Try again in a moment.</source>
-        <translation>Un autre programme utilise le clavier. Réessayez dans un instant.</translation>
+        <translation>Un autre programme utilise le clavier. Réessayer dans un instant.</translation>
     </message>
     <message>
         <source>The desktop has taken the keyboard back. Nothing was recorded; try again.</source>
-        <translation>Le bureau a repris le clavier. Rien n&apos;a été enregistré ; réessayez.</translation>
+        <translation>L’environnement de bureau a repris le clavier. Rien n’a été enregistré, veuillez réessayer.</translation>
     </message>
     <message>
         <source>This key cannot be used. Press another one, or Escape to leave it as it was.</source>
-        <translation>Cette touche ne peut pas servir. Appuyez sur une autre, ou sur Échap pour tout laisser tel quel.</translation>
+        <translation>Cette touche ne peut pas être utilisée. Appuyer sur une autre, ou sur Échap pour ne rien changer.</translation>
     </message>
     <message>
         <source>This key opens the menus even where you want to type with it. Hold another key with it, such as Alt.</source>
-        <translation>Cette touche ouvre les menus même là où vous voulez écrire avec elle. Tenez-en une autre en même temps, comme Alt.</translation>
+        <translation>Cette touche ouvre les menus même pendant la saisie de texte. La combiner avec une autre touche, comme Alt.</translation>
     </message>
     <message>
         <source>The key combination can&apos;t be used!</source>
-        <translation>La combinaison de touches ne peut pas être utilisée !</translation>
+        <translation>La combinaison de touches ne peut pas être utilisée&#xa0;!</translation>
     </message>
     <message>
         <source>The desktop does not tell which key combinations are its own, so that this one may be one of them.</source>
-        <translation>Le bureau ne dit pas quelles combinaisons de touches sont les siennes, celle-ci peut donc en être une.</translation>
+        <translation>L’environnement de bureau n’indique pas quelles combinaisons de touches il utilise&#xa0;; celle-ci en fait peut-être partie.</translation>
     </message>
     <message>
         <source>This key has no name in the keyboard layout that is switched on.</source>
-        <translation>Cette touche n&apos;a pas de nom dans la disposition de clavier active.</translation>
+        <translation>Cette touche n’a pas de nom dans la disposition de clavier active.</translation>
     </message>
     <message>
         <source>OK</source>
@@ -538,32 +538,32 @@
 <context>
     <name>SRValidator</name>
     <message>
-        <source>it&apos;s already used by a system-wide keyboard shortcut. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
-        <translation>elle est déjà utilisée par un raccourci clavier du système. (Pour utiliser malgré tout cette combinaison de touches, la plupart des raccourcis se modifient dans les paramètres du clavier de l’environnement de bureau.)</translation>
-    </message>
-    <message>
-        <source>it&apos;s already used by a system-wide keyboard shortcut, %@. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
-        <translation>elle est déjà utilisée par le bureau : %@. (Si vous tenez à cette combinaison, la plupart peuvent être changées dans les réglages du clavier du bureau.)</translation>
-    </message>
-    <message>
         <source>it&apos;s already used</source>
         <translation>elle est déjà utilisée</translation>
     </message>
     <message>
+        <source>it&apos;s already used by a system-wide keyboard shortcut. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
+        <translation>elle est déjà utilisée par un raccourci clavier du système. (Pour utiliser malgré tout cette combinaison de touches, la plupart des raccourcis se modifient dans les paramètres du clavier de l’environnement de bureau.)</translation>
+    </message>
+    <message>
         <source>it&apos;s already used by the menu item &quot;%@&quot;.</source>
-        <translation>elle est déjà utilisée par l’élément de menu « %@ ».</translation>
+        <translation>elle est déjà utilisée par l’élément de menu «&#xa0;%@&#xa0;».</translation>
     </message>
     <message>
         <source>The key combination %@ can&apos;t be used!</source>
-        <translation>La combinaison de touches %@ ne peut pas être utilisée !</translation>
+        <translation>La combinaison de touches %@ ne peut pas être utilisée&#xa0;!</translation>
     </message>
     <message>
         <source>The key combination &quot;%@&quot; can&apos;t be used because %@</source>
-        <translation>La combinaison de touches « %@ » ne peut pas être utilisée : %@</translation>
+        <translation>La combinaison de touches «&#xa0;%@&#xa0;» ne peut pas être utilisée&#xa0;: %@</translation>
     </message>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>it&apos;s already used by a system-wide keyboard shortcut, %@. (If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.)</source>
+        <translation>elle est déjà utilisée par un raccourci clavier du système, «&#xa0;%@&#xa0;». (Pour utiliser malgré tout cette combinaison de touches, la plupart des raccourcis se modifient dans les paramètres du clavier de l’environnement de bureau.)</translation>
     </message>
 </context>
 <context>
@@ -593,11 +593,11 @@
     <name>ZDMouseButtonIdentifier</name>
     <message>
         <source>Click here with the mouse button that is to open the menus.</source>
-        <translation>Cliquez ici avec le bouton de la souris qui doit ouvrir les menus.</translation>
+        <translation>Cliquer ici avec le bouton de la souris qui doit ouvrir les menus.</translation>
     </message>
     <message>
         <source>Button Number: %@</source>
-        <translation>Bouton numéro : %@</translation>
+        <translation>Bouton numéro&#xa0;: %@</translation>
     </message>
 </context>
 <context>
@@ -612,7 +612,7 @@
     </message>
     <message>
         <source>Size of the &amp;menus:</source>
-        <translation>Taille des &amp;menus :</translation>
+        <translation>Taille des &amp;menus&#xa0;:</translation>
     </message>
     <message>
         <source>As the desktop has it</source>
@@ -624,47 +624,47 @@
     </message>
     <message>
         <source>For all menus that Tarragon opens.</source>
-        <translation>Pour tous les menus que Tarragon ouvre.</translation>
+        <translation>Pour tous les menus ouverts par Tarragon.</translation>
     </message>
     <message>
         <source>Show &amp;keyboard shortcuts</source>
-        <translation>Montrer les raccourcis &amp;clavier</translation>
+        <translation>Afficher les &amp;raccourcis clavier</translation>
     </message>
     <message>
         <source>Beside each item, as the application shows them.</source>
-        <translation>À côté de chaque élément, comme l&apos;application les montre.</translation>
+        <translation>À côté de chaque élément, comme dans l’application.</translation>
     </message>
     <message>
         <source>Show &amp;Tarragon&apos;s own menu</source>
-        <translation>Montrer le menu de &amp;Tarragon</translation>
+        <translation>Afficher le menu de &amp;Tarragon</translation>
     </message>
     <message>
         <source>The last of all menus, which leads to these preferences.</source>
-        <translation>Le dernier de tous, qui mène à ces préférences.</translation>
+        <translation>Le dernier de tous les menus, qui mène à ces préférences.</translation>
     </message>
     <message>
         <source>Show the a&amp;pplication&apos;s menus</source>
-        <translation>Montrer les menus de l&apos;a&amp;pplication</translation>
+        <translation>Afficher les menus de l’&amp;application</translation>
     </message>
     <message>
         <source>Without them only the menu of the desktop is shown.</source>
-        <translation>Sans eux, seul le menu du bureau est montré.</translation>
+        <translation>Sinon, seul le menu du bureau est affiché.</translation>
     </message>
     <message>
         <source>Show the menu of the &amp;desktop</source>
-        <translation>Montrer le menu du &amp;bureau</translation>
+        <translation>Afficher le menu du &amp;bureau</translation>
     </message>
     <message>
         <source>Before those of the application.</source>
-        <translation>Avant ceux de l&apos;application.</translation>
+        <translation>Avant ceux de l’application.</translation>
     </message>
     <message>
         <source>&amp;Fold items that stand for others</source>
-        <translation>&amp;Plier les éléments qui en remplacent d&apos;autres</translation>
+        <translation>Re&amp;grouper les éléments alternatifs</translation>
     </message>
     <message>
         <source>They show while a modifier key is held.</source>
-        <translation>Ils se montrent tant qu&apos;une touche de modification est enfoncée.</translation>
+        <translation>Ils apparaissent tant qu’une touche de modification est enfoncée.</translation>
     </message>
     <message>
         <source>Tarragon</source>
@@ -672,15 +672,15 @@
     </message>
     <message>
         <source>&amp;Launch on login</source>
-        <translation>&amp;Lancer à l&apos;ouverture de session</translation>
+        <translation>&amp;Lancer à l’ouverture de session</translation>
     </message>
     <message>
         <source>Tarragon starts by itself when you log in.</source>
-        <translation>Tarragon démarre tout seul quand vous ouvrez une session.</translation>
+        <translation>Tarragon démarre tout seul à l’ouverture de session.</translation>
     </message>
     <message>
         <source>Show an &amp;icon in the tray</source>
-        <translation>Montrer une &amp;icône dans la zone de notification</translation>
+        <translation>Afficher une &amp;icône dans la zone de notification</translation>
     </message>
     <message>
         <source>It holds Tarragon&apos;s own menu.</source>
@@ -688,7 +688,7 @@
     </message>
     <message>
         <source>How menus are opened</source>
-        <translation>Comment les menus s&apos;ouvrent</translation>
+        <translation>Comment ouvrir les menus</translation>
     </message>
     <message>
         <source>In general</source>
@@ -708,35 +708,35 @@
     </message>
     <message>
         <source>Not for every window</source>
-        <translation>Pas pour chaque fenêtre</translation>
+        <translation>Pas pour toutes les fenêtres</translation>
     </message>
     <message>
         <source>Tarragon brings the menus of the application in front to where you work: at the pointer, above the window, and on every screen. Switch on the ways that you like. They open the same menus, and a menu item does what it does in the application itself.</source>
-        <translation>Tarragon amène les menus de l&apos;application au premier plan là où vous travaillez : au pointeur, au-dessus de la fenêtre et sur chaque écran. Activez les façons qui vous plaisent. Elles ouvrent les mêmes menus, et un élément fait ce qu&apos;il fait dans l&apos;application elle-même.</translation>
+        <translation>Tarragon amène les menus de l’application active là où se fait le travail&#xa0;: au pointeur, au-dessus de la fenêtre et sur chaque écran. Chaque moyen s’active à volonté. Tous ouvrent les mêmes menus, et un élément de menu agit comme dans l’application elle-même.</translation>
     </message>
     <message>
         <source>A combination of keys, or a mouse button, opens all menus at the pointer, wherever that is. The application keeps the keyboard the whole time. Choose both under &quot;Hot Key&quot;.</source>
-        <translation>Une combinaison de touches, ou un bouton de la souris, ouvre tous les menus au pointeur, où qu&apos;il soit. L&apos;application garde le clavier tout ce temps. Choisissez les deux sous « Raccourci ».</translation>
+        <translation>Une combinaison de touches ou un bouton de la souris ouvre tous les menus au pointeur, où qu’il soit. L’application garde le clavier tout ce temps. Les deux se choisissent sous «&#xa0;Raccourci&#xa0;».</translation>
     </message>
     <message>
         <source>A small panel above the window in front shows the titles of its menus. Where there is no room above, it lies on the title bar. Drag the panel, and the window goes with it. Choose how it looks under &quot;Window Top&quot;.</source>
-        <translation>Un petit panneau au-dessus de la fenêtre de devant montre les titres de ses menus. S&apos;il n&apos;y a pas de place au-dessus, il se pose sur la barre de titre. Tirez le panneau, et la fenêtre suit. Choisissez son aspect sous « Fenêtre ».</translation>
+        <translation>Un petit panneau au-dessus de la fenêtre active affiche les titres de ses menus. Faute de place, il se pose sur la barre de titre. Faire glisser le panneau déplace aussi la fenêtre. Son aspect se choisit sous «&#xa0;Haut de fenêtre&#xa0;».</translation>
     </message>
     <message>
         <source>Every screen but the first can have a menu bar at its top, which shows the menus of the application in front, on whichever screen its window is. See &quot;Screen Top&quot;.</source>
-        <translation>Chaque écran sauf le premier peut avoir en haut une barre de menus, qui montre les menus de l&apos;application au premier plan, sur quelque écran que soit sa fenêtre. Voir « Écran ».</translation>
+        <translation>Chaque écran sauf le premier peut avoir en haut une barre de menus, qui affiche les menus de l’application active, quel que soit l’écran où se trouve sa fenêtre. Voir «&#xa0;Haut d’écran&#xa0;».</translation>
     </message>
     <message>
         <source>Some windows do without the panel: right-click a title in it to leave out the application, or windows of that title. All that you have left out is under &quot;Ignore List&quot;.</source>
-        <translation>Certaines fenêtres se passent du panneau : un clic droit sur un titre exclut l&apos;application, ou les fenêtres de ce titre. Tout ce que vous avez exclu est sous « Exclusions ».</translation>
+        <translation>Certaines fenêtres se passent du panneau&#xa0;: un clic droit sur l’un de ses titres permet d’ignorer l’application, ou les fenêtres portant ce titre. Tout ce qui est ignoré figure sous «&#xa0;Fenêtres ignorées&#xa0;».</translation>
     </message>
     <message>
         <source>&amp;Reset to Defaults</source>
-        <translation>&amp;Réinitialiser</translation>
+        <translation>Rétablir les valeurs par &amp;défaut</translation>
     </message>
     <message>
         <source>Apply and Re&amp;launch</source>
-        <translation>Appliquer et re&amp;lancer</translation>
+        <translation>A&amp;ppliquer et relancer</translation>
     </message>
     <message>
         <source>&amp;Quit Tarragon</source>
@@ -752,19 +752,19 @@
     </message>
     <message>
         <source>Enable hotkey</source>
-        <translation>Activer le raccourci</translation>
+        <translation>Ouvrir les menus avec un raccour&amp;ci clavier</translation>
     </message>
     <message>
         <source>Press a combination of keys anywhere, and the menus of the application in front open at the pointer.</source>
-        <translation>Appuyez n&apos;importe où sur une combinaison de touches, et les menus de l&apos;application au premier plan s&apos;ouvrent au pointeur.</translation>
+        <translation>Où que ce soit, une combinaison de touches ouvre au pointeur les menus de l’application active.</translation>
     </message>
     <message>
         <source>Now nothing opens the menus any more: the hot key, the panel and the bars are all switched off.</source>
-        <translation>Plus rien n&apos;ouvre les menus : le raccourci, le panneau et les barres sont tous désactivés.</translation>
+        <translation>Le raccourci clavier, le panneau et les barres sont tous désactivés. En activer au moins un pour accéder aux menus.</translation>
     </message>
     <message>
         <source>&amp;Combination:</source>
-        <translation>&amp;Combinaison :</translation>
+        <translation>Com&amp;binaison&#xa0;:</translation>
     </message>
     <message>
         <source>Combination of keys that opens the menus</source>
@@ -772,11 +772,11 @@
     </message>
     <message>
         <source>Click the field, or press Return in it, and then press the new combination. Escape keeps the old one, Backspace leaves you without any.</source>
-        <translation>Cliquez dans le champ, ou appuyez-y sur Entrée, puis appuyez sur la nouvelle combinaison. Échap garde l&apos;ancienne, Retour arrière l&apos;efface.</translation>
+        <translation>Cliquer sur le champ, ou y appuyer sur Entrée, puis appuyer sur la nouvelle combinaison. Échap conserve l’ancienne, Retour arrière l’efface.</translation>
     </message>
     <message>
         <source>Try Another Combination</source>
-        <translation>Essayer une autre combinaison</translation>
+        <translation>Choisir une autre combinaison</translation>
     </message>
     <message>
         <source>Mouse</source>
@@ -788,11 +788,11 @@
     </message>
     <message>
         <source>The menus open where you press it. The window below the pointer gets the press as well.</source>
-        <translation>Les menus s&apos;ouvrent là où vous cliquez. La fenêtre sous le pointeur reçoit aussi le clic.</translation>
+        <translation>Les menus s’ouvrent à l’endroit du clic. La fenêtre sous le pointeur reçoit aussi ce clic.</translation>
     </message>
     <message>
         <source>&amp;Button:</source>
-        <translation>&amp;Bouton :</translation>
+        <translation>B&amp;outon&#xa0;:</translation>
     </message>
     <message>
         <source>Mouse button that opens the menus</source>
@@ -800,43 +800,43 @@
     </message>
     <message>
         <source>Click the field with the button that you want: the middle one, number 2, or one beyond it.</source>
-        <translation>Cliquez dans le champ avec le bouton voulu : celui du milieu, numéro 2, ou un suivant.</translation>
+        <translation>Cliquer sur le champ avec le bouton voulu&#xa0;: celui du milieu, numéro 2, ou un autre au-delà.</translation>
     </message>
     <message>
         <source>Show a &amp;panel above the window in front</source>
-        <translation>Montrer un &amp;panneau au-dessus de la fenêtre de devant</translation>
+        <translation>Afficher un &amp;panneau au-dessus de la fenêtre active</translation>
     </message>
     <message>
         <source>It shows the titles of the window&apos;s menus.</source>
-        <translation>Il montre les titres des menus de la fenêtre.</translation>
+        <translation>Il affiche les titres des menus de la fenêtre.</translation>
     </message>
     <message>
         <source>What the panel shows</source>
-        <translation>Ce que montre le panneau</translation>
+        <translation>Contenu du panneau</translation>
     </message>
     <message>
         <source>&amp;Every title, side by side</source>
-        <translation>Tous les titr&amp;es, côte à côte</translation>
+        <translation>&amp;Tous les titres, côte à côte</translation>
     </message>
     <message>
         <source>&amp;One button that opens all menus</source>
-        <translation>&amp;Un bouton qui ouvre tous les menus</translation>
+        <translation>&amp;Un seul bouton qui ouvre tous les menus</translation>
     </message>
     <message>
         <source>&amp;Label of that button:</source>
-        <translation>&amp;Texte de ce bouton :</translation>
+        <translation>&amp;Libellé de ce bouton&#xa0;:</translation>
     </message>
     <message>
         <source>What stands on the one button.</source>
-        <translation>Ce qui est écrit sur l&apos;unique bouton.</translation>
+        <translation>Le texte affiché sur ce seul bouton.</translation>
     </message>
     <message>
         <source>Look of the &amp;buttons:</source>
-        <translation>Aspect des &amp;boutons :</translation>
+        <translation>Aspect des &amp;boutons&#xa0;:</translation>
     </message>
     <message>
         <source>Rounded</source>
-        <translation>Arrondi</translation>
+        <translation>Arrondis</translation>
     </message>
     <message>
         <source>Recessed</source>
@@ -844,11 +844,11 @@
     </message>
     <message>
         <source>Square</source>
-        <translation>Carré</translation>
+        <translation>Carrés</translation>
     </message>
     <message>
         <source>Square, without shadow</source>
-        <translation>Carré, sans ombre</translation>
+        <translation>Carrés, sans ombre</translation>
     </message>
     <message>
         <source>As in a menu bar</source>
@@ -856,27 +856,27 @@
     </message>
     <message>
         <source>How titles and button are drawn.</source>
-        <translation>Comment les titres et le bouton sont dessinés.</translation>
+        <translation>Le dessin des titres et du bouton.</translation>
     </message>
     <message>
         <source>&amp;Size of the titles:</source>
-        <translation>T&amp;aille des titres :</translation>
+        <translation>Taille des t&amp;itres&#xa0;:</translation>
     </message>
     <message>
         <source>Larger titles leave room for fewer of them.</source>
-        <translation>De plus grands titres laissent place à moins d&apos;entre eux.</translation>
+        <translation>Plus les titres sont grands, moins ils sont nombreux à tenir.</translation>
     </message>
     <message>
         <source>Buttons have a border</source>
-        <translation>Les boutons ont un bord</translation>
+        <translation>Boutons avec bordure</translation>
     </message>
     <message>
         <source>A line around each button.</source>
-        <translation>Une ligne autour de chaque bouton.</translation>
+        <translation>Un trait autour de chaque bouton.</translation>
     </message>
     <message>
         <source>Buttons have a shadow</source>
-        <translation>Les boutons ont une ombre</translation>
+        <translation>Boutons avec ombre</translation>
     </message>
     <message>
         <source>Below each button.</source>
@@ -884,23 +884,23 @@
     </message>
     <message>
         <source>Buttons have a texture</source>
-        <translation>Les boutons ont une texture</translation>
+        <translation>Boutons avec texture</translation>
     </message>
     <message>
         <source>Within each button.</source>
-        <translation>Dans chaque bouton.</translation>
+        <translation>À l’intérieur de chaque bouton.</translation>
     </message>
     <message>
         <source>Buttons are round</source>
-        <translation>Les boutons sont ronds</translation>
+        <translation>Boutons arrondis</translation>
     </message>
     <message>
         <source>Each button has round corners.</source>
-        <translation>Chaque bouton a des coins ronds.</translation>
+        <translation>Chaque bouton a des coins arrondis.</translation>
     </message>
     <message>
         <source>Where and when it shows</source>
-        <translation>Où et quand il se montre</translation>
+        <translation>Où et quand il apparaît</translation>
     </message>
     <message>
         <source>Always &amp;visible</source>
@@ -908,39 +908,39 @@
     </message>
     <message>
         <source>Otherwise it comes when the pointer is where it would be, and goes with it.</source>
-        <translation>Sinon il vient quand le pointeur est là où il serait, et part avec lui.</translation>
+        <translation>Sinon, il n’apparaît que lorsque le pointeur est à son emplacement.</translation>
     </message>
     <message>
         <source>On the &amp;title bar</source>
-        <translation>Sur la barre de ti&amp;tre</translation>
+        <translation>Sur la ba&amp;rre de titre</translation>
     </message>
     <message>
         <source>Beside the window&apos;s buttons, wherever the window is.</source>
-        <translation>À côté des boutons de la fenêtre, où qu&apos;elle soit.</translation>
+        <translation>À côté des boutons de la fenêtre, où que soit celle-ci.</translation>
     </message>
     <message>
         <source>Also on the &amp;first screen</source>
-        <translation>Aussi sur le &amp;premier écran</translation>
+        <translation>Au&amp;ssi sur le premier écran</translation>
     </message>
     <message>
         <source>Windows on the other screens have it in any case.</source>
-        <translation>Les fenêtres des autres écrans l&apos;ont de toute façon.</translation>
+        <translation>Les fenêtres des autres écrans l’ont dans tous les cas.</translation>
     </message>
     <message>
         <source>&amp;Not at the very top of the first screen</source>
-        <translation>Pas to&amp;ut en haut du premier écran</translation>
+        <translation>Pas tout e&amp;n haut du premier écran</translation>
     </message>
     <message>
         <source>Where a window touches the upper edge, the panel stays away.</source>
-        <translation>Là où une fenêtre touche le bord supérieur, le panneau reste absent.</translation>
+        <translation>Lorsqu’une fenêtre touche le bord supérieur, le panneau n’apparaît pas.</translation>
     </message>
     <message>
         <source>Show a menu &amp;bar on every screen but the first</source>
-        <translation>Une &amp;barre de menus sur chaque écran sauf le premier</translation>
+        <translation>Afficher une &amp;barre de menus sur chaque écran sauf le premier</translation>
     </message>
     <message>
         <source>At its top, with the menus of the application in front.</source>
-        <translation>En haut, avec les menus de l&apos;application au premier plan.</translation>
+        <translation>En haut, avec les menus de l’application active.</translation>
     </message>
     <message>
         <source>The bars</source>
@@ -952,15 +952,15 @@
     </message>
     <message>
         <source>It comes when the pointer touches the upper edge of the screen, and goes with it. Otherwise windows keep clear of it.</source>
-        <translation>Elle vient quand le pointeur touche le bord supérieur de l&apos;écran, et part avec lui. Sinon les fenêtres lui laissent la place.</translation>
+        <translation>Elle apparaît quand le pointeur touche le bord supérieur de l’écran et disparaît avec lui. Si elle n’est pas masquée, les fenêtres lui laissent la place.</translation>
     </message>
     <message>
         <source>Only the &amp;left half of the edge has it come</source>
-        <translation>Seule la moitié &amp;gauche du bord la fait venir</translation>
+        <translation>Ne l’afficher que depuis la moitié &amp;gauche du bord</translation>
     </message>
     <message>
         <source>The right half stays free for other things that wait there.</source>
-        <translation>La moitié droite reste libre pour ce qui y attend d&apos;autre.</translation>
+        <translation>La moitié droite reste libre pour d’autres actions liées à ce bord.</translation>
     </message>
     <message>
         <source>&amp;Translucent</source>
@@ -968,11 +968,11 @@
     </message>
     <message>
         <source>What lies below the bar shines through, where the desktop can do that.</source>
-        <translation>Ce qui est sous la barre transparaît, là où le bureau le permet.</translation>
+        <translation>Ce qui se trouve sous la barre transparaît, si l’environnement de bureau le permet.</translation>
     </message>
     <message>
         <source>Shows the menu bar of the application in front where your pointer and eyes are.</source>
-        <translation>Montre la barre de menus de l&apos;application au premier plan là où sont votre pointeur et vos yeux.</translation>
+        <translation>Affiche la barre de menus de l’application active là où se trouvent le pointeur et le regard.</translation>
     </message>
     <message>
         <source>Licence</source>
@@ -980,7 +980,7 @@
     </message>
     <message>
         <source>Copyright 2026 The Tarragon developers. Free software under the MIT License: you may use, change and pass it on, without warranty.</source>
-        <translation>Copyright 2026 The Tarragon developers. Logiciel libre sous licence MIT : vous pouvez l&apos;utiliser, le modifier et le transmettre, sans garantie.</translation>
+        <translation>Copyright 2026 Les développeurs de Tarragon. Logiciel libre sous licence MIT&#xa0;: il peut être utilisé, modifié et redistribué, sans garantie.</translation>
     </message>
     <message>
         <source>Libraries</source>
@@ -988,7 +988,7 @@
     </message>
     <message>
         <source>Libraries that Tarragon uses</source>
-        <translation>Bibliothèques que Tarragon utilise</translation>
+        <translation>Bibliothèques utilisées par Tarragon</translation>
     </message>
     <message>
         <source>&amp;Web Page</source>
@@ -996,19 +996,19 @@
     </message>
     <message>
         <source>First &amp;Social Page</source>
-        <translation>Première page &amp;sociale</translation>
+        <translation>&amp;Premier réseau social</translation>
     </message>
     <message>
         <source>Se&amp;cond Social Page</source>
-        <translation>Se&amp;conde page sociale</translation>
+        <translation>&amp;Second réseau social</translation>
     </message>
     <message>
         <source>Press a title in the panel above the window and its menu opens; move along and the next one does. Drag the panel by its background, and the window moves with it. A right click on a title offers to do without the panel there.</source>
-        <translation>Appuyez sur un titre du panneau au-dessus de la fenêtre et son menu s&apos;ouvre ; passez au suivant et c&apos;est lui qui s&apos;ouvre. Tirez le panneau par son fond, et la fenêtre suit. Un clic droit sur un titre propose de se passer du panneau à cet endroit.</translation>
+        <translation>Appuyer sur un titre du panneau au-dessus de la fenêtre ouvre son menu&#xa0;; continuer vers le titre suivant ouvre le sien. Faire glisser le panneau par son fond déplace aussi la fenêtre. Un clic droit sur un titre propose de s’y passer du panneau.</translation>
     </message>
     <message>
         <source>Every screen but the first has a menu bar along its top, for the application in front on whichever screen its window is.</source>
-        <translation>Chaque écran sauf le premier a en haut une barre de menus, pour l&apos;application au premier plan, sur quelque écran que soit sa fenêtre.</translation>
+        <translation>Chaque écran sauf le premier a en haut une barre de menus pour l’application active, quel que soit l’écran où se trouve sa fenêtre.</translation>
     </message>
     <message>
         <source>Choosing an item</source>
@@ -1016,11 +1016,11 @@
     </message>
     <message>
         <source>Click it, or go there with the arrow keys and press Return. Typing the first letters of an item finds it, and Escape closes the menus. The application does what its own menu item does.</source>
-        <translation>Cliquez dessus, ou allez-y avec les flèches et appuyez sur Entrée. Les premières lettres d&apos;un élément le trouvent, et Échap ferme les menus. L&apos;application fait ce que fait son propre élément de menu.</translation>
+        <translation>Cliquer dessus, ou s’y rendre avec les touches fléchées et appuyer sur Entrée. Saisir les premières lettres d’un élément permet de le trouver, et Échap ferme les menus. L’application réagit comme à son propre élément de menu.</translation>
     </message>
     <message>
         <source>&amp;Watch a Film</source>
-        <translation>Regarder un &amp;film</translation>
+        <translation>&amp;Voir une vidéo</translation>
     </message>
     <message>
         <source>Panes</source>
@@ -1036,15 +1036,15 @@
     </message>
     <message>
         <source>Window Top</source>
-        <translation>Fenêtre</translation>
+        <translation>Haut de fenêtre</translation>
     </message>
     <message>
         <source>Screen Top</source>
-        <translation>Écran</translation>
+        <translation>Haut d’écran</translation>
     </message>
     <message>
         <source>Ignore List</source>
-        <translation>Exclusions</translation>
+        <translation>Fenêtres ignorées</translation>
     </message>
     <message>
         <source>About</source>
