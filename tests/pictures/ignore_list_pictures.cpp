@@ -143,10 +143,11 @@ int main(int argumentCount, char** arguments) {
     using namespace tarragon;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
-    if (argumentCount != 2) {
-        std::cerr << "Usage: ignore_list_pictures FOLDER\n";
+    if (argumentCount != 2 && argumentCount != 3) {
+        std::cerr << "Usage: ignore_list_pictures FOLDER [LANGUAGE]\n";
         return 2;
     }
+    const QtTexts texts(":/translations/tarragon_linux.qm", {argumentCount == 3 ? arguments[2] : "en"});
     QApplication::setStyle("Fusion");
     const QDir folder(arguments[1]);
     if (!folder.mkpath(".")) {
