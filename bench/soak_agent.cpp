@@ -9,6 +9,7 @@
 #include "panels/widgets/MessagePanels.h"
 #include "panels/widgets/QtPanelToolkit.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "prefs/widgets/QtPreferencesInterface.h"
 #include "updates/UpdateChecker.h"
 
 #include <functional>
@@ -92,8 +93,9 @@ int main(int, char** arguments) {
     const PopUpInput popUpInput(platform.menuInput);
     MessagePanels panels("soak");
     QtPanelToolkit panelToolkit(platform.displays, platform.panelSurfaces);
+    QtPreferencesInterface preferences(platform, "soak", std::cerr);
     NoUpdates updates;
-    AppDelegate delegate(platform, {menuView, panelToolkit, panels}, updates, {}, std::cerr);
+    AppDelegate delegate(platform, {menuView, panelToolkit, panels, preferences}, updates, {}, std::cerr);
     desktop.watchTermination([&] { delegate.terminate(); });
     runLoop.post([&] {
         if (!delegate.loadMainInterface())
