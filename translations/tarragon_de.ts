@@ -735,7 +735,7 @@
         <translation>Auf &amp;Vorgaben zurücksetzen</translation>
     </message>
     <message>
-        <source>Apply and Re&amp;launch</source>
+        <source>&amp;Apply and Relaunch</source>
         <translation>An&amp;wenden und neu starten</translation>
     </message>
     <message>

@@ -735,7 +735,7 @@
         <translation>Rétablir les valeurs par &amp;défaut</translation>
     </message>
     <message>
-        <source>Apply and Re&amp;launch</source>
+        <source>&amp;Apply and Relaunch</source>
         <translation>A&amp;ppliquer et relancer</translation>
     </message>
     <message>

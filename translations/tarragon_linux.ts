@@ -735,8 +735,8 @@
         <translation>&amp;Reset to Defaults</translation>
     </message>
     <message>
-        <source>Apply and Re&amp;launch</source>
-        <translation>Apply and Re&amp;launch</translation>
+        <source>&amp;Apply and Relaunch</source>
+        <translation>&amp;Apply and Relaunch</translation>
     </message>
     <message>
         <source>&amp;Quit Tarragon</source>

@@ -4,8 +4,8 @@
 #include "platform/HotKeys.h"
 #include "platform/Keyboard.h"
 #include "platform/PreferenceKeys.h"
+#include "recorder/KeyComboWords.h"
 #include "recorder/SRKeyCodeTransformer.h"
-#include "recorder/SRModifierFlags.h"
 
 #include <limits>
 
@@ -28,10 +28,8 @@ std::optional<KeyCombo> refusedHotKey(Defaults& defaults, const HotKeys& hotKeys
 }
 
 std::string wordsForKeyCombo(const KeyCombo& combination, Keyboard* keyboard) {
-    const std::string key = keyboard == nullptr
-        ? std::string()
-        : SRKeyCodeTransformer(*keyboard).transformedValue(combination.code).value_or("");
-    return readableStringForCarbonModifierFlags(cocoaToCarbonFlags(combination.flags), key);
+    return keyboard == nullptr ? modifierWords(combination.flags)
+                               : keyComboWords(combination, SRKeyCodeTransformer(*keyboard));
 }
 
 } // namespace tarragon

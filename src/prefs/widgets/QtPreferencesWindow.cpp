@@ -63,7 +63,7 @@ void QtPreferencesWindow::orderFrontRegardless() {
     show();
     raise();
     // No control that a stray key or turn of the wheel would change.
-    _ui->toolbar->widgetForAction(items().constFirst())->setFocus(Qt::OtherFocusReason);
+    focusSelectedItem();
 }
 
 void QtPreferencesWindow::activateIgnoringOtherApps() {
@@ -99,6 +99,16 @@ std::vector<PreferenceItem> QtPreferencesWindow::toolbarItems() const {
 
 void QtPreferencesWindow::setSelectedItem(std::size_t index) {
     items().at(static_cast<qsizetype>(index))->setChecked(true);
+    // The ring around another item would look like a second selection.
+    if (_ui->toolbar->isAncestorOf(focusWidget()))
+        focusSelectedItem();
+}
+
+void QtPreferencesWindow::focusSelectedItem() {
+    const QList<QAction*> all = items();
+    const auto selected = std::find_if(all.begin(), all.end(), [](const QAction* item) { return item->isChecked(); });
+    if (selected != all.end())
+        _ui->toolbar->widgetForAction(*selected)->setFocus(Qt::OtherFocusReason);
 }
 
 // Panes and help texts.

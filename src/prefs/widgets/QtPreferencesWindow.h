@@ -90,6 +90,7 @@ private:
     void showPopUpHelp();
     QWidget& paneView(PreferencePane pane) const;
     QList<QAction*> items() const;
+    void focusSelectedItem();
     int toolbarHeight() const;
     int wholeHeight(PreferencePane pane) const;
     void scrollWhereNeeded();

@@ -222,6 +222,23 @@ TEST_F(PreferencesWindowControllerTest, StoresThatThereIsNoCombination) {
     EXPECT_EQ(defaults.storedValue("NewTrigger"), std::nullopt);
 }
 
+TEST_F(PreferencesWindowControllerTest, RegistersAnewAlsoWhereTheWordsStayTheSame) {
+    int registrations = 0;
+    defaults.addObserver(keyPathOfPreference(preference::NewTrigger), [&](const std::string&) { ++registrations; });
+    // Nothing has been stored so far.
+    controller().shortcutRecorderKeyComboDidChange({}, std::nullopt);
+    EXPECT_GE(registrations, 1);
+    EXPECT_EQ(defaults.storedValue("NewTrigger"), std::nullopt);
+    controller().shortcutRecorderKeyComboDidChange({16, modifier::Command}, "\u2318Y");
+    registrations = 0;
+    controller().shortcutRecorderKeyComboDidChange({6, modifier::Command}, "\u2318Y");
+    EXPECT_GE(registrations, 1);
+    EXPECT_EQ(defaults.storedValue("NewTrigger"), DefaultsValue(std::string("\u2318Y")));
+    registrations = 0;
+    controller().shortcutRecorderKeyComboDidChange({7, modifier::Command}, "\u2318X");
+    EXPECT_EQ(registrations, 1);
+}
+
 TEST_F(PreferencesWindowControllerTest, RefusesNoCombination) {
     std::string reason;
     EXPECT_FALSE(PreferencesWindowController::shortcutRecorderIsKeyCodeAndFlagsTaken(49, modifier::Option, reason));
@@ -399,7 +416,7 @@ protected:
 TEST_F(RefusalTest, IsShownWithACombinationThatIsFree) {
     controller().displayWindow();
     ASSERT_TRUE(window().refusal);
-    EXPECT_THAT(window().refusal->combination, testing::StartsWith("Option + "));
+    EXPECT_THAT(window().refusal->combination, testing::StartsWith("Option+"));
     EXPECT_NE(window().refusal->proposal, "");
 }
 

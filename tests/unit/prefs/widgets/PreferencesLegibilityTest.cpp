@@ -30,7 +30,7 @@ protected:
     void showEverything() {
         webPages = {"https://p", "https://s", "https://t", "https://f"};
         controller().displayWindow();
-        window().setHotKeyRefusal(HotKeyRefusal{"Ctrl + Alt + Shift + Space", "Ctrl + Alt + Super + Space"});
+        window().setHotKeyRefusal(HotKeyRefusal{"Ctrl+Alt+Shift+Space", "Ctrl+Alt+Super+Space"});
         window().setAccessIsMissing(true);
         window().setHideHotKeyWarning(false);
         window().setHideButtonWarning(false);

@@ -215,10 +215,10 @@ TEST_F(QtPreferencesWindowTest, SaysWhatBecameOfTheHotKeyAndOffersAnother) {
     EXPECT_FALSE(isShown("hotKeyRefusalView"));
     fake.keyboard.setSymbolicHotKeys({{SymbolicHotKey{true, 49, hotkey::OptionKey}}});
     selectPane(PreferencePane::HotKey);
-    window().setHotKeyRefusal(HotKeyRefusal{"Alt + Space", "Ctrl + Space"});
+    window().setHotKeyRefusal(HotKeyRefusal{"Alt+Space", "Ctrl+Space"});
     EXPECT_TRUE(isShown("hotKeyRefusalView"));
-    EXPECT_TRUE(control<QLabel>("hotKeyRefusalViewText").text().contains("Alt + Space"));
-    EXPECT_TRUE(control<QLabel>("hotKeyRefusalViewText").text().contains("Ctrl + Space is free."));
+    EXPECT_TRUE(control<QLabel>("hotKeyRefusalViewText").text().contains("Alt+Space"));
+    EXPECT_TRUE(control<QLabel>("hotKeyRefusalViewText").text().contains("Ctrl+Space is free."));
     control<QPushButton>("tryAnotherButton").click();
     EXPECT_NE(value(preference::TriggerModifiers), DefaultsValue(std::int64_t{modifier::Option}));
     window().setHotKeyRefusal(std::nullopt);
@@ -238,19 +238,32 @@ TEST_F(QtPreferencesWindowTest, ProposesACombinationInTheHelpThatOneClickTakes) 
     EXPECT_EQ(shownPane(), "helpPreferencesView");
 }
 
+TEST_F(QtPreferencesWindowTest, HasTheFocusOnTheItemOfThePaneThatItOpensWith) {
+    const auto focused = [this] { return window().focusWidget(); };
+    const auto button = [this](
+                            PreferencePane pane) { return control<QToolBar>("toolbar").widgetForAction(&item(pane)); };
+    controller().displayWindow();
+    EXPECT_EQ(focused(), button(PreferencePane::General));
+    controller().displayWindowWithHelpAsInitial();
+    EXPECT_EQ(focused(), button(PreferencePane::Help));
+    controller().displayWindowForRecording();
+    EXPECT_TRUE(control("shortcutRecorder").isAncestorOf(focused()));
+}
+
 TEST_F(QtPreferencesWindowTest, StartsToRecordWhereNoCombinationIsKnownToBeFree) {
     fake.keyboard.setSymbolicHotKeys(std::nullopt);
     controller().displayWindow();
     control<QPushButton>("tryAnotherButton").click();
     EXPECT_EQ(shownPane(), "hotKeyPreferencesView");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     EXPECT_TRUE(control<SRRecorderControl>("shortcutRecorder").isRecording());
 }
 
 TEST_F(QtPreferencesWindowTest, TellsTheCombinationAndTheButtonThatAreSetInItsHelp) {
     const auto help = [this] { return control<QLabel>("popUpHelpText").text().toStdString(); };
-    EXPECT_THAT(help(), testing::HasSubstr("Press Option + "));
+    EXPECT_THAT(help(), testing::HasSubstr("Press Option+"));
     changeFromOutside(preference::TriggerModifiers, std::int64_t{modifier::Command});
-    EXPECT_THAT(help(), testing::HasSubstr("Press Command + "));
+    EXPECT_THAT(help(), testing::HasSubstr("Press Command+"));
     EXPECT_THAT(help(), testing::HasSubstr("A mouse button can do the same"));
     changeFromOutside(preference::EnableMouseButton, true);
     EXPECT_THAT(help(), testing::HasSubstr("The middle mouse button does the same."));
