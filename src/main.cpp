@@ -21,6 +21,9 @@
 #include <string>
 #include <vector>
 
+#include <QGuiApplication>
+#include <QIcon>
+
 using namespace tarragon;
 
 namespace {
@@ -50,6 +53,7 @@ int runAgent(const RunAgent& command, DesktopSession& desktop) {
     MenuView menuView(platform.displays, platform.notificationCenter, platform.menuInput, platform.inputEvents);
     const PopUpInput popUpInput(platform.menuInput);
     const QtTexts texts(":/translations/tarragon_linux.qm");
+    QGuiApplication::setWindowIcon(QIcon(":/images/tarragon.svg"));
     MessagePanels panels(TARRAGON_VERSION);
     UpdateProcess updates({.tool = std::filesystem::path(platform.bundlePath).replace_filename("tarragon-updates"),
         .runningVersion = TARRAGON_VERSION,

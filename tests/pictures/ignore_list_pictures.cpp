@@ -5,6 +5,7 @@
 #include "fake/FakeInstalledApplications.h"
 #include "fake/FakeWindowPicker.h"
 #include "ignore/IgnoreDictionary.h"
+#include "platform/qt/QtTexts.h"
 #include "prefs/widgets/ApplicationChooser.h"
 #include "prefs/widgets/ApplicationIcons.h"
 #include "prefs/widgets/IgnoreListView.h"

@@ -3,6 +3,7 @@
 
 #include "app/RegisteredPreferences.h"
 #include "fake/FakePlatform.h"
+#include "platform/qt/QtTexts.h"
 #include "prefs/PreferencesWindowController.h"
 #include "prefs/widgets/QtPreferencesInterface.h"
 #include "prefs/widgets/QtPreferencesWindow.h"
@@ -15,6 +16,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPainter>
+#include <QScreen>
 #include <QStyle>
 
 namespace tarragon {
@@ -59,7 +61,7 @@ QImage sheetOfPanes(double scale, bool showsNotices) {
     QtPreferencesWindow& window = *interface.window;
     controller.displayWindow();
     if (showsNotices) {
-        window.setHotKeyRefusal(HotKeyRefusal{"Alt + Space", "Ctrl + Shift + Space"});
+        window.setHotKeyRefusal(HotKeyRefusal{"Alt+Space", "Ctrl+Shift+Space"});
         window.setAccessIsMissing(true);
         window.setHideHotKeyWarning(false);
         window.setHideButtonWarning(false);
@@ -112,6 +114,8 @@ int main(int argumentCount, char** arguments) {
     }
     const QtTexts texts(":/translations/tarragon_linux.qm", {argumentCount == 3 ? arguments[2] : "en"});
     QApplication::setStyle("Fusion");
+    // Off the windows: what the pointer is above looks different.
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     const QDir folder(arguments[1]);
     if (!folder.mkpath(".")) {
         std::cerr << "Cannot make the folder " << arguments[1] << '\n';
