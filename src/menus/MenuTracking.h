@@ -51,6 +51,8 @@ public:
     void closeAll();
     // Nothing opens any more, and the delegates are not asked.
     void end() { _ended = true; }
+    // Whether somebody has opened the pop-up who hears of its end: a title, rather than a key.
+    bool hasOpener() const { return !_opener.expired(); }
     // Tells the opener that everything has closed, once. It may open another pop-up meanwhile.
     void tellOpener();
     // Has the opener go to the menu beside this one. False when there is none to ask.

@@ -290,8 +290,29 @@ void MenuWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (isOfOpening(*event))
         return;
     const QPoint point = event->globalPosition().toPoint();
-    if (_tracking->hasWindowAt(point) || !QGuiApplication::topLevelAt(point))
-        QMenu::mouseReleaseEvent(event);
+    const bool isInMenus = _tracking->hasWindowAt(point);
+    if (!isInMenus && QGuiApplication::topLevelAt(point))
+        return;
+    if (_tracking->hasOpener() && !isInMenus)
+        return outermost().hide();
+    if (_tracking->hasOpener())
+        moveHeldButton(*event);
+    QMenu::mouseReleaseEvent(event);
+}
+
+// The toolkit heeds the release of a button alone that it has seen held in the menus. One that was pressed on a title
+// may have come so fast that it has not.
+void MenuWindow::moveHeldButton(const QMouseEvent& release) {
+    QMouseEvent movement(QEvent::MouseMove, release.position(), release.globalPosition(), Qt::NoButton,
+        release.button(), release.modifiers());
+    QMenu::mouseMoveEvent(&movement);
+}
+
+QWidget& MenuWindow::outermost() {
+    QWidget* menu = this;
+    while (menu->parentWidget())
+        menu = menu->parentWidget();
+    return *menu;
 }
 
 void MenuWindow::typeSelect(const QString& text) {

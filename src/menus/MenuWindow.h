@@ -52,6 +52,8 @@ private:
 
     std::optional<MenuNeighbour> neighbourByKey(int key) const;
     bool isOfOpening(const QMouseEvent& event) const;
+    void moveHeldButton(const QMouseEvent& release);
+    QWidget& outermost();
     bool fill();
     void removeEverything();
     void dress(Place& place);

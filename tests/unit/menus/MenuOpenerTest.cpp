@@ -100,6 +100,24 @@ TEST_F(MenuOpenerTest, HearsOfAClickBesideItsMenu) {
     EXPECT_FALSE(wasOpen);
 }
 
+// As a button does that was pressed on a title and moved too fast to be seen on its way.
+TEST_F(MenuOpenerTest, HearsOfAButtonThatIsLetGoBesideItsMenu) {
+    popUp();
+    openSubmenu();
+    QTest::mouseRelease(&openMenu(), Qt::LeftButton, {}, QPoint(-90, 500));
+    EXPECT_THAT(_heard, ElementsAre("closed"));
+    EXPECT_THAT(openMenus(), IsEmpty());
+}
+
+TEST_F(MenuOpenerTest, HasTheItemChosenOnWhichAButtonIsLetGoThatCameFast) {
+    popUp();
+    QMenu& menu = openMenu();
+    QTest::mouseRelease(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().back()).center());
+    settle();
+    EXPECT_THAT(_log, Contains("action act Quit"));
+    EXPECT_THAT(openMenus(), IsEmpty());
+}
+
 TEST_F(MenuOpenerTest, HearsThatItsMenuHasClosedAfterTheDelegateAndBeforeTheAction) {
     popUp();
     _opener->onClosed = [this] { _log.emplace_back("opener"); };
