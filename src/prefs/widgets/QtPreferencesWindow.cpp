@@ -28,13 +28,14 @@ QString text(const std::string& utf8) {
 // The height that a widget's layout wants at a width, with everything in it that has changed.
 int layoutHeight(const QWidget& widget, int width) {
     const auto inner = widget.findChildren<QWidget*>();
-    // From the inside out: a layout asks those within it.
+    // From the inside out: a layout asks those within it. One in which nothing has changed is left alone, since each
+    // that is laid out anew asks for the window to be fitted once more.
     std::for_each(inner.rbegin(), inner.rend(), [](const QWidget* each) {
         if (each->layout() != nullptr)
-            each->layout()->invalidate();
+            each->layout()->activate();
     });
     QLayout* layout = widget.layout();
-    layout->invalidate();
+    layout->activate();
     return std::max(layout->hasHeightForWidth() ? layout->totalHeightForWidth(width) : layout->totalSizeHint().height(),
         layout->totalMinimumSize().height());
 }

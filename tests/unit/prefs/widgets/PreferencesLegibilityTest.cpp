@@ -77,6 +77,37 @@ TEST_F(PreferencesLegibilityTest, ScrollsNothingThatTheScreenHasRoomFor) {
     }
 }
 
+// Counts how often somebody asks for a layout.
+class LayoutRequests : public QObject {
+public:
+    LayoutRequests() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::LayoutRequest;
+        return QObject::eventFilter(watched, event);
+    }
+    int count = 0;
+};
+
+TEST_F(PreferencesLegibilityTest, RestsOnceItHasItsSize) {
+    showEverything();
+    for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
+        selectPane(static_cast<PreferencePane>(each));
+        settle();
+        LayoutRequests requests;
+        settle();
+        EXPECT_EQ(requests.count, 0) << each;
+    }
+}
+
+TEST_F(PreferencesLegibilityTest, KeepsTheHeightThatTheUserGivesIt) {
+    showEverything();
+    selectPane(PreferencePane::Help);
+    settle();
+    window().resize(window().width(), 300);
+    settle();
+    EXPECT_EQ(window().height(), 300);
+}
+
 TEST_F(PreferencesLegibilityTest, ScrollsWhatDoesNotFitAnyMore) {
     showEverything();
     selectPane(PreferencePane::WindowTop);
