@@ -7,6 +7,7 @@
 #include <ui_ZDPreferences.h>
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollBar>
@@ -223,16 +224,33 @@ void QtPreferencesWindow::resizeEvent(QResizeEvent* event) {
     scrollWhereNeeded();
 }
 
+// A key that nobody in a pane wants scrolls it there; what is in the toolbar has no pane around it.
+void QtPreferencesWindow::keyPressEvent(QKeyEvent* event) {
+    QScrollBar& bar = *scrollArea(paneView(_pane)).verticalScrollBar();
+    if (event->matches(QKeySequence::MoveToNextPage))
+        bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    else if (event->matches(QKeySequence::MoveToPreviousPage))
+        bar.triggerAction(QAbstractSlider::SliderPageStepSub);
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
 void QtPreferencesWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitHeightSoon();
 }
 
-// Words in a pane have come, gone or changed.
 bool QtPreferencesWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Words in a pane have come, gone or changed.
     if (event->type() == QEvent::LayoutRequest)
         fitHeightSoon();
+    // Whoever scrolls a pane does not mean to change the settings that pass below the pointer.
+    const auto* control = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Wheel && control != nullptr && !control->hasFocus()) {
+        event->ignore();
+        return true;
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 

@@ -69,6 +69,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -87,6 +88,7 @@ private:
     void describeControls();
     void setUpHeadings();
     void watchPanes();
+    void keepWheelForPanes();
     void showPopUpHelp();
     QWidget& paneView(PreferencePane pane) const;
     QList<QAction*> items() const;

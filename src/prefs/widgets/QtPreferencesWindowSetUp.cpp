@@ -40,6 +40,7 @@ QtPreferencesWindow::QtPreferencesWindow(const Platform& platform, PreferencesWi
     connect(_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& height) { resize(_size.width(), height.toInt()); });
     watchPanes();
+    keepWheelForPanes();
     fitWidth();
     _size = {minimumWidth(), toolbarHeight()};
 }
@@ -130,6 +131,16 @@ void QtPreferencesWindow::watchPanes() {
     for (std::size_t pane = 0; pane < PreferencePaneCount; ++pane)
         paneView(static_cast<PreferencePane>(pane)).findChild<QScrollArea*>()->widget()->installEventFilter(this);
     _ui->borderView->installEventFilter(this);
+}
+
+// Controls that a turn of the wheel would change have to be chosen first.
+void QtPreferencesWindow::keepWheelForPanes() {
+    for (QWidget* control : findChildren<QWidget*>()) {
+        if (qobject_cast<QAbstractSpinBox*>(control) == nullptr && qobject_cast<QComboBox*>(control) == nullptr)
+            continue;
+        control->setFocusPolicy(Qt::StrongFocus);
+        control->installEventFilter(this);
+    }
 }
 
 void QtPreferencesWindow::setUpAbout(const std::string& version) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include <gmock/gmock.h>
 
@@ -80,6 +81,30 @@ TEST_F(PreferenceBindingsTest, LeaveValuesAsTheyAreThatTheirControlCannotShow) {
     changeFromOutside(preference::FontSizeSmall, std::int64_t{500});
     EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(std::int64_t{500}));
     EXPECT_EQ(fake.defaults.changedKeys(), changed);
+}
+
+TEST_F(PreferenceBindingsTest, AreNotChangedByScrollingPastAControl) {
+    controller().displayWindow();
+    selectPane(PreferencePane::WindowTop);
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    const auto turnWheel = [](QWidget& over) {
+        const QPointF place = QRectF(over.rect()).center();
+        QWheelEvent turn(
+            place, over.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&over, &turn);
+    };
+    auto& style = control<QComboBox>("buttonStyle");
+    auto& size = control<QSpinBox>("titleFontSizeSmall");
+    size.setValue(12);
+    turnWheel(style);
+    turnWheel(size);
+    EXPECT_EQ(style.currentIndex(), 0);
+    EXPECT_EQ(size.value(), 12);
+    // Once the user has chosen the control, the wheel is meant for it.
+    size.setFocus();
+    turnWheel(size);
+    EXPECT_EQ(value(preference::TitleFontSizeSmall), DefaultsValue(std::int64_t{11}));
 }
 
 TEST_F(PreferenceBindingsTest, StandForTheSizeOfTheDesktopAtTheLeastValue) {

@@ -119,6 +119,24 @@ TEST_F(PreferencesLegibilityTest, ScrollsWhatDoesNotFitAnyMore) {
     EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
 }
 
+TEST_F(PreferencesLegibilityTest, ScrollsByTheKeyboardFromTheToolbar) {
+    showEverything();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    selectPane(PreferencePane::Help);
+    settle();
+    window().resize(window().width(), 300);
+    settle();
+    auto* bar = pane().findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    auto* toolbar = window().findChild<QToolBar*>();
+    toolbar->widgetForAction(toolbar->actions().constLast())->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+    EXPECT_EQ(bar->value(), std::min(bar->pageStep(), bar->maximum()));
+    EXPECT_GT(bar->value(), 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp);
+    EXPECT_EQ(bar->value(), 0);
+}
+
 TEST_F(PreferencesLegibilityTest, NamesEveryControlForAScreenReader) {
     showEverything();
     int controls = 0;
