@@ -104,10 +104,11 @@ void PreferenceBindings::bindSpinBox(QSpinBox& spinBox, const std::string& key) 
     follow(key, [this, &spinBox, key, least] {
         const std::int64_t value = integerValue(_defaults.value(key));
         const QSignalBlocker quiet(spinBox);
-        const bool isLeast = least.isValid() && value == least.toLongLong();
-        spinBox.setValue(isLeast
-                ? spinBox.minimum()
-                : static_cast<int>(std::clamp<std::int64_t>(value, spinBox.minimum(), spinBox.maximum())));
+        const bool isLeast = least.isValid() && value <= least.toLongLong();
+        // The least value means something else than the numbers above it.
+        const int smallest = spinBox.minimum() + (least.isValid() ? 1 : 0);
+        spinBox.setValue(isLeast ? spinBox.minimum()
+                                 : static_cast<int>(std::clamp<std::int64_t>(value, smallest, spinBox.maximum())));
     });
     QObject::connect(&spinBox, &QSpinBox::valueChanged, &_connections, [this, &spinBox, key, least](int value) {
         const bool isLeast = least.isValid() && value == spinBox.minimum();

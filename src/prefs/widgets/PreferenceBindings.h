@@ -27,7 +27,7 @@ namespace tarragon {
 //   preferenceIsReadOnly  somebody else stores what the user does
 //   preferenceValue       radio buttons: the boolean for which this one stands
 //   preferenceValues      combo boxes: a number for each entry; further ones after a comma are shown by it as well
-//   valueAtMinimum        spin boxes: the number for which the least value stands
+//   valueAtMinimum        spin boxes: the number for which the least value stands, and for all below it
 //   enabledWhile          any widget: the booleans that must be set, or not set after a "!", separated by commas
 //
 // Main thread only.

@@ -75,12 +75,23 @@ TEST_F(PreferenceBindingsTest, LeaveValuesAsTheyAreThatTheirControlCannotShow) {
     selectPane(PreferencePane::WindowTop);
     handleEvents();
     EXPECT_EQ(control<QSpinBox>("fontSizeSmall").value(), 24);
-    EXPECT_EQ(control<QSpinBox>("titleFontSizeSmall").value(), 8);
+    EXPECT_EQ(control<QSpinBox>("titleFontSizeSmall").text(), "As the desktop has it");
     EXPECT_EQ(control<QComboBox>("buttonStyle").currentIndex(), -1);
     changeFromOutside(preference::FontSizeSmall, std::int64_t{12});
     changeFromOutside(preference::FontSizeSmall, std::int64_t{500});
     EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(std::int64_t{500}));
     EXPECT_EQ(fake.defaults.changedKeys(), changed);
+}
+
+TEST_F(PreferenceBindingsTest, ShowASizeThatIsTooSmallToBeChosenAsTheSmallestOne) {
+    auto& size = control<QSpinBox>("fontSizeSmall");
+    for (const std::int64_t tooSmall : {1, 7, 8}) {
+        changeFromOutside(preference::FontSizeSmall, tooSmall);
+        EXPECT_EQ(size.value(), 9) << tooSmall;
+        EXPECT_EQ(value(preference::FontSizeSmall), DefaultsValue(tooSmall));
+    }
+    changeFromOutside(preference::FontSizeSmall, std::int64_t{0});
+    EXPECT_EQ(size.text(), "As the desktop has it");
 }
 
 TEST_F(PreferenceBindingsTest, AreNotChangedByScrollingPastAControl) {
