@@ -1,5 +1,7 @@
 #include "prefs/widgets/LineOfText.h"
 
+#include <QStringList>
+
 namespace tarragon {
 
 QString oneLineText(const std::string& text) {
@@ -13,7 +15,15 @@ QString oneLineText(const std::string& text) {
 }
 
 QString toolTipOfText(const QString& text) {
-    return "<p>" + text.toHtmlEscaped().replace('\n', "<br>") + "</p>";
+    // A few lines on the screen; names and titles of others may have any length.
+    constexpr int MostLetters = 300;
+    QStringList lines = text.split('\n');
+    for (QString& line : lines) {
+        if (line.size() > MostLetters)
+            line = line.left(MostLetters) + QChar(0x2026);
+        line = line.toHtmlEscaped();
+    }
+    return "<p>" + lines.join("<br>") + "</p>";
 }
 
 } // namespace tarragon

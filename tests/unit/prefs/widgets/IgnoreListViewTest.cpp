@@ -469,6 +469,16 @@ TEST_F(IgnoreListViewTest, ShowsTextsOfOthersAsTheyAre) {
     EXPECT_EQ(titles()->model()->index(1, 0).data(Qt::EditRole).toString(), "");
 }
 
+TEST_F(IgnoreListViewTest, CoversNoScreenWithTheToolTipOfAVeryLongText) {
+    store({entry("Editor", {std::string(10000, '&')})});
+    open();
+    click(applications(), 0);
+    EXPECT_EQ(rows(titles()).front().size(), 10000U);
+    QString toolTip = titles()->model()->index(0, 0).data(Qt::ToolTipRole).toString();
+    EXPECT_EQ(toolTip.count("&amp;"), 300);
+    EXPECT_TRUE(toolTip.endsWith(QString::fromUtf8("…</p>")));
+}
+
 TEST_F(IgnoreListViewTest, HandlesTenThousandApplicationsAndAThousandPatterns) {
     std::vector<std::string> patterns;
     for (int number = 0; number < 1000; ++number)
