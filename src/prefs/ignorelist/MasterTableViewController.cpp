@@ -137,6 +137,14 @@ void MasterTableViewController::ignoreCurrentAppWithBundleID(
     _appMasterTableView.reloadData();
 }
 
+void MasterTableViewController::selectTitle(const std::string& title) {
+    for (std::size_t row = 0; row < _zdDetail.numberOfRowsInTableView(); ++row) {
+        if (_zdDetail.tableViewObjectValueForTableColumn(row) == title)
+            _appDetailTableView.selectRow(row);
+    }
+    _appDetailTableView.reloadData();
+}
+
 bool MasterTableViewController::ignoreWindow(const PickedWindow& window) {
     const std::string& identifier = window.application.bundleIdentifier;
     if (identifier.empty() || !window.title || window.title->empty())
@@ -157,6 +165,7 @@ bool MasterTableViewController::ignoreWindow(const PickedWindow& window) {
     }
     selectKey(identifier);
     tableViewSelectionDidChange();
+    selectTitle(title);
     return true;
 }
 

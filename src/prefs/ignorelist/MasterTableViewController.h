@@ -49,7 +49,8 @@ public:
     // without ignoring anything. Adds nothing when the stored list has a readable entry.
     void ignoreCurrentAppWithBundleID(const std::string& bundleIdentifier, const std::string& appName);
     // Ignores the windows of that title, listing the application without ignoring its other windows if need be, and
-    // selects the application. False, and nothing done, when the window has no title or nobody knows its application.
+    // selects the application and the title. False, and nothing done, when the window has no title or nobody knows its
+    // application.
     [[nodiscard]] bool ignoreWindow(const PickedWindow& window);
 
     // The working copy of the stored list. Another object after each change of the stored list.
@@ -63,6 +64,8 @@ private:
     std::optional<std::string> selectedKey() const;
     // Selects nothing where there is no such key.
     void selectKey(const std::optional<std::string>& key);
+    // In the detail table, where there is such a title.
+    void selectTitle(const std::string& title);
 
     Defaults& _defaults;
     InstalledApplications* _applications;

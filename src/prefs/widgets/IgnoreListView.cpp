@@ -14,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 
 #include <utility>
 
@@ -77,8 +76,7 @@ struct IgnoreListView::Editor {
 
 IgnoreListView::IgnoreListView(QWidget* parent)
     : QWidget(parent)
-    , _message(new QLabel())
-    , _cancelShortcut(new QShortcut(Qt::Key_Escape, this)) {
+    , _message(new QLabel()) {
     makeApplicationControls();
     makeTitleControls();
     _pickButton = button("pickWindow", translated("IgnoreListView", "Pick a Window…"),
@@ -87,7 +85,6 @@ IgnoreListView::IgnoreListView(QWidget* parent)
     _message->setTextFormat(Qt::PlainText);
     _message->setWordWrap(true);
     arrangeControls();
-    _cancelShortcut->setEnabled(false);
     connectControls();
     updateControls();
 }
@@ -168,7 +165,6 @@ void IgnoreListView::connectControls() {
     connect(_addTitleButton, &QPushButton::clicked, this, &IgnoreListView::addTitle);
     connect(_removeTitleButton, &QPushButton::clicked, this, &IgnoreListView::removeTitle);
     connect(_pickButton, &QPushButton::clicked, this, &IgnoreListView::pickWindow);
-    connect(_cancelShortcut, &QShortcut::activated, this, &IgnoreListView::cancelPicking);
     for (RowTable* table : {_masterTable, _detailTable}) {
         connect(table, &RowTable::rowSelected, this, &IgnoreListView::updateControls);
         connect(table, &RowTable::reloaded, this, &IgnoreListView::updateControls);
@@ -260,7 +256,6 @@ void IgnoreListView::runOpenPanel(const std::string& folder, OpenPanelAnswer ans
 
 void IgnoreListView::pickWindow() {
     _isPicking = _windowPicker->pickWindow([this](const std::optional<PickedWindow>& window) { endPicking(window); });
-    _cancelShortcut->setEnabled(_isPicking);
     showMessage(_isPicking ? translated("IgnoreListView", "Click the window to ignore. Escape cancels.")
                            : translated("IgnoreListView", "The pointer cannot be had just now. Please try again."));
     updateControls();
@@ -275,7 +270,6 @@ void IgnoreListView::cancelPicking() {
 
 void IgnoreListView::endPicking(const std::optional<PickedWindow>& window) {
     _isPicking = false;
-    _cancelShortcut->setEnabled(false);
     showMessage({});
     updateControls();
     if (!window)
@@ -285,10 +279,6 @@ void IgnoreListView::endPicking(const std::optional<PickedWindow>& window) {
                 ? translated("IgnoreListView", "It is not known which application that window belongs to.")
                 : translated("IgnoreListView", "That window has no title to know it by. Add its application instead."));
         return;
-    }
-    for (std::size_t row = 0; row < _editor->detail.numberOfRowsInTableView(); ++row) {
-        if (_editor->detail.tableViewObjectValueForTableColumn(row) == *window->title)
-            _detailTable->choose(row);
     }
     _detailTable->setFocus();
 }

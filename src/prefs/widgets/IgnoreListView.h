@@ -16,7 +16,6 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
-class QShortcut;
 
 namespace tarragon {
 
@@ -69,7 +68,6 @@ private:
     QPushButton* _removeTitleButton;
     QPushButton* _pickButton;
     QLabel* _message;
-    QShortcut* _cancelShortcut; // works while a window is being picked
     WindowPicker* _windowPicker = nullptr;
     bool _isPicking = false;
     QPointer<ApplicationChooser> _chooser; // while one is open

@@ -160,6 +160,16 @@ TEST_F(PickedWindowTest, IsFoundAgainByTheStoredFormOfItsTitle) {
     EXPECT_EQ(titles().size(), 1U);
 }
 
+TEST_F(PickedWindowTest, IsSelectedByTheStoredFormOfItsTitle) {
+    EXPECT_TRUE(master.ignoreWindow(window("a")));
+    EXPECT_EQ(detailTable.selected, 0U);
+    EXPECT_TRUE(master.ignoreWindow(window("b\x01z")));
+    EXPECT_EQ(detailTable.selected, 1U);
+    EXPECT_EQ(calls.back(), "reload detail");
+    EXPECT_TRUE(master.ignoreWindow(window("a")));
+    EXPECT_EQ(detailTable.selected, 0U);
+}
+
 TEST_F(PickedWindowTest, IsNotListedWithoutATitleOrAnApplication) {
     EXPECT_FALSE(master.ignoreWindow(window(std::nullopt)));
     EXPECT_FALSE(master.ignoreWindow(window("")));
