@@ -243,6 +243,8 @@ void IgnoreListView::removeTitle() {
 void IgnoreListView::runOpenPanel(const std::string& folder, OpenPanelAnswer answer) {
     if (_chooser || !_editor->applications)
         return;
+    // One may have been installed while the view was open.
+    _editor->icons.forget();
     _chooser = new ApplicationChooser(*_editor->applications, _editor->icons, folder, this);
     _chooser->setAttribute(Qt::WA_DeleteOnClose);
     connect(_chooser, &QDialog::finished, this, [this, answer = std::move(answer)] {

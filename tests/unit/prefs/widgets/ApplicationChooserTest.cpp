@@ -218,6 +218,11 @@ TEST_F(AddedInViewTest, ApplicationsHaveTheirPictures) {
     EXPECT_EQ(colour(0), QColor(Qt::red));
     EXPECT_NE(colour(1), QColor(Qt::red));
     EXPECT_FALSE(applications()->model()->index(1, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
+    // One that was installed while the list was open.
+    installed.addApplication(
+        {"/apps/gone.desktop", "org.example.Gone", "Gone", {}, {}, folder.filePath("red.png").toStdString()});
+    click(button("addApplication"));
+    EXPECT_EQ(colour(1), QColor(Qt::red));
 }
 
 } // namespace
