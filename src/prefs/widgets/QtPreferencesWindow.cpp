@@ -129,6 +129,9 @@ Rect QtPreferencesWindow::frameNS() const {
 
 void QtPreferencesWindow::setFrame(const Rect& frameNS, bool animate) {
     _animation->stop();
+    // A window that fills the screen stays that large.
+    if (isMaximized() || isFullScreen())
+        return;
     _size = QSizeF(frameNS.size.width, frameNS.size.height).toSize();
     const int duration = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
     // The place is left to the desktop, which keeps the top edge where it is.
@@ -237,7 +240,8 @@ void QtPreferencesWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPreferencesWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
+        || event->type() == QEvent::WindowStateChange)
         fitHeightSoon();
 }
 

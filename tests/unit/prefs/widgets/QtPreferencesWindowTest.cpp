@@ -75,6 +75,25 @@ TEST_F(QtPreferencesWindowTest, IsAsHighAsItsPaneAndKeepsItsTopEdge) {
     }
 }
 
+TEST_F(QtPreferencesWindowTest, StaysMaximisedThroughItsPanes) {
+    controller().displayWindow();
+    handleEvents();
+    window().showMaximized();
+    handleEvents();
+    const QSize maximised = window().size();
+    for (const PreferencePane pane : {PreferencePane::ScreenTop, PreferencePane::Help}) {
+        selectPane(pane);
+        handleEvents();
+        EXPECT_TRUE(window().isMaximized());
+        EXPECT_EQ(window().size(), maximised);
+    }
+    window().showNormal();
+    for (int level = 0; level < 8; ++level)
+        handleEvents();
+    EXPECT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::Help));
+    EXPECT_EQ(window().height(), window().frameNS().size.height);
+}
+
 TEST_F(QtPreferencesWindowTest, EndsAnAnimationAtTheHeightOfItsPane) {
     controller().displayWindow();
     controller().changePreferencePane(window().toolbarItems().at(1));
