@@ -1,8 +1,10 @@
 #include "PreferencesWindowFixture.h"
 #include "prefs/widgets/ZDMouseButtonIdentifier.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMessageBox>
@@ -121,6 +123,25 @@ TEST_F(QtPreferencesWindowTest, ClosesWithEscapeAndWithItsShortcut) {
         EXPECT_FALSE(window().isVisible()) << keys.toString().toStdString();
         EXPECT_EQ(fake.inputEvents.tapCount(), 0U);
     }
+}
+
+TEST_F(QtPreferencesWindowTest, StaysWhenEscapeClosesAListOfChoices) {
+    controller().displayWindow();
+    selectPane(PreferencePane::WindowTop);
+    QApplication::setActiveWindow(&window());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    auto& list = control<QComboBox>("buttonStyle");
+    list.setFocus();
+    list.showPopup();
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    // First the toolkit asks who wants the key; with a screen reader around, the press comes a moment later.
+    QKeyEvent question(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(list.view(), &question);
+    EXPECT_TRUE(question.isAccepted());
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(list.view(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(window().isVisible());
 }
 
 TEST_F(QtPreferencesWindowTest, ShowsTheHelpWithItsKey) {
