@@ -62,8 +62,10 @@ std::unique_ptr<PanelSurface> X11PanelSurfaces::makeSurface(std::uint64_t window
 
 void X11PanelSurfaces::joinAllSpaces(std::uint64_t window) {
     X11PanelWindow ordinary(_connection, static_cast<xcb_window_t>(window));
-    // The window manager reads the property when the window is shown. The question has the server have it by then: the
-    // toolkit shows the window over a connection of its own.
+    // The window manager reads the properties when the window is shown, and writes them from then on. The question has
+    // the server have it by then: the toolkit shows the window over a connection of its own.
+    if (!ordinary.visibleFrame())
+        ordinary.stickToScreen();
     ordinary.joinAllWorkspaces();
     if (ordinary.exists())
         ordinary.askForAllWorkspaces();

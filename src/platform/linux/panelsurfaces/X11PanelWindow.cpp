@@ -4,6 +4,7 @@
 #include "platform/linux/x11/X11Property.h"
 #include "platform/linux/x11/X11Reply.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <xcb/shape.h>
@@ -73,6 +74,17 @@ void X11PanelWindow::refuseFocus() {
 
 void X11PanelWindow::joinAllWorkspaces() {
     setNumbers("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {0xFFFFFFFF});
+    send();
+}
+
+void X11PanelWindow::stickToScreen() {
+    const std::uint32_t sticky = _connection.atom("_NET_WM_STATE_STICKY");
+    X11Property property(_connection.get(), _window, _connection.atom("_NET_WM_STATE"));
+    std::vector<std::uint32_t> states = property.numbers();
+    if (std::ranges::count(states, sticky) > 0)
+        return;
+    states.push_back(sticky);
+    setNumbers("_NET_WM_STATE", XCB_ATOM_ATOM, states);
     send();
 }
 

@@ -31,6 +31,9 @@ public:
 
     void refuseFocus();
     void joinAllWorkspaces();
+    // For a window that is yet to be shown: some window managers take the workspace alone for a number that is out of
+    // range, and show the window on their last one.
+    void stickToScreen();
     // A dock is the window manager's business, another panel is kept from it. The server has heard of it on return:
     // the toolkit shows the window over a connection of its own.
     void setManagedAsDock(bool isDock);

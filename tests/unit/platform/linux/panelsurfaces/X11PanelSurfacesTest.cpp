@@ -24,11 +24,25 @@ TEST_F(X11PanelSurfacesTest, KeepsThePanelFromTheKeyboardAndOnEveryWorkspace) {
 
 TEST_F(X11PanelSurfacesTest, PutsAnOrdinaryWindowOnEveryWorkspaceBeforeItIsShown) {
     const xcb_window_t window = toolkit->makeWindow();
-    surfaces->joinAllSpaces(window);
-    // The server has heard of it already, whoever asks.
-    EXPECT_THAT(toolkit->numbers(window, "_NET_WM_DESKTOP"), ElementsAre(0xFFFFFFFF));
+    const xcb_atom_t modal = toolkit->atom("_NET_WM_STATE_MODAL");
+    const xcb_atom_t sticky = toolkit->atom("_NET_WM_STATE_STICKY");
+    toolkit->setNumbers(window, "_NET_WM_STATE", XCB_ATOM_ATOM, {modal});
+    for (int time = 0; time < 2; ++time) {
+        surfaces->joinAllSpaces(window);
+        // The server has heard of it already, whoever asks.
+        EXPECT_THAT(toolkit->numbers(window, "_NET_WM_DESKTOP"), ElementsAre(0xFFFFFFFF));
+        EXPECT_THAT(toolkit->numbers(window, "_NET_WM_STATE"), ElementsAre(modal, sticky));
+    }
     toolkit->destroy(window);
     surfaces->joinAllSpaces(window);
+}
+
+TEST_F(X11PanelSurfacesTest, LeavesTheStatesOfAShownWindowToTheWindowManager) {
+    const xcb_window_t window = toolkit->makeWindow();
+    toolkit->map(window);
+    settle();
+    surfaces->joinAllSpaces(window);
+    EXPECT_THAT(toolkit->numbers(window, "_NET_WM_STATE"), IsEmpty());
 }
 
 TEST_F(X11PanelSurfacesTest, KeepsTheToolkitsOtherHintsAndProtocols) {
