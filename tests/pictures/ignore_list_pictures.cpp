@@ -6,9 +6,9 @@
 #include "fake/FakeWindowPicker.h"
 #include "ignore/IgnoreDictionary.h"
 #include "platform/qt/QtTexts.h"
-#include "prefs/widgets/ApplicationChooser.h"
-#include "prefs/widgets/ApplicationIcons.h"
-#include "prefs/widgets/IgnoreListView.h"
+#include "prefs/ignorelist/widgets/ApplicationChooser.h"
+#include "prefs/ignorelist/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/IgnoreListView.h"
 
 #include <iostream>
 #include <string>

@@ -1,4 +1,4 @@
-#include "prefs/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/ApplicationIcons.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>

@@ -1,4 +1,4 @@
-#include "prefs/widgets/TitleDelegate.h"
+#include "prefs/ignorelist/widgets/TitleDelegate.h"
 
 #include "platform/Texts.h"
 

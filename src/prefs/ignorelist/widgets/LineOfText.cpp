@@ -1,4 +1,4 @@
-#include "prefs/widgets/LineOfText.h"
+#include "prefs/ignorelist/widgets/LineOfText.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "prefs/widgets/IdentifiedRows.h"
+#include "prefs/ignorelist/widgets/IdentifiedRows.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/InstalledApplications.h"
-#include "prefs/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/ApplicationIcons.h"
 
 #include <QAbstractListModel>
 

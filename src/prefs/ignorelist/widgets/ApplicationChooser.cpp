@@ -1,8 +1,8 @@
-#include "prefs/widgets/ApplicationChooser.h"
+#include "prefs/ignorelist/widgets/ApplicationChooser.h"
 
 #include "platform/Texts.h"
-#include "prefs/widgets/EntryTable.h"
-#include "prefs/widgets/InstalledRows.h"
+#include "prefs/ignorelist/widgets/EntryTable.h"
+#include "prefs/ignorelist/widgets/InstalledRows.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>

@@ -1,6 +1,6 @@
-#include "prefs/widgets/EntryTable.h"
+#include "prefs/ignorelist/widgets/EntryTable.h"
 
-#include "prefs/widgets/TitleDelegate.h"
+#include "prefs/ignorelist/widgets/TitleDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

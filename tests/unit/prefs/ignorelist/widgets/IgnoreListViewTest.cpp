@@ -1,4 +1,4 @@
-#include "prefs/widgets/IgnoreListView.h"
+#include "prefs/ignorelist/widgets/IgnoreListView.h"
 
 #include "IgnoreListViewFixture.h"
 #include "fake/FakeWorkspace.h"

@@ -1,7 +1,7 @@
-#include "prefs/widgets/TitleRows.h"
+#include "prefs/ignorelist/widgets/TitleRows.h"
 
 #include "platform/Texts.h"
-#include "prefs/widgets/LineOfText.h"
+#include "prefs/ignorelist/widgets/LineOfText.h"
 
 #include <QFont>
 #include <QScopedValueRollback>

@@ -1,4 +1,4 @@
-#include "prefs/widgets/ApplicationChooser.h"
+#include "prefs/ignorelist/widgets/ApplicationChooser.h"
 
 #include "IgnoreListViewFixture.h"
 

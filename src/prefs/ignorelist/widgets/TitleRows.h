@@ -1,7 +1,7 @@
 #pragma once
 
 #include "prefs/ignorelist/DetailTableViewController.h"
-#include "prefs/widgets/IdentifiedRows.h"
+#include "prefs/ignorelist/widgets/IdentifiedRows.h"
 
 #include <cstddef>
 #include <optional>

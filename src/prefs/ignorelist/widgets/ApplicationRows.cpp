@@ -1,6 +1,6 @@
-#include "prefs/widgets/ApplicationRows.h"
+#include "prefs/ignorelist/widgets/ApplicationRows.h"
 
-#include "prefs/widgets/LineOfText.h"
+#include "prefs/ignorelist/widgets/LineOfText.h"
 
 namespace tarragon {
 

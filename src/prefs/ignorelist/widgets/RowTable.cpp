@@ -1,6 +1,6 @@
-#include "prefs/widgets/RowTable.h"
+#include "prefs/ignorelist/widgets/RowTable.h"
 
-#include "prefs/widgets/IdentifiedRows.h"
+#include "prefs/ignorelist/widgets/IdentifiedRows.h"
 
 #include <QScopedValueRollback>
 

@@ -1,13 +1,13 @@
-#include "prefs/widgets/IgnoreListView.h"
+#include "prefs/ignorelist/widgets/IgnoreListView.h"
 
 #include "platform/Texts.h"
 #include "prefs/ignorelist/DetailTableViewController.h"
 #include "prefs/ignorelist/MasterTableViewController.h"
-#include "prefs/widgets/ApplicationChooser.h"
-#include "prefs/widgets/ApplicationIcons.h"
-#include "prefs/widgets/ApplicationRows.h"
-#include "prefs/widgets/RowTable.h"
-#include "prefs/widgets/TitleRows.h"
+#include "prefs/ignorelist/widgets/ApplicationChooser.h"
+#include "prefs/ignorelist/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/ApplicationRows.h"
+#include "prefs/ignorelist/widgets/RowTable.h"
+#include "prefs/ignorelist/widgets/TitleRows.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,7 +1,7 @@
-#include "prefs/widgets/InstalledRows.h"
+#include "prefs/ignorelist/widgets/InstalledRows.h"
 
 #include "prefs/ignorelist/BundleName.h"
-#include "prefs/widgets/LineOfText.h"
+#include "prefs/ignorelist/widgets/LineOfText.h"
 
 #include <QCollator>
 

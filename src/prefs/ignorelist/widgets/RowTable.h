@@ -1,7 +1,7 @@
 #pragma once
 
 #include "prefs/ignorelist/TableView.h"
-#include "prefs/widgets/EntryTable.h"
+#include "prefs/ignorelist/widgets/EntryTable.h"
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "prefs/ignorelist/MasterTableViewController.h"
-#include "prefs/widgets/ApplicationIcons.h"
-#include "prefs/widgets/IdentifiedRows.h"
+#include "prefs/ignorelist/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/IdentifiedRows.h"
 
 #include <optional>
 #include <vector>

@@ -5,7 +5,7 @@
 #include "fake/FakeWindowPicker.h"
 #include "ignore/IgnoreDictionary.h"
 #include "platform/PreferenceKeys.h"
-#include "prefs/widgets/IgnoreListView.h"
+#include "prefs/ignorelist/widgets/IgnoreListView.h"
 
 #include <QApplication>
 #include <QCheckBox>
