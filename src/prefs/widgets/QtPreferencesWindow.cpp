@@ -59,6 +59,10 @@ void QtPreferencesWindow::setCanJoinAllSpaces() {
 void QtPreferencesWindow::orderFrontRegardless() {
     if (isMinimized())
         showNormal();
+    // Where the user has put it, unless that was on a screen that is gone. Before the desktop knows of the window, which
+    // is made anew each time.
+    if (!isVisible() && _place && QGuiApplication::screenAt(*_place) != nullptr)
+        move(*_place);
     // Forgotten by the desktop each time that the window is hidden.
     if (_joinsAllSpaces && _platform.panelSurfaces != nullptr)
         _platform.panelSurfaces->joinAllSpaces(winId());
@@ -77,6 +81,7 @@ void QtPreferencesWindow::close() {
 }
 
 void QtPreferencesWindow::closeEvent(QCloseEvent* event) {
+    _place = pos();
     QMainWindow::closeEvent(event);
     _controller.windowWillClose();
 }

@@ -110,6 +110,7 @@ private:
     bool _hotKeyIsRefused = false;
     bool _joinsAllSpaces = false;
     QSize _size; // at the end of the animation
+    std::optional<QPoint> _place; // where it was when it was closed
     QVariantAnimation* _animation;
     bool _fitsHeightSoon = false;
 };

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QToolBar>
+#include <QWindow>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
@@ -276,6 +277,19 @@ TEST_F(QtPreferencesWindowTest, ProposesACombinationInTheHelpThatOneClickTakes) 
     control<QPushButton>("takeProposalButton").click();
     EXPECT_THAT(fake.defaults.changedKeys(), testing::Contains("NewTrigger"));
     EXPECT_EQ(shownPane(), "helpPreferencesView");
+}
+
+TEST_F(QtPreferencesWindowTest, OpensWhereTheUserHasLeftIt) {
+    controller().displayWindow();
+    // The first time the desktop finds a place.
+    EXPECT_FALSE(window().testAttribute(Qt::WA_Moved));
+    window().windowHandle()->setPosition(70, 90);
+    handleEvents();
+    const QPoint place = window().pos();
+    controller().fadeOutWindow();
+    controller().displayWindow();
+    EXPECT_TRUE(window().testAttribute(Qt::WA_Moved));
+    EXPECT_EQ(window().pos(), place);
 }
 
 TEST_F(QtPreferencesWindowTest, HasTheFocusOnTheItemOfThePaneThatItOpensWith) {
