@@ -59,8 +59,8 @@ void QtPreferencesWindow::setCanJoinAllSpaces() {
 void QtPreferencesWindow::orderFrontRegardless() {
     if (isMinimized())
         showNormal();
-    // Where the user has put it, unless that was on a screen that is gone. Before the desktop knows of the window, which
-    // is made anew each time.
+    // Where the user has put it, unless that was on a screen that is gone. Before the desktop has the window, which is
+    // made anew each time.
     if (!isVisible() && _place && QGuiApplication::screenAt(*_place) != nullptr)
         move(*_place);
     // Forgotten by the desktop each time that the window is hidden.

@@ -11,8 +11,8 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QToolBar>
-#include <QWindow>
 #include <QToolButton>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 
