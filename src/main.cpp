@@ -43,7 +43,7 @@ int runAgent(const RunAgent& command, DesktopSession& desktop) {
     const auto claim = desktop.claimOrReopen();
     if (const auto* error = std::get_if<DesktopError>(&claim))
         return fail(error->message);
-    if (std::get<DesktopAgent>(claim) == DesktopAgent::AnotherProcess) {
+    if (*std::get_if<DesktopAgent>(&claim) == DesktopAgent::AnotherProcess) {
         // It has heard of this start, and shows its preferences.
         if (!command.showsPreferences)
             logError(LogCategory::Front, "already running on this display");
@@ -114,7 +114,7 @@ int main(int argumentCount, char** arguments) {
     const auto created = createLinuxPlatform({arguments[0], "Tarragon", TARRAGON_VERSION});
     if (const auto* error = std::get_if<DesktopError>(&created))
         return fail(error->message);
-    DesktopSession& desktop = *std::get<std::unique_ptr<DesktopSession>>(created);
+    DesktopSession& desktop = **std::get_if<std::unique_ptr<DesktopSession>>(&created);
     desktop.prepareAccessibility();
     const auto* agent = std::get_if<RunAgent>(&command);
     return agent ? runAgent(*agent, desktop) : runCommand(command, desktop);

@@ -6,9 +6,8 @@
 
 namespace tarragon {
 
-QtPreferencesInterface::QtPreferencesInterface(
-    const Platform& platform, std::string version, std::ostream& standardError)
-    : _platform(platform)
+QtPreferencesInterface::QtPreferencesInterface(Platform platform, std::string version, std::ostream& standardError)
+    : _platform(std::move(platform))
     , _version(std::move(version))
     , _standardError(standardError) { }
 

@@ -13,7 +13,7 @@ class QtPreferencesInterface : public PreferencesInterface {
 public:
     // The services outlive the windows. version is that of the program; standardError is where a person learns why the
     // program ends.
-    QtPreferencesInterface(const Platform& platform, std::string version, std::ostream& standardError);
+    QtPreferencesInterface(Platform platform, std::string version, std::ostream& standardError);
 
     std::unique_ptr<PreferencesWindow> loadWindow(PreferencesWindowController& controller) override;
 

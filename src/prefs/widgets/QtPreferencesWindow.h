@@ -34,7 +34,7 @@ class QtPreferencesWindow : public QMainWindow, public PreferencesWindow, privat
 public:
     // Everything outlives the window. version is that of the program; standardError is where a person learns why the
     // program ends.
-    QtPreferencesWindow(const Platform& platform, PreferencesWindowController& controller, const std::string& version,
+    QtPreferencesWindow(Platform platform, PreferencesWindowController& controller, const std::string& version,
         std::ostream& standardError);
     ~QtPreferencesWindow() override;
 

@@ -14,12 +14,13 @@
 #include <QVariantAnimation>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarragon {
 
-QtPreferencesWindow::QtPreferencesWindow(const Platform& platform, PreferencesWindowController& controller,
-    const std::string& version, std::ostream& standardError)
-    : _platform(platform)
+QtPreferencesWindow::QtPreferencesWindow(
+    Platform platform, PreferencesWindowController& controller, const std::string& version, std::ostream& standardError)
+    : _platform(std::move(platform))
     , _controller(controller)
     , _ui(std::make_unique<Ui::ZDPreferences>())
     , _bindings(_platform.defaults)

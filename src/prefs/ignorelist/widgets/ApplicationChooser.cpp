@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tarragon {
 
 namespace {
@@ -28,9 +30,9 @@ bool movesSelection(int key) {
 } // namespace
 
 ApplicationChooser::ApplicationChooser(
-    InstalledApplications& applications, ApplicationIcons& icons, const std::string& folder, QWidget* parent)
+    InstalledApplications& applications, ApplicationIcons& icons, std::string folder, QWidget* parent)
     : QDialog(parent)
-    , _folder(folder)
+    , _folder(std::move(folder))
     , _searchField(new QLineEdit(this))
     , _table(new EntryTable(this))
     , _rows(new InstalledRows(applications.installedApplications(), icons, this)) {

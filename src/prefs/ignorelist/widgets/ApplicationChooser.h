@@ -22,8 +22,8 @@ class ApplicationChooser : public QDialog {
 
 public:
     // The files begin in that folder, which may be empty. The services outlive the dialog.
-    ApplicationChooser(InstalledApplications& applications, ApplicationIcons& icons, const std::string& folder,
-        QWidget* parent = nullptr);
+    ApplicationChooser(
+        InstalledApplications& applications, ApplicationIcons& icons, std::string folder, QWidget* parent = nullptr);
 
     // What the user has chosen; nothing as long as that is nothing.
     const std::optional<std::string>& chosenPath() const { return _chosenPath; }
@@ -33,7 +33,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void search(const QString& text);
+    void search(const QString& searched);
     void updateAddButton();
     void takeSelected();
     void openFileDialog();

@@ -1,6 +1,7 @@
 #include "prefs/ignorelist/widgets/IdentifiedRows.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tarragon {
@@ -10,24 +11,21 @@ int IdentifiedRows::rowCount(const QModelIndex& parent) const {
 }
 
 void IdentifiedRows::setIdentities(Identities identities) {
-    const auto first = std::ranges::mismatch(_identities, identities);
-    const auto begin = first.in1 - _identities.begin();
-    const std::ranges::subrange oldRest(first.in1, _identities.end());
-    const std::ranges::subrange newRest(first.in2, identities.end());
-    const auto last =
-        std::mismatch(std::make_reverse_iterator(oldRest.end()), std::make_reverse_iterator(oldRest.begin()),
-            std::make_reverse_iterator(newRest.end()), std::make_reverse_iterator(newRest.begin()));
+    const auto [oldBegin, newBegin] = std::ranges::mismatch(_identities, identities);
+    const auto last = std::mismatch(std::make_reverse_iterator(_identities.end()), std::make_reverse_iterator(oldBegin),
+        std::make_reverse_iterator(identities.end()), std::make_reverse_iterator(newBegin));
     const auto oldEnd = last.first.base();
     const auto newEnd = last.second.base();
+    const auto begin = oldBegin - _identities.begin();
 
-    if (oldEnd != oldRest.begin()) {
+    if (oldEnd != oldBegin) {
         beginRemoveRows({}, static_cast<int>(begin), static_cast<int>(oldEnd - _identities.begin()) - 1);
-        _identities.erase(oldRest.begin(), oldEnd);
+        _identities.erase(oldBegin, oldEnd);
         endRemoveRows();
     }
-    if (newEnd != newRest.begin()) {
+    if (newEnd != newBegin) {
         beginInsertRows({}, static_cast<int>(begin), static_cast<int>(newEnd - identities.begin()) - 1);
-        _identities.insert(_identities.begin() + begin, newRest.begin(), newEnd);
+        _identities.insert(_identities.begin() + begin, newBegin, newEnd);
         endInsertRows();
     }
 }
