@@ -70,12 +70,8 @@ void DetailTableViewController::saveIgnore() {
         return;
     // Whoever observes the setting hands over another dictionary and another entry while this one is being stored.
     const std::shared_ptr<IgnoreDictionary> dictionary = _masterDictionary;
-    const IgnoreDictionary before = *dictionary;
-    if (dictionary->setEntry(_masterKey, *_blackList) && dictionary->store(_defaults))
-        return;
-    *dictionary = before;
-    setBlackList(_masterDictionary->entry(_masterKey));
-    setIgnoreAllApp(_blackList && _blackList->ignoreAllAppWindows().value_or(false));
+    if (!dictionary->setEntry(_masterKey, *_blackList) || !dictionary->store(_defaults))
+        setBlackList(_masterDictionary->entry(_masterKey));
 }
 
 void DetailTableViewController::setIgnoreAllApp(bool ignore) {

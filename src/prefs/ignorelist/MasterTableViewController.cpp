@@ -159,9 +159,9 @@ bool MasterTableViewController::ignoreWindow(const PickedWindow& window) {
     if (std::ranges::find(titles, title) == titles.end()) {
         titles.push_back(title);
         entry.setWindowsWithTitlesToIgnore(std::move(titles));
+        // The change of the setting shows the application.
         if (_ignoreDictionary->setEntry(identifier, entry))
             storeIgnoreDictionary();
-        _appMasterTableView.reloadData();
     }
     selectKey(identifier);
     tableViewSelectionDidChange();

@@ -28,6 +28,18 @@ protected:
     std::size_t popUps() const { return fake.menuPresenter.openMenus().size(); }
 };
 
+TEST_F(MouseButtonTest, IsNotHeardOfBeforeTheFirstLaunchHasShownTheHelp) {
+    set(preference::EnableMouseButton, true);
+    bool isShown = false;
+    fake.defaults.addObserver(keyPathOfPreference(preference::FirstRun),
+        [&](const std::string&) { isShown = press(MiddleButton) && popUps() > 0; });
+    launchWhole();
+    EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
+    EXPECT_FALSE(isShown);
+    press(MiddleButton);
+    EXPECT_EQ(popUps(), 1U);
+}
+
 TEST_F(MouseButtonTest, OpensTheMenuAtThePointerOnThePressWhichGoesOnToTheApplication) {
     set(preference::EnableMouseButton, true);
     launchWhole();

@@ -138,6 +138,8 @@ TEST_F(PreferencesWindowControllerTest, ShowsTheHelpPaneOnTopOfEverythingElse) {
 
 TEST_F(PreferencesWindowControllerTest, CanWaitForACombinationAtOnce) {
     controller().displayWindowForRecording();
+    EXPECT_TRUE(window().isVisible);
+    EXPECT_TRUE(window().tapIsOn);
     EXPECT_EQ(window().pane, PreferencePane::HotKey);
     EXPECT_EQ(window().told.back(), "record");
 }
