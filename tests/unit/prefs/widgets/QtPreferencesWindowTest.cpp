@@ -390,6 +390,16 @@ TEST_F(QtPreferencesWindowTest, OffersTheFilm) {
     EXPECT_THAT(told, ElementsAre("screencast"));
 }
 
+TEST_F(QtPreferencesWindowTest, SetsItsHeadingsInBoldAtTheSizeOfEverythingElse) {
+    QFont large = window().font();
+    large.setPointSize(large.pointSize() + 5);
+    window().setFont(large);
+    for (const char* heading : {"aboutName", "popUpHelpTitle", "chooseHelpTitle"}) {
+        EXPECT_TRUE(control<QLabel>(heading).font().bold()) << heading;
+        EXPECT_EQ(control<QLabel>(heading).font().pointSize(), large.pointSize()) << heading;
+    }
+}
+
 TEST_F(QtPreferencesWindowTest, TellsItsVersion) {
     EXPECT_EQ(control<QLabel>("aboutVersion").text(), "Version 1.2.3");
     EXPECT_TRUE(control<QLabel>("aboutLibraries").text().contains("Qt 6: LGPL 3"));
