@@ -46,6 +46,7 @@ TEST_F(QtPreferencesWindowTest, HasSevenItemsInItsToolbar) {
         EXPECT_EQ(items[index].identifier, identifier);
         EXPECT_EQ(items[index].label, label);
         EXPECT_EQ(items[index].tag, tag);
+        EXPECT_FALSE(control<QToolBar>("toolbar").actions().at(static_cast<int>(index))->icon().isNull()) << label;
     }
 }
 
@@ -76,6 +77,24 @@ TEST_F(QtPreferencesWindowTest, IsAsHighAsItsPaneAndKeepsItsTopEdge) {
             << pane;
         EXPECT_EQ(window().pos(), place);
     }
+}
+
+TEST_F(QtPreferencesWindowTest, GrowsAndShrinksWithWordsThatComeAndGo) {
+    const auto settle = [] {
+        for (int level = 0; level < 8; ++level)
+            handleEvents();
+    };
+    controller().displayWindow();
+    selectPane(PreferencePane::HotKey);
+    settle();
+    const int before = window().height();
+    window().setHideHotKeyWarning(false);
+    settle();
+    EXPECT_GT(window().height(), before);
+    EXPECT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::HotKey));
+    window().setHideHotKeyWarning(true);
+    settle();
+    EXPECT_EQ(window().height(), before);
 }
 
 TEST_F(QtPreferencesWindowTest, StaysMaximisedThroughItsPanes) {
