@@ -4,7 +4,6 @@
 #include "platform/RunLoop.h"
 #include "platform/Texts.h"
 
-#include <memory>
 #include <ostream>
 #include <string>
 
@@ -14,7 +13,6 @@
 #include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
@@ -179,11 +177,9 @@ void ZDMouseButtonIdentifier::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     if (event->button() == Qt::LeftButton || event->button() == Qt::RightButton || !_runLoop)
         return;
-    // After a pause the press may not have come to the tap yet, though the release has come here.
-    _runLoop->post([control = QPointer(this)] {
-        if (control)
-            control->otherMouseUp();
-    });
+    // The press of a quick click may not have come to the tap yet, though the release has come here.
+    constexpr double TimeForTap = 0.05;
+    _release = _runLoop->scheduleTimer(TimeForTap, false, [this] { otherMouseUp(); });
 }
 
 void ZDMouseButtonIdentifier::changeEvent(QEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <memory>
 
 #include <QWidget>
 
@@ -9,6 +10,7 @@ namespace tarragon {
 
 class InputEvents;
 class RunLoop;
+class Timer;
 
 // Learns which mouse button the user wants: the user clicks into it with that button, and it shows the button's number
 // and sends its action.
@@ -69,6 +71,7 @@ private:
     std::ostream* _standardError = nullptr;
     std::uint32_t _buttonNumber = 0;
     std::int64_t _tag = 0;
+    std::unique_ptr<Timer> _release; // that is still to be seen to
 };
 
 } // namespace tarragon

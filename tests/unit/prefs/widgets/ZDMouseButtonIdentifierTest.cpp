@@ -31,6 +31,8 @@ InputEvent press(std::uint32_t button) {
     return {InputEventType::OtherMouseDown, button};
 }
 
+constexpr double TimeForTap = 0.05; // seconds
+
 class ZDMouseButtonIdentifierTest : public testing::Test {
 protected:
     ZDMouseButtonIdentifierTest() { control.setServices(&input, runLoop, standardError); }
@@ -42,7 +44,7 @@ protected:
     }
     void click(Qt::MouseButton button) {
         QTest::mouseClick(&control, button);
-        runLoop.runPending();
+        runLoop.advance(TimeForTap);
     }
 
     FakeInputEvents input;
@@ -116,10 +118,10 @@ TEST_F(ZDMouseButtonIdentifierTest, ActsOnTheReleaseOfAnyButtonButTheLeftAndTheR
 TEST_F(ZDMouseButtonIdentifierTest, DoesNothingOnThePress) {
     const QSignalSpy actions(&control, &ZDMouseButtonIdentifier::actionSent);
     QTest::mousePress(&control, Qt::MiddleButton);
-    runLoop.runPending();
+    runLoop.advance(TimeForTap);
     EXPECT_EQ(actions.count(), 0);
     QTest::mouseRelease(&control, Qt::MiddleButton);
-    runLoop.runPending();
+    runLoop.advance(TimeForTap);
     EXPECT_EQ(actions.count(), 1);
 }
 
@@ -128,8 +130,11 @@ TEST_F(ZDMouseButtonIdentifierTest, WaitsForThePressThatTheTapHasNotHeardYet) {
     forget();
     control.setupTap();
     QTest::mouseClick(&control, Qt::MiddleButton);
-    input.sendToUs(press(2));
+    // Everything that waits is done before the tap is heard.
     runLoop.runPending();
+    EXPECT_EQ(control.buttonNumber(), 0U);
+    input.sendToUs(press(2));
+    runLoop.advance(TimeForTap);
     EXPECT_EQ(control.buttonNumber(), 2U);
 }
 
@@ -140,7 +145,7 @@ TEST_F(ZDMouseButtonIdentifierTest, MayGoBeforeItsReleaseIsSeenTo) {
     QTest::mouseClick(gone, Qt::MiddleButton);
     delete gone;
     EXPECT_EQ(input.tapCount(), 0U);
-    runLoop.runPending();
+    runLoop.advance(TimeForTap);
 }
 
 TEST_F(ZDMouseButtonIdentifierTest, SharesTapAndNumberWithTheOtherControlsOfTheProcess) {
