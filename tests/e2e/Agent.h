@@ -47,6 +47,8 @@ public:
 
     // Writes another combination and waits until it is registered. False when it is not in time.
     bool changeHotKey(const HotKey& hotKey);
+    // The user has chosen it in the program itself.
+    void expectHotKey(const HotKey& hotKey) { _hotKey = hotKey; }
     bool hotKeyIsRegistered(const HotKey& hotKey);
     void pressHotKey();
 

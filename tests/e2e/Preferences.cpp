@@ -62,6 +62,12 @@ void Preferences::set(const std::string& key, const std::string& value) {
     change([&](plist_t root) { plist_dict_set_item(root, key.c_str(), plist_new_string(value.c_str())); });
 }
 
+void Preferences::setData(const std::string& key, const std::string& bytes) {
+    change([&](plist_t root) {
+        plist_dict_set_item(root, key.c_str(), plist_new_data(bytes.data(), bytes.size()));
+    });
+}
+
 void Preferences::remove(const std::string& key) {
     change([&](plist_t root) { plist_dict_remove_item(root, key.c_str()); });
 }
@@ -74,6 +80,10 @@ void Preferences::setHotKey(std::uint32_t keyCode, std::uint64_t modifierFlags, 
     });
 }
 
+bool Preferences::has(const std::string& key) const {
+    return plist_dict_get_item(read(_file).get(), key.c_str()) != nullptr;
+}
+
 bool Preferences::boolean(const std::string& key) const {
     Plist root = read(_file);
     plist_t node = plist_dict_get_item(root.get(), key.c_str());
@@ -81,6 +91,33 @@ bool Preferences::boolean(const std::string& key) const {
     if (node && plist_get_node_type(node) == PLIST_BOOLEAN)
         plist_get_bool_val(node, &value);
     return value != 0;
+}
+
+std::uint64_t Preferences::integer(const std::string& key) const {
+    Plist root = read(_file);
+    plist_t node = plist_dict_get_item(root.get(), key.c_str());
+    std::uint64_t value = 0;
+    if (node && plist_get_node_type(node) == PLIST_UINT)
+        plist_get_uint_val(node, &value);
+    return value;
+}
+
+std::string Preferences::text(const std::string& key) const {
+    Plist root = read(_file);
+    plist_t node = plist_dict_get_item(root.get(), key.c_str());
+    std::uint64_t length = 0;
+    const char* characters =
+        node && plist_get_node_type(node) == PLIST_STRING ? plist_get_string_ptr(node, &length) : nullptr;
+    return characters ? std::string(characters, length) : std::string();
+}
+
+std::string Preferences::data(const std::string& key) const {
+    Plist root = read(_file);
+    plist_t node = plist_dict_get_item(root.get(), key.c_str());
+    std::uint64_t length = 0;
+    const char* bytes =
+        node && plist_get_node_type(node) == PLIST_DATA ? plist_get_data_ptr(node, &length) : nullptr;
+    return bytes ? std::string(bytes, length) : std::string();
 }
 
 } // namespace tarragon::e2e

@@ -58,4 +58,8 @@ std::size_t TrayWindow::itemCount() {
     return _items.size();
 }
 
+PixelRect TrayWindow::frameOfItem(std::size_t index) {
+    return _display.frameOf(_items.at(index));
+}
+
 } // namespace tarragon::e2e

@@ -16,6 +16,8 @@ public:
 
     // Takes in what asks for it; how many items there are.
     std::size_t itemCount();
+    // Of an item that it has taken in, in pixels of the root window.
+    PixelRect frameOfItem(std::size_t index);
 
 private:
     XDisplay _display;

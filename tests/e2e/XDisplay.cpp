@@ -220,6 +220,11 @@ void XDisplay::showWorkspace(std::uint32_t workspace) {
     sendToWindowManager(root(), "_NET_CURRENT_DESKTOP", {workspace, XCB_CURRENT_TIME});
 }
 
+std::uint32_t XDisplay::workspace() {
+    const auto current = cardinals(root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL);
+    return current.empty() ? 0 : current[0];
+}
+
 void XDisplay::setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
     const std::vector<std::uint32_t>& values) {
     xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom(property), atom(type), 32,

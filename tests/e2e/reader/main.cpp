@@ -1,13 +1,15 @@
 // Reads what applications say of themselves on the accessibility bus and prints it as JSON. It shares no code with the
 // program under test, so that the two can be compared.
 //
-//   accessibility_reader enable               switches accessibility on for this session
-//   accessibility_reader menus PID [WINDOW]   the menu bar of the active window, or of the window with this title
-//   accessibility_reader level PID [A|B]      the same, but only the items directly below a path, the titles without
-//   one accessibility_reader press PID "A|B|C"    runs an item's own action accessibility_reader text PID the contents
-//   of the first text field of the active window accessibility_reader count PID ROLE       how many elements of a role
-//   the application shows accessibility_reader watch PID            one line for every menu item that gets the focus:
-//   {"focused", "menu"}
+//   accessibility_reader enable             switches accessibility on for this session
+//   accessibility_reader menus PID [WINDOW] the menu bar of the active window, or of the window with this title
+//   accessibility_reader level PID [A|B]    the same, but only the items directly below a path, the titles without one
+//   accessibility_reader press PID "A|B|C"  runs an item's own action
+//   accessibility_reader text PID           the contents of the first text field of the active window
+//   accessibility_reader count PID ROLE     how many elements of a role the application shows
+//   accessibility_reader elements PID       everything that the application's windows show
+//   accessibility_reader watch PID          one line for every menu item that gets the focus: {"focused", "menu"}
+#include "AccessibleControls.h"
 #include "AccessibleMenus.h"
 
 #include <gio/gio.h>
@@ -160,6 +162,11 @@ int count(int processIdentifier, const std::string& role) {
     return 0;
 }
 
+int elements(int processIdentifier) {
+    printJson(reader::shownElements(processIdentifier));
+    return 0;
+}
+
 void focusMoved(AtspiEvent* event, void* data) {
     int processIdentifier = *static_cast<int*>(data);
     if (event->source && event->detail1 == 1
@@ -186,7 +193,7 @@ int watch(int processIdentifier) {
 int usage() {
     std::cerr
         << "usage: accessibility_reader enable | menus PID [WINDOW] | level PID [PATH] | press PID PATH | text PID |\n"
-           "                            count PID ROLE | watch PID\n";
+           "                            count PID ROLE | elements PID | watch PID\n";
     return 2;
 }
 
@@ -215,6 +222,8 @@ int main(int argc, char** argv) {
         return text(processIdentifier);
     if (command == "count" && arguments.size() > 2)
         return count(processIdentifier, arguments[2]);
+    if (command == "elements")
+        return elements(processIdentifier);
     if (command == "watch")
         return watch(processIdentifier);
     return usage();
