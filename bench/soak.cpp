@@ -1,9 +1,11 @@
 // Switches between real applications, opens their menus and moves their windows for a long time, and tells what the
 // agent has kept of it: memory, descriptors, processes, resources of the X server. The agent shows its panel meanwhile
-// and follows the windows with it. Usage: soak [SWITCHES [OPENINGS [openbox|xfwm4 [TICKS]]]], 10,000, 2,000, openbox
-// and 5,000 unless told otherwise. With each tick of the panel's timer the window has moved.
+// and follows the windows with it. At last the program itself opens and closes its preferences. Usage: soak [SWITCHES
+// [OPENINGS [openbox|xfwm4 [TICKS [PREFERENCES]]]]], 10,000, 2,000, openbox, 5,000 and 500 unless told otherwise. With
+// each tick of the panel's timer the window has moved.
 
-#include "XResources.h"
+#include "Holdings.h"
+#include "PreferencesSoak.h"
 
 #include "Agent.h"
 #include "Desktop.h"
@@ -26,71 +28,15 @@
 #include <thread>
 #include <vector>
 
+using namespace tarragon;
 using namespace tarragon::e2e;
 
 namespace {
 
 constexpr int WarmUpRounds = 1000;
-constexpr long MostGrowth = 1024 * 1024; // bytes
 constexpr long MostThreads = 12;
 constexpr Duration Patience{20000};
 constexpr Duration TickInterval{45}; // of an agent in haste
-
-struct Holdings {
-    long memory = 0; // bytes
-    long descriptors = 0;
-    long threads = 0;
-    long children = 0; // zombies count
-    tarragon::XResources x;
-};
-
-long entriesOf(const std::filesystem::path& folder) {
-    std::error_code ignored;
-    long count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
-        static_cast<void>(entry);
-        ++count;
-    }
-    return count;
-}
-
-long childrenOf(pid_t process) {
-    const std::string name = std::to_string(process);
-    std::ifstream file("/proc/" + name + "/task/" + name + "/children");
-    long count = 0;
-    for (pid_t child = 0; file >> child;)
-        ++count;
-    return count;
-}
-
-Holdings holdingsOf(XDisplay& display, pid_t process) {
-    const std::filesystem::path folder = "/proc/" + std::to_string(process);
-    return {residentSizeOf(process), entriesOf(folder / "fd"), entriesOf(folder / "task"), childrenOf(process),
-        tarragon::xResourcesOf(display, process)};
-}
-
-// Holdings once nothing is under way any more.
-Holdings restingHoldingsOf(XDisplay& display, pid_t process) {
-    Holdings holdings;
-    const bool rested = waitUntil(
-        [&] {
-            holdings = holdingsOf(display, process);
-            // Longer than a filling waits for an application that is busy.
-            return holdsFor(Duration(1500), [&] {
-                const Holdings now = holdingsOf(display, process);
-                return now.memory == holdings.memory && now.descriptors == holdings.descriptors
-                    && now.threads == holdings.threads && now.x == holdings.x;
-            });
-        },
-        Patience);
-    if (!rested)
-        throw std::runtime_error("the agent does not come to rest");
-    return holdings;
-}
-
-double mebibytes(long bytes) {
-    return static_cast<double>(bytes) / 1024 / 1024;
-}
 
 void print(int round, int openings, int emptyMirrors, long heap, const Holdings& holdings) {
     std::printf("%6d switches, %5d openings, %3d empty mirrors: %7.3f MiB resident, %6.3f MiB of heap, "
@@ -134,7 +80,7 @@ public:
         moveWindows();
         const Holdings last = restingHoldingsOf(_desktop.display(), _agent->identifier());
         print(_switches, _opened, _emptyMirrors, _heap, last);
-        return judge(first, last);
+        return nothingLeaked(first, last, "after the first rounds");
     }
 
 private:
@@ -217,17 +163,6 @@ private:
         }
     }
 
-    static bool judge(const Holdings& first, const Holdings& last) {
-        const long growth = last.memory - first.memory;
-        std::printf(
-            "after the first rounds: %+.3f MiB (less than 1 MiB), %+ld descriptors, %+ld threads, %ld children, "
-            "%+ld connections, %+ld X resources\n",
-            mebibytes(growth), last.descriptors - first.descriptors, last.threads - first.threads, last.children,
-            last.x.connections - first.x.connections, last.x.resources - first.x.resources);
-        return growth < MostGrowth && last.descriptors <= first.descriptors && last.threads <= first.threads
-            && last.children == 0 && last.x.connections <= first.x.connections && last.x.resources <= first.x.resources;
-    }
-
     Desktop& _desktop;
     int _switches;
     int _openings;
@@ -250,17 +185,19 @@ int main(int argumentCount, char** arguments) {
     const int openings = argumentCount > 2 ? std::atoi(arguments[2]) : 2000;
     const std::string windowManager = argumentCount > 3 ? arguments[3] : nameOf(WindowManager::Openbox);
     const int ticks = argumentCount > 4 ? std::atoi(arguments[4]) : 5000;
+    const int preferences = argumentCount > 5 ? std::atoi(arguments[5]) : 500;
     const bool isKnown =
         windowManager == nameOf(WindowManager::Openbox) || windowManager == nameOf(WindowManager::Xfwm4);
-    if (switches < 2 || openings < 0 || !isKnown || ticks < 0 || argumentCount > 5) {
-        std::cerr << "usage: soak [SWITCHES [OPENINGS [openbox|xfwm4 [TICKS]]]]\n";
+    if (switches < 2 || openings < 0 || !isKnown || ticks < 0 || preferences < 0 || argumentCount > 6) {
+        std::cerr << "usage: soak [SWITCHES [OPENINGS [openbox|xfwm4 [TICKS [PREFERENCES]]]]]\n";
         return 2;
     }
     try {
         adoptOrphans();
         Desktop desktop(windowManager == nameOf(WindowManager::Xfwm4) ? WindowManager::Xfwm4 : WindowManager::Openbox);
         const auto start = Clock::now();
-        const bool sound = Soak(desktop, switches, openings, ticks).run();
+        const bool soundInUse = Soak(desktop, switches, openings, ticks).run();
+        const bool sound = openAndClosePreferences(desktop, preferences) && soundInUse;
         std::printf("%ld seconds: %s\n",
             static_cast<long>(std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start).count()),
             sound ? "nothing leaked" : "SOMETHING LEAKED");
