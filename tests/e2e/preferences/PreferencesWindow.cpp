@@ -131,11 +131,10 @@ bool PreferencesWindow::showPane(const std::string& paneTitle) {
     clickInto(*item);
     if (!waitUntil([&] { return title() == paneTitle; }))
         return false;
-    // The window may still be growing.
-    PixelRect before;
+    // The window grows or shrinks in many small steps.
     return waitUntil([&] {
-        const PixelRect now = _desktop.display().frameOf(windows().front());
-        return std::exchange(before, now) == now;
+        const PixelRect frame = _desktop.display().frameOf(windows().front());
+        return holdsFor(Duration(200), [&] { return _desktop.display().frameOf(windows().front()) == frame; });
     });
 }
 
