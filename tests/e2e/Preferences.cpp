@@ -63,9 +63,7 @@ void Preferences::set(const std::string& key, const std::string& value) {
 }
 
 void Preferences::setData(const std::string& key, const std::string& bytes) {
-    change([&](plist_t root) {
-        plist_dict_set_item(root, key.c_str(), plist_new_data(bytes.data(), bytes.size()));
-    });
+    change([&](plist_t root) { plist_dict_set_item(root, key.c_str(), plist_new_data(bytes.data(), bytes.size())); });
 }
 
 void Preferences::remove(const std::string& key) {
@@ -115,8 +113,7 @@ std::string Preferences::data(const std::string& key) const {
     Plist root = read(_file);
     plist_t node = plist_dict_get_item(root.get(), key.c_str());
     std::uint64_t length = 0;
-    const char* bytes =
-        node && plist_get_node_type(node) == PLIST_DATA ? plist_get_data_ptr(node, &length) : nullptr;
+    const char* bytes = node && plist_get_node_type(node) == PLIST_DATA ? plist_get_data_ptr(node, &length) : nullptr;
     return bytes ? std::string(bytes, length) : std::string();
 }
 
