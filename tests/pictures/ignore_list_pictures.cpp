@@ -1,6 +1,7 @@
 // Draws the editor of the ignore list and its dialog in both themes, both directions, three scales and several sizes of
 // font, one picture each, into the folder named.
 
+#include "Pictures.h"
 #include "fake/FakeDefaults.h"
 #include "fake/FakeInstalledApplications.h"
 #include "fake/FakeWindowPicker.h"
@@ -130,12 +131,6 @@ bool drawAll(const QDir& folder, const Look& look) {
         && drawChooser(look, folder.filePath("ignorelist-chooser-" + name));
 }
 
-QPalette darkPalette() {
-    QPalette palette(QColor(49, 54, 59), QColor(35, 38, 41));
-    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
-    return palette;
-}
-
 } // namespace
 
 } // namespace tarragon
@@ -144,17 +139,13 @@ int main(int argumentCount, char** arguments) {
     using namespace tarragon;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
-    if (argumentCount != 2 && argumentCount != 3) {
-        std::cerr << "Usage: ignore_list_pictures FOLDER [LANGUAGE]\n";
-        return 2;
-    }
-    const QtTexts texts(":/translations/tarragon_linux.qm", {argumentCount == 3 ? arguments[2] : "en"});
+    int exitStatus = 0;
+    const auto request = pictureRequest(argumentCount, arguments, exitStatus);
+    if (!request)
+        return exitStatus;
+    const QtTexts texts(":/translations/tarragon_linux.qm", {request->language});
     QApplication::setStyle("Fusion");
-    const QDir folder(arguments[1]);
-    if (!folder.mkpath(".")) {
-        std::cerr << "Cannot make the folder " << arguments[1] << '\n';
-        return 1;
-    }
+    const QDir& folder = request->folder;
     const QPalette light = QApplication::style()->standardPalette();
     std::vector<Look> looks;
     for (const char* theme : {"light", "dark"}) {

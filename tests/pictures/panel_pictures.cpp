@@ -2,6 +2,7 @@
 // folder named.
 
 #include "BarPictures.h"
+#include "Pictures.h"
 #include "Sheet.h"
 #include "panels/widgets/ButtonMetrics.h"
 
@@ -100,12 +101,6 @@ void drawPanels(Sheet& sheet) {
     }
 }
 
-QPalette darkPalette() {
-    QPalette palette(QColor(49, 54, 59), QColor(35, 38, 41));
-    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
-    return palette;
-}
-
 } // namespace
 
 } // namespace tarragon
@@ -114,16 +109,12 @@ int main(int argumentCount, char** arguments) {
     using namespace tarragon;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
-    if (argumentCount != 2) {
-        std::cerr << "Usage: panel_pictures FOLDER\n";
-        return 2;
-    }
+    int exitStatus = 0;
+    const auto request = pictureRequest(argumentCount, arguments, exitStatus);
+    if (!request)
+        return exitStatus;
     QApplication::setStyle("Fusion");
-    const QDir folder(arguments[1]);
-    if (!folder.mkpath(".")) {
-        std::cerr << "Cannot make the folder " << arguments[1] << '\n';
-        return 1;
-    }
+    const QDir& folder = request->folder;
     const std::tuple<const char*, void (*)(Sheet&), QSize> sheets[] = {
         {"panels", drawPanels, {1290, 680}}, {"bars", drawBars, {870, 620}}};
     const QPalette light = QApplication::style()->standardPalette();

@@ -1,6 +1,7 @@
 // Draws contact sheets of the preferences window, every pane in one picture for each theme, direction and scale, into
 // the folder named.
 
+#include "Pictures.h"
 #include "app/RegisteredPreferences.h"
 #include "fake/FakePlatform.h"
 #include "platform/qt/QtTexts.h"
@@ -38,12 +39,6 @@ public:
 private:
     QtPreferencesInterface _interface;
 };
-
-QPalette darkPalette() {
-    QPalette palette(QColor(49, 54, 59), QColor(35, 38, 41));
-    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
-    return palette;
-}
 
 // Every pane of a window, in rows of three.
 QImage sheetOfPanes(double scale, bool showsNotices) {
@@ -108,19 +103,15 @@ int main(int argumentCount, char** arguments) {
     using namespace tarragon;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
-    if (argumentCount != 2 && argumentCount != 3) {
-        std::cerr << "Usage: preferences_pictures FOLDER [LANGUAGE]\n";
-        return 2;
-    }
-    const QtTexts texts(":/translations/tarragon_linux.qm", {argumentCount == 3 ? arguments[2] : "en"});
+    int exitStatus = 0;
+    const auto request = pictureRequest(argumentCount, arguments, exitStatus);
+    if (!request)
+        return exitStatus;
+    const QtTexts texts(":/translations/tarragon_linux.qm", {request->language});
     QApplication::setStyle("Fusion");
     // Off the windows: what the pointer is above looks different.
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
-    const QDir folder(arguments[1]);
-    if (!folder.mkpath(".")) {
-        std::cerr << "Cannot make the folder " << arguments[1] << '\n';
-        return 1;
-    }
+    const QDir& folder = request->folder;
     const QPalette light = QApplication::style()->standardPalette();
     const auto save = [&folder](const QString& name, double scale, bool showsNotices) {
         const QString file = folder.filePath(QString("preferences-%1-%2.png").arg(name).arg(scale));

@@ -1,12 +1,8 @@
 #pragma once
 
-#include "fake/FakeDefaults.h"
-#include "fake/FakeInstalledApplications.h"
-#include "platform/PreferenceKeys.h"
+#include "StoredListFixture.h"
 #include "prefs/ignorelist/DetailTableViewController.h"
 #include "prefs/ignorelist/MasterTableViewController.h"
-
-#include <gmock/gmock.h>
 
 #include <optional>
 #include <string>
@@ -51,33 +47,8 @@ public:
 };
 
 // The two controllers of the editor over tables in memory.
-class IgnoreListEditorFixture : public testing::Test {
+class IgnoreListEditorFixture : public StoredListFixture {
 protected:
-    static TarragonBlacklist entry(const std::string& name, std::vector<std::string> titles = {}, bool all = false) {
-        TarragonBlacklist made;
-        made.setAppBundleID("org.example." + name);
-        made.setAppName(name);
-        made.setIgnoreAllAppWindows(all);
-        made.setWindowsWithTitlesToIgnore(std::move(titles));
-        return made;
-    }
-    // Stored as another part of the program would: the controllers are told.
-    void store(const std::vector<TarragonBlacklist>& entries) {
-        IgnoreDictionary dictionary;
-        for (const TarragonBlacklist& each : entries)
-            ASSERT_TRUE(dictionary.setEntry(*each.appBundleID(), each));
-        ASSERT_TRUE(dictionary.store(defaults));
-    }
-    std::optional<IgnoreDictionary> stored() { return IgnoreDictionary::load(defaults); }
-    std::optional<TarragonBlacklist> storedEntry(const std::string& name) {
-        const auto dictionary = stored();
-        return dictionary ? dictionary->entry("org.example." + name) : std::nullopt;
-    }
-    std::vector<std::string> storedTitles(const std::string& name) {
-        const auto found = storedEntry(name);
-        return found && found->windowsWithTitlesToIgnore() ? *found->windowsWithTitlesToIgnore()
-                                                           : std::vector<std::string>();
-    }
     // As the user selects a row.
     void select(std::optional<std::size_t> row) {
         masterTable.selected = row;
@@ -98,8 +69,6 @@ protected:
     // How often the list was stored.
     std::size_t storeCount() const { return defaults.changedKeys().size(); }
 
-    FakeDefaults defaults;
-    FakeInstalledApplications installed;
     FakeMasterTableOwner owner;
     std::vector<std::string> calls; // of the tables, in order
     FakeTableView masterTable{"master", calls};

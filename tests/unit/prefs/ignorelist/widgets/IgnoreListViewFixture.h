@@ -1,10 +1,7 @@
 #pragma once
 
-#include "fake/FakeDefaults.h"
-#include "fake/FakeInstalledApplications.h"
+#include "../StoredListFixture.h"
 #include "fake/FakeWindowPicker.h"
-#include "ignore/IgnoreDictionary.h"
-#include "platform/PreferenceKeys.h"
 #include "prefs/ignorelist/widgets/IgnoreListView.h"
 
 #include <QApplication>
@@ -20,12 +17,10 @@
 #include <string>
 #include <vector>
 
-#include <gmock/gmock.h>
-
 namespace tarragon {
 
 // The editor of the ignore list in a window, with applications and windows in memory.
-class IgnoreListViewFixture : public testing::Test {
+class IgnoreListViewFixture : public StoredListFixture {
 protected:
     IgnoreListViewFixture() {
         installed.addApplication({"/apps/clock.desktop", "org.example.Clock", "Clock", {}, {}, ""});
@@ -41,31 +36,6 @@ protected:
         view->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
     }
-    static TarragonBlacklist entry(const std::string& name, std::vector<std::string> titles = {}, bool all = false) {
-        TarragonBlacklist made;
-        made.setAppBundleID("org.example." + name);
-        made.setAppName(name);
-        made.setIgnoreAllAppWindows(all);
-        made.setWindowsWithTitlesToIgnore(std::move(titles));
-        return made;
-    }
-    // As another part of the program stores it.
-    void store(const std::vector<TarragonBlacklist>& entries) {
-        IgnoreDictionary dictionary;
-        for (const TarragonBlacklist& each : entries)
-            ASSERT_TRUE(dictionary.setEntry(*each.appBundleID(), each));
-        ASSERT_TRUE(dictionary.store(defaults));
-    }
-    std::optional<TarragonBlacklist> storedEntry(const std::string& name) {
-        const auto dictionary = IgnoreDictionary::load(defaults);
-        return dictionary ? dictionary->entry("org.example." + name) : std::nullopt;
-    }
-    std::vector<std::string> storedTitles(const std::string& name) {
-        const auto found = storedEntry(name);
-        return found ? found->windowsWithTitlesToIgnore().value_or(std::vector<std::string>())
-                     : std::vector<std::string>();
-    }
-
     template <typename Widget>
     Widget* child(const char* name) const {
         return view->findChild<Widget*>(name);
@@ -107,8 +77,6 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    FakeDefaults defaults;
-    FakeInstalledApplications installed;
     FakeWindowPicker picker;
     std::unique_ptr<IgnoreListView> view;
 };
