@@ -277,7 +277,6 @@ void QtPreferencesWindow::setShortcutRecorderValue(const ShortcutRecorderValue& 
 }
 
 void QtPreferencesWindow::startRecording() {
-    _ui->shortcutRecorder->setFocus(Qt::OtherFocusReason);
     _ui->shortcutRecorder->startRecording();
 }
 

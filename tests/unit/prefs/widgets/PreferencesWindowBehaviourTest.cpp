@@ -1,0 +1,218 @@
+#include "PreferencesWindowFixture.h"
+
+#include <QAbstractAnimation>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QVariantAnimation>
+#include <QWindow>
+
+#include <gmock/gmock.h>
+
+namespace tarragon {
+namespace {
+
+// A style in which windows change their height step by step.
+class LivelyStyle : public QProxyStyle {
+public:
+    int styleHint(
+        StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returned) const override {
+        return hint == SH_Widget_Animation_Duration ? 50 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+// Counts how often a widget is put in front of its siblings.
+class RaiseCounter : public QObject {
+public:
+    explicit RaiseCounter(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::ZOrderChange ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
+class PreferencesWindowBehaviourTest : public PreferencesWindowTest {
+protected:
+    static void settle() {
+        for (int level = 0; level < 8; ++level)
+            handleEvents();
+    }
+    Qt::ScrollBarPolicy scrolling(const char* pane) {
+        return control(pane).findChild<QScrollArea*>()->verticalScrollBarPolicy();
+    }
+};
+
+TEST_F(PreferencesWindowBehaviourTest, StoresTheCombinationThatIsRecorded) {
+    controller().displayWindowForRecording();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    auto& recorder = control<SRRecorderControl>("shortcutRecorder");
+    ASSERT_TRUE(recorder.isRecording());
+    fake.keyRecorder.send({std::uint16_t{40}, modifier::Command | modifier::Control, true, false});
+    EXPECT_EQ(value(preference::TriggerCharacterUInt), DefaultsValue(std::int64_t{40}));
+    EXPECT_EQ(value(preference::TriggerModifiers), DefaultsValue(std::int64_t{modifier::Command | modifier::Control}));
+    EXPECT_EQ(value(preference::NewTrigger), DefaultsValue(*recorder.keyComboString()));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ShowsNoCombinationForAKeyThatCannotBe) {
+    changeFromOutside(preference::TriggerCharacterUInt, std::int64_t{-1});
+    EXPECT_TRUE(control<SRRecorderControl>("shortcutRecorder").keyCombo().isEmpty());
+    changeFromOutside(preference::TriggerCharacterUInt, std::int64_t{0});
+    EXPECT_EQ(control<SRRecorderControl>("shortcutRecorder").keyCombo(), (KeyCombo{0, modifier::Option}));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ReachesTheHeightOfAPaneStepByStep) {
+    LivelyStyle style;
+    window().setStyle(&style);
+    controller().displayWindow();
+    settle();
+    const int before = window().height();
+    ASSERT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::General)) << "at once, while unseen";
+    controller().changePreferencePane(window().toolbarItems().at(1));
+    const double wanted = window().paneHeight(PreferencePane::HotKey);
+    ASSERT_NE(wanted, window().paneHeight(PreferencePane::General));
+    auto* animation = window().findChild<QVariantAnimation*>();
+    EXPECT_EQ(animation->state(), QAbstractAnimation::Running);
+    EXPECT_EQ(animation->startValue().toInt(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return animation->state() == QAbstractAnimation::Stopped; }));
+    settle();
+    EXPECT_EQ(window().contentSize().height, wanted);
+    EXPECT_EQ(control<QStackedWidget>("contentView").height(), int(wanted));
+    window().setStyle(nullptr);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, GivesUpOnAHeightOnceAnotherPaneIsChosen) {
+    LivelyStyle style;
+    window().setStyle(&style);
+    controller().displayWindow();
+    settle();
+    const int before = window().height();
+    controller().changePreferencePane(window().toolbarItems().at(1));
+    selectPane(PreferencePane::General);
+    EXPECT_EQ(window().findChild<QVariantAnimation*>()->state(), QAbstractAnimation::Stopped);
+    settle();
+    EXPECT_EQ(window().height(), before);
+    window().setStyle(nullptr);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, StaysInFullScreenThroughItsPanes) {
+    controller().displayWindow();
+    handleEvents();
+    window().showFullScreen();
+    handleEvents();
+    const QSize whole = window().size();
+    selectPane(PreferencePane::ScreenTop);
+    handleEvents();
+    EXPECT_TRUE(window().isFullScreen());
+    EXPECT_EQ(window().size(), whole);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ScrollsAPaneThatTheUserHasMadeTooLow) {
+    controller().displayWindow();
+    settle();
+    EXPECT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOff);
+    const int whole = window().height();
+    window().resize(window().width(), whole / 2);
+    handleEvents();
+    EXPECT_EQ(window().frameNS().size.height, whole / 2);
+    EXPECT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOn);
+    window().resize(window().width(), whole);
+    handleEvents();
+    EXPECT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOff);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ComesBackInFrontOfOtherWindows) {
+    controller().displayWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    const RaiseCounter raised(window());
+    controller().displayWindow();
+    EXPECT_EQ(raised.count, 1);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ComesBackFromAnIcon) {
+    controller().displayWindow();
+    window().showMinimized();
+    handleEvents();
+    ASSERT_TRUE(window().isMinimized());
+    controller().displayWindow();
+    EXPECT_FALSE(window().isMinimized());
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(PreferencesWindowBehaviourTest, StaysWhereItIsWhenItIsAskedForAgain) {
+    controller().displayWindow();
+    window().windowHandle()->setPosition(70, 90);
+    handleEvents();
+    controller().fadeOutWindow();
+    controller().displayWindow();
+    window().windowHandle()->setPosition(120, 30);
+    handleEvents();
+    const QPoint place = window().pos();
+    controller().displayWindow();
+    handleEvents();
+    EXPECT_EQ(window().pos(), place);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, LeavesThePlaceToTheDesktopWhenItsScreenIsGone) {
+    controller().displayWindow();
+    window().windowHandle()->setPosition(-9000, -9000);
+    handleEvents();
+    ASSERT_EQ(QGuiApplication::screenAt(window().pos()), nullptr);
+    controller().fadeOutWindow();
+    controller().displayWindow();
+    EXPECT_FALSE(window().testAttribute(Qt::WA_Moved));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, OpensWithTheGeneralHelpText) {
+    control<QToolButton>("windowHelpButton").click();
+    controller().displayWindow();
+    EXPECT_EQ(control<QStackedWidget>("emptyHelpTextView").currentWidget()->objectName(), "generalHelpTextView");
+    EXPECT_TRUE(control<QToolButton>("generalHelpButton").isChecked());
+}
+
+TEST_F(PreferencesWindowBehaviourTest, WarnsOfNothingAtFirst) {
+    for (const char* warning :
+        {"hotKeyWarning", "buttonWarning", "screenTopWarning", "hotKeyRefusalView", "helpRefusalView"})
+        EXPECT_TRUE(control(warning).isHidden()) << warning;
+    EXPECT_EQ(control<QLabel>("borderViewText").text(), "Every change counts at once.");
+    EXPECT_TRUE(control("switchAccessOnButton").isHidden());
+}
+
+TEST_F(PreferencesWindowBehaviourTest, TellsOfARefusedHotKeyInTheHelpToo) {
+    window().setHotKeyRefusal(HotKeyRefusal{"Alt+Space", "Ctrl+Space"});
+    EXPECT_FALSE(control("helpRefusalView").isHidden());
+    EXPECT_EQ(control<QLabel>("helpRefusalViewText").text(), control<QLabel>("hotKeyRefusalViewText").text());
+    EXPECT_EQ(control<QPushButton>("takeProposalButton").text(), "Use Ctrl+Space");
+    window().setHotKeyRefusal(std::nullopt);
+    EXPECT_TRUE(control("helpRefusalView").isHidden());
+}
+
+TEST_F(PreferencesWindowBehaviourTest, PutsAnAlertThatIsOpenInFront) {
+    fake.accessibility.setEnabled(false);
+    fake.accessibility.setTrusted(false);
+    controller().displayWindow();
+    auto* alert = window().findChild<QMessageBox*>();
+    ASSERT_NE(alert, nullptr);
+    const RaiseCounter raised(*alert);
+    controller().displayWindow();
+    EXPECT_EQ(raised.count, 1);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, HasTheEditorOfTheIgnoreListReady) {
+    selectPane(PreferencePane::IgnoreList);
+    EXPECT_TRUE(control<QPushButton>("addApplication").isEnabled());
+    EXPECT_TRUE(control<QPushButton>("pickWindow").isEnabled());
+}
+
+} // namespace
+} // namespace tarragon
