@@ -142,10 +142,4 @@ void SRRecorderField::focusOutEvent(QFocusEvent* event) {
     emit focusLost();
 }
 
-void SRRecorderField::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        updateGeometry();
-}
-
 } // namespace tarragon

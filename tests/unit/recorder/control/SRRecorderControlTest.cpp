@@ -458,6 +458,33 @@ TEST_F(SRRecorderControlTest, NamesTheKeyAnewOnceAnotherLayoutWasSwitchedOn) {
     QEvent activated(QEvent::ActivationChange);
     QApplication::sendEvent(&control, &activated);
     EXPECT_EQ(shown(), "Option+Y");
+    keyboard.setTyped(6, "x");
+    QEvent translated(QEvent::LanguageChange);
+    QApplication::sendEvent(&control, &translated);
+    EXPECT_EQ(shown(), "Option+X");
+    control.hide();
+    keyboard.setTyped(6, "w");
+    control.show();
+    EXPECT_EQ(shown(), "Option+W");
+}
+
+TEST_F(SRRecorderControlTest, EndsTheRecordingAndShowsItselfAnewWithOtherServices) {
+    control.setKeyCombo({6, Option});
+    control.startRecording();
+    FakeKeyboard otherKeyboard;
+    otherKeyboard.setTyped(6, "y");
+    const SRKeyCodeTransformer otherTransformer(otherKeyboard);
+    control.setServices({&otherKeyboard, &keys, &otherTransformer, nullptr});
+    EXPECT_FALSE(control.isRecording());
+    EXPECT_FALSE(keys.isRecording());
+    EXPECT_EQ(shown(), "Option+Y");
+    control.setServices({&keyboard, &keys, &transformer, nullptr});
+}
+
+TEST_F(SRRecorderControlTest, HasItsButtonBesideTheFieldAndNoRoomForAMessageThatItDoesNotHave) {
+    EXPECT_TRUE(message().isHidden());
+    EXPECT_FALSE(field().geometry().intersects(button().geometry()));
+    EXPECT_EQ(field().geometry().topLeft(), QPoint(0, 0));
 }
 
 TEST_F(SRRecorderControlTest, ReadsItselfToAScreenReader) {

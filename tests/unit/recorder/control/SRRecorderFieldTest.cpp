@@ -1,0 +1,182 @@
+#include "recorder/control/SRRecorderField.h"
+
+#include "recorder/control/SRRecorderButton.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace tarragon {
+namespace {
+
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
+// Takes what the widgets in it leave.
+class Host : public QWidget {
+public:
+    int keysPressed = 0;
+    int keysReleased = 0;
+    int buttonsPressed = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent*) override { ++keysPressed; }
+    void keyReleaseEvent(QKeyEvent*) override { ++keysReleased; }
+    void mousePressEvent(QMouseEvent*) override { ++buttonsPressed; }
+};
+
+class SRRecorderFieldTest : public testing::Test {
+protected:
+    SRRecorderFieldTest() {
+        auto* row = new QHBoxLayout(&host);
+        row->addWidget(field);
+        row->addWidget(button);
+        row->addWidget(other);
+        field->setLongTexts({"Command+Option+Space"});
+        field->display({"Option+Space", false}, false);
+        host.show();
+        QApplication::setActiveWindow(&host);
+        other->setFocus();
+        QCoreApplication::processEvents();
+    }
+
+    static QImage picture(QWidget* widget) { return widget->grab().toImage(); }
+
+    Host host;
+    SRRecorderField* field = new SRRecorderField;
+    SRRecorderButton* button = new SRRecorderButton;
+    QLineEdit* other = new QLineEdit;
+};
+
+TEST_F(SRRecorderFieldTest, DrawsItsTextInAFrame) {
+    const QImage words = picture(field);
+    field->display({"", false}, false);
+    const QImage frame = picture(field);
+    EXPECT_NE(words, frame);
+    EXPECT_NE(frame.pixel(frame.width() / 2, 0), frame.pixel(frame.width() / 2, frame.height() / 2));
+    EXPECT_EQ(frame.pixelColor(frame.width() / 2, frame.height() / 2), field->palette().color(QPalette::Base));
+}
+
+TEST_F(SRRecorderFieldTest, DrawsAPromptPalerThanACombination) {
+    const QImage combination = picture(field);
+    field->display({"Option+Space", true}, false);
+    EXPECT_NE(picture(field), combination);
+}
+
+TEST_F(SRRecorderFieldTest, IsTintedWhileItRecords) {
+    field->display({"", false}, true);
+    const QImage recording = picture(field);
+    EXPECT_NE(recording.pixelColor(recording.rect().center()), field->palette().color(QPalette::Base));
+}
+
+TEST_F(SRRecorderFieldTest, IsDrawnAnewOnlyWhenWhatItShowsChanges) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+    QCoreApplication::processEvents();
+    const PaintCounter paints(*field);
+    field->display({"Option+K", false}, false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 1; }));
+    field->display({"Option+K", false}, true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }));
+    field->display({"Option+K", false}, true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 2);
+}
+
+TEST_F(SRRecorderFieldTest, MakesRoomForLongerTexts) {
+    const int before = field->width();
+    field->setLongTexts({"Command+Option+Control+Shift+Page Down"});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return field->width() > before; }));
+}
+
+TEST_F(SRRecorderFieldTest, GrowsWithItsFont) {
+    const int before = field->height();
+    QFont large = field->font();
+    large.setPointSize(large.pointSize() * 2);
+    field->setFont(large);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return field->height() > before; }));
+}
+
+TEST_F(SRRecorderFieldTest, LeavesKeysAndButtonsOfOthersToThoseAround) {
+    field->setFocus();
+    QTest::keyPress(field, Qt::Key_F5);
+    EXPECT_EQ(host.keysPressed, 1);
+    QTest::keyRelease(field, Qt::Key_F5);
+    EXPECT_EQ(host.keysReleased, 1);
+    QTest::mousePress(field, Qt::RightButton);
+    EXPECT_EQ(host.buttonsPressed, 1);
+    QTest::mousePress(field, Qt::LeftButton);
+    EXPECT_EQ(host.buttonsPressed, 1);
+}
+
+TEST_F(SRRecorderFieldTest, IsPressedOnceByTheKeyThatGoesDownAndUp) {
+    const QSignalSpy pressed(field, &SRRecorderField::pressed);
+    field->setFocus();
+    QTest::keyPress(field, Qt::Key_Space);
+    QTest::keyRelease(field, Qt::Key_Return);
+    QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ", true);
+    QApplication::sendEvent(field, &repeated);
+    EXPECT_EQ(pressed.count(), 0);
+    QTest::keyRelease(field, Qt::Key_Space);
+    EXPECT_EQ(pressed.count(), 1);
+    QTest::keyRelease(field, Qt::Key_Space);
+    EXPECT_EQ(pressed.count(), 1);
+}
+
+TEST_F(SRRecorderFieldTest, IsNotPressedByAKeyWithoutAName) {
+    const QSignalSpy pressed(field, &SRRecorderField::pressed);
+    QKeyEvent nameless(QEvent::KeyRelease, 0, Qt::NoModifier);
+    QApplication::sendEvent(field, &nameless);
+    EXPECT_EQ(pressed.count(), 0);
+}
+
+TEST_F(SRRecorderFieldTest, HasAButtonWithASignForEachThingThatItDoes) {
+    button->setSign(SRRecorderButton::Sign::Clear, "Clear");
+    const QImage cross = picture(button);
+    EXPECT_EQ(button->toolTip(), "Clear");
+    button->setSign(SRRecorderButton::Sign::SnapBack, "Leave");
+    EXPECT_EQ(button->toolTip(), "Leave");
+    const QImage arrow = picture(button);
+    EXPECT_NE(arrow, cross);
+    button->setLayoutDirection(Qt::RightToLeft);
+    EXPECT_NE(picture(button), arrow) << "back is on the other side";
+    button->setSign(SRRecorderButton::Sign::Clear, "Clear");
+    EXPECT_EQ(cross.mirrored(true, true), cross) << "the cross is in the middle";
+    const QColor ground = cross.pixelColor(cross.width() / 2, 1);
+    EXPECT_NE(cross.pixelColor(cross.rect().center()), ground);
+}
+
+TEST_F(SRRecorderFieldTest, HasAButtonThatIsDrawnAnewWithItsSign) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+    QCoreApplication::processEvents();
+    const PaintCounter paints(*button);
+    button->setSign(SRRecorderButton::Sign::SnapBack, "Leave");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 1; }));
+}
+
+TEST_F(SRRecorderFieldTest, HasAButtonThatShowsItsFocusItsPressAndThatItIsOfNoUse) {
+    const QImage resting = picture(button);
+    button->setFocus();
+    const QImage focused = picture(button);
+    EXPECT_NE(focused, resting);
+    button->setDown(true);
+    const QImage down = picture(button);
+    EXPECT_NE(down, focused);
+    button->setDown(false);
+    other->setFocus();
+    button->setEnabled(false);
+    EXPECT_NE(picture(button), resting);
+}
+
+} // namespace
+} // namespace tarragon
