@@ -27,7 +27,7 @@ void RowTable::selectRow(std::optional<std::size_t> row) {
 void RowTable::reloadData() {
     if (!_rows)
         return;
-    const std::optional<std::size_t> before = _selectedRow;
+    const std::optional<std::size_t> before = shownSelection(); // what is to be selected may be known already
     {
         const QScopedValueRollback changing(_isChanging, true);
         const bool haveMeaning = _rows->reload();

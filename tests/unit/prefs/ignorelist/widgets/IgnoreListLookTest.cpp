@@ -1,0 +1,303 @@
+#include "IgnoreListViewFixture.h"
+#include "prefs/ignorelist/widgets/ApplicationChooser.h"
+#include "prefs/ignorelist/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/TitleDelegate.h"
+
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace tarragon {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// What the editor looks like, and what keys do in its tables.
+class IgnoreListLookTest : public IgnoreListViewFixture {
+protected:
+    // Whether anything is drawn beside the ground.
+    static bool hasInk(const QImage& picture) {
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixel(x, y) != picture.pixel(0, picture.height() - 1))
+                    return true;
+            }
+        }
+        return false;
+    }
+    static void expectApart(const QList<QWidget*>& widgets) {
+        for (const QWidget* one : widgets) {
+            for (const QWidget* other : widgets) {
+                EXPECT_TRUE(one == other || !one->geometry().intersects(other->geometry()))
+                    << one->objectName().toStdString() << " and " << other->objectName().toStdString();
+            }
+        }
+    }
+};
+
+TEST_F(IgnoreListLookTest, DrawsItsRowsAndInAnEmptyTableWhatIsMissing) {
+    store({entry("Editor", {"a"})});
+    open();
+    EXPECT_TRUE(hasInk(applications()->viewport()->grab().toImage()));
+    EXPECT_TRUE(hasInk(titles()->viewport()->grab().toImage())) << "the words for an empty table";
+    click(applications(), 0);
+    EXPECT_TRUE(hasInk(titles()->viewport()->grab().toImage()));
+    // Nothing but the row itself.
+    const QImage picture = titles()->viewport()->grab().toImage();
+    EXPECT_FALSE(hasInk(picture.copy(0, picture.height() / 2, picture.width(), picture.height() / 2)));
+}
+
+TEST_F(IgnoreListLookTest, ShowsWhichRowIsSelected) {
+    store({entry("Clock"), entry("Editor")});
+    open();
+    const QImage before = applications()->viewport()->grab().toImage();
+    click(applications(), 1);
+    EXPECT_NE(applications()->viewport()->grab().toImage(), before);
+}
+
+TEST_F(IgnoreListLookTest, ListsWithoutHeadingAndIndent) {
+    store({entry("Editor", {"a"})});
+    open();
+    click(applications(), 0);
+    for (const QTreeView* table : {applications(), titles()}) {
+        EXPECT_TRUE(table->header()->isHidden());
+        EXPECT_EQ(table->visualRect(table->model()->index(0, 0)).left(), 0);
+    }
+    // A title is as high as an application with its picture.
+    EXPECT_EQ(titles()->visualRect(titles()->model()->index(0, 0)).height(),
+        applications()->visualRect(applications()->model()->index(0, 0)).height());
+    EXPECT_GT(titles()->visualRect(titles()->model()->index(0, 0)).height(), titles()->fontMetrics().height());
+}
+
+TEST_F(IgnoreListLookTest, HasPicturesThatGrowWithTheFont) {
+    open();
+    QFont large = applications()->font();
+    large.setPointSize(60);
+    applications()->setFont(large);
+    EXPECT_EQ(applications()->iconSize().height(), QFontMetrics(applications()->font()).height());
+}
+
+TEST_F(IgnoreListLookTest, HasNoControlOverAnother) {
+    open();
+    QList<QWidget*> inView = view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    EXPECT_GE(inView.size(), 9);
+    expectApart(inView);
+    click(button("addApplication"));
+    auto* chooser = view->findChild<ApplicationChooser*>();
+    ASSERT_NE(chooser, nullptr);
+    settle();
+    auto* search = chooser->findChild<QWidget*>("searchField");
+    auto* list = chooser->findChild<QWidget*>("applications");
+    auto* add = chooser->findChild<QWidget*>("add")->parentWidget();
+    expectApart({search, list, add});
+    EXPECT_LT(search->y(), list->y());
+    EXPECT_LT(list->y(), add->y());
+}
+
+TEST_F(IgnoreListLookTest, ExplainsEveryButtonAndTheCheckBox) {
+    open();
+    for (const QAbstractButton* each : view->findChildren<QAbstractButton*>())
+        EXPECT_NE(each->toolTip(), "") << each->objectName().toStdString();
+    click(button("addApplication"));
+    auto* chooser = view->findChild<ApplicationChooser*>();
+    ASSERT_NE(chooser, nullptr);
+    EXPECT_EQ(chooser->windowTitle(), "Add Application");
+    EXPECT_NE(chooser->findChild<QLineEdit*>("searchField")->placeholderText(), "");
+    EXPECT_NE(chooser->findChild<QPushButton*>("other")->toolTip(), "");
+}
+
+TEST_F(IgnoreListLookTest, EditsOnTheTableItselfAndForAScreenReader) {
+    store({entry("Editor", {"a"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 0);
+    QTest::keyClick(titles(), Qt::Key_Return);
+    ASSERT_NE(editor(), nullptr);
+    EXPECT_TRUE(editor()->autoFillBackground());
+    EXPECT_FALSE(editor()->hasFrame());
+    EXPECT_EQ(editor()->accessibleName(), "Window title or pattern");
+}
+
+TEST_F(IgnoreListLookTest, MovesBetweenTitlesWithTheArrowKeys) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 0);
+    QTest::keyClick(titles(), Qt::Key_Down);
+    EXPECT_EQ(selectedRow(titles()), 1);
+    EXPECT_EQ(editor(), nullptr);
+}
+
+TEST_F(IgnoreListLookTest, EndsEditingWithTabBackwardsToo) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 1);
+    QTest::keyClick(titles(), Qt::Key_F2);
+    ASSERT_NE(editor(), nullptr);
+    QTest::keyClick(editor(), Qt::Key_Backtab, Qt::ShiftModifier);
+    settle();
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_THAT(rows(titles()), ElementsAre("a", "b"));
+}
+
+TEST_F(IgnoreListLookTest, LeavesATitleWhereItIsThatIsTypedAsItWas) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 0);
+    QTest::keyClick(titles(), Qt::Key_F2);
+    type("a");
+    QTest::keyClick(editor(), Qt::Key_Return);
+    settle();
+    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "b"));
+}
+
+// The field of an editor holds no more than a part of it.
+TEST_F(IgnoreListLookTest, DoesNotCutAVeryLongTitleThatIsLeftAsItWas) {
+    const std::string longTitle(40000, 'a');
+    store({entry("Editor", {longTitle, "b"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 0);
+    QTest::keyClick(titles(), Qt::Key_F2);
+    ASSERT_NE(editor(), nullptr);
+    QTest::keyClick(editor(), Qt::Key_Return);
+    settle();
+    EXPECT_THAT(storedTitles("Editor"), ElementsAre(longTitle, "b"));
+}
+
+TEST_F(IgnoreListLookTest, ShowsTextsOfSeveralLinesInOne) {
+    store({entry("Editor", {"one\u2028two", "one\u2029two", ""})});
+    open();
+    click(applications(), 0);
+    EXPECT_THAT(rows(titles()), ElementsAre("one two", "one two", "(empty title)"));
+    const auto font = [this](int row) { return titles()->model()->index(row, 0).data(Qt::FontRole); };
+    EXPECT_FALSE(font(0).isValid());
+    EXPECT_TRUE(font(2).value<QFont>().italic());
+}
+
+TEST_F(IgnoreListLookTest, DrawsAPatternInItsOwnDirection) {
+    class Delegate : public TitleDelegate {
+    public:
+        using TitleDelegate::initStyleOption;
+    } delegate;
+    store({entry("Editor", {"Untitled*"})});
+    open();
+    click(applications(), 0);
+    QStyleOptionViewItem option;
+    delegate.initStyleOption(&option, titles()->model()->index(0, 0));
+    EXPECT_EQ(option.text, QString::fromUtf8("\u2068Untitled*\u2069"));
+}
+
+TEST_F(IgnoreListLookTest, DrawsANameAnewThatHasChanged) {
+    store({entry("Clock"), entry("Editor")});
+    open();
+    const QSignalSpy changes(applications()->model(), &QAbstractItemModel::dataChanged);
+    TarragonBlacklist renamed = entry("Editor");
+    renamed.setAppName("Texteditor");
+    store({entry("Clock"), renamed});
+    ASSERT_FALSE(changes.isEmpty());
+    EXPECT_EQ(changes.last().at(0).value<QModelIndex>().row(), 0);
+    EXPECT_EQ(changes.last().at(1).value<QModelIndex>().row(), 1);
+}
+
+TEST_F(IgnoreListLookTest, SaysThatThereIsNothingOnceTheLastApplicationIsRemoved) {
+    store({entry("Editor")});
+    open();
+    EXPECT_EQ(applications()->accessibleDescription(), "");
+    click(applications(), 0);
+    click(button("removeApplication"));
+    EXPECT_THAT(applications()->accessibleDescription().toStdString(), HasSubstr("No application"));
+}
+
+TEST_F(IgnoreListLookTest, KeepsTheSelectedApplicationInSightWhileOthersAddSomeBeforeIt) {
+    store({entry("Editor", {"a"})});
+    open();
+    click(applications(), 0);
+    std::vector<TarragonBlacklist> entries;
+    for (int number = 0; number < 300; ++number)
+        entries.push_back(entry("App" + std::to_string(number)));
+    entries.push_back(entry("Editor", {"a"}));
+    store(entries);
+    ASSERT_EQ(selectedRow(applications()), 300);
+    settle();
+    EXPECT_TRUE(applications()->viewport()->rect().intersects(
+        applications()->visualRect(applications()->model()->index(300, 0))));
+}
+
+TEST_F(IgnoreListLookTest, IsReadyToPickAgainOnceItWasHidden) {
+    open();
+    click(button("pickWindow"));
+    view->hide();
+    view->show();
+    EXPECT_TRUE(button("pickWindow")->isEnabled());
+    EXPECT_EQ(message(), "");
+}
+
+TEST_F(IgnoreListLookTest, GivesTheKeyboardToTheTitlesOnceAWindowIsPicked) {
+    open();
+    applications()->setFocus();
+    click(button("pickWindow"));
+    picker.pick(PickedWindow{RunningApplication{"Editor", 7, "org.example.Editor", ""}, "a"});
+    EXPECT_EQ(view->focusWidget(), titles());
+}
+
+TEST_F(IgnoreListLookTest, HasTheNewPicturesWhenItIsShownAgain) {
+    QTemporaryDir folder;
+    QPixmap picture(16, 16);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(folder.filePath("red.png")));
+    store({entry("Mail")});
+    open();
+    const auto colour = [this] {
+        const auto icon = applications()->model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>();
+        return icon.pixmap(16).toImage().pixelColor(8, 8);
+    };
+    EXPECT_NE(colour(), QColor(Qt::red));
+    installed.addApplication(
+        {"/apps/mail.desktop", "org.example.Mail", "Mail", {}, {}, folder.filePath("red.png").toStdString()});
+    EXPECT_NE(colour(), QColor(Qt::red)) << "asking takes time";
+    view->hide();
+    view->show();
+    EXPECT_EQ(colour(), QColor(Qt::red));
+}
+
+TEST_F(IgnoreListLookTest, DrawsAWindowForAnApplicationWithoutAPicture) {
+    ApplicationIcons icons(nullptr);
+    const QImage picture = icons.iconOfBundle("org.example.Gone").pixmap(32).toImage();
+    const auto alpha = [&picture](int x, int y) { return picture.pixelColor(x, y).alpha(); };
+    EXPECT_EQ(alpha(0, 0), 0);
+    EXPECT_EQ(alpha(16, 20), 0) << "inside the window";
+    EXPECT_GT(alpha(16, 8), 100) << "its title bar";
+    EXPECT_LT(alpha(16, 8), 200) << "it stands back";
+    EXPECT_GT(alpha(3, 18), 0) << "its left edge";
+    EXPECT_GT(alpha(29, 18), 0) << "its right edge";
+    EXPECT_EQ(picture.pixelColor(16, 8).rgb(), QGuiApplication::palette().color(QPalette::Text).rgb());
+}
+
+TEST_F(IgnoreListLookTest, FindsPicturesInTheIconTheme) {
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkpath("plain/16x16/apps"));
+    QFile index(folder.filePath("plain/index.theme"));
+    ASSERT_TRUE(index.open(QIODevice::WriteOnly));
+    index.write(
+        "[Icon Theme]\nName=Plain\nComment=Plain\nDirectories=16x16/apps\n\n[16x16/apps]\nSize=16\nType=Fixed\n");
+    index.close();
+    QPixmap picture(16, 16);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(folder.filePath("plain/16x16/apps/mail-client.png")));
+    const QStringList paths = QIcon::themeSearchPaths();
+    const QString theme = QIcon::themeName();
+    QIcon::setThemeSearchPaths({folder.path()});
+    QIcon::setThemeName("plain");
+    ApplicationIcons icons(nullptr);
+    EXPECT_EQ(icons.icon("mail-client").pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::green));
+    EXPECT_FALSE(icons.icon("nowhere").pixmap(16).isNull());
+    QIcon::setThemeName(theme);
+    QIcon::setThemeSearchPaths(paths);
+}
+
+} // namespace
+} // namespace tarragon
