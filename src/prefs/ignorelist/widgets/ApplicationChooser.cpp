@@ -95,7 +95,7 @@ bool ApplicationChooser::eventFilter(QObject* watched, QEvent* event) {
 void ApplicationChooser::search(const QString& searched) {
     _rows->setSearchText(searched);
     // Enter takes the first match. Without a search there is nothing that the user has pointed to.
-    if (_rows->rowCount() > 0 && !searched.trimmed().isEmpty())
+    if (!searched.trimmed().isEmpty())
         _table->setCurrentIndex(_rows->index(0));
     updateAddButton();
 }

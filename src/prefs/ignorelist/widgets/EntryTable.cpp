@@ -12,14 +12,10 @@ namespace tarragon {
 EntryTable::EntryTable(QWidget* parent)
     : QTreeView(parent) {
     setRootIsDecorated(false);
-    setItemsExpandable(false);
     setUniformRowHeights(true);
     setHeaderHidden(true);
-    header()->setStretchLastSection(true);
     header()->setMinimumSectionSize(0);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setTextElideMode(Qt::ElideRight);
-    setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setItemDelegate(new TitleDelegate(this));
     updateIconSize();

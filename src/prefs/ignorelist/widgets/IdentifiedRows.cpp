@@ -33,7 +33,7 @@ void IdentifiedRows::setIdentities(Identities identities) {
 void IdentifiedRows::moveToEnd(std::size_t row, std::string identity) {
     const int place = static_cast<int>(row);
     const int last = rowCount() - 1;
-    const bool moves = place < last && beginMoveRows({}, place, place, {}, last + 1);
+    const bool moves = beginMoveRows({}, place, place, {}, last + 1); // not where it is the last already
     const auto moved = _identities.begin() + place;
     std::rotate(moved, moved + 1, _identities.end());
     _identities.back() = std::move(identity);

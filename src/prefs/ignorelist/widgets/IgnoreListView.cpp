@@ -180,7 +180,6 @@ void IgnoreListView::setServices(Defaults& defaults, InstalledApplications* appl
     _pickButton->setVisible(windowPicker != nullptr);
     _editor->detail.awakeFromNib();
     _editor->master.awakeFromNib();
-    _detailTable->reloadData();
     _masterTable->reloadData();
 }
 
@@ -201,7 +200,7 @@ void IgnoreListView::setState(bool isOn) {
 
 void IgnoreListView::updateControls() {
     const bool isApplicationSelected = _masterTable->selectedRow().has_value();
-    const bool canEdit = _editor && isApplicationSelected && _editor->detail.blackList();
+    const bool canEdit = _editor && _editor->detail.blackList();
     _removeApplicationButton->setEnabled(isApplicationSelected);
     _ignoreAppButton->setEnabled(canEdit);
     _ignoreAppButton->setChecked(canEdit && _editor->detail.ignoreAllApp());

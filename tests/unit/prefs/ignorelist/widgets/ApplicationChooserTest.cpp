@@ -69,6 +69,27 @@ TEST_F(ApplicationChooserTest, FindsByProgramAndIdentifierAndEveryWord) {
     EXPECT_TRUE(chooser->isVisible());
     searchField()->clear();
     EXPECT_EQ(rows(list()).size(), 4U);
+    EXPECT_EQ(selectedRow(list()), -1) << "the user has pointed to none";
+}
+
+TEST_F(ApplicationChooserTest, ListsNumbersInTheirOrderAndNothingWithoutAName) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English));
+    installed.addApplication({"/apps/ten.desktop", "org.example.Ten", "Tool 10", {}, {}, ""});
+    installed.addApplication({"/apps/nine.desktop", "org.example.Nine", "Tool 9", {}, {}, ""});
+    installed.addApplication({"/apps/unknown.desktop", "org.example.Unknown", "unknown", {}, {}, ""});
+    openChooser();
+    EXPECT_THAT(rows(list()), ElementsAre("apple", "Clock", "Editor", "Player", "Tool 9", "Tool 10"));
+    QLocale::setDefault(before);
+}
+
+TEST_F(ApplicationChooserTest, MovesByPagesFromTheSearchField) {
+    openChooser();
+    QTest::keyClick(searchField(), Qt::Key_Down);
+    QTest::keyClick(searchField(), Qt::Key_PageDown);
+    EXPECT_EQ(selectedRow(list()), 3);
+    QTest::keyClick(searchField(), Qt::Key_PageUp);
+    EXPECT_EQ(selectedRow(list()), 0);
 }
 
 TEST_F(ApplicationChooserTest, MovesTheSelectionFromTheSearchField) {
@@ -132,8 +153,10 @@ TEST_F(ApplicationChooserTest, FindsOtherApplicationsByTheirFile) {
 TEST_F(ApplicationChooserTest, StaysOpenWhenNoFileIsChosen) {
     openChooser();
     click(button("other"));
+    ASSERT_TRUE(chooser->findChild<QFileDialog*>()->isVisible());
     chooser->findChild<QFileDialog*>()->reject();
     settle();
+    EXPECT_EQ(chooser->findChild<QFileDialog*>(), nullptr);
     EXPECT_TRUE(chooser->isVisible());
     EXPECT_EQ(chooser->chosenPath(), std::nullopt);
 }
