@@ -184,7 +184,7 @@ void ZDMouseButtonIdentifier::mouseReleaseEvent(QMouseEvent* event) {
 
 void ZDMouseButtonIdentifier::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::LanguageChange)
         showNumber();
 }
 
