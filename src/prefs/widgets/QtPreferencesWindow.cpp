@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
 #include <QVariantAnimation>
 
 #include <algorithm>
@@ -208,13 +209,10 @@ void QtPreferencesWindow::fitHeightSoon() {
     if (std::exchange(_fitsHeightSoon, true))
         return;
     // Once all words that change together have changed.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            _fitsHeightSoon = false;
-            fitHeight();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] {
+        _fitsHeightSoon = false;
+        fitHeight();
+    });
 }
 
 void QtPreferencesWindow::fitHeight() {

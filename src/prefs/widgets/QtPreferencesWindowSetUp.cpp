@@ -36,8 +36,8 @@ QtPreferencesWindow::QtPreferencesWindow(
     _bindings.bind(*this);
     setUpActions();
     followSettings();
-    setHotKeyRefusal(std::nullopt);
-    setAccessIsMissing(false);
+    QtPreferencesWindow::setHotKeyRefusal(std::nullopt);
+    QtPreferencesWindow::setAccessIsMissing(false);
     connect(_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& height) { resize(_size.width(), height.toInt()); });
     watchPanes();
@@ -47,7 +47,7 @@ QtPreferencesWindow::QtPreferencesWindow(
 }
 
 void QtPreferencesWindow::setUpToolbar() {
-    auto* group = new QActionGroup(this);
+    auto* group = new QActionGroup(this); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): belongs to the window
     for (QAction* item : items()) {
         group->addAction(item);
         item->setIcon(tintedIcon(item->property("picture").toString()));

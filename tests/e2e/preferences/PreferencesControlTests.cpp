@@ -17,15 +17,15 @@ struct Switch {
     const char* role;
     const char* key;
     bool builtIn; // what the setting is built in with
-    const char* needs = nullptr; // a setting that has to be on for the control to be of use
     // Whether the program takes the setting over when it changes, rather than looking when it needs it.
     bool isFollowed = true;
+    const char* needs = nullptr; // a setting that has to be on for the control to be of use
 };
 
 constexpr Switch Switches[] = {
     {"General", "Show keyboard shortcuts", "check box", "ShowKeyEquivalents", true},
     {"General", "Show Tarragon's own menu", "check box", "ShowTarragonMenu", true},
-    {"General", "Launch on login", "check box", "LaunchOnLogin", false, nullptr, false},
+    {"General", "Launch on login", "check box", "LaunchOnLogin", false, false},
     {"General", "Show an icon in the tray", "check box", "ShowStatusBarIcon", true},
     {"Hot Key", "Enable hotkey", "check box", "EnableHotkey", true},
     {"Hot Key", "Open the menus with a mouse button", "check box", "EnableMouseButton", false},
@@ -35,10 +35,10 @@ constexpr Switch Switches[] = {
     {"Window Top", "Not at the very top of the first screen", "check box", "HideOnPrimaryTopEdge", false},
     {"Window Top", "Also on the first screen", "check box", "ShowOnPrimaryScreen", true},
     {"Screen Top", "Show a menu bar on every screen but the first", "check box", "EnableScreenTop", true},
-    {"Screen Top", "Hide the bar", "check box", "ScreenTopAutoHide", false, nullptr, false},
-    {"Screen Top", "Only the left half of the edge has it come", "check box", "ScreenTopHalfHotZone", false,
-        "ScreenTopAutoHide", false},
-    {"Screen Top", "Translucent", "check box", "ScreenTopTransparency", false, nullptr, false},
+    {"Screen Top", "Hide the bar", "check box", "ScreenTopAutoHide", false, false},
+    {"Screen Top", "Only the left half of the edge has it come", "check box", "ScreenTopHalfHotZone", false, false,
+        "ScreenTopAutoHide"},
+    {"Screen Top", "Translucent", "check box", "ScreenTopTransparency", false, false},
 };
 
 } // namespace

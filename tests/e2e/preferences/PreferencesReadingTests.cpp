@@ -113,7 +113,7 @@ TEST_P(PreferencesReadingTest, SpeakTheLanguageOfTheSession) {
 TEST_P(PreferencesReadingTest, LeaveNothingBehindHoweverOftenTheyAreOpened) {
     constexpr int WarmUp = 5;
     constexpr int Rounds = 30;
-    constexpr long MostGrowth = 3 * 1024 * 1024; // bytes
+    constexpr long MostGrowth = 3L * 1024 * 1024; // bytes
     const auto openAndClose = [&](int times) {
         for (int time = 0; time < times; ++time) {
             if (Agent::run(desktop(), {"preferences"}).status != 0

@@ -162,7 +162,7 @@ void PreferencesWindow::type(const std::string& text) {
     for (const char letter : text) {
         const bool isCapital = letter >= 'A' && letter <= 'Z';
         // Latin letters have their own codes as symbols.
-        const xcb_keysym_t symbol = static_cast<xcb_keysym_t>(isCapital ? letter - 'A' + 'a' : letter);
+        const auto symbol = static_cast<xcb_keysym_t>(isCapital ? letter - 'A' + 'a' : letter);
         if (letter == '*')
             _desktop.input().tap(XK_8, {XK_Shift_L});
         else if (letter == '?')

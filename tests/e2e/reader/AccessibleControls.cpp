@@ -133,6 +133,7 @@ Address applicationOfProcess(AccessibleBus& bus, int processIdentifier) {
     bus.ask(root);
     const std::vector<Address> applications = AccessibleBus::addressesIn(root[0].answer);
     std::vector<Question> processes;
+    processes.reserve(applications.size());
     for (const Address& application : applications)
         processes.push_back({{"org.freedesktop.DBus", "/org/freedesktop/DBus"}, "org.freedesktop.DBus",
             "GetConnectionUnixProcessID", g_variant_new("(s)", application.owner.c_str()), nullptr});
