@@ -47,7 +47,7 @@ QtPreferencesWindow::QtPreferencesWindow(
 }
 
 void QtPreferencesWindow::setUpToolbar() {
-    auto* group = new QActionGroup(this); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): belongs to the window
+    auto* group = new QActionGroup(this);
     for (QAction* item : items()) {
         group->addAction(item);
         item->setIcon(tintedIcon(item->property("picture").toString()));
@@ -56,7 +56,7 @@ void QtPreferencesWindow::setUpToolbar() {
         });
         _ui->toolbar->widgetForAction(item)->setFocusPolicy(Qt::TabFocus);
     }
-}
+} // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the group belongs to the window
 
 void QtPreferencesWindow::setUpControls(std::ostream& standardError) {
     if (_platform.keyboard != nullptr) {
