@@ -134,27 +134,13 @@ void PreferencesWindowController::shortcutRecorderKeyComboDidChange(
     _window->willChangeValueForKey(preference::TriggerCharacterUInt);
     store(preference::TriggerModifiers, combination.flags);
     store(preference::TriggerCharacterUInt, combination.code);
-    // Last, because it is this change that registers the new combination.
-    storeTriggerWords(keyComboString);
+    // Last, because it is this change that registers the new combination, also where the words stay the same: whoever
+    // follows a setting is told whenever it is stored.
+    noteWritten(keyComboString ? _services.defaults.setValue(preference::NewTrigger, *keyComboString)
+                               : _services.defaults.removeValue(preference::NewTrigger),
+        preference::NewTrigger);
     _window->didChangeValueForKey(preference::TriggerCharacterUInt);
     _window->didChangeValueForKey(preference::TriggerModifiers);
-}
-
-void PreferencesWindowController::storeTriggerWords(const std::optional<std::string>& words) {
-    Defaults& defaults = _services.defaults;
-    const auto write = [&] {
-        noteWritten(
-            words ? defaults.setValue(preference::NewTrigger, *words) : defaults.removeValue(preference::NewTrigger),
-            preference::NewTrigger);
-    };
-    const auto before = defaults.value(preference::NewTrigger);
-    write();
-    if (defaults.value(preference::NewTrigger) != before)
-        return;
-    // The words may be there already and mean something else: another keyboard layout has its Y on another key, and no
-    // combination leaves the words that are built in. A change is what registers.
-    noteWritten(defaults.setValue(preference::NewTrigger, std::string()), preference::NewTrigger);
-    write();
 }
 
 void PreferencesWindowController::hotKeyRegistrationDidChange() {

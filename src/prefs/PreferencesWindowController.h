@@ -133,7 +133,6 @@ private:
     void answerAccessibilityAlert(AccessibilityAlertAnswer answer);
     std::optional<KeyCombo> freeCombination() const;
     void showHotKeyRefusal();
-    void storeTriggerWords(const std::optional<std::string>& words);
     void store(std::string_view key, std::int64_t value);
     void openWebPage(const std::string& address);
 
