@@ -149,6 +149,18 @@ TEST_P(PreferencesOpeningTest, TheFramesOwnButtonClosesThemAndTheyOpenAgain) {
     }
 }
 
+TEST_P(PreferencesOpeningTest, TheyOpenWhereTheUserHasLeftThem) {
+    ASSERT_TRUE(preferences().open());
+    const xcb_window_t window = preferences().windows().at(0);
+    const PixelRect before = display().outerFrameOf(window);
+    display().moveWindow(window, 120, 90);
+    ASSERT_TRUE(waitUntil([&] { return display().outerFrameOf(window).x != before.x; }));
+    const PixelRect left = display().outerFrameOf(window);
+    ASSERT_TRUE(preferences().close());
+    ASSERT_TRUE(preferences().open());
+    EXPECT_TRUE(waitUntil([&] { return display().outerFrameOf(preferences().windows().at(0)) == left; }));
+}
+
 TEST_P(PreferencesOpeningTest, TheFirstLaunchShowsTheHelpPane) {
     agent().process().terminate();
     std::filesystem::remove(Agent::preferencesFile(desktop()));
