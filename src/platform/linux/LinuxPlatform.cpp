@@ -32,6 +32,7 @@
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/QtStatusItems.h"
 #include "platform/qt/QtUserNotifications.h"
+#include "platform/qt/WholePixelStyle.h"
 
 #include <QApplication>
 
@@ -60,6 +61,7 @@ public:
         QApplication::setApplicationVersion(QString::fromStdString(program.version));
         QApplication::setQuitOnLastWindowClosed(false);
         _application.emplace(_argumentCount, _arguments.data());
+        QApplication::setStyle(new WholePixelStyle);
         // Programs that we start get the environment that we got.
         if (wasChosen)
             qputenv("QT_QPA_PLATFORM", chosen);

@@ -160,7 +160,9 @@ int QtPreferencesWindow::wholeHeight(PreferencePane pane) const {
 
 // With a bar at its side the pane is narrower, and higher; left to itself, the bar would stay for that reason alone.
 void QtPreferencesWindow::scrollWhereNeeded() {
-    const bool isNeeded = wholeHeight(_pane) > contentSize().height;
+    // At a fractional scale of the screen a window may come out a point lower than it was asked to be.
+    constexpr double Rounding = 1;
+    const bool isNeeded = wholeHeight(_pane) > contentSize().height + Rounding;
     scrollArea(paneView(_pane)).setVerticalScrollBarPolicy(isNeeded ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
 }
 

@@ -64,8 +64,7 @@ TEST_F(PreferencesLegibilityTest, ClipsNoTextInAnyPaneAtAnySize) {
 }
 
 TEST_F(PreferencesLegibilityTest, ScrollsNothingThatTheScreenHasRoomFor) {
-    platform.settingsWithoutEffect = {preference::ButtonHasBorder, preference::ButtonHasShadow,
-        preference::ButtonHasTexture, preference::ButtonRound};
+    hideSettingsWithoutEffect();
     setFontSize(9);
     showEverything();
     for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
@@ -117,6 +116,25 @@ TEST_F(PreferencesLegibilityTest, ScrollsWhatDoesNotFitAnyMore) {
     const auto* area = pane().findChild<QScrollArea*>();
     EXPECT_TRUE(area->verticalScrollBar()->isVisible());
     EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
+}
+
+// What a screen of a fractional scale takes away.
+TEST_F(PreferencesLegibilityTest, ScrollsNothingForTheSakeOfOnePoint) {
+    hideSettingsWithoutEffect();
+    setFontSize(9);
+    showEverything();
+    for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
+        selectPane(static_cast<PreferencePane>(each));
+        settle();
+        const QSize wanted = window().size();
+        const auto* bar = pane().findChild<QScrollArea*>()->verticalScrollBar();
+        window().resize(wanted - QSize(0, 1));
+        settle();
+        EXPECT_FALSE(bar->isVisible()) << each;
+        window().resize(wanted - QSize(0, 2));
+        settle();
+        EXPECT_TRUE(bar->isVisible()) << each;
+    }
 }
 
 TEST_F(PreferencesLegibilityTest, ScrollsByTheKeyboardFromTheToolbar) {

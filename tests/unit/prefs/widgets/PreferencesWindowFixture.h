@@ -78,6 +78,13 @@ protected:
         platform.bundlePath = "/opt/Tarragon";
     }
 
+    // As on a desktop whose applications have nothing that these are about.
+    void hideSettingsWithoutEffect() {
+        platform.settingsWithoutEffect = {preference::ShowAppleMenu, preference::FoldAlternate,
+            preference::ShowApplicationMenu, preference::ButtonHasShadow, preference::ButtonHasTexture,
+            preference::ButtonHasBorder, preference::ButtonRound};
+    }
+
     void restartAppUsingSUUpdater() override { told.emplace_back("restart"); }
     void terminate() override { told.emplace_back("terminate"); }
     void openScreencastWebpage() override { told.emplace_back("screencast"); }
