@@ -907,7 +907,7 @@
         <translation>&amp;Immer sichtbar</translation>
     </message>
     <message>
-        <source>Otherwise it comes when the pointer is where it would be, and goes with it.</source>
+        <source>Otherwise it shows only while the pointer is where it would be.</source>
         <translation>Sonst erscheint es nur, solange der Mauszeiger an seiner Stelle ist.</translation>
     </message>
     <message>

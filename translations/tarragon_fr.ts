@@ -907,7 +907,7 @@
         <translation>Toujours &amp;visible</translation>
     </message>
     <message>
-        <source>Otherwise it comes when the pointer is where it would be, and goes with it.</source>
+        <source>Otherwise it shows only while the pointer is where it would be.</source>
         <translation>Sinon, il n’apparaît que lorsque le pointeur est à son emplacement.</translation>
     </message>
     <message>

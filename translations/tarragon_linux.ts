@@ -907,8 +907,8 @@
         <translation>Always &amp;visible</translation>
     </message>
     <message>
-        <source>Otherwise it comes when the pointer is where it would be, and goes with it.</source>
-        <translation>Otherwise it comes when the pointer is where it would be, and goes with it.</translation>
+        <source>Otherwise it shows only while the pointer is where it would be.</source>
+        <translation>Otherwise it shows only while the pointer is where it would be.</translation>
     </message>
     <message>
         <source>On the &amp;title bar</source>
