@@ -7,6 +7,7 @@
 #include "fake/FakeWindowPicker.h"
 #include "ignore/IgnoreDictionary.h"
 #include "platform/qt/QtTexts.h"
+#include "platform/qt/WholePixelStyle.h"
 #include "prefs/ignorelist/widgets/ApplicationChooser.h"
 #include "prefs/ignorelist/widgets/ApplicationIcons.h"
 #include "prefs/ignorelist/widgets/IgnoreListView.h"
@@ -144,7 +145,7 @@ int main(int argumentCount, char** arguments) {
     if (!request)
         return exitStatus;
     const QtTexts texts(":/translations/tarragon_linux.qm", {request->language});
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new WholePixelStyle("Fusion"));
     const QDir& folder = request->folder;
     const QPalette light = QApplication::style()->standardPalette();
     std::vector<Look> looks;

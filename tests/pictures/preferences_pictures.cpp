@@ -5,6 +5,7 @@
 #include "app/RegisteredPreferences.h"
 #include "fake/FakePlatform.h"
 #include "platform/qt/QtTexts.h"
+#include "platform/qt/WholePixelStyle.h"
 #include "prefs/PreferencesWindowController.h"
 #include "prefs/widgets/QtPreferencesInterface.h"
 #include "prefs/widgets/QtPreferencesWindow.h"
@@ -108,7 +109,7 @@ int main(int argumentCount, char** arguments) {
     if (!request)
         return exitStatus;
     const QtTexts texts(":/translations/tarragon_linux.qm", {request->language});
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new WholePixelStyle("Fusion"));
     // Off the windows: what the pointer is above looks different.
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     const QDir& folder = request->folder;

@@ -8,6 +8,7 @@ namespace tarragon {
 // pixels, and of the frame that a style draws around it an edge falls outside the widget or below what it contains.
 class WholePixelStyle : public QProxyStyle {
 public:
+    using QProxyStyle::QProxyStyle;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
         const QWidget* widget = nullptr) const override;
 };

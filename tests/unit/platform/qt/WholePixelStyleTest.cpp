@@ -57,8 +57,7 @@ std::string visibleEdges(QStyle& style, double scale, const QPoint& place, const
 }
 
 TEST(WholePixelStyleTest, ShowsEveryEdgeOfAFrameAtEveryScale) {
-    WholePixelStyle style;
-    style.setBaseStyle(QStyleFactory::create("Fusion"));
+    WholePixelStyle style("Fusion");
     for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 2.5}) {
         for (int place = 10; place < 20; ++place) {
             for (int size = 30; size < 38; ++size)
