@@ -248,6 +248,8 @@ void QtPreferencesWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
         || event->type() == QEvent::WindowStateChange)
         fitHeightSoon();
+    if (event->type() == QEvent::LayoutDirectionChange)
+        alignWords();
 }
 
 bool QtPreferencesWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -87,6 +87,7 @@ private:
     void hideSettingsWithoutEffect();
     void describeControls();
     void setUpHeadings();
+    void alignWords();
     void watchPanes();
     void keepWheelForPanes();
     void showPopUpHelp();

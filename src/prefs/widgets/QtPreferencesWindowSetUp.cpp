@@ -30,6 +30,7 @@ QtPreferencesWindow::QtPreferencesWindow(
     setUpControls(standardError);
     setUpAbout(version);
     setUpHeadings();
+    alignWords();
     hideSettingsWithoutEffect();
     describeControls();
     // Before the actions, which look at what the user's click has stored.
@@ -125,6 +126,16 @@ void QtPreferencesWindow::setUpHeadings() {
         bold.setResolveMask(0);
         bold.setBold(true);
         label->setFont(bold);
+    }
+}
+
+// Words begin below those of their control. By itself a label begins where the language of its words does, which may
+// be the other side than that of the window's layout.
+void QtPreferencesWindow::alignWords() {
+    const Qt::Alignment side = (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
+    for (QLabel* label : findChildren<QLabel*>()) {
+        if (!label->alignment().testFlag(Qt::AlignHCenter))
+            label->setAlignment(side | (label->alignment() & Qt::AlignVertical_Mask));
     }
 }
 

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QFrame>
 #include <QImage>
 #include <QListWidget>
 #include <QStyleFactory>
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,13 @@ bool hasLine(const std::vector<QRgb>& pixels) {
     return std::any_of(pixels.begin(), pixels.end(), [&](QRgb pixel) { return pixel != pixels.front(); });
 }
 
+QImage pictureOf(QWidget& window, double scale) {
+    QImage picture(window.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scale);
+    window.render(&picture);
+    return picture;
+}
+
 // The edges of a list's frame at a place of its window, as the first letters of their names where they can be seen.
 std::string visibleEdges(QStyle& style, double scale, const QPoint& place, const QSize& size) {
     QWidget window;
@@ -28,9 +37,7 @@ std::string visibleEdges(QStyle& style, double scale, const QPoint& place, const
     // Of the colour around it.
     frame.viewport()->setBackgroundRole(QPalette::Window);
     frame.setGeometry(QRect(place, size));
-    QImage picture(window.size() * scale, QImage::Format_ARGB32_Premultiplied);
-    picture.setDevicePixelRatio(scale);
-    window.render(&picture);
+    const QImage picture = pictureOf(window, scale);
 
     const QPoint middle = (QPointF(frame.geometry().center()) * scale).toPoint();
     constexpr int Near = 4; // pixels
@@ -63,6 +70,26 @@ TEST(WholePixelStyleTest, ShowsEveryEdgeOfAFrameAtEveryScale) {
             for (int size = 30; size < 38; ++size)
                 EXPECT_EQ(visibleEdges(style, scale, {place, place}, {size, size}), "ltrb")
                     << scale << ": " << place << ", " << size;
+        }
+    }
+}
+
+// A line of shade and one of light.
+TEST(WholePixelStyleTest, ShowsBothLinesOfASeparatorAtEveryScale) {
+    WholePixelStyle style("Fusion");
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 2.5}) {
+        for (int place = 10; place < 20; ++place) {
+            QWidget window;
+            window.resize(60, 60);
+            QFrame separator(&window);
+            separator.setStyle(&style);
+            separator.setFrameStyle(QFrame::HLine | QFrame::Sunken);
+            separator.setGeometry(10, place, 40, 2);
+            const QImage picture = pictureOf(window, scale);
+            std::set<QRgb> colours;
+            for (int y = 0; y < picture.height(); ++y)
+                colours.insert(picture.pixel(picture.width() / 2, y));
+            EXPECT_EQ(colours.size(), 3) << scale << ": " << place;
         }
     }
 }

@@ -3,12 +3,14 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QToolBar>
 
 #include <set>
+#include <utility>
 
 namespace tarragon {
 namespace {
@@ -153,6 +155,17 @@ TEST_F(PreferencesLegibilityTest, ScrollsByTheKeyboardFromTheToolbar) {
     EXPECT_GT(bar->value(), 0);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp);
     EXPECT_EQ(bar->value(), 0);
+}
+
+TEST_F(PreferencesLegibilityTest, BeginsWordsOnTheSideOfTheirControls) {
+    showEverything();
+    for (const auto& [direction, side] :
+        {std::pair(Qt::RightToLeft, Qt::AlignRight), std::pair(Qt::LeftToRight, Qt::AlignLeft)}) {
+        QApplication::setLayoutDirection(direction);
+        settle();
+        for (const auto* label : window().findChildren<QLabel*>())
+            EXPECT_TRUE(label->alignment().testFlags(side | Qt::AlignAbsolute)) << label->text().toStdString();
+    }
 }
 
 TEST_F(PreferencesLegibilityTest, NamesEveryControlForAScreenReader) {
