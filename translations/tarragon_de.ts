@@ -675,7 +675,7 @@
         <translation>Bei der Anmeldung &amp;starten</translation>
     </message>
     <message>
-        <source>Tarragon starts by itself when you log in.</source>
+        <source>Tarragon starts when you log in.</source>
         <translation>Tarragon startet bei der Anmeldung von selbst.</translation>
     </message>
     <message>

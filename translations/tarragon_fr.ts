@@ -675,7 +675,7 @@
         <translation>&amp;Lancer à l’ouverture de session</translation>
     </message>
     <message>
-        <source>Tarragon starts by itself when you log in.</source>
+        <source>Tarragon starts when you log in.</source>
         <translation>Tarragon démarre tout seul à l’ouverture de session.</translation>
     </message>
     <message>

@@ -675,8 +675,8 @@
         <translation>&amp;Launch on login</translation>
     </message>
     <message>
-        <source>Tarragon starts by itself when you log in.</source>
-        <translation>Tarragon starts by itself when you log in.</translation>
+        <source>Tarragon starts when you log in.</source>
+        <translation>Tarragon starts when you log in.</translation>
     </message>
     <message>
         <source>Show an &amp;icon in the tray</source>

@@ -211,7 +211,7 @@ TEST_F(PreferencesLegibilityTest, ReachesEveryControlOfAPaneByTabAlone) {
 }
 
 TEST_F(PreferencesLegibilityTest, TellsTheHelpOfAControlAfterItsName) {
-    EXPECT_EQ(control("launchCheckBox").accessibleDescription(), "Tarragon starts by itself when you log in.");
+    EXPECT_EQ(control("launchCheckBox").accessibleDescription(), "Tarragon starts when you log in.");
     EXPECT_EQ(control("buttonStyle").accessibleDescription(), "How titles and button are drawn.");
 }
 
