@@ -1,7 +1,6 @@
 #include "prefs/PreferencesWindowController.h"
 
 #include "platform/Accessibility.h"
-#include "platform/Defaults.h"
 #include "platform/HotKeys.h"
 #include "platform/Keyboard.h"
 #include "platform/Log.h"
@@ -12,6 +11,7 @@
 #include "recorder/FreeKeyCombination.h"
 #include "recorder/SRKeyCodeTransformer.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarragon {
@@ -23,6 +23,9 @@ void noteWritten(bool written, std::string_view key) {
     if (!written)
         log(LogCategory::Settings, [&] { return std::string(key).append(" cannot be written to disk"); });
 }
+
+constexpr std::string_view WaysOfOpening[] = {
+    preference::EnableHotkey, preference::EnableButton, preference::EnableScreenTop};
 
 constexpr std::size_t GeneralItemIndex = 0;
 constexpr std::size_t HotKeyItemIndex = 1;
@@ -37,9 +40,15 @@ PreferencesWindowController::PreferencesWindowController(
     setHideHotKeyWarning(true);
     setHideButtonWarning(true);
     _window->setCanJoinAllSpaces();
+    for (const std::string_view key : WaysOfOpening)
+        _observers.push_back(_services.defaults.addObserver(
+            keyPathOfPreference(key), [this](const std::string&) { hideWarningsWithoutReason(); }));
 }
 
-PreferencesWindowController::~PreferencesWindowController() = default;
+PreferencesWindowController::~PreferencesWindowController() {
+    for (const DefaultsObserver observer : _observers)
+        _services.defaults.removeObserver(observer);
+}
 
 // Showing the window.
 
@@ -194,19 +203,25 @@ void PreferencesWindowController::writeNewMouseButton(std::int64_t buttonNumber)
     store(preference::MouseButton, buttonNumber);
 }
 
+bool PreferencesWindowController::somethingOpensMenus() const {
+    return std::ranges::any_of(
+        WaysOfOpening, [this](std::string_view key) { return boolValue(_services.defaults.value(key)); });
+}
+
 void PreferencesWindowController::checkIfBothOptionsAreNotOff(std::string_view senderTitle) {
-    for (const std::string_view key :
-        {preference::EnableHotkey, preference::EnableButton, preference::EnableScreenTop}) {
-        if (boolValue(_services.defaults.value(key))) {
-            setHideHotKeyWarning(true);
-            setHideButtonWarning(true);
-            return;
-        }
-    }
+    if (somethingOpensMenus())
+        return hideWarningsWithoutReason();
     if (senderTitle == EnableHotkeyTitle)
         setHideHotKeyWarning(false);
     else
         setHideButtonWarning(false);
+}
+
+void PreferencesWindowController::hideWarningsWithoutReason() {
+    if (!somethingOpensMenus())
+        return;
+    setHideHotKeyWarning(true);
+    setHideButtonWarning(true);
 }
 
 void PreferencesWindowController::setHideHotKeyWarning(bool hide) {

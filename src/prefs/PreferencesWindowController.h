@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Defaults.h"
 #include "prefs/PreferencesWindow.h"
 #include "recorder/KeyCombo.h"
 
@@ -14,7 +15,6 @@
 namespace tarragon {
 
 class Accessibility;
-class Defaults;
 class HotKeys;
 class Keyboard;
 class LoginItemList;
@@ -104,7 +104,8 @@ public:
     // The state of the check box becomes the setting, and the list of what is started at login follows it.
     void startAtLogin();
     void mouseButtonChanged();
-    // Warns when no way of opening menus is left; senderTitle is that of the check box just clicked.
+    // Warns when no way of opening menus is left; senderTitle is that of the check box just clicked. The warning goes
+    // when a way is switched on again, by whoever.
     void checkIfBothOptionsAreNotOff(std::string_view senderTitle);
     void resetButton();
     // Starts the program anew, with the settings written to disk.
@@ -126,6 +127,8 @@ private:
     void selectHelpText(PreferenceHelpText text, bool animate);
     void selectItem(std::size_t index, bool animate);
     void writeNewMouseButton(std::int64_t buttonNumber);
+    bool somethingOpensMenus() const;
+    void hideWarningsWithoutReason();
     void setHideHotKeyWarning(bool hide);
     void setHideButtonWarning(bool hide);
     void checkAccessibility();
@@ -138,6 +141,7 @@ private:
 
     Services _services;
     PreferencesWindowControllerDelegate* _delegate;
+    std::vector<DefaultsObserver> _observers;
     bool _startAtLogin = false;
     bool _hideHotKeyWarning = true;
     bool _hideButtonWarning = true;

@@ -88,6 +88,18 @@ TEST_P(PreferencesActionTest, TheBoxThatSwitchesTheLastWayOffIsWarnedOf) {
     }
 }
 
+TEST_P(PreferencesActionTest, TheWarningGoesWithAReset) {
+    ASSERT_TRUE(preferences().open());
+    ASSERT_TRUE(clickIn("Hot Key", HotKeyBox));
+    ASSERT_TRUE(clickIn("Screen Top", BarsBox));
+    ASSERT_TRUE(clickIn("Window Top", PanelBox));
+    ASSERT_TRUE(comesToWarn());
+    ASSERT_TRUE(clickIn("General", "Reset to Defaults"));
+    ASSERT_TRUE(preferences().showPane("Window Top"));
+    EXPECT_TRUE(ceasesToWarn());
+    EXPECT_TRUE(preferences().control(PanelBox)->isChecked());
+}
+
 TEST_P(PreferencesActionTest, ResetBringsEverySettingBackAndTheCombinationShown) {
     ASSERT_TRUE(preferences().open());
     ASSERT_TRUE(preferences().click("Show keyboard shortcuts"));

@@ -332,6 +332,29 @@ TEST_F(WarningsTest, GoAwayWithAnyOfTheThree) {
     }
 }
 
+TEST_F(WarningsTest, GoAwayWhenSomethingElseBringsAnyOfTheThreeBack) {
+    for (const std::string_view key :
+        {preference::EnableHotkey, preference::EnableButton, preference::EnableScreenTop}) {
+        switchAllOff();
+        controller().checkIfBothOptionsAreNotOff("Enable hotkey");
+        controller().checkIfBothOptionsAreNotOff("Enable button");
+        set(preference::ShowKeyEquivalents, true);
+        set(preference::EnableHotkey, false);
+        EXPECT_FALSE(window().hotKeyWarningIsHidden);
+        EXPECT_FALSE(window().buttonWarningIsHidden);
+        set(key, true);
+        EXPECT_TRUE(window().hotKeyWarningIsHidden) << key;
+        EXPECT_TRUE(window().buttonWarningIsHidden) << key;
+    }
+}
+
+TEST_F(WarningsTest, GoAwayWithAReset) {
+    switchAllOff();
+    controller().checkIfBothOptionsAreNotOff("Enable hotkey");
+    controller().resetButton();
+    EXPECT_TRUE(window().hotKeyWarningIsHidden);
+}
+
 TEST_F(WarningsTest, ChangeNoSettingBack) {
     switchAllOff();
     const auto changed = defaults.changedKeys();

