@@ -13,18 +13,11 @@ struct FreeMemory {
 template <typename T>
 using Owned = std::unique_ptr<T, FreeMemory>;
 
-xcb_window_t focusedWindow(XDisplay& display) {
-    xcb_connection_t* connection = display.connection();
-    Owned<xcb_get_input_focus_reply_t> focus(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    return focus ? focus->focus : xcb_window_t(XCB_WINDOW_NONE);
-}
-
 } // namespace
 
 FocusWatch::FocusWatch(XDisplay& display)
     : _display(display)
-    , _window(focusedWindow(display)) {
+    , _window(display.focusedWindow()) {
     std::uint32_t mask = XCB_EVENT_MASK_FOCUS_CHANGE;
     xcb_change_window_attributes(display.connection(), _window, XCB_CW_EVENT_MASK, &mask);
 }
@@ -37,7 +30,7 @@ FocusWatch::~FocusWatch() {
 
 int FocusWatch::changes() {
     // The server answers after everything that it had to tell before.
-    focusedWindow(_display);
+    _display.focusedWindow();
     while (Owned<xcb_generic_event_t> event{xcb_poll_for_event(_display.connection())}) {
         int type = event->response_type & 0x7F;
         if (type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT)

@@ -77,6 +77,12 @@ xcb_window_t XDisplay::activeWindow() {
     return window.empty() ? static_cast<xcb_window_t>(XCB_NONE) : window[0];
 }
 
+xcb_window_t XDisplay::focusedWindow() {
+    Reply<xcb_get_input_focus_reply_t> focus(
+        xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
+    return focus ? focus->focus : static_cast<xcb_window_t>(XCB_NONE);
+}
+
 std::vector<xcb_window_t> XDisplay::managedWindows() {
     return cardinals(root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW);
 }

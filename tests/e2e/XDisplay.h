@@ -41,6 +41,8 @@ public:
     bool hasCompositor();
     // XCB_NONE when no window is active.
     xcb_window_t activeWindow();
+    // That which gets the keys, at the server. A window manager may tell of another one as active already.
+    xcb_window_t focusedWindow();
     std::vector<xcb_window_t> managedWindows();
     std::vector<xcb_window_t> managedWindowsOf(pid_t process);
     pid_t processOf(xcb_window_t window);

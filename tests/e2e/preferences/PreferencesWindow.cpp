@@ -41,9 +41,10 @@ bool PreferencesWindow::waitUntilOpen(Duration deadline) {
     return waitUntil(
         [this] {
             const std::vector<xcb_window_t> open = windows();
-            // A window manager may tell of it as active before it is shown.
+            // A window manager may tell of it as active before it is shown and gets the keys.
             return open.size() == 1 && _desktop.display().activeWindow() == open[0]
-                && _desktop.display().isViewable(open[0]) && !controls().empty();
+                && _desktop.display().focusedWindow() == open[0] && _desktop.display().isViewable(open[0])
+                && !controls().empty();
         },
         deadline);
 }
@@ -60,7 +61,7 @@ bool PreferencesWindow::close() {
     for (int round = 0; round < 5 && isOpen(); ++round) {
         const std::size_t before = windows().size();
         _desktop.display().activate(windows().back());
-        waitUntil([this] { return _desktop.display().processOf(_desktop.display().activeWindow()) == _process; },
+        waitUntil([this] { return _desktop.display().processOf(_desktop.display().focusedWindow()) == _process; },
             Duration(2000));
         _desktop.input().tap(XK_Escape);
         waitUntil([&] { return windows().size() < before; }, Duration(1500));
