@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QWindow>
 
 #include <utility>
 
@@ -35,6 +36,31 @@ protected:
     }
 };
 
+// Shows a sheet as soon as its window is seen, since a window that the desktop has not placed yet is nowhere to put a
+// sheet on.
+class SheetOpener : public QObject {
+public:
+    // Of the toolkit's two, the window that the desktop knows. The sheet is the owner.
+    SheetOpener(QWidget& sheet, QWindow& window)
+        : QObject(&sheet)
+        , _sheet(sheet)
+        , _window(window) {
+        window.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Expose && _window.isExposed()) {
+            _sheet.show();
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    QWidget& _sheet;
+    QWindow& _window;
+};
+
 } // namespace
 
 void openAccessibilityAlert(QWidget& window, std::function<void(AccessibilityAlertAnswer)> handler) {
@@ -60,7 +86,11 @@ void openAccessibilityAlert(QWidget& window, std::function<void(AccessibilityAle
                 : clicked == quit ? AccessibilityAlertAnswer::Quit
                                   : AccessibilityAlertAnswer::None);
     });
-    alert->show();
+    QWindow* const place = window.windowHandle();
+    if (place == nullptr || place->isExposed())
+        alert->show();
+    else
+        new SheetOpener(*alert, *place);
 }
 
 } // namespace tarragon

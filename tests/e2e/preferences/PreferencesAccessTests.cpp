@@ -52,6 +52,17 @@ protected:
                 && (count == 1 || display().titleOf(last) == "Tarragon");
         });
     }
+    bool sheetLiesOnItsWindow() {
+        const xcb_window_t sheet = display().focusedWindow();
+        std::vector<xcb_window_t> others = windows();
+        std::erase(others, sheet);
+        if (others.size() != 1)
+            return false;
+        const PixelRect inner = display().outerFrameOf(sheet);
+        const PixelRect outer = display().outerFrameOf(others.front());
+        return inner.x >= outer.x && inner.x + inner.width <= outer.x + outer.width && inner.y >= outer.y
+            && inner.y + inner.height <= outer.y + outer.height;
+    }
     bool sendToBus(const std::vector<std::string>& call) {
         std::vector<std::string> command{"dbus-send", "--session", "--print-reply"};
         command.insert(command.end(), call.begin(), call.end());
@@ -78,6 +89,7 @@ protected:
 TEST_P(PreferencesAccessTest, ASheetAsksForItAndEscapeLeavesTheProgramRunning) {
     startProgram();
     ASSERT_TRUE(shows(2));
+    EXPECT_TRUE(waitUntil([&] { return sheetLiesOnItsWindow(); }));
     input().tap(XK_Escape);
     EXPECT_TRUE(shows(1));
     input().tap(XK_Escape);

@@ -18,6 +18,8 @@ class AccessibilityAlertTest : public testing::Test {
 protected:
     AccessibilityAlertTest() {
         window.show();
+        if (!QTest::qWaitForWindowExposed(&window))
+            ADD_FAILURE() << "the window cannot be seen";
         openAccessibilityAlert(window, [this](AccessibilityAlertAnswer given) { answer = given; });
         box = window.findChild<QMessageBox*>();
     }
@@ -52,6 +54,17 @@ TEST_F(AccessibilityAlertTest, IsASheetOnItsWindow) {
     EXPECT_EQ(box->windowModality(), Qt::WindowModal);
     EXPECT_TRUE(box->isVisible());
     EXPECT_FALSE(answer);
+}
+
+TEST_F(AccessibilityAlertTest, WaitsForAWindowThatHasNoPlaceYet) {
+    QWidget later;
+    later.winId();
+    openAccessibilityAlert(later, [](AccessibilityAlertAnswer) {});
+    const auto* sheet = later.findChild<QMessageBox*>();
+    EXPECT_FALSE(sheet->isVisible());
+    later.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&later));
+    EXPECT_TRUE(sheet->isVisible());
 }
 
 TEST_F(AccessibilityAlertTest, TellsThatTheSystemSettingsWereChosen) {
