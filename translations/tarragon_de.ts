@@ -81,6 +81,10 @@
         <source>Choose an Application</source>
         <translation>Anwendung wählen</translation>
     </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Suche leeren</translation>
+    </message>
 </context>
 <context>
     <name>IgnoreListView</name>

@@ -81,6 +81,10 @@
         <source>Choose an Application</source>
         <translation>Choisir une application</translation>
     </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
 </context>
 <context>
     <name>IgnoreListView</name>

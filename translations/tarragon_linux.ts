@@ -81,6 +81,10 @@
         <source>Choose an Application</source>
         <translation>Choose an Application</translation>
     </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Clear the search</translation>
+    </message>
 </context>
 <context>
     <name>IgnoreListView</name>

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -44,6 +45,8 @@ ApplicationChooser::ApplicationChooser(
     _searchField->setPlaceholderText(searchWords);
     _searchField->setToolTip(text(translated("ApplicationChooser", "Type a part of the application's name")));
     _searchField->setClearButtonEnabled(true);
+    _searchField->findChild<QToolButton*>()->setAccessibleName(
+        text(translated("ApplicationChooser", "Clear the search")));
     _searchField->installEventFilter(this);
 
     _table->setObjectName("applications");

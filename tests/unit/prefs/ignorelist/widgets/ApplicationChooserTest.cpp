@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QToolButton>
 
 namespace tarragon {
 namespace {
@@ -165,6 +166,8 @@ TEST_F(ApplicationChooserTest, NamesEveryControlForThoseWhoCannotSee) {
     openChooser();
     EXPECT_NE(searchField()->accessibleName(), "");
     EXPECT_NE(list()->accessibleName(), "");
+    // The button that empties the field.
+    EXPECT_NE(searchField()->findChild<QToolButton*>()->accessibleName(), "");
     searchField()->setText("nowhere");
     EXPECT_THAT(list()->accessibleDescription().toStdString(), HasSubstr("No installed application"));
 }
