@@ -4,6 +4,13 @@
 
 #include <QColor>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QScreen>
+#include <QTemporaryFile>
+#include <QWindow>
 
 namespace tarragon {
 
@@ -22,6 +29,31 @@ std::optional<PictureRequest> pictureRequest(int argumentCount, char** arguments
         return std::nullopt;
     }
     return request;
+}
+
+void usePictureScreens() {
+    constexpr int Width = 2400; // points, each
+    constexpr int Height = 1600;
+    constexpr int DotsPerInch = 96;
+    QJsonArray screens;
+    for (const double scale : PictureScales)
+        screens.append(
+            QJsonObject{{"name", QString::number(scale)}, {"x", Width * screens.size()}, {"y", 0}, {"width", Width},
+                {"height", Height}, {"logicalDpi", DotsPerInch}, {"logicalBaseDpi", DotsPerInch}, {"dpr", scale}});
+    static QTemporaryFile file; // read when the application object is made
+    if (!file.open() || file.write(QJsonDocument(QJsonObject{{"screens", screens}}).toJson()) < 0 || !file.flush())
+        qFatal("Cannot describe the screens");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file.fileName()));
+}
+
+void moveToScreen(QWidget& window, double scale) {
+    for (QScreen* screen : QGuiApplication::screens()) {
+        if (screen->devicePixelRatio() != scale)
+            continue;
+        window.winId();
+        window.windowHandle()->setScreen(screen);
+        window.move(screen->geometry().topLeft());
+    }
 }
 
 QPalette darkPalette() {

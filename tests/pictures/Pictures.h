@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QPalette>
 #include <QString>
+#include <QWidget>
 
 #include <optional>
 
@@ -17,6 +18,14 @@ struct PictureRequest {
 // Nothing where the command line makes no sense or the folder cannot be made; exitStatus is set then, and standard
 // error says why.
 std::optional<PictureRequest> pictureRequest(int argumentCount, char** arguments, int& exitStatus);
+
+// Screens in memory, one for each scale and all of them larger than any window. To be called before the application
+// object is made, which works with them then.
+void usePictureScreens();
+inline constexpr double PictureScales[] = {1, 1.5, 2};
+
+// Puts a window that is not shown yet on the screen of that scale.
+void moveToScreen(QWidget& window, double scale);
 
 QPalette darkPalette();
 

@@ -76,14 +76,6 @@ struct Look {
     int fontSize;
 };
 
-bool save(QWidget& widget, const Look& look, const QString& file) {
-    QImage image(widget.size() * look.scale, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(look.scale);
-    image.fill(widget.palette().color(QPalette::Window));
-    widget.render(&image);
-    return image.save(file);
-}
-
 bool drawPane(Pane pane, const Look& look, const QString& file) {
     Desktop desktop;
     if (pane != Pane::Empty)
@@ -92,6 +84,7 @@ bool drawPane(Pane pane, const Look& look, const QString& file) {
     view.setServices(desktop.defaults, &desktop.installed, &desktop.picker);
     view.setContentsMargins(Margin, Margin, Margin, Margin);
     view.resize(PaneSize.expandedTo(view.minimumSizeHint()));
+    moveToScreen(view, look.scale);
     view.show();
     auto* const applications = view.findChild<QTreeView*>("applications");
     auto* const titles = view.findChild<QTreeView*>("titles");
@@ -102,17 +95,18 @@ bool drawPane(Pane pane, const Look& look, const QString& file) {
     if (pane == Pane::Picking)
         view.findChild<QPushButton*>("pickWindow")->click();
     QCoreApplication::processEvents();
-    return save(view, look, file);
+    return view.grab().save(file);
 }
 
 bool drawChooser(const Look& look, const QString& file) {
     Desktop desktop;
     ApplicationIcons icons(&desktop.installed);
     ApplicationChooser chooser(desktop.installed, icons, "");
+    moveToScreen(chooser, look.scale);
     chooser.show();
     chooser.findChild<QLineEdit*>()->setText("er");
     QCoreApplication::processEvents();
-    return save(chooser, look, file);
+    return chooser.grab().save(file);
 }
 
 bool drawAll(const QDir& folder, const Look& look) {
@@ -138,7 +132,7 @@ bool drawAll(const QDir& folder, const Look& look) {
 
 int main(int argumentCount, char** arguments) {
     using namespace tarragon;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    usePictureScreens();
     const QApplication application(argumentCount, arguments);
     int exitStatus = 0;
     const auto request = pictureRequest(argumentCount, arguments, exitStatus);
@@ -150,7 +144,7 @@ int main(int argumentCount, char** arguments) {
     const QPalette light = QApplication::style()->standardPalette();
     std::vector<Look> looks;
     for (const char* theme : {"light", "dark"}) {
-        for (const double scale : {1.0, 1.5, 2.0}) {
+        for (const double scale : PictureScales) {
             for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft})
                 looks.push_back({theme, scale, direction, 10});
         }

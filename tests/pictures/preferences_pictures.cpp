@@ -55,6 +55,7 @@ QImage sheetOfPanes(double scale, bool showsNotices) {
             "", {"https://p", "https://s", "https://t", "https://f"}},
         interface, nullptr);
     QtPreferencesWindow& window = *interface.window;
+    moveToScreen(window, scale);
     controller.displayWindow();
     if (showsNotices) {
         window.setHotKeyRefusal(HotKeyRefusal{"Alt+Space", "Ctrl+Shift+Space"});
@@ -72,28 +73,26 @@ QImage sheetOfPanes(double scale, bool showsNotices) {
             QCoreApplication::sendPostedEvents();
             QCoreApplication::processEvents();
         }
-        QImage picture(window.size() * scale, QImage::Format_ARGB32_Premultiplied);
-        picture.setDevicePixelRatio(scale);
-        window.render(&picture);
-        panes += picture;
+        panes += window.grab().toImage();
     }
+    QList<QPoint> places;
     int top = Gap;
-    int row = 0;
-    QImage sheet(QSize(Columns * (window.width() + Gap) + Gap, 4000) * scale, QImage::Format_ARGB32_Premultiplied);
+    for (qsizetype first = 0; first < panes.size(); first += Columns) {
+        double row = 0;
+        for (qsizetype index = first; index < std::min(first + Columns, panes.size()); ++index) {
+            places += QPoint(Gap + int(index - first) * (window.width() + Gap), top);
+            row = std::max(row, panes[index].deviceIndependentSize().height());
+        }
+        top += int(row) + Gap;
+    }
+    QImage sheet(QSize(Columns * (window.width() + Gap) + Gap, top) * scale, QImage::Format_ARGB32_Premultiplied);
     sheet.setDevicePixelRatio(scale);
     sheet.fill(Qt::gray);
     QPainter painter(&sheet);
-    for (qsizetype index = 0; index < panes.size(); ++index) {
-        const int height = int(panes[index].height() / scale);
-        painter.drawImage(QPoint(Gap + int(index % Columns) * (window.width() + Gap), top), panes[index]);
-        row = std::max(row, height);
-        if (index % Columns == Columns - 1 || index == panes.size() - 1) {
-            top += row + Gap;
-            row = 0;
-        }
-    }
+    for (qsizetype index = 0; index < panes.size(); ++index)
+        painter.drawImage(places[index], panes[index]);
     painter.end();
-    return sheet.copy(0, 0, sheet.width(), int(top * scale));
+    return sheet;
 }
 
 } // namespace
@@ -102,7 +101,7 @@ QImage sheetOfPanes(double scale, bool showsNotices) {
 
 int main(int argumentCount, char** arguments) {
     using namespace tarragon;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    usePictureScreens();
     const QApplication application(argumentCount, arguments);
     int exitStatus = 0;
     const auto request = pictureRequest(argumentCount, arguments, exitStatus);
@@ -127,7 +126,7 @@ int main(int argumentCount, char** arguments) {
         for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
             QApplication::setLayoutDirection(direction);
             const QString name = QString(theme) + (direction == Qt::RightToLeft ? "-right-to-left" : "");
-            for (const double scale : {1.0, 1.5, 2.0}) {
+            for (const double scale : PictureScales) {
                 if (!save(name, scale, false))
                     return 1;
             }
