@@ -12,7 +12,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
-#include <QTimer>
 #include <QVariantAnimation>
 
 #include <algorithm>
@@ -207,16 +206,6 @@ void QtPreferencesWindow::fitWidth() {
     setMinimumWidth(std::min(width, screen()->availableSize().width()));
 }
 
-void QtPreferencesWindow::fitHeightSoon() {
-    if (std::exchange(_fitsHeightSoon, true))
-        return;
-    // Once all words that change together have changed.
-    QTimer::singleShot(0, this, [this] {
-        _fitsHeightSoon = false;
-        fitHeight();
-    });
-}
-
 void QtPreferencesWindow::fitHeight() {
     fitWidth();
     _size.setWidth(std::max(_size.width(), minimumWidth()));
@@ -247,7 +236,7 @@ void QtPreferencesWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
         || event->type() == QEvent::WindowStateChange)
-        fitHeightSoon();
+        _fitting.start();
     if (event->type() == QEvent::LayoutDirectionChange)
         alignWords();
 }
@@ -255,7 +244,7 @@ void QtPreferencesWindow::changeEvent(QEvent* event) {
 bool QtPreferencesWindow::eventFilter(QObject* watched, QEvent* event) {
     // Words in a pane have come, gone or changed.
     if (event->type() == QEvent::LayoutRequest)
-        fitHeightSoon();
+        _fitting.start();
     // Whoever scrolls a pane does not mean to change the settings that pass below the pointer.
     const auto* control = qobject_cast<QWidget*>(watched);
     if (event->type() == QEvent::Wheel && control != nullptr && !control->hasFocus()) {

@@ -8,6 +8,7 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QTimer>
 
 #include <iosfwd>
 #include <memory>
@@ -98,8 +99,6 @@ private:
     int wholeHeight(PreferencePane pane) const;
     void scrollWhereNeeded();
     void fitWidth();
-    // Words have come or gone, or have another size.
-    void fitHeightSoon();
     void fitHeight();
 
     Platform _platform;
@@ -113,7 +112,7 @@ private:
     QSize _size; // at the end of the animation
     std::optional<QPoint> _place; // where it was when it was closed
     QVariantAnimation* _animation;
-    bool _fitsHeightSoon = false;
+    QTimer _fitting; // runs from the first of several words that change together until all have changed
 };
 
 } // namespace tarragon

@@ -41,6 +41,8 @@ QtPreferencesWindow::QtPreferencesWindow(
     QtPreferencesWindow::setAccessIsMissing(false);
     connect(_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& height) { resize(_size.width(), height.toInt()); });
+    _fitting.setSingleShot(true);
+    connect(&_fitting, &QTimer::timeout, this, &QtPreferencesWindow::fitHeight);
     watchPanes();
     keepWheelForPanes();
     fitWidth();
