@@ -4,7 +4,6 @@
 #include "prefs/ignorelist/widgets/TitleDelegate.h"
 
 #include <QHeaderView>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 namespace tarragon {
@@ -13,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// What the editor looks like, and what keys do in its tables.
+// What the editor looks like.
 class IgnoreListLookTest : public IgnoreListViewFixture {
 protected:
     // Whether anything is drawn beside the ground.
@@ -119,55 +118,6 @@ TEST_F(IgnoreListLookTest, EditsOnTheTableItselfAndForAScreenReader) {
     EXPECT_EQ(editor()->accessibleName(), "Window title or pattern");
 }
 
-TEST_F(IgnoreListLookTest, MovesBetweenTitlesWithTheArrowKeys) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    QTest::keyClick(titles(), Qt::Key_Down);
-    EXPECT_EQ(selectedRow(titles()), 1);
-    EXPECT_EQ(editor(), nullptr);
-}
-
-TEST_F(IgnoreListLookTest, EndsEditingWithTabBackwardsToo) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 1);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    ASSERT_NE(editor(), nullptr);
-    QTest::keyClick(editor(), Qt::Key_Backtab, Qt::ShiftModifier);
-    settle();
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_THAT(rows(titles()), ElementsAre("a", "b"));
-}
-
-TEST_F(IgnoreListLookTest, LeavesATitleWhereItIsThatIsTypedAsItWas) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    type("a");
-    QTest::keyClick(editor(), Qt::Key_Return);
-    settle();
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "b"));
-}
-
-// The field of an editor holds no more than a part of it.
-TEST_F(IgnoreListLookTest, DoesNotCutAVeryLongTitleThatIsLeftAsItWas) {
-    const std::string longTitle(40000, 'a');
-    store({entry("Editor", {longTitle, "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    ASSERT_NE(editor(), nullptr);
-    QTest::keyClick(editor(), Qt::Key_Return);
-    settle();
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre(longTitle, "b"));
-}
-
 TEST_F(IgnoreListLookTest, ShowsTextsOfSeveralLinesInOne) {
     store({entry("Editor", {"one\u2028two", "one\u2029two", ""})});
     open();
@@ -191,18 +141,6 @@ TEST_F(IgnoreListLookTest, DrawsAPatternInItsOwnDirection) {
     EXPECT_EQ(option.text, QString::fromUtf8("\u2068Untitled*\u2069"));
 }
 
-TEST_F(IgnoreListLookTest, DrawsANameAnewThatHasChanged) {
-    store({entry("Clock"), entry("Editor")});
-    open();
-    const QSignalSpy changes(applications()->model(), &QAbstractItemModel::dataChanged);
-    TarragonBlacklist renamed = entry("Editor");
-    renamed.setAppName("Texteditor");
-    store({entry("Clock"), renamed});
-    ASSERT_FALSE(changes.isEmpty());
-    EXPECT_EQ(changes.last().at(0).value<QModelIndex>().row(), 0);
-    EXPECT_EQ(changes.last().at(1).value<QModelIndex>().row(), 1);
-}
-
 TEST_F(IgnoreListLookTest, SaysThatThereIsNothingOnceTheLastApplicationIsRemoved) {
     store({entry("Editor")});
     open();
@@ -210,38 +148,6 @@ TEST_F(IgnoreListLookTest, SaysThatThereIsNothingOnceTheLastApplicationIsRemoved
     click(applications(), 0);
     click(button("removeApplication"));
     EXPECT_THAT(applications()->accessibleDescription().toStdString(), HasSubstr("No application"));
-}
-
-TEST_F(IgnoreListLookTest, KeepsTheSelectedApplicationInSightWhileOthersAddSomeBeforeIt) {
-    store({entry("Editor", {"a"})});
-    open();
-    click(applications(), 0);
-    std::vector<TarragonBlacklist> entries;
-    for (int number = 0; number < 300; ++number)
-        entries.push_back(entry("App" + std::to_string(number)));
-    entries.push_back(entry("Editor", {"a"}));
-    store(entries);
-    ASSERT_EQ(selectedRow(applications()), 300);
-    settle();
-    EXPECT_TRUE(applications()->viewport()->rect().intersects(
-        applications()->visualRect(applications()->model()->index(300, 0))));
-}
-
-TEST_F(IgnoreListLookTest, IsReadyToPickAgainOnceItWasHidden) {
-    open();
-    click(button("pickWindow"));
-    view->hide();
-    view->show();
-    EXPECT_TRUE(button("pickWindow")->isEnabled());
-    EXPECT_EQ(message(), "");
-}
-
-TEST_F(IgnoreListLookTest, GivesTheKeyboardToTheTitlesOnceAWindowIsPicked) {
-    open();
-    applications()->setFocus();
-    click(button("pickWindow"));
-    picker.pick(PickedWindow{RunningApplication{"Editor", 7, "org.example.Editor", ""}, "a"});
-    EXPECT_EQ(view->focusWidget(), titles());
 }
 
 TEST_F(IgnoreListLookTest, HasTheNewPicturesWhenItIsShownAgain) {

@@ -99,5 +99,22 @@ TEST_F(IgnoreListPickingTest, LeavesThePickerToOthersWhileItDoesNotPick) {
     EXPECT_TRUE(picker.isPicking());
 }
 
+TEST_F(IgnoreListPickingTest, IsReadyToPickAgainOnceItWasHidden) {
+    open();
+    click(button("pickWindow"));
+    view->hide();
+    view->show();
+    EXPECT_TRUE(button("pickWindow")->isEnabled());
+    EXPECT_EQ(message(), "");
+}
+
+TEST_F(IgnoreListPickingTest, GivesTheKeyboardToTheTitlesOnceAWindowIsPicked) {
+    open();
+    applications()->setFocus();
+    click(button("pickWindow"));
+    picker.pick(PickedWindow{RunningApplication{"Editor", 7, "org.example.Editor", ""}, "a"});
+    EXPECT_EQ(view->focusWidget(), titles());
+}
+
 } // namespace
 } // namespace tarragon

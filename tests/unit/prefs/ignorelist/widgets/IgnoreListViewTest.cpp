@@ -1,11 +1,7 @@
 #include "prefs/ignorelist/widgets/IgnoreListView.h"
 
 #include "IgnoreListViewFixture.h"
-#include "fake/FakeWorkspace.h"
-#include "ignore/IgnoreList.h"
 #include "ignore/KeyedArchiver.h"
-
-#include <QSignalSpy>
 
 namespace tarragon {
 namespace {
@@ -13,9 +9,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Optional;
-
-constexpr const char* Placeholder = "Type new window title or wildcard pattern here";
 
 class IgnoreListViewTest : public IgnoreListViewFixture { };
 
@@ -147,172 +140,6 @@ TEST_F(IgnoreListViewTest, GivesTheKeyboardToTheTableWhenAButtonHasDoneItsWork) 
     EXPECT_THAT(rows(applications()), IsEmpty());
 }
 
-TEST_F(IgnoreListViewTest, AddsATitleThatIsARealPatternUntilItIsEdited) {
-    store({entry("Editor", {"a"})});
-    open();
-    click(applications(), 0);
-    click(button("addTitle"));
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", Placeholder));
-    ASSERT_NE(editor(), nullptr);
-    EXPECT_EQ(editor()->selectedText(), Placeholder);
-    QTest::keyClicks(editor(), "Untitled*");
-    QTest::keyClick(editor(), Qt::Key_Return);
-    settle();
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "Untitled*"));
-    EXPECT_THAT(rows(titles()), ElementsAre("a", "Untitled*"));
-    EXPECT_EQ(selectedRow(titles()), 1);
-    EXPECT_EQ(editor(), nullptr);
-}
-
-TEST_F(IgnoreListViewTest, KeepsThePatternWhenEditingIsCancelled) {
-    store({entry("Editor")});
-    open();
-    click(applications(), 0);
-    click(button("addTitle"));
-    type("Unfinished");
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    settle();
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre(Placeholder));
-}
-
-TEST_F(IgnoreListViewTest, AnEditedRowMovesToTheBottom) {
-    for (const int key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_Enter}) {
-        store({entry("Editor", {"a", "b", "c"})});
-        open();
-        click(applications(), 0);
-        click(titles(), 0);
-        QTest::keyClick(titles(), Qt::Key(key));
-        type("x");
-        QTest::keyClick(editor(), Qt::Key_Return);
-        settle();
-        EXPECT_THAT(rows(titles()), ElementsAre("b", "c", "x"));
-        EXPECT_THAT(storedTitles("Editor"), ElementsAre("b", "c", "x"));
-        EXPECT_EQ(selectedRow(titles()), 2);
-    }
-}
-
-TEST_F(IgnoreListViewTest, EditsWithADoubleClickAndEndsWithTab) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    const QPoint place = titles()->visualRect(titles()->model()->index(0, 0)).center();
-    QTest::mouseDClick(titles()->viewport(), Qt::LeftButton, {}, place);
-    type("x");
-    QTest::keyClick(editor(), Qt::Key_Tab);
-    settle();
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_THAT(rows(titles()), ElementsAre("b", "x"));
-}
-
-TEST_F(IgnoreListViewTest, ARowThatIsLeftAsItWasStaysWhereItIs) {
-    store({entry("Editor", {"a", "two\nlines", "c"})});
-    open();
-    click(applications(), 0);
-    for (const int row : {0, 1}) {
-        click(titles(), row);
-        QTest::keyClick(titles(), Qt::Key_F2);
-        ASSERT_NE(editor(), nullptr);
-        QTest::keyClick(editor(), Qt::Key_Return);
-        settle();
-    }
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "two\nlines", "c"));
-    EXPECT_THAT(rows(titles()), ElementsAre("a", "two lines", "c"));
-}
-
-TEST_F(IgnoreListViewTest, StoresWhatIsBeingTypedWhenAnotherApplicationIsSelected) {
-    store({entry("Editor", {"a", "b"}), entry("Clock", {"c", "d"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    type("x");
-    click(applications(), 1);
-    settle();
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("b", "x"));
-    EXPECT_THAT(storedTitles("Clock"), ElementsAre("c", "d"));
-    EXPECT_THAT(rows(titles()), ElementsAre("c", "d"));
-    EXPECT_EQ(selectedRow(titles()), -1);
-}
-
-TEST_F(IgnoreListViewTest, GoesOnEditingWhileOthersChangeTheList) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 1);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    type("half");
-    store({entry("Clock"), entry("Editor", {"b"})});
-    store({entry("Clock"), entry("Editor", {"b", "new"})});
-    settle();
-    ASSERT_NE(editor(), nullptr);
-    EXPECT_EQ(editor()->text(), "half");
-    QTest::keyClick(editor(), Qt::Key_Return);
-    settle();
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("new", "half"));
-    EXPECT_EQ(selectedRow(applications()), 1);
-}
-
-TEST_F(IgnoreListViewTest, DropsWhatIsTypedIntoARowThatOthersRemove) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 1);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    type("half");
-    store({entry("Editor", {"a"})});
-    settle();
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a"));
-    EXPECT_THAT(rows(titles()), ElementsAre("a"));
-}
-
-TEST_F(IgnoreListViewTest, DoesNotGiveWhatIsTypedToTheRowThatMovesUp) {
-    store({entry("Editor", {"a", "b"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    type("half");
-    store({entry("Editor", {"b"})});
-    settle();
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("b"));
-    EXPECT_THAT(rows(titles()), ElementsAre("b"));
-}
-
-TEST_F(IgnoreListViewTest, RemovesTitlesOneAfterAnotherWithTheDeleteKey) {
-    store({entry("Editor", {"a", "b", "c"})});
-    open();
-    click(applications(), 0);
-    QTest::keyClick(titles(), Qt::Key_Delete);
-    EXPECT_THAT(rows(titles()), ElementsAre("a", "b", "c"));
-    click(titles(), 1);
-    QTest::keyClick(titles(), Qt::Key_Delete);
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "c"));
-    EXPECT_EQ(selectedRow(titles()), 1);
-    QTest::keyClick(titles(), Qt::Key_Delete);
-    EXPECT_EQ(selectedRow(titles()), 0);
-    click(button("removeTitle"));
-    EXPECT_THAT(storedTitles("Editor"), IsEmpty());
-    EXPECT_FALSE(button("removeTitle")->isEnabled());
-    EXPECT_TRUE(storedEntry("Editor"));
-}
-
-TEST_F(IgnoreListViewTest, DeletesCharactersWhileARowIsEdited) {
-    store({entry("Editor", {"abc"})});
-    open();
-    click(applications(), 0);
-    click(titles(), 0);
-    QTest::keyClick(titles(), Qt::Key_F2);
-    ASSERT_NE(editor(), nullptr);
-    editor()->setCursorPosition(0);
-    QTest::keyClick(editor(), Qt::Key_Delete);
-    EXPECT_EQ(editor()->text(), "bc");
-    EXPECT_THAT(storedTitles("Editor"), ElementsAre("abc"));
-}
-
 TEST_F(IgnoreListViewTest, IgnoresAllWindowsWithTheCheckBox) {
     store({entry("Editor", {"a"})});
     open();
@@ -324,56 +151,6 @@ TEST_F(IgnoreListViewTest, IgnoresAllWindowsWithTheCheckBox) {
     QTest::keyClick(ignoreAll(), Qt::Key_Space);
     EXPECT_FALSE(*storedEntry("Editor")->ignoreAllAppWindows());
     EXPECT_FALSE(ignoreAll()->isChecked());
-}
-
-class Window : public WindowInFront {
-public:
-    std::optional<std::string> focusedWindowTitle() override { return "Untitled 3"; }
-    bool isFocusedWindowFullScreen() override { return false; }
-};
-
-TEST_F(IgnoreListViewTest, ShowsWhatThePanelsMenuIgnoresAtOnce) {
-    store({entry("Clock")});
-    open();
-    click(applications(), 0);
-    FakeWorkspace workspace;
-    workspace.setActiveApplication(RunningApplication{"Editor", 7, "org.example.Editor", ""});
-    Window window;
-    IgnoreList list(defaults, workspace, window, nullptr);
-    list.ignoreTitle();
-    EXPECT_THAT(rows(applications()), ElementsAre("Clock", "Editor"));
-    EXPECT_EQ(selectedRow(applications()), 0);
-    click(applications(), 1);
-    EXPECT_THAT(rows(titles()), ElementsAre("Untitled 3"));
-    list.ignoreApp();
-    EXPECT_TRUE(ignoreAll()->isChecked());
-    list.ignoreTitle();
-    EXPECT_THAT(rows(titles()), ElementsAre("Untitled 3", "Untitled 3"));
-}
-
-TEST_F(IgnoreListViewTest, FollowsANameThatAnotherProcessChanges) {
-    store({entry("Clock")});
-    open();
-    EXPECT_THAT(rows(applications()), ElementsAre("Clock"));
-    TarragonBlacklist renamed = entry("Clock");
-    renamed.setAppName("Uhr");
-    store({renamed});
-    EXPECT_THAT(rows(applications()), ElementsAre("Uhr"));
-}
-
-TEST_F(IgnoreListViewTest, KeepsTheSelectionOnItsApplicationWhileOthersChangeTheList) {
-    store({entry("Clock"), entry("Editor", {"a"}), entry("Player")});
-    open();
-    click(applications(), 1);
-    store({entry("Editor", {"a"}), entry("Player")});
-    EXPECT_EQ(selectedRow(applications()), 0);
-    EXPECT_THAT(rows(titles()), ElementsAre("a"));
-    store({entry("Player"), entry("Clock"), entry("Editor", {"a"})});
-    EXPECT_EQ(selectedRow(applications()), 2);
-    store({entry("Player"), entry("Clock")});
-    EXPECT_EQ(selectedRow(applications()), -1);
-    EXPECT_THAT(rows(titles()), IsEmpty());
-    EXPECT_FALSE(button("removeApplication")->isEnabled());
 }
 
 TEST_F(IgnoreListViewTest, ShowsADamagedListAsEmptyAndLeavesItAlone) {
