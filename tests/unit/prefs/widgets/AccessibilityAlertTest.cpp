@@ -72,6 +72,11 @@ TEST_F(AccessibilityAlertTest, TellsThatTheSystemSettingsWereChosen) {
     EXPECT_EQ(answer, AccessibilityAlertAnswer::OpenSystemPreferences);
 }
 
+TEST_F(AccessibilityAlertTest, OpensTheSystemSettingsWithEnter) {
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(answer, AccessibilityAlertAnswer::OpenSystemPreferences);
+}
+
 TEST_F(AccessibilityAlertTest, TellsThatQuittingWasChosen) {
     click("Quit Tarragon");
     EXPECT_EQ(answer, AccessibilityAlertAnswer::Quit);

@@ -1,9 +1,12 @@
 #include "PreferencesWindowFixture.h"
+#include "fake/RecordingLog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QWheelEvent>
 
@@ -12,9 +15,20 @@
 namespace tarragon {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PreferenceBindingsTest : public PreferencesWindowTest { };
+class PreferenceBindingsTest : public PreferencesWindowTest {
+protected:
+    // As if it came from the desktop: others are not handed on to the widgets around.
+    static void turnWheel(QWidget& over) {
+        const QPointF place = QRectF(over.rect()).center();
+        QWheelEvent turn(
+            place, over.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&turn);
+        qApp->notify(&over, &turn);
+    }
+};
 
 TEST_F(PreferenceBindingsTest, HaveEachCheckBoxStoreItsSettingAndFollowIt) {
     static constexpr std::pair<const char*, std::string_view> rows[] = {
@@ -99,12 +113,6 @@ TEST_F(PreferenceBindingsTest, AreNotChangedByScrollingPastAControl) {
     selectPane(PreferencePane::WindowTop);
     window().activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
-    const auto turnWheel = [](QWidget& over) {
-        const QPointF place = QRectF(over.rect()).center();
-        QWheelEvent turn(
-            place, over.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&over, &turn);
-    };
     auto& style = control<QComboBox>("buttonStyle");
     auto& size = control<QSpinBox>("titleFontSizeSmall");
     size.setValue(12);
@@ -116,6 +124,41 @@ TEST_F(PreferenceBindingsTest, AreNotChangedByScrollingPastAControl) {
     size.setFocus();
     turnWheel(size);
     EXPECT_EQ(value(preference::TitleFontSizeSmall), DefaultsValue(std::int64_t{11}));
+}
+
+TEST_F(PreferenceBindingsTest, LetTheWheelOverAControlScrollItsPane) {
+    controller().displayWindow();
+    selectPane(PreferencePane::WindowTop);
+    handleEvents();
+    window().resize(window().width(), window().height() / 2);
+    handleEvents();
+    const QScrollBar& bar = *control("windowTopPreferencesView").findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    ASSERT_EQ(bar.value(), 0);
+    turnWheel(control("buttonStyle"));
+    EXPECT_GT(bar.value(), 0);
+    EXPECT_FALSE(control("buttonStyle").hasFocus());
+}
+
+TEST_F(PreferenceBindingsTest, LetTheMouseChooseInAControl) {
+    controller().displayWindow();
+    selectPane(PreferencePane::WindowTop);
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    auto& list = control<QComboBox>("buttonStyle");
+    ASSERT_FALSE(list.hasFocus());
+    QTest::mouseClick(&list, Qt::LeftButton);
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+    list.hidePopup();
+}
+
+TEST_F(PreferenceBindingsTest, TellTheLogOfASettingThatCannotBeWritten) {
+    const RecordingLog log(LogCategory::Settings);
+    control<QCheckBox>("showAppleMenu").click();
+    EXPECT_THAT(log.lines(), IsEmpty());
+    fake.defaults.setWritable(false);
+    control<QCheckBox>("showAppleMenu").click();
+    EXPECT_THAT(log.lines(), ElementsAre("settings: ShowAppleMenu cannot be written to disk"));
 }
 
 TEST_F(PreferenceBindingsTest, StandForTheSizeOfTheDesktopAtTheLeastValue) {

@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <optional>
+#include <set>
 
 namespace tarragon {
 namespace {
@@ -151,6 +152,12 @@ TEST(NoticeViewTest, IsABoxWithAFrameAndRoundCorners) {
     EXPECT_NE(picture.pixelColor(50, 20), ground);
     EXPECT_NE(picture.pixelColor(50, 0), picture.pixelColor(50, 20));
     EXPECT_EQ(picture.pixelColor(50, 0), picture.pixelColor(50, 39));
+    std::set<QRgb> cornerColours;
+    for (int y = 0; y < 5; ++y) {
+        for (int x = 0; x < 5; ++x)
+            cornerColours.insert(picture.pixel(x, y));
+    }
+    EXPECT_GT(cornerColours.size(), 3U) << "smooth, beside the ground, the frame and the inside";
     // Amber.
     EXPECT_GT(picture.pixelColor(50, 0).red(), picture.pixelColor(50, 0).blue());
     EXPECT_GT(picture.pixelColor(50, 0).red(), picture.pixelColor(50, 0).green());

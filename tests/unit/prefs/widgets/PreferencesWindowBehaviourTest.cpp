@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QToolBar>
 #include <QToolButton>
 #include <QVariantAnimation>
 #include <QWindow>
@@ -17,13 +18,19 @@
 namespace tarragon {
 namespace {
 
-// A style in which windows change their height step by step.
+// A style in which what moves takes as many milliseconds.
 class LivelyStyle : public QProxyStyle {
 public:
+    explicit LivelyStyle(int duration)
+        : _duration(duration) { }
     int styleHint(
         StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returned) const override {
-        return hint == SH_Widget_Animation_Duration ? 50 : QProxyStyle::styleHint(hint, option, widget, returned);
+        return hint == SH_Widget_Animation_Duration ? _duration
+                                                    : QProxyStyle::styleHint(hint, option, widget, returned);
     }
+
+private:
+    const int _duration;
 };
 
 // Counts how often a widget is put in front of its siblings.
@@ -62,23 +69,30 @@ TEST_F(PreferencesWindowBehaviourTest, StoresTheCombinationThatIsRecorded) {
 TEST_F(PreferencesWindowBehaviourTest, ShowsNoCombinationForAKeyThatCannotBe) {
     changeFromOutside(preference::TriggerCharacterUInt, std::int64_t{-1});
     EXPECT_TRUE(control<SRRecorderControl>("shortcutRecorder").keyCombo().isEmpty());
+    // The last sixteen bits are those of the space bar.
+    changeFromOutside(preference::TriggerCharacterUInt, std::int64_t{-65487});
+    EXPECT_TRUE(control<SRRecorderControl>("shortcutRecorder").keyCombo().isEmpty());
     changeFromOutside(preference::TriggerCharacterUInt, std::int64_t{0});
     EXPECT_EQ(control<SRRecorderControl>("shortcutRecorder").keyCombo(), (KeyCombo{0, modifier::Option}));
 }
 
 TEST_F(PreferencesWindowBehaviourTest, ReachesTheHeightOfAPaneStepByStep) {
-    LivelyStyle style;
+    LivelyStyle style(50);
     window().setStyle(&style);
+    auto* animation = window().findChild<QVariantAnimation*>();
     controller().displayWindow();
+    EXPECT_EQ(animation->state(), QAbstractAnimation::Stopped);
     settle();
     const int before = window().height();
+    controller().changePreferencePane(window().toolbarItems().at(0));
+    EXPECT_EQ(animation->state(), QAbstractAnimation::Stopped) << "it has that height";
     ASSERT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::General)) << "at once, while unseen";
     controller().changePreferencePane(window().toolbarItems().at(1));
     const double wanted = window().paneHeight(PreferencePane::HotKey);
     ASSERT_NE(wanted, window().paneHeight(PreferencePane::General));
-    auto* animation = window().findChild<QVariantAnimation*>();
     EXPECT_EQ(animation->state(), QAbstractAnimation::Running);
     EXPECT_EQ(animation->startValue().toInt(), before);
+    EXPECT_EQ(animation->duration(), 50);
     EXPECT_TRUE(QTest::qWaitFor([&] { return animation->state() == QAbstractAnimation::Stopped; }));
     settle();
     EXPECT_EQ(window().contentSize().height, wanted);
@@ -86,8 +100,23 @@ TEST_F(PreferencesWindowBehaviourTest, ReachesTheHeightOfAPaneStepByStep) {
     window().setStyle(nullptr);
 }
 
+TEST_F(PreferencesWindowBehaviourTest, ReturnsToItsHeightAtOnceInAStyleThatMovesNothing) {
+    LivelyStyle style(0);
+    window().setStyle(&style);
+    controller().displayWindow();
+    settle();
+    controller().changePreferencePane(window().toolbarItems().at(1));
+    settle();
+    const int height = window().height();
+    window().resize(window().width(), height / 2);
+    handleEvents();
+    controller().changePreferencePane(window().toolbarItems().at(1));
+    EXPECT_EQ(window().height(), height);
+    window().setStyle(nullptr);
+}
+
 TEST_F(PreferencesWindowBehaviourTest, GivesUpOnAHeightOnceAnotherPaneIsChosen) {
-    LivelyStyle style;
+    LivelyStyle style(50);
     window().setStyle(&style);
     controller().displayWindow();
     settle();
@@ -124,6 +153,104 @@ TEST_F(PreferencesWindowBehaviourTest, ScrollsAPaneThatTheUserHasMadeTooLow) {
     window().resize(window().width(), whole);
     handleEvents();
     EXPECT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOff);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ScrollsAPaneThatOutgrowsAWindowThatFillsTheScreen) {
+    controller().displayWindow();
+    window().showMaximized();
+    settle();
+    ASSERT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOff);
+    QFont large = window().font();
+    large.setPointSize(large.pointSize() * 4);
+    window().setFont(large);
+    settle();
+    ASSERT_GT(control("generalPreferencesView").findChild<QScrollArea*>()->widget()->minimumSizeHint().height(),
+        window().height());
+    EXPECT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOn);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, OpensAtTheHeightThatItKeeps) {
+    controller().displayWindow();
+    const QSize first = window().size();
+    settle();
+    EXPECT_EQ(window().size(), first);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, HasRoomAtOnceForWordsThatCameWhileAnotherPaneWasShown) {
+    controller().displayWindow();
+    settle();
+    window().setHideHotKeyWarning(false);
+    settle();
+    selectPane(PreferencePane::HotKey);
+    const double first = window().frameNS().size.height;
+    settle();
+    EXPECT_EQ(window().frameNS().size.height, first);
+}
+
+TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsItsWordsInEveryPane) {
+    controller().displayWindow();
+    settle();
+    const int before = window().width();
+    EXPECT_GE(before, window().fontMetrics().averageCharWidth() * 88) << "lines that are easy to read";
+    QFont large = window().font();
+    large.setPointSize(large.pointSize() + 3);
+    window().setFont(large);
+    settle();
+    EXPECT_GT(window().width(), before);
+    const int wide = window().width();
+    for (std::size_t pane = 0; pane < PreferencePaneCount; ++pane) {
+        selectPane(static_cast<PreferencePane>(pane));
+        settle();
+        EXPECT_EQ(window().width(), wide) << pane;
+    }
+}
+
+TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsItsWordsBeforeItIsShown) {
+    const double before = window().frameNS().size.width;
+    QFont large = window().font();
+    large.setPointSize(large.pointSize() + 3);
+    window().setFont(large);
+    settle();
+    EXPECT_GT(window().frameNS().size.width, before);
+    EXPECT_EQ(window().frameNS().size.width, window().minimumWidth());
+}
+
+TEST_F(PreferencesWindowBehaviourTest, GrowsWithTheWordsBelowThePanes) {
+    controller().displayWindow();
+    settle();
+    const int before = window().height();
+    window().setAccessIsMissing(true);
+    settle();
+    EXPECT_GT(window().height(), before);
+    EXPECT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::General));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, ShowsNoPaneOnceAllAreRemoved) {
+    controller().displayWindow();
+    window().removeSubviewsOfContent();
+    EXPECT_EQ(control<QStackedWidget>("contentView").currentWidget()->objectName(), "emptyView");
+}
+
+TEST_F(PreferencesWindowBehaviourTest, StaysOnOneDesktopUnlessItIsToBeOnAll) {
+    QtPreferencesWindow plain(platform, controller(), "", standardError);
+    plain.orderFrontRegardless();
+    EXPECT_THAT(fake.panelSurfaces.onAllSpaces(), testing::IsEmpty());
+}
+
+TEST_F(PreferencesWindowBehaviourTest, HasItemsThatTabGoesThrough) {
+    controller().displayWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    auto& toolbar = control<QToolBar>("toolbar");
+    ASSERT_EQ(window().focusWidget(), toolbar.widgetForAction(toolbar.actions().at(0)));
+    QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window().focusWidget(), toolbar.widgetForAction(toolbar.actions().at(1)));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, LeavesKeysThatMeanNothingInItAlone) {
+    controller().displayWindow();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_F7, Qt::NoModifier);
+    QApplication::sendEvent(&window(), &key);
+    EXPECT_FALSE(key.isAccepted());
 }
 
 TEST_F(PreferencesWindowBehaviourTest, ComesBackInFrontOfOtherWindows) {

@@ -16,6 +16,8 @@
 #include <QPainter>
 #include <QPicture>
 #include <QSignalSpy>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -311,13 +313,31 @@ TEST_F(PaintedIdentifier, HasARingWhileItIsTheOneThatKeysGoTo) {
     const QImage without = picture();
     control.setFocus();
     const QImage with = picture();
-    EXPECT_NE(with, without);
-    EXPECT_EQ(with.pixel(100, 3), without.pixel(100, 3)) << "the ring only";
+    EXPECT_NE(with.copy(0, 10, 2, 20), without.copy(0, 10, 2, 20)) << "at the left";
+    EXPECT_NE(with.copy(198, 10, 2, 20), without.copy(198, 10, 2, 20)) << "at the right";
+    EXPECT_NE(with.copy(50, 38, 100, 2), without.copy(50, 38, 100, 2)) << "at the bottom";
+    EXPECT_EQ(with.copy(2, 2, 196, 36), without.copy(2, 2, 196, 36)) << "the ring only";
     other.setFocus();
     EXPECT_EQ(picture(), without);
 }
 
-TEST_F(PaintedIdentifier, IsPaintedAnewAsItGainsAndLosesTheFocus) {
+TEST_F(PaintedIdentifier, HasARingThatIsSeenOnDarkGround) {
+    // This style draws the ring in black or white, whichever stands out.
+    const std::unique_ptr<QStyle> style(QStyleFactory::create("Windows"));
+    control.setStyle(style.get());
+    QPalette dark = control.palette();
+    dark.setColor(QPalette::Window, Qt::black);
+    control.setPalette(dark);
+    control.setFocus();
+    const QImage bottom = picture().copy(50, 38, 100, 2);
+    bool isSeen = false;
+    for (int x = 0; x < bottom.width(); ++x)
+        isSeen = isSeen || !isDark(bottom, x, 0) || !isDark(bottom, x, 1);
+    EXPECT_TRUE(isSeen);
+    control.setStyle(nullptr);
+}
+
+TEST_F(PaintedIdentifier, IsPaintedAnewWhenWhatItShowsChanges) {
     class PaintCounter : public QObject {
     public:
         bool eventFilter(QObject*, QEvent* event) override {
@@ -335,6 +355,8 @@ TEST_F(PaintedIdentifier, IsPaintedAnewAsItGainsAndLosesTheFocus) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }));
     control.setButtonNumber(4);
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 3; }));
+    control.setEnabled(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 4; }));
 }
 
 TEST_F(PaintedIdentifier, HasNoRingOnPaper) {
