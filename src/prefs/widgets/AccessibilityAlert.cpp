@@ -2,7 +2,6 @@
 
 #include "platform/Texts.h"
 
-#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
@@ -24,10 +23,7 @@ public:
     using QMessageBox::QMessageBox;
 
 protected:
-    void closeEvent(QCloseEvent* event) override {
-        event->accept();
-        reject();
-    }
+    void closeEvent(QCloseEvent* /*event*/) override { reject(); }
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Escape)
             reject();
@@ -67,7 +63,7 @@ void openAccessibilityAlert(QWidget& window, std::function<void(AccessibilityAle
     auto* alert = new AlertSheet(&window);
     alert->setObjectName("accessibilityAlert");
     alert->setAttribute(Qt::WA_DeleteOnClose);
-    alert->setWindowFlag(Qt::Sheet);
+    // Makes it a sheet of its window.
     alert->setWindowModality(Qt::WindowModal);
     alert->setWindowTitle("Tarragon");
     alert->setIcon(QMessageBox::Warning);

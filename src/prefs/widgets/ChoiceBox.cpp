@@ -12,13 +12,10 @@ void ChoiceBox::showPopup() {
 }
 
 bool ChoiceBox::eventFilter(QObject* watched, QEvent* event) {
-    const bool isPress = event->type() == QEvent::KeyPress;
-    const bool isKey = isPress || event->type() == QEvent::ShortcutOverride;
-    if (!isKey || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel))
+    if (event->type() != QEvent::ShortcutOverride || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel))
         return QComboBox::eventFilter(watched, event);
+    // The press that follows is the list's, which closes.
     event->accept();
-    if (isPress)
-        hidePopup();
     return true;
 }
 

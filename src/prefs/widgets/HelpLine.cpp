@@ -29,23 +29,21 @@ bool HelpLine::event(QEvent* event) {
 }
 
 void HelpLine::dress() {
-    // Each change below is such an event itself.
-    if (_isDressing || parentWidget() == nullptr)
+    if (parentWidget() == nullptr)
         return;
-    _isDressing = true;
     constexpr double Ink = 0.72;
     const QPalette around = parentWidget()->palette();
     QPalette own = around;
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
         own.setColor(group, QPalette::WindowText,
             mixedColour(around.color(group, QPalette::WindowText), around.color(group, QPalette::Window), Ink));
+    // Comes here once more, being a change of the palette itself, and then changes nothing.
     setPalette(own);
     const int indent = property("indented").toBool()
         ? style()->pixelMetric(QStyle::PM_IndicatorWidth) + style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing)
         : 0;
     const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
     setContentsMargins(isRightToLeft ? 0 : indent, 0, isRightToLeft ? indent : 0, 0);
-    _isDressing = false;
 }
 
 } // namespace tarragon

@@ -17,8 +17,6 @@ protected:
 
 private:
     void dress();
-
-    bool _isDressing = false;
 };
 
 } // namespace tarragon

@@ -234,8 +234,7 @@ void QtPreferencesWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPreferencesWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
-        || event->type() == QEvent::WindowStateChange)
+    if (event->type() == QEvent::WindowStateChange)
         _fitting.start();
     if (event->type() == QEvent::LayoutDirectionChange)
         alignWords();
@@ -246,8 +245,7 @@ bool QtPreferencesWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::LayoutRequest)
         _fitting.start();
     // Whoever scrolls a pane does not mean to change the settings that pass below the pointer.
-    const auto* control = qobject_cast<QWidget*>(watched);
-    if (event->type() == QEvent::Wheel && control != nullptr && !control->hasFocus()) {
+    if (event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {
         event->ignore();
         return true;
     }

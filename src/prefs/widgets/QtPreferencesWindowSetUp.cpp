@@ -125,7 +125,6 @@ void QtPreferencesWindow::setUpHeadings() {
             continue;
         // The size stays that of the window.
         QFont bold;
-        bold.setResolveMask(0);
         bold.setBold(true);
         label->setFont(bold);
     }

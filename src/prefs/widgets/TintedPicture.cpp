@@ -1,7 +1,6 @@
 #include "prefs/widgets/TintedPicture.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
@@ -82,12 +81,6 @@ void TintedPicture::paintEvent(QPaintEvent* /*event*/) {
     const QSize size = sizeHint();
     drawTinted(painter, property("picture").toString(),
         QRectF(QPointF((width() - size.width()) / 2.0, 0), QSizeF(size)), palette().color(QPalette::WindowText));
-}
-
-void TintedPicture::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        updateGeometry();
-    QWidget::changeEvent(event);
 }
 
 } // namespace tarragon

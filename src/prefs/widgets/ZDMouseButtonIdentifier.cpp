@@ -53,8 +53,7 @@ QFont textFont() {
 
 // Rather than to paper or into a file.
 bool drawsToScreen(const QPainter& painter) {
-    const QPaintEngine::Type type = painter.paintEngine()->type();
-    return type == QPaintEngine::Raster || type == QPaintEngine::OpenGL2;
+    return painter.paintEngine()->type() == QPaintEngine::Raster;
 }
 
 QAccessibleInterface* accessibleControl(const QString& className, QObject* object) {
@@ -159,22 +158,19 @@ void ZDMouseButtonIdentifier::paintEvent(QPaintEvent*) {
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &ring, &painter, this);
         painter.setClipping(false);
     }
-    // The text may run past the edge: it starts where it starts, however long the number is. The desktop's own colour
-    // for text is black wherever black can be read.
+    // The text may run past the edge: it starts where it starts, however long the number is. It has the desktop's own
+    // colour for text, which is black wherever black can be read.
     painter.setFont(textFont());
-    painter.setPen(palette().color(foregroundRole()));
     const QRect place(TextIndent, TextTop, width() + TextIndent, height() - TextTop);
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), place),
         static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignTop)), shownText());
 }
 
-void ZDMouseButtonIdentifier::mousePressEvent(QMouseEvent* event) {
+void ZDMouseButtonIdentifier::mousePressEvent(QMouseEvent* /*event*/) {
     // Who takes the press gets the release.
-    event->accept();
 }
 
 void ZDMouseButtonIdentifier::mouseReleaseEvent(QMouseEvent* event) {
-    event->accept();
     if (event->button() == Qt::LeftButton || event->button() == Qt::RightButton || !_runLoop)
         return;
     // The press of a quick click may not have come to the tap yet, though the release has come here.
