@@ -152,7 +152,6 @@ void ZDMouseButtonIdentifier::paintEvent(QPaintEvent*) {
         QStyleOptionFocusRect ring;
         ring.initFrom(this);
         ring.state |= QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-        ring.backgroundColor = palette().color(backgroundRole());
         // Some styles fill the ring.
         painter.setClipRegion(QRegion(rect()) - rect().adjusted(RingWidth, RingWidth, -RingWidth, -RingWidth));
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &ring, &painter, this);

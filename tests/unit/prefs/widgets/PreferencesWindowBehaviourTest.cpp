@@ -50,6 +50,12 @@ protected:
         for (int level = 0; level < 8; ++level)
             handleEvents();
     }
+    static std::string manyWords(int count) {
+        std::string words = "Alt";
+        for (int word = 1; word < count; ++word)
+            words += " Alt";
+        return words;
+    }
     Qt::ScrollBarPolicy scrolling(const char* pane) {
         return control(pane).findChild<QScrollArea*>()->verticalScrollBarPolicy();
     }
@@ -157,16 +163,15 @@ TEST_F(PreferencesWindowBehaviourTest, ScrollsAPaneThatTheUserHasMadeTooLow) {
 
 TEST_F(PreferencesWindowBehaviourTest, ScrollsAPaneThatOutgrowsAWindowThatFillsTheScreen) {
     controller().displayWindow();
+    selectPane(PreferencePane::HotKey);
     window().showMaximized();
     settle();
-    ASSERT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOff);
-    QFont large = window().font();
-    large.setPointSize(large.pointSize() * 4);
-    window().setFont(large);
+    const QSize screenful = window().size();
+    ASSERT_EQ(scrolling("hotKeyPreferencesView"), Qt::ScrollBarAlwaysOff);
+    window().setHotKeyRefusal(HotKeyRefusal{manyWords(1500), ""});
     settle();
-    ASSERT_GT(control("generalPreferencesView").findChild<QScrollArea*>()->widget()->minimumSizeHint().height(),
-        window().height());
-    EXPECT_EQ(scrolling("generalPreferencesView"), Qt::ScrollBarAlwaysOn);
+    EXPECT_EQ(window().size(), screenful);
+    EXPECT_EQ(scrolling("hotKeyPreferencesView"), Qt::ScrollBarAlwaysOn);
 }
 
 TEST_F(PreferencesWindowBehaviourTest, OpensAtTheHeightThatItKeeps) {
@@ -177,10 +182,13 @@ TEST_F(PreferencesWindowBehaviourTest, OpensAtTheHeightThatItKeeps) {
 }
 
 TEST_F(PreferencesWindowBehaviourTest, HasRoomAtOnceForWordsThatCameWhileAnotherPaneWasShown) {
+    window().setHotKeyRefusal(HotKeyRefusal{"Alt+Space", ""});
     controller().displayWindow();
+    selectPane(PreferencePane::HotKey);
     settle();
-    window().setHideHotKeyWarning(false);
+    selectPane(PreferencePane::General);
     settle();
+    window().setHotKeyRefusal(HotKeyRefusal{manyWords(180), ""});
     selectPane(PreferencePane::HotKey);
     const double first = window().frameNS().size.height;
     settle();
@@ -203,6 +211,20 @@ TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsItsWordsInEveryPane) {
         settle();
         EXPECT_EQ(window().width(), wide) << pane;
     }
+}
+
+TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsTheWidestWordsOfAnotherPane) {
+    controller().displayWindow();
+    selectPane(PreferencePane::HotKey);
+    settle();
+    const int before = window().width();
+    window().setHotKeyRefusal(HotKeyRefusal{"Alt", std::string(150, 'M')});
+    settle();
+    const int wide = window().width();
+    EXPECT_GT(wide, before);
+    selectPane(PreferencePane::Help);
+    settle();
+    EXPECT_EQ(window().width(), wide);
 }
 
 TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsItsWordsBeforeItIsShown) {
