@@ -57,7 +57,6 @@ ApplicationChooser::ApplicationChooser(
 
     auto* const buttons = new QDialogButtonBox(this);
     _addButton = buttons->addButton(text(translated("ApplicationChooser", "Add")), QDialogButtonBox::AcceptRole);
-    _addButton->setDefault(true);
     _addButton->setObjectName("add");
     QPushButton* const cancelButton =
         buttons->addButton(text(translated("ApplicationChooser", "Cancel")), QDialogButtonBox::RejectRole);
@@ -65,7 +64,6 @@ ApplicationChooser::ApplicationChooser(
     QPushButton* const otherButton =
         buttons->addButton(text(translated("ApplicationChooser", "Other…")), QDialogButtonBox::ActionRole);
     otherButton->setObjectName("other");
-    otherButton->setAutoDefault(false);
     otherButton->setToolTip(
         text(translated("ApplicationChooser", "Choose an application that is not in the list by its file")));
 
@@ -82,13 +80,11 @@ ApplicationChooser::ApplicationChooser(
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(otherButton, &QPushButton::clicked, this, &ApplicationChooser::openFileDialog);
     resize(sizeHint().expandedTo({fontMetrics().averageCharWidth() * 56, fontMetrics().lineSpacing() * 24}));
-    _searchField->setFocus();
     updateAddButton();
 }
 
 bool ApplicationChooser::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == _searchField && event->type() == QEvent::KeyPress
-        && movesSelection(static_cast<QKeyEvent*>(event)->key())) {
+    if (event->type() == QEvent::KeyPress && movesSelection(static_cast<QKeyEvent*>(event)->key())) {
         QCoreApplication::sendEvent(_table, event);
         return true;
     }

@@ -43,7 +43,7 @@ QIcon loadedIcon(const QString& name) {
         icon = QIcon(name);
     else if (!name.isEmpty())
         icon = QIcon::fromTheme(name);
-    return icon.isNull() || icon.availableSizes().isEmpty() ? QIcon(new AnyApplicationIcon()) : icon;
+    return icon.availableSizes().isEmpty() ? QIcon(new AnyApplicationIcon()) : icon;
 }
 
 } // namespace

@@ -28,7 +28,7 @@ QString ApplicationRows::nameAt(std::size_t row) const {
 
 QVariant ApplicationRows::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || row >= identities().size())
+    if (row >= identities().size()) // nor has an index without a row
         return {};
     switch (role) {
     case Qt::DisplayRole:

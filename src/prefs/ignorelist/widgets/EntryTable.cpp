@@ -2,7 +2,6 @@
 
 #include "prefs/ignorelist/widgets/TitleDelegate.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
@@ -14,8 +13,6 @@ EntryTable::EntryTable(QWidget* parent)
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setHeaderHidden(true);
-    header()->setMinimumSectionSize(0);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setItemDelegate(new TitleDelegate(this));
     updateIconSize();

@@ -28,7 +28,6 @@ QString text(const std::string& utf8) {
 QPushButton* button(const char* name, const std::string& words, const std::string& whatItDoes) {
     auto* const made = new QPushButton(text(words));
     made->setObjectName(name);
-    made->setAutoDefault(false);
     made->setAccessibleName(text(whatItDoes));
     made->setToolTip(text(whatItDoes));
     return made;
@@ -82,7 +81,6 @@ IgnoreListView::IgnoreListView(QWidget* parent)
     _pickButton = button("pickWindow", translated("IgnoreListView", "Pick a Window…"),
         translated("IgnoreListView", "Ignore the window that you click next"));
     _message->setObjectName("message");
-    _message->setTextFormat(Qt::PlainText);
     _message->setWordWrap(true);
     arrangeControls();
     connectControls();
@@ -136,7 +134,6 @@ void IgnoreListView::arrangeControls() {
     grid->setColumnMinimumWidth(1, fontMetrics().averageCharWidth());
     grid->setColumnStretch(0, 2);
     grid->setColumnStretch(2, 3);
-    grid->setRowStretch(1, 1);
     grid->addWidget(label, 0, 0);
     grid->addWidget(_ignoreAppButton, 0, 2);
     grid->addWidget(_masterTable, 1, 0);
@@ -226,7 +223,6 @@ void IgnoreListView::addTitle() {
     _editor->detail.addWindow();
     if (_editor->detail.numberOfRowsInTableView() == before)
         return;
-    _detailTable->setFocus();
     _detailTable->choose(before);
     _detailTable->edit(_detailTable->currentIndex());
 }

@@ -54,7 +54,7 @@ int InstalledRows::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant InstalledRows::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= rowCount())
+    if (!index.isValid())
         return {};
     const Row& row = _all[_shown[static_cast<std::size_t>(index.row())]];
     switch (role) {

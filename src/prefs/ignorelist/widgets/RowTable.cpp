@@ -50,7 +50,7 @@ std::optional<std::size_t> RowTable::shownSelection() const {
 }
 
 void RowTable::showSelection() {
-    if (!_rows || shownSelection() == _selectedRow)
+    if (!_rows)
         return;
     const QScopedValueRollback changing(_isChanging, true);
     if (!_selectedRow)

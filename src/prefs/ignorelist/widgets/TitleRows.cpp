@@ -44,7 +44,7 @@ bool TitleRows::haveOnlyMoved(const Identities& titles, const Edit& edit) const 
 
 QVariant TitleRows::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || row >= identities().size())
+    if (row >= identities().size()) // nor has an index without a row
         return {};
     const std::string& title = identities()[row];
     switch (role) {

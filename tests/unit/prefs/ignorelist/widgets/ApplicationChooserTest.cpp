@@ -151,6 +151,23 @@ TEST_F(ApplicationChooserTest, FindsOtherApplicationsByTheirFile) {
     EXPECT_EQ(chooser->result(), QDialog::Accepted);
 }
 
+TEST_F(ApplicationChooserTest, PressesTheButtonThatHasTheKeyboardWithEnter) {
+    openChooser();
+    click(list(), 0);
+    button("other")->setFocus();
+    QTest::keyClick(button("other"), Qt::Key_Return);
+    EXPECT_NE(chooser->findChild<QFileDialog*>(), nullptr);
+    EXPECT_EQ(chooser->chosenPath(), std::nullopt);
+}
+
+TEST_F(ApplicationChooserTest, HasRoomForAListAndAFieldThatOneClickEmpties) {
+    openChooser();
+    EXPECT_GE(chooser->width(), 56 * chooser->fontMetrics().averageCharWidth());
+    EXPECT_GE(chooser->height(), 24 * chooser->fontMetrics().lineSpacing());
+    EXPECT_TRUE(searchField()->isClearButtonEnabled());
+    EXPECT_FALSE(list()->model()->data({}).isValid());
+}
+
 TEST_F(ApplicationChooserTest, StaysOpenWhenNoFileIsChosen) {
     openChooser();
     click(button("other"));
@@ -217,6 +234,13 @@ TEST_F(AddedInViewTest, NothingIsAddedWhenTheDialogIsCancelled) {
     settle();
     EXPECT_EQ(chooser(), nullptr);
     EXPECT_THAT(rows(applications()), IsEmpty());
+}
+
+TEST_F(AddedInViewTest, ThereIsOneDialogAtATime) {
+    open();
+    click(button("addApplication"));
+    button("addApplication")->click();
+    EXPECT_EQ(view->findChildren<ApplicationChooser*>().size(), 1);
 }
 
 TEST_F(AddedInViewTest, TheViewMayGoWhileTheDialogIsOpen) {

@@ -1,9 +1,13 @@
 #include "IgnoreListViewFixture.h"
 #include "prefs/ignorelist/widgets/ApplicationChooser.h"
 #include "prefs/ignorelist/widgets/ApplicationIcons.h"
+#include "prefs/ignorelist/widgets/EntryTable.h"
 #include "prefs/ignorelist/widgets/TitleDelegate.h"
 
 #include <QHeaderView>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStringListModel>
 #include <QTemporaryDir>
 
 namespace tarragon {
@@ -25,6 +29,15 @@ protected:
         }
         return false;
     }
+    class PaintCounter : public QObject {
+    public:
+        explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int count = 0;
+    };
     static void expectApart(const QList<QWidget*>& widgets) {
         for (const QWidget* one : widgets) {
             for (const QWidget* other : widgets) {
@@ -75,6 +88,76 @@ TEST_F(IgnoreListLookTest, HasPicturesThatGrowWithTheFont) {
     large.setPointSize(60);
     applications()->setFont(large);
     EXPECT_EQ(applications()->iconSize().height(), QFontMetrics(applications()->font()).height());
+    const QFont before = QApplication::font();
+    QApplication::setFont(large);
+    EXPECT_EQ(EntryTable().iconSize().height(), QFontMetrics(large).height()) << "from the start";
+    QApplication::setFont(before);
+}
+
+TEST_F(IgnoreListLookTest, HasPicturesAsLargeAsItsStyleHasThem) {
+    class Style : public QProxyStyle {
+    public:
+        int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+            return metric == PM_SmallIconSize ? 70 : QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    } style;
+    EntryTable table;
+    table.setStyle(&style);
+    EXPECT_EQ(table.iconSize().height(), 70);
+    table.setStyle(nullptr);
+}
+
+TEST_F(IgnoreListLookTest, SaysWhatIsMissingInTheColourOfPromptsAndOnlyWhenItIs) {
+    EntryTable table;
+    QPalette palette = table.palette();
+    palette.setColor(QPalette::PlaceholderText, Qt::red);
+    palette.setColor(QPalette::Base, Qt::white);
+    table.setPalette(palette);
+    table.resize(300, 100);
+    table.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&table));
+    settle();
+    const QImage blank = table.viewport()->grab().toImage();
+    PaintCounter paints(*table.viewport());
+    table.setEmptyText("Nothing");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+    const QImage picture = table.viewport()->grab().toImage();
+    bool isRed = false;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            isRed = isRed || picture.pixelColor(x, y).red() > picture.pixelColor(x, y).green() + 100;
+    }
+    EXPECT_TRUE(isRed);
+    EXPECT_NE(picture, blank);
+    QStringListModel full({"one"});
+    table.setModel(&full);
+    EXPECT_EQ(table.accessibleDescription(), "");
+    table.setModel(nullptr);
+}
+
+TEST_F(IgnoreListLookTest, GivesTheTitlesMoreRoomAndKeepsTheHalvesApart) {
+    open();
+    settle();
+    const QRect left = applications()->geometry();
+    const QRect right = titles()->geometry();
+    EXPECT_EQ(left.left(), 0) << "as wide as the pane";
+    EXPECT_EQ(right.right(), view->width() - 1);
+    EXPECT_NEAR(left.width() * 3, right.width() * 2, 8);
+    const int gap = right.left() - left.right() - 1;
+    EXPECT_GE(gap,
+        button("removeApplication")->x() - button("addApplication")->geometry().right()
+            + view->fontMetrics().averageCharWidth());
+    for (const char* name : {"addApplication", "removeApplication", "addTitle", "removeTitle"})
+        EXPECT_EQ(button(name)->width(), button(name)->sizeHint().width()) << name;
+}
+
+TEST_F(IgnoreListLookTest, IsNotMadeWiderByItsMessages) {
+    open();
+    const int before = view->minimumSizeHint().width();
+    click(button("pickWindow"));
+    picker.pick(PickedWindow{RunningApplication{"", 7, "", ""}, "a"});
+    ASSERT_NE(message(), "");
+    EXPECT_EQ(view->minimumSizeHint().width(), before);
 }
 
 TEST_F(IgnoreListLookTest, HasNoControlOverAnother) {
@@ -103,6 +186,7 @@ TEST_F(IgnoreListLookTest, ExplainsEveryButtonAndTheCheckBox) {
     ASSERT_NE(chooser, nullptr);
     EXPECT_EQ(chooser->windowTitle(), "Add Application");
     EXPECT_NE(chooser->findChild<QLineEdit*>("searchField")->placeholderText(), "");
+    EXPECT_NE(chooser->findChild<QLineEdit*>("searchField")->toolTip(), "");
     EXPECT_NE(chooser->findChild<QPushButton*>("other")->toolTip(), "");
 }
 
@@ -181,6 +265,48 @@ TEST_F(IgnoreListLookTest, DrawsAWindowForAnApplicationWithoutAPicture) {
     EXPECT_GT(alpha(3, 18), 0) << "its left edge";
     EXPECT_GT(alpha(29, 18), 0) << "its right edge";
     EXPECT_EQ(picture.pixelColor(16, 8).rgb(), QGuiApplication::palette().color(QPalette::Text).rgb());
+    bool isSmooth = false;
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x)
+            isSmooth = isSmooth || (alpha(x, y) > 0 && alpha(x, y) < 100);
+    }
+    EXPECT_TRUE(isSmooth);
+    const QImage selected = icons.iconOfBundle("org.example.Gone").pixmap(32, QIcon::Selected).toImage();
+    const QColor ink = QGuiApplication::palette().color(QPalette::HighlightedText);
+    EXPECT_NEAR(selected.pixelColor(3, 18).lightness(), ink.lightness(), 8) << "its edge on a selection";
+}
+
+TEST_F(IgnoreListLookTest, DrawsAPictureWithoutAnEffectOnWhatIsDrawnAfterIt) {
+    QImage canvas(32, 32, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    ApplicationIcons(nullptr).icon("").paint(&painter, canvas.rect());
+    EXPECT_TRUE(painter.worldTransform().isIdentity());
+    EXPECT_EQ(painter.opacity(), 1);
+}
+
+TEST_F(IgnoreListLookTest, ForgetsThePicturesThatHaveChangedOrGone) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("mail.png");
+    QPixmap red(16, 16);
+    red.fill(Qt::red);
+    ASSERT_TRUE(red.save(path));
+    FakeInstalledApplications applications;
+    applications.addApplication({"/apps/mail.desktop", "org.example.Mail", "Mail", {}, {}, path.toStdString()});
+    ApplicationIcons icons(&applications);
+    const auto colour = [&icons] {
+        return icons.iconOfBundle("org.example.Mail").pixmap(16).toImage().pixelColor(8, 8);
+    };
+    ASSERT_EQ(colour(), QColor(Qt::red));
+    QPixmap blue(64, 64);
+    blue.fill(Qt::blue);
+    ASSERT_TRUE(blue.save(path));
+    icons.forget();
+    EXPECT_EQ(colour(), QColor(Qt::blue));
+    applications = FakeInstalledApplications();
+    icons.forget();
+    EXPECT_NE(colour(), QColor(Qt::blue));
+    EXPECT_FALSE(icons.icon("/nowhere.png").pixmap(16).isNull());
 }
 
 TEST_F(IgnoreListLookTest, FindsPicturesInTheIconTheme) {

@@ -1,5 +1,7 @@
 #include "IgnoreListViewFixture.h"
 
+#include <QSignalSpy>
+
 namespace tarragon {
 namespace {
 
@@ -46,14 +48,52 @@ TEST_F(IgnoreListTitlesTest, AnEditedRowMovesToTheBottom) {
         open();
         click(applications(), 0);
         click(titles(), 0);
+        const QSignalSpy moved(titles()->model(), &QAbstractItemModel::rowsMoved);
+        const QSignalSpy removed(titles()->model(), &QAbstractItemModel::rowsRemoved);
         QTest::keyClick(titles(), Qt::Key(key));
         type("x");
         QTest::keyClick(editor(), Qt::Key_Return);
         settle();
+        EXPECT_EQ(moved.count(), 1);
+        EXPECT_EQ(removed.count(), 0);
         EXPECT_THAT(rows(titles()), ElementsAre("b", "c", "x"));
         EXPECT_THAT(storedTitles("Editor"), ElementsAre("b", "c", "x"));
         EXPECT_EQ(selectedRow(titles()), 2);
     }
+}
+
+TEST_F(IgnoreListTitlesTest, DrawsTheLastRowAnewThatIsEdited) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    QAbstractItemModel* model = titles()->model();
+    const QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
+    EXPECT_TRUE(model->setData(model->index(1, 0), "x", Qt::EditRole));
+    ASSERT_FALSE(changed.isEmpty());
+    EXPECT_EQ(changed.first().at(0).value<QModelIndex>().row(), 1);
+}
+
+TEST_F(IgnoreListTitlesTest, ChangesNothingButTheTextOfARow) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    QAbstractItemModel* model = titles()->model();
+    EXPECT_FALSE(model->setData(model->index(0, 0), "x", Qt::ToolTipRole));
+    EXPECT_FALSE(model->setData({}, "x", Qt::EditRole));
+    EXPECT_THAT(storedTitles("Editor"), ElementsAre("a", "b"));
+}
+
+TEST_F(IgnoreListTitlesTest, SelectsNothingInPlaceOfARowThatWasNotSelected) {
+    store({entry("Editor", {"a", "b"})});
+    open();
+    click(applications(), 0);
+    click(titles(), 1);
+    QTest::mouseClick(titles()->viewport(), Qt::LeftButton, Qt::ControlModifier,
+        titles()->visualRect(titles()->model()->index(1, 0)).center());
+    ASSERT_EQ(selectedRow(titles()), -1);
+    store({entry("Editor", {"a"})});
+    EXPECT_EQ(selectedRow(titles()), -1);
+    EXPECT_FALSE(button("removeTitle")->isEnabled());
 }
 
 TEST_F(IgnoreListTitlesTest, EditsWithADoubleClickAndEndsWithTab) {

@@ -3,6 +3,10 @@
 #include "IgnoreListViewFixture.h"
 #include "ignore/KeyedArchiver.h"
 
+#include <QDialog>
+
+#include <algorithm>
+
 namespace tarragon {
 namespace {
 
@@ -30,6 +34,16 @@ TEST_F(IgnoreListViewTest, LeavesOutTheButtonsOfServicesThatAreMissing) {
     EXPECT_FALSE(button("addApplication")->isVisible());
     EXPECT_FALSE(button("pickWindow")->isVisible());
     EXPECT_TRUE(button("removeApplication")->isVisible());
+    button("addApplication")->click();
+    EXPECT_EQ(view->findChild<QDialog*>(), nullptr);
+}
+
+TEST_F(IgnoreListViewTest, HasNothingForAnIndexWithoutARow) {
+    store({entry("Editor", {"a"})});
+    open();
+    click(applications(), 0);
+    for (const QTreeView* table : {applications(), titles()})
+        EXPECT_FALSE(table->model()->data({}).isValid());
 }
 
 TEST_F(IgnoreListViewTest, StopsFollowingTheListWhenItGoes) {
@@ -211,6 +225,11 @@ TEST_F(IgnoreListViewTest, NamesEveryControlForThoseWhoCannotSee) {
         EXPECT_NE(widget->accessibleName(), "") << widget->objectName().toStdString();
     }
     EXPECT_NE(button("removeApplication")->accessibleName(), button("removeTitle")->accessibleName());
+    const auto labels = view->findChildren<QLabel*>();
+    const auto label =
+        std::ranges::find_if(labels, [this](const QLabel* each) { return each->buddy() == applications(); });
+    ASSERT_NE(label, labels.end());
+    EXPECT_TRUE((*label)->isVisible());
     for (const QPushButton* each : view->findChildren<QPushButton*>())
         EXPECT_NE(each->toolTip(), "") << each->objectName().toStdString();
 }
