@@ -24,7 +24,6 @@ QPainterPath cross() {
 QPainterPath arrowBack() {
     QPainterPath path;
     path.moveTo(0.30, 0.85);
-    path.lineTo(0.60, 0.85);
     path.arcTo(QRectF(0.38, 0.35, 0.5, 0.5), 270, 180);
     path.lineTo(0.15, 0.35);
     path.moveTo(0.36, 0.14);

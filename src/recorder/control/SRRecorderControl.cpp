@@ -55,7 +55,6 @@ SRRecorderControl::SRRecorderControl(QWidget* parent)
     connect(_field, &SRRecorderField::focusGained, this, &SRRecorderControl::startWhenAsked);
     connect(_field, &SRRecorderField::focusLost, this, &SRRecorderControl::cancel);
     connect(_button, &QToolButton::clicked, this, &SRRecorderControl::pressButton);
-    follow();
 }
 
 SRRecorderControl::~SRRecorderControl() {

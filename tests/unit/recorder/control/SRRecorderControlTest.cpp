@@ -1,25 +1,6 @@
 #include "recorder/control/SRRecorderControl.h"
 
-#include "fake/FakeKeyRecorder.h"
-#include "fake/FakeKeyboard.h"
-#include "mirror/Menu.h"
-#include "platform/ModifierFlags.h"
-#include "recorder/SRKeyCodeTransformer.h"
-#include "recorder/control/SRRecorderButton.h"
-#include "recorder/control/SRRecorderField.h"
-
-#include <gmock/gmock.h>
-
-#include <optional>
-#include <string>
-#include <vector>
-
-#include <QAccessible>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-#include <QVBoxLayout>
+#include "SRRecorderControlFixture.h"
 
 namespace tarragon {
 namespace {
@@ -36,76 +17,7 @@ constexpr std::uint16_t K = 40;
 constexpr std::uint16_t Space = 49;
 constexpr KeyCombo OptionSpace{49, Option};
 
-class RecordingDelegate : public SRRecorderControlDelegate {
-public:
-    bool shortcutRecorderIsKeyCodeAndFlagsTaken(
-        SRRecorderControl&, std::int16_t keyCode, std::uint32_t flags, std::string& reason) override {
-        asked.push_back({keyCode, flags});
-        reason = because;
-        return !because.empty();
-    }
-    void shortcutRecorderKeyComboDidChange(SRRecorderControl& recorder, const KeyCombo& combination) override {
-        EXPECT_EQ(recorder.keyCombo(), combination);
-        EXPECT_FALSE(recorder.isRecording());
-        told.push_back(combination);
-    }
-    std::string because;
-    std::vector<KeyCombo> asked;
-    std::vector<KeyCombo> told;
-};
-
-// Counts how often the desktop is asked for its combinations.
-class CountingKeyboard : public FakeKeyboard {
-public:
-    std::optional<std::vector<SymbolicHotKey>> copySymbolicHotKeys() override {
-        ++timesAsked;
-        return FakeKeyboard::copySymbolicHotKeys();
-    }
-    int timesAsked = 0;
-};
-
-class SRRecorderControlTest : public testing::Test {
-protected:
-    SRRecorderControlTest() {
-        control.setServices({&keyboard, &keys, &transformer, [this] { return menu; }});
-        control.setDelegate(&delegate);
-        control.setKeyCombo(OptionSpace);
-        QObject::connect(&control, &SRRecorderControl::refused,
-            [this](const SRValidationError& error) { refusals.push_back(error); });
-        auto* const column = new QVBoxLayout(&host);
-        column->addWidget(&before);
-        column->addWidget(&control);
-        column->addWidget(&after);
-        host.show();
-        QApplication::setActiveWindow(&host);
-        before.setFocus();
-    }
-    ~SRRecorderControlTest() override {
-        for (QWidget* child :
-            {static_cast<QWidget*>(&before), static_cast<QWidget*>(&control), static_cast<QWidget*>(&after)})
-            child->setParent(nullptr);
-    }
-
-    SRRecorderField& field() { return *control.findChild<SRRecorderField*>(); }
-    SRRecorderButton& button() { return *control.findChild<SRRecorderButton*>(); }
-    QLabel& message() { return *control.findChild<QLabel*>(); }
-    std::string shown() { return field().text().toStdString(); }
-    std::string said() { return message().isVisibleTo(&control) ? message().text().toStdString() : std::string(); }
-    void press(std::uint16_t keyCode, std::uint32_t flags) { keys.send({keyCode, flags, true, false}); }
-    void release(std::uint16_t keyCode) { keys.send({keyCode, 0, false, false}); }
-    void hold(std::uint32_t flags) { keys.send({std::nullopt, flags, true, true}); }
-
-    CountingKeyboard keyboard;
-    SRKeyCodeTransformer transformer{keyboard};
-    FakeKeyRecorder keys;
-    std::shared_ptr<Menu> menu = std::make_shared<Menu>("Main");
-    RecordingDelegate delegate;
-    std::vector<SRValidationError> refusals;
-    QWidget host;
-    QLineEdit before;
-    SRRecorderControl control;
-    QLineEdit after;
-};
+class SRRecorderControlTest : public SRRecorderControlFixture { };
 
 TEST_F(SRRecorderControlTest, ShowsTheCombinationInWordsAndTellsItInGlyphs) {
     EXPECT_EQ(shown(), "Option+Space");
@@ -479,63 +391,6 @@ TEST_F(SRRecorderControlTest, EndsTheRecordingAndShowsItselfAnewWithOtherService
     EXPECT_FALSE(keys.isRecording());
     EXPECT_EQ(shown(), "Option+Y");
     control.setServices({&keyboard, &keys, &transformer, nullptr});
-}
-
-TEST_F(SRRecorderControlTest, HasItsButtonBesideTheFieldAndNoRoomForAMessageThatItDoesNotHave) {
-    EXPECT_TRUE(message().isHidden());
-    EXPECT_FALSE(field().geometry().intersects(button().geometry()));
-    EXPECT_EQ(field().geometry().topLeft(), QPoint(0, 0));
-}
-
-TEST_F(SRRecorderControlTest, ReadsItselfToAScreenReader) {
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&field());
-    ASSERT_NE(accessible, nullptr);
-    EXPECT_EQ(accessible->role(), QAccessible::HotkeyField);
-    EXPECT_EQ(accessible->text(QAccessible::Name), "Key combination: Option+Space");
-    EXPECT_EQ(accessible->text(QAccessible::Value), "Option+Space");
-    EXPECT_THAT(accessible->text(QAccessible::Description).toStdString(), HasSubstr("Escape leaves it"));
-    EXPECT_TRUE(accessible->state().focusable);
-    EXPECT_FALSE(accessible->state().pressed);
-    control.setAccessibleName("Hot key");
-    control.setAccessibleDescription("Opens the menus");
-    EXPECT_EQ(accessible->text(QAccessible::Name), "Hot key: Option+Space");
-    EXPECT_EQ(accessible->text(QAccessible::Description), "Opens the menus");
-    control.startRecording();
-    EXPECT_EQ(accessible->text(QAccessible::Name), "Hot key: Press the keys");
-    EXPECT_TRUE(accessible->state().pressed);
-}
-
-TEST_F(SRRecorderControlTest, BeginsToRecordOnAScreenReadersRequest) {
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&field());
-    ASSERT_NE(accessible, nullptr);
-    ASSERT_NE(accessible->actionInterface(), nullptr);
-    EXPECT_TRUE(accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
-    accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_TRUE(control.isRecording());
-}
-
-TEST_F(SRRecorderControlTest, HasRoomForTheLongestCombinationInEveryFontSize) {
-    for (int size = 9; size <= 24; ++size) {
-        QFont font = host.font();
-        font.setPointSize(size);
-        host.setFont(font);
-        control.setKeyCombo({121, Command | Option | Control | Shift});
-        QCoreApplication::processEvents();
-        host.adjustSize();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(shown(), "Command+Option+Control+Shift+Page Down");
-        EXPECT_GE(field().width(), QFontMetrics(font).horizontalAdvance(field().text()) + 8) << size;
-        EXPECT_GE(field().height(), QFontMetrics(font).height()) << size;
-    }
-}
-
-TEST_F(SRRecorderControlTest, GrowsDownwardsForItsMessage) {
-    const int height = control.sizeHint().height();
-    const int width = control.sizeHint().width();
-    keys.setAvailable(false);
-    control.startRecording();
-    EXPECT_EQ(control.sizeHint().width(), width);
-    EXPECT_GT(control.heightForWidth(width), height);
 }
 
 } // namespace

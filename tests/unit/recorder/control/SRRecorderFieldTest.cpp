@@ -4,10 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QSignalSpy>
+#include <QStyleOption>
 #include <QTest>
 
 namespace tarragon {
@@ -93,6 +97,50 @@ TEST_F(SRRecorderFieldTest, IsDrawnAnewOnlyWhenWhatItShowsChanges) {
     EXPECT_EQ(paints.count, 2);
 }
 
+TEST_F(SRRecorderFieldTest, IsDrawnAnewUnderThePointerAndWithTheFocus) {
+    EXPECT_TRUE(field->testAttribute(Qt::WA_Hover));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+    QCoreApplication::processEvents();
+    PaintCounter paints(*field);
+    field->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+    QCoreApplication::processEvents();
+    paints.count = 0;
+    other->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+}
+
+TEST_F(SRRecorderFieldTest, IsReachedByTab) {
+    QWidget::setTabOrder(other, field);
+    QTest::keyClick(other, Qt::Key_Tab);
+    EXPECT_TRUE(field->hasFocus());
+}
+
+// A style that frames fields widely, and keeps what it was told of the last one.
+class FramingStyle : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        return metric == PM_DefaultFrameWidth ? 20 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
+        if (element == PE_PanelLineEdit)
+            isSunken = option->state.testFlag(State_Sunken);
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    mutable bool isSunken = false;
+};
+
+TEST_F(SRRecorderFieldTest, HasTheFrameOfItsStyle) {
+    const int before = field->sizeHint().height();
+    FramingStyle style;
+    field->setStyle(&style);
+    EXPECT_GE(field->sizeHint().height(), before + 20);
+    picture(field);
+    EXPECT_TRUE(style.isSunken);
+    field->setStyle(nullptr);
+}
+
 TEST_F(SRRecorderFieldTest, MakesRoomForLongerTexts) {
     const int before = field->width();
     field->setLongTexts({"Command+Option+Control+Shift+Page Down"});
@@ -152,8 +200,45 @@ TEST_F(SRRecorderFieldTest, HasAButtonWithASignForEachThingThatItDoes) {
     EXPECT_NE(picture(button), arrow) << "back is on the other side";
     button->setSign(SRRecorderButton::Sign::Clear, "Clear");
     EXPECT_EQ(cross.mirrored(true, true), cross) << "the cross is in the middle";
+    EXPECT_EQ(cross.mirrored(true, false), cross) << "both of its lines";
     const QColor ground = cross.pixelColor(cross.width() / 2, 1);
     EXPECT_NE(cross.pixelColor(cross.rect().center()), ground);
+}
+
+TEST_F(SRRecorderFieldTest, HasAButtonWithASmoothArrowThatBendsBack) {
+    SRRecorderButton large;
+    large.resize(100, 100);
+    large.setSign(SRRecorderButton::Sign::SnapBack, "Leave");
+    const QImage arrow = picture(&large);
+    const QRgb ground = arrow.pixel(1, 1);
+    // The sign is six tenths of the button, in its middle.
+    const auto isInk = [&](double x, double y) {
+        return arrow.pixel(20 + static_cast<int>(x * 60), 20 + static_cast<int>(y * 60)) != ground;
+    };
+    EXPECT_TRUE(isInk(0.45, 0.85)) << "the way";
+    EXPECT_TRUE(isInk(0.88, 0.6)) << "the bend";
+    EXPECT_TRUE(isInk(0.45, 0.35)) << "back";
+    EXPECT_TRUE(isInk(0.255, 0.245)) << "the head";
+    EXPECT_TRUE(isInk(0.255, 0.455));
+    EXPECT_FALSE(isInk(0.45, 0.64)) << "between";
+    EXPECT_FALSE(isInk(0.15, 0.85)) << "where it begins";
+    std::set<QRgb> colours;
+    for (int y = 0; y < arrow.height(); ++y) {
+        for (int x = 0; x < arrow.width(); ++x)
+            colours.insert(arrow.pixel(x, y));
+    }
+    EXPECT_GT(colours.size(), 10U) << "smooth";
+}
+
+TEST_F(SRRecorderFieldTest, HasAButtonThatIsDrawnAnewUnderThePointer) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+    QCoreApplication::processEvents();
+    // Not every style asks for it.
+    button->setAttribute(Qt::WA_Hover, false);
+    const PaintCounter paints(*button);
+    QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
+    QApplication::sendEvent(button, &enter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
 }
 
 TEST_F(SRRecorderFieldTest, HasAButtonThatIsDrawnAnewWithItsSign) {
@@ -175,7 +260,10 @@ TEST_F(SRRecorderFieldTest, HasAButtonThatShowsItsFocusItsPressAndThatItIsOfNoUs
     button->setDown(false);
     other->setFocus();
     button->setEnabled(false);
-    EXPECT_NE(picture(button), resting);
+    const QImage ofNoUse = picture(button);
+    EXPECT_NE(ofNoUse, resting);
+    button->setDown(true);
+    EXPECT_EQ(picture(button), ofNoUse);
 }
 
 } // namespace
