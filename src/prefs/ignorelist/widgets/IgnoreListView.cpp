@@ -236,7 +236,7 @@ void IgnoreListView::removeTitle() {
 }
 
 void IgnoreListView::runOpenPanel(const std::string& folder, OpenPanelAnswer answer) {
-    if (_chooser || !_editor->applications)
+    if (_chooser)
         return;
     // One may have been installed while the view was open.
     _editor->icons.forget();

@@ -38,8 +38,8 @@ QWidget* TitleDelegate::createEditor(
 }
 
 void TitleDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
-    const auto* const field = qobject_cast<QLineEdit*>(editor);
-    if (field && field->isModified() && field->text() != index.data(Qt::EditRole).toString())
+    const auto* const field = static_cast<QLineEdit*>(editor);
+    if (field->isModified() && field->text() != index.data(Qt::EditRole).toString())
         model->setData(index, field->text(), Qt::EditRole);
 }
 

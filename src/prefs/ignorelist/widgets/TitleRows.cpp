@@ -24,7 +24,7 @@ bool TitleRows::reload() {
     const bool isSameApplication = key == _masterKey;
     _masterKey = key;
     const std::optional<Edit> edit = std::exchange(_edit, std::nullopt);
-    if (isSameApplication && edit && haveOnlyMoved(titles, *edit))
+    if (edit && haveOnlyMoved(titles, *edit))
         moveToEnd(edit->row, edit->value);
     else if (isSameApplication)
         setIdentities(std::move(titles));
@@ -35,8 +35,6 @@ bool TitleRows::reload() {
 
 bool TitleRows::haveOnlyMoved(const Identities& titles, const Edit& edit) const {
     Identities expected = identities();
-    if (edit.row >= expected.size())
-        return false;
     expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(edit.row));
     expected.push_back(edit.value);
     return titles == expected;

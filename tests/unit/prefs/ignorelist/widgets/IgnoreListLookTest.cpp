@@ -114,11 +114,12 @@ TEST_F(IgnoreListLookTest, SaysWhatIsMissingInTheColourOfPromptsAndOnlyWhenItIs)
     palette.setColor(QPalette::Base, Qt::white);
     table.setPalette(palette);
     table.resize(300, 100);
+    PaintCounter paints(*table.viewport());
     table.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&table));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     settle();
     const QImage blank = table.viewport()->grab().toImage();
-    PaintCounter paints(*table.viewport());
+    paints.count = 0;
     table.setEmptyText("Nothing");
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     const QImage picture = table.viewport()->grab().toImage();
