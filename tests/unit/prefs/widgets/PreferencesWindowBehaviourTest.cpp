@@ -215,10 +215,11 @@ TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsItsWordsInEveryPane) {
 
 TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsTheWidestWordsOfAnotherPane) {
     controller().displayWindow();
-    selectPane(PreferencePane::HotKey);
+    window().setHotKeyRefusal(HotKeyRefusal{"Alt", "M"});
     settle();
     const int before = window().width();
     window().setHotKeyRefusal(HotKeyRefusal{"Alt", std::string(150, 'M')});
+    window().setAccessIsMissing(true);
     settle();
     const int wide = window().width();
     EXPECT_GT(wide, before);
