@@ -40,6 +40,23 @@ protected:
     void mousePressEvent(QMouseEvent*) override { ++buttonsPressed; }
 };
 
+// A style that frames fields widely, and keeps what it was told to draw.
+class FramingStyle : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        return metric == PM_DefaultFrameWidth ? 20 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
+        if (element == PE_PanelLineEdit)
+            isSunken = option->state.testFlag(State_Sunken);
+        panels += element == PE_PanelButtonTool ? 1 : 0;
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    mutable bool isSunken = false;
+    mutable int panels = 0; // of buttons
+};
+
 class SRRecorderFieldTest : public testing::Test {
 protected:
     SRRecorderFieldTest() {
@@ -115,21 +132,6 @@ TEST_F(SRRecorderFieldTest, IsReachedByTab) {
     QTest::keyClick(other, Qt::Key_Tab);
     EXPECT_TRUE(field->hasFocus());
 }
-
-// A style that frames fields widely, and keeps what it was told of the last one.
-class FramingStyle : public QProxyStyle {
-public:
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        return metric == PM_DefaultFrameWidth ? 20 : QProxyStyle::pixelMetric(metric, option, widget);
-    }
-    void drawPrimitive(
-        PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
-        if (element == PE_PanelLineEdit)
-            isSunken = option->state.testFlag(State_Sunken);
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
-    }
-    mutable bool isSunken = false;
-};
 
 TEST_F(SRRecorderFieldTest, HasTheFrameOfItsStyle) {
     const int before = field->sizeHint().height();
@@ -260,10 +262,22 @@ TEST_F(SRRecorderFieldTest, HasAButtonThatShowsItsFocusItsPressAndThatItIsOfNoUs
     button->setDown(false);
     other->setFocus();
     button->setEnabled(false);
-    const QImage ofNoUse = picture(button);
-    EXPECT_NE(ofNoUse, resting);
+    EXPECT_NE(picture(button), resting);
+}
+
+TEST_F(SRRecorderFieldTest, HasAButtonThatIsRaisedOnlyWhileItIsOfUse) {
+    FramingStyle style;
+    button->setStyle(&style);
+    picture(button);
+    EXPECT_EQ(style.panels, 0);
     button->setDown(true);
-    EXPECT_EQ(picture(button), ofNoUse);
+    picture(button);
+    EXPECT_EQ(style.panels, 1);
+    button->setEnabled(false);
+    button->setDown(true);
+    picture(button);
+    EXPECT_EQ(style.panels, 1);
+    button->setStyle(nullptr);
 }
 
 } // namespace

@@ -84,7 +84,10 @@ TEST_F(SRRecorderLookTest, TakesTheKeyboardOnAScreenReadersRequest) {
 }
 
 TEST_F(SRRecorderLookTest, KeepsItsSizeInAWideAndHighWindow) {
-    host.resize(900, 600);
+    QFont large = host.font();
+    large.setPointSize(40);
+    host.setFont(large);
+    host.resize(3000, 600);
     control.setFixedHeight(300);
     QCoreApplication::processEvents();
     EXPECT_EQ(field().size(), field().sizeHint());

@@ -119,7 +119,10 @@ TEST_F(IgnoreListLookTest, SaysWhatIsMissingInTheColourOfPromptsAndOnlyWhenItIs)
     ASSERT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     settle();
     const QImage blank = table.viewport()->grab().toImage();
+    settle();
     paints.count = 0;
+    settle();
+    ASSERT_EQ(paints.count, 0);
     table.setEmptyText("Nothing");
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     const QImage picture = table.viewport()->grab().toImage();
@@ -156,8 +159,9 @@ TEST_F(IgnoreListLookTest, IsNotMadeWiderByItsMessages) {
     open();
     const int before = view->minimumSizeHint().width();
     click(button("pickWindow"));
-    picker.pick(PickedWindow{RunningApplication{"", 7, "", ""}, "a"});
+    picker.pick(PickedWindow{RunningApplication{"Editor", 7, "org.example.Editor", ""}, std::nullopt});
     ASSERT_NE(message(), "");
+    settle();
     EXPECT_EQ(view->minimumSizeHint().width(), before);
 }
 
