@@ -4,6 +4,7 @@
 #include "fake/FakePanelSurfaces.h"
 #include "fake/RecordingLog.h"
 #include "panels/widgets/QtPanelToolkit.h"
+#include "unit/EventCounter.h"
 
 #include <functional>
 #include <memory>
@@ -259,15 +260,7 @@ TEST_F(QtPanelWindowTest, FollowsTheThemeAtOnce) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return widget().testAttribute(Qt::WA_Mapped); }));
     QCoreApplication::processEvents();
 
-    class Repaints : public QObject {
-    public:
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-        int count = 0;
-    } repaints;
-    widget().installEventFilter(&repaints);
+    const EventCounter repaints(widget(), QEvent::Paint);
     QApplication::setPalette(darkPalette());
     EXPECT_TRUE(QTest::qWaitFor([&] { return repaints.count > 0; }));
     EXPECT_EQ(widget().grab().toImage().pixel(50, 12), qRgb(0, 0, 0));

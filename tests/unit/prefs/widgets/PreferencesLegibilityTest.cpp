@@ -1,5 +1,6 @@
 #include "PreferencesWindowFixture.h"
 #include "TextRoom.h"
+#include "unit/EventCounter.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -43,6 +44,10 @@ protected:
         for (int level = 0; level < Depth; ++level)
             handleEvents();
     }
+    void showPane(std::size_t which) {
+        selectPane(static_cast<PreferencePane>(which));
+        settle();
+    }
     QWidget& pane() { return *control<QStackedWidget>("contentView").currentWidget(); }
 
 private:
@@ -57,8 +62,7 @@ TEST_F(PreferencesLegibilityTest, ClipsNoTextInAnyPaneAtAnySize) {
             setFontSize(points);
             for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
                 SCOPED_TRACE(testing::Message() << "pane " << each << " at " << points << " points");
-                selectPane(static_cast<PreferencePane>(each));
-                settle();
+                showPane(each);
                 expectAllTextsFit(pane());
             }
         }
@@ -70,31 +74,18 @@ TEST_F(PreferencesLegibilityTest, ScrollsNothingThatTheScreenHasRoomFor) {
     setFontSize(9);
     showEverything();
     for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
-        selectPane(static_cast<PreferencePane>(each));
-        settle();
+        showPane(each);
         const auto* area = pane().findChild<QScrollArea*>();
         EXPECT_LE(area->widget()->width(), area->viewport()->width()) << each;
         EXPECT_LE(area->widget()->height(), area->viewport()->height()) << each;
     }
 }
 
-// Counts how often somebody asks for a layout.
-class LayoutRequests : public QObject {
-public:
-    LayoutRequests() { qApp->installEventFilter(this); }
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        count += event->type() == QEvent::LayoutRequest;
-        return QObject::eventFilter(watched, event);
-    }
-    int count = 0;
-};
-
 TEST_F(PreferencesLegibilityTest, RestsOnceItHasItsSize) {
     showEverything();
     for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
-        selectPane(static_cast<PreferencePane>(each));
-        settle();
-        LayoutRequests requests;
+        showPane(each);
+        const EventCounter requests(*qApp, QEvent::LayoutRequest);
         settle();
         EXPECT_EQ(requests.count, 0) << each;
     }
@@ -126,8 +117,7 @@ TEST_F(PreferencesLegibilityTest, ScrollsNothingForTheSakeOfOnePoint) {
     setFontSize(9);
     showEverything();
     for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
-        selectPane(static_cast<PreferencePane>(each));
-        settle();
+        showPane(each);
         const QSize wanted = window().size();
         const auto* bar = pane().findChild<QScrollArea*>()->verticalScrollBar();
         window().resize(wanted - QSize(0, 1));
@@ -188,8 +178,7 @@ TEST_F(PreferencesLegibilityTest, ReachesEveryControlOfAPaneByTabAlone) {
     showEverything();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     for (std::size_t each = 0; each < PreferencePaneCount; ++each) {
-        selectPane(static_cast<PreferencePane>(each));
-        settle();
+        showPane(each);
         std::set<const QWidget*> wanted;
         for (const QWidget* widget : window().findChildren<QWidget*>()) {
             const bool takesTab = (widget->focusPolicy() & Qt::TabFocus) != 0;

@@ -1,4 +1,5 @@
 #include "PreferencesWindowFixture.h"
+#include "unit/EventCounter.h"
 
 #include <QAbstractAnimation>
 #include <QGuiApplication>
@@ -31,17 +32,6 @@ public:
 
 private:
     const int _duration;
-};
-
-// Counts how often a widget is put in front of its siblings.
-class RaiseCounter : public QObject {
-public:
-    explicit RaiseCounter(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::ZOrderChange ? 1 : 0;
-        return false;
-    }
-    int count = 0;
 };
 
 class PreferencesWindowBehaviourTest : public PreferencesWindowTest {
@@ -283,7 +273,7 @@ TEST_F(PreferencesWindowBehaviourTest, ComesBackInFrontOfOtherWindows) {
     other.show();
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    const RaiseCounter raised(window());
+    const EventCounter raised(window(), QEvent::ZOrderChange);
     controller().displayWindow();
     EXPECT_EQ(raised.count, 1);
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
@@ -353,7 +343,7 @@ TEST_F(PreferencesWindowBehaviourTest, PutsAnAlertThatIsOpenInFront) {
     controller().displayWindow();
     auto* alert = window().findChild<QMessageBox*>();
     ASSERT_NE(alert, nullptr);
-    const RaiseCounter raised(*alert);
+    const EventCounter raised(*alert, QEvent::ZOrderChange);
     controller().displayWindow();
     EXPECT_EQ(raised.count, 1);
 }

@@ -2,6 +2,7 @@
 
 #include "fake/FakeInputEvents.h"
 #include "fake/FakeRunLoop.h"
+#include "unit/EventCounter.h"
 
 #include <gmock/gmock.h>
 
@@ -338,17 +339,9 @@ TEST_F(PaintedIdentifier, HasARingThatIsSeenOnDarkGround) {
 }
 
 TEST_F(PaintedIdentifier, IsPaintedAnewWhenWhatItShowsChanges) {
-    class PaintCounter : public QObject {
-    public:
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-        int count = 0;
-    } paints;
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
     QCoreApplication::processEvents();
-    control.installEventFilter(&paints);
+    const EventCounter paints(control, QEvent::Paint);
     control.setFocus();
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 1; }));
     other.setFocus();

@@ -1,6 +1,7 @@
 #include "recorder/control/SRRecorderField.h"
 
 #include "recorder/control/SRRecorderButton.h"
+#include "unit/EventCounter.h"
 
 #include <gtest/gtest.h>
 
@@ -16,16 +17,6 @@
 
 namespace tarragon {
 namespace {
-
-class PaintCounter : public QObject {
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int count = 0;
-};
 
 // Takes what the widgets in it leave.
 class Host : public QWidget {
@@ -104,7 +95,7 @@ TEST_F(SRRecorderFieldTest, IsTintedWhileItRecords) {
 TEST_F(SRRecorderFieldTest, IsDrawnAnewOnlyWhenWhatItShowsChanges) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
     QCoreApplication::processEvents();
-    const PaintCounter paints(*field);
+    const EventCounter paints(*field, QEvent::Paint);
     field->display({"Option+K", false}, false);
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 1; }));
     field->display({"Option+K", false}, true);
@@ -118,7 +109,7 @@ TEST_F(SRRecorderFieldTest, IsDrawnAnewUnderThePointerAndWithTheFocus) {
     EXPECT_TRUE(field->testAttribute(Qt::WA_Hover));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
     QCoreApplication::processEvents();
-    PaintCounter paints(*field);
+    EventCounter paints(*field, QEvent::Paint);
     field->setFocus();
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     QCoreApplication::processEvents();
@@ -237,7 +228,7 @@ TEST_F(SRRecorderFieldTest, HasAButtonThatIsDrawnAnewUnderThePointer) {
     QCoreApplication::processEvents();
     // Not every style asks for it.
     button->setAttribute(Qt::WA_Hover, false);
-    const PaintCounter paints(*button);
+    const EventCounter paints(*button, QEvent::Paint);
     QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
     QApplication::sendEvent(button, &enter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
@@ -246,7 +237,7 @@ TEST_F(SRRecorderFieldTest, HasAButtonThatIsDrawnAnewUnderThePointer) {
 TEST_F(SRRecorderFieldTest, HasAButtonThatIsDrawnAnewWithItsSign) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
     QCoreApplication::processEvents();
-    const PaintCounter paints(*button);
+    const EventCounter paints(*button, QEvent::Paint);
     button->setSign(SRRecorderButton::Sign::SnapBack, "Leave");
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 1; }));
 }

@@ -3,6 +3,7 @@
 #include "prefs/ignorelist/widgets/ApplicationIcons.h"
 #include "prefs/ignorelist/widgets/EntryTable.h"
 #include "prefs/ignorelist/widgets/TitleDelegate.h"
+#include "unit/EventCounter.h"
 
 #include <QHeaderView>
 #include <QPainter>
@@ -29,15 +30,6 @@ protected:
         }
         return false;
     }
-    class PaintCounter : public QObject {
-    public:
-        explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-        int count = 0;
-    };
     static void expectApart(const QList<QWidget*>& widgets) {
         for (const QWidget* one : widgets) {
             for (const QWidget* other : widgets) {
@@ -114,7 +106,7 @@ TEST_F(IgnoreListLookTest, SaysWhatIsMissingInTheColourOfPromptsAndOnlyWhenItIs)
     palette.setColor(QPalette::Base, Qt::white);
     table.setPalette(palette);
     table.resize(300, 100);
-    PaintCounter paints(*table.viewport());
+    EventCounter paints(*table.viewport(), QEvent::Paint);
     table.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
     settle();
