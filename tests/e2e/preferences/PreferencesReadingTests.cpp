@@ -92,6 +92,34 @@ TEST_P(PreferencesReadingTest, TabAloneLeadsToEveryControl) {
     }
 }
 
+// A screen reader asks for a name when it is told that there is a new one.
+TEST_P(PreferencesReadingTest, TellAScreenReaderWhatTheRecorderShows) {
+    ASSERT_TRUE(preferences().open());
+    ASSERT_TRUE(preferences().showPane("Hot Key"));
+    const std::string recorder = "Combination of keys that opens the menus: ";
+    const auto field = preferences().waitFor(recorder);
+    ASSERT_TRUE(field);
+    const auto reader = desktop().start({E2E_READER, "names", std::to_string(agent().identifier())});
+    std::size_t heard = 0;
+    const auto hears = [&](const std::string& words) {
+        return waitUntil([&] {
+            const std::string all = reader->standardOutput();
+            const std::size_t found = all.find('"' + words + '"', heard);
+            if (found != std::string::npos)
+                heard = found + 1;
+            return found != std::string::npos;
+        });
+    };
+    ASSERT_TRUE(hears("ready"));
+    preferences().clickInto(*field);
+    EXPECT_TRUE(hears(recorder + "Press the keys"));
+    input().hold(XK_Control_L);
+    EXPECT_TRUE(hears(recorder + "Ctrl+…"));
+    input().releaseAll();
+    input().tap(XK_Escape);
+    EXPECT_TRUE(hears(recorder + "Ctrl+Alt+Space"));
+}
+
 TEST_P(PreferencesReadingTest, SpeakTheLanguageOfTheSession) {
     struct Language {
         const char* code;

@@ -8,6 +8,7 @@
 //   accessibility_reader text PID           the contents of the first text field of the active window
 //   accessibility_reader count PID ROLE     how many elements of a role the application shows
 //   accessibility_reader elements PID       everything that the application's windows show
+//   accessibility_reader names PID          one line for every name that changes: the new one
 //   accessibility_reader watch PID          one line for every menu item that gets the focus: {"focused", "menu"}
 #include "AccessibleControls.h"
 #include "AccessibleMenus.h"
@@ -190,10 +191,30 @@ int watch(int processIdentifier) {
     return 0;
 }
 
+void nameChanged(AtspiEvent* event, void* data) {
+    int processIdentifier = *static_cast<int*>(data);
+    if (event->source
+        && atspi_accessible_get_process_id(event->source, nullptr) == static_cast<guint>(processIdentifier)) {
+        gchar* name = atspi_accessible_get_name(event->source, nullptr);
+        printJson(name ? name : "");
+        g_free(name);
+    }
+    g_boxed_free(ATSPI_TYPE_EVENT, event);
+}
+
+int names(int processIdentifier) {
+    AtspiEventListener* listener = atspi_event_listener_new(nameChanged, &processIdentifier, nullptr);
+    if (!atspi_event_listener_register(listener, "object:property-change:accessible-name", nullptr))
+        return 1;
+    printJson("ready");
+    atspi_event_main();
+    return 0;
+}
+
 int usage() {
     std::cerr
         << "usage: accessibility_reader enable | menus PID [WINDOW] | level PID [PATH] | press PID PATH | text PID |\n"
-           "                            count PID ROLE | elements PID | watch PID\n";
+           "                            count PID ROLE | elements PID | names PID | watch PID\n";
     return 2;
 }
 
@@ -224,6 +245,8 @@ int main(int argc, char** argv) {
         return count(processIdentifier, arguments[2]);
     if (command == "elements")
         return elements(processIdentifier);
+    if (command == "names")
+        return names(processIdentifier);
     if (command == "watch")
         return watch(processIdentifier);
     return usage();
