@@ -64,7 +64,7 @@ protected:
     }
 
     // The lengths of the pauses after the one that settles the start.
-    std::vector<double> pausesSinceLaunch() {
+    std::vector<double> pausesSinceLaunch() const {
         const auto& pauses = fake.runLoop.pauses();
         return {pauses.begin() + 1, pauses.end()};
     }

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -23,6 +24,14 @@ protected:
         made.setAppName(name);
         made.setIgnoreAllAppWindows(all);
         made.setWindowsWithTitlesToIgnore(std::move(titles));
+        return made;
+    }
+    // App0, App1 and so on.
+    static std::vector<TarragonBlacklist> manyEntries(std::size_t count) {
+        std::vector<TarragonBlacklist> made;
+        made.reserve(count);
+        for (std::size_t number = 0; number < count; ++number)
+            made.push_back(entry("App" + std::to_string(number)));
         return made;
     }
     // Stored as another part of the program would: whoever observes the list is told.

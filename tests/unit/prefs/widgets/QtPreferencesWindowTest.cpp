@@ -358,7 +358,7 @@ TEST_F(QtPreferencesWindowTest, ExplainsHowToGiveAccessAndSwitchesItOn) {
     controller().displayWindow();
     EXPECT_TRUE(isShown("switchAccessOnButton"));
     EXPECT_TRUE(control<QLabel>("borderViewText").text().startsWith("Tarragon cannot read"));
-    const auto alert = window().findChild<QMessageBox*>();
+    auto* const alert = window().findChild<QMessageBox*>();
     ASSERT_NE(alert, nullptr);
     alert->reject();
     control<QPushButton>("switchAccessOnButton").click();

@@ -79,9 +79,7 @@ TEST_F(IgnoreListChangesTest, KeepsTheSelectedApplicationInSightWhileOthersAddSo
     store({entry("Editor", {"a"})});
     open();
     click(applications(), 0);
-    std::vector<TarragonBlacklist> entries;
-    for (int number = 0; number < 300; ++number)
-        entries.push_back(entry("App" + std::to_string(number)));
+    std::vector<TarragonBlacklist> entries = manyEntries(300);
     entries.push_back(entry("Editor", {"a"}));
     store(entries);
     ASSERT_EQ(selectedRow(applications()), 300);

@@ -276,12 +276,10 @@ TEST_F(IgnoreListViewTest, CoversNoScreenWithTheToolTipOfAVeryLongText) {
 }
 
 TEST_F(IgnoreListViewTest, HandlesTenThousandApplicationsAndAThousandPatterns) {
-    std::vector<std::string> patterns;
-    for (int number = 0; number < 1000; ++number)
-        patterns.push_back("Pattern " + std::to_string(number));
-    std::vector<TarragonBlacklist> entries;
-    for (int number = 0; number < 10000; ++number)
-        entries.push_back(entry("App" + std::to_string(number)));
+    std::vector<std::string> patterns(1000);
+    for (std::size_t number = 0; number < patterns.size(); ++number)
+        patterns[number] = "Pattern " + std::to_string(number);
+    std::vector<TarragonBlacklist> entries = manyEntries(10000);
     entries.front().setWindowsWithTitlesToIgnore(patterns);
     store(entries);
     open();
