@@ -6,13 +6,13 @@
 
 namespace tarragon {
 
-void WholePixelStyle::drawControl(
-    ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
-    const auto* frame = element == CE_ShapedFrame ? qstyleoption_cast<const QStyleOptionFrame*>(option) : nullptr;
+void WholePixelStyle::drawPrimitive(
+    PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+    const auto* frame = element == PE_Frame ? qstyleoption_cast<const QStyleOptionFrame*>(option) : nullptr;
     const QTransform toPixels = painter->deviceTransform();
     const int unit = qFloor(toPixels.m11()); // pixels
-    if (frame == nullptr || unit < 1 || qFuzzyCompare(toPixels.m11(), unit)) {
-        QProxyStyle::drawControl(element, option, painter, widget);
+    if (frame == nullptr || baseStyle()->name() != "fusion" || unit < 1 || qFuzzyCompare(toPixels.m11(), unit)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;
     }
     const QRectF exact = toPixels.mapRect(QRectF(option->rect));
@@ -24,7 +24,7 @@ void WholePixelStyle::drawControl(
     constexpr QPointF Hair(1.0 / 64, 1.0 / 64);
     painter->translate(toPixels.inverted().map(pixels.topLeft() + Hair));
     painter->scale(unit / toPixels.m11(), unit / toPixels.m22());
-    QProxyStyle::drawControl(element, &whole, painter, widget);
+    QProxyStyle::drawPrimitive(element, &whole, painter, widget);
     painter->restore();
 }
 

@@ -4,13 +4,13 @@
 
 namespace tarragon {
 
-// The desktop's style with frames and separators of whole pixels. At a fractional scale of the screen a widget begins
-// and ends within pixels, and of the frame that a style draws around it an edge falls outside the widget or below what
-// it contains.
+// The desktop's style with frames of whole pixels. At a fractional scale of the screen a widget begins and ends within
+// pixels, and of the frame that Fusion draws around it an edge falls outside the widget or below what it contains.
+// Other styles draw as they do.
 class WholePixelStyle : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
-    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
         const QWidget* widget = nullptr) const override;
 };
 
