@@ -37,13 +37,40 @@ public:
     QIconEngine* clone() const override { return new AnyApplicationIcon(); }
 };
 
+// An application's picture in its own colours, in a selected row too: tinted with the selection's colour, a picture of
+// that colour would disappear.
+class UntintedIcon : public QIconEngine {
+public:
+    explicit UntintedIcon(QIcon icon)
+        : _icon(std::move(icon)) { }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        _icon.paint(painter, rect, Qt::AlignCenter, untinted(mode), state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return _icon.pixmap(size, 1, untinted(mode), state);
+    }
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) override {
+        return _icon.pixmap(size / scale, scale, untinted(mode), state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
+        return _icon.availableSizes(mode, state);
+    }
+    QIconEngine* clone() const override { return new UntintedIcon(_icon); }
+
+private:
+    static QIcon::Mode untinted(QIcon::Mode mode) { return mode == QIcon::Selected ? QIcon::Normal : mode; }
+
+    QIcon _icon;
+};
+
 QIcon loadedIcon(const QString& name) {
     QIcon icon;
     if (name.startsWith('/'))
         icon = QIcon(name);
     else if (!name.isEmpty())
         icon = QIcon::fromTheme(name);
-    return icon.availableSizes().isEmpty() ? QIcon(new AnyApplicationIcon()) : icon;
+    return icon.availableSizes().isEmpty() ? QIcon(new AnyApplicationIcon()) : QIcon(new UntintedIcon(icon));
 }
 
 } // namespace

@@ -323,6 +323,10 @@ TEST_F(IgnoreListLookTest, FindsPicturesInTheIconTheme) {
     QIcon::setThemeName("plain");
     ApplicationIcons icons(nullptr);
     EXPECT_EQ(icons.icon("mail-client").pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::green));
+    // In a selected row too, at every scale.
+    for (const double scale : {1.0, 2.0})
+        EXPECT_EQ(icons.icon("mail-client").pixmap({16, 16}, scale, QIcon::Selected).toImage().pixelColor(8, 8),
+            QColor(Qt::green));
     EXPECT_FALSE(icons.icon("nowhere").pixmap(16).isNull());
     QIcon::setThemeName(theme);
     QIcon::setThemeSearchPaths(paths);
