@@ -6,6 +6,7 @@
 
 #include <ui_ZDPreferences.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -73,7 +74,12 @@ void QtPreferencesWindow::orderFrontRegardless() {
 }
 
 void QtPreferencesWindow::activateIgnoringOtherApps() {
-    activateWindow();
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr)
+        return activateWindow();
+    // It keeps the window from the keys while it is open.
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 void QtPreferencesWindow::close() {

@@ -103,6 +103,20 @@ protected:
     }
 };
 
+TEST_P(PreferencesIgnoreListTest, AnOpenDialogKeepsTheKeysWhenThePreferencesAreAskedForAgain) {
+    ASSERT_TRUE(openEditor());
+    ASSERT_TRUE(preferences().click(AddApplication));
+    const auto dialogHasKeys = [&] { return display().titleOf(display().focusedWindow()) == "Add Application"; };
+    ASSERT_TRUE(waitUntil(dialogHasKeys));
+    TestApplication& application = launch(ApplicationKind::Mousepad);
+    ASSERT_TRUE(waitUntil([&] { return display().activeWindow() == application.window(); }));
+    ASSERT_EQ(Agent::run(desktop(), {"preferences"}).status, 0);
+    EXPECT_TRUE(waitUntil(dialogHasKeys));
+    EXPECT_TRUE(holdsFor(Duration(300), dialogHasKeys));
+    input().tap(XK_Escape);
+    EXPECT_TRUE(waitUntil([&] { return preferences().windows().size() == 1; }));
+}
+
 TEST_P(PreferencesIgnoreListTest, AnApplicationIsListedOnceWithAllItsWindows) {
     ASSERT_TRUE(openEditor());
     EXPECT_TRUE(shows(Applications, {}));
