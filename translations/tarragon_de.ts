@@ -454,7 +454,7 @@
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon kann die Menüs anderer Anwendungen nicht lesen, weil die Barrierefreiheitsdienste der Arbeitsumgebung ausgeschaltet sind. Hier lassen sie sich einschalten. Manche Anwendungen müssen danach neu gestartet werden.</translation>
+        <translation>Tarragon kann die Menüs anderer Anwendungen nicht lesen, weil die Barrierefreiheitsdienste der Arbeitsumgebung ausgeschaltet sind. Hier lassen sie sich einschalten, wenn das Paket at-spi2-core installiert ist. Manche Anwendungen müssen danach neu gestartet werden.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>

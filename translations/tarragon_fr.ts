@@ -454,7 +454,7 @@
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon ne peut pas lire les menus des autres applications, car les services d’accessibilité de l’environnement de bureau sont désactivés. Ils peuvent être activés ici. Certaines applications doivent ensuite être relancées.</translation>
+        <translation>Tarragon ne peut pas lire les menus des autres applications, car les services d’accessibilité de l’environnement de bureau sont désactivés. Ils peuvent être activés ici si le paquet at-spi2-core est installé. Certaines applications doivent ensuite être relancées.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>

@@ -454,7 +454,7 @@
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon cannot read the menus of other applications, because the accessibility services of your desktop are switched off. They can be switched on here. Some applications have to be started again after that.</translation>
+        <translation>Tarragon cannot read the menus of other applications, because the accessibility services of your desktop are switched off. They can be switched on here, if the package at-spi2-core is installed. Some applications have to be started again after that.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>

@@ -36,7 +36,7 @@ protected:
 // sheet on.
 class SheetOpener : public QObject {
 public:
-    // Of the toolkit's two, the window that the desktop knows. The sheet is the owner.
+    // The sheet owns the opener. Both outlive the wait.
     SheetOpener(QWidget& sheet, QWindow& window)
         : QObject(&sheet)
         , _sheet(sheet)

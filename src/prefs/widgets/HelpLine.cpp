@@ -37,7 +37,7 @@ void HelpLine::dress() {
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
         own.setColor(group, QPalette::WindowText,
             mixedColour(around.color(group, QPalette::WindowText), around.color(group, QPalette::Window), Ink));
-    // Comes here once more, being a change of the palette itself, and then changes nothing.
+    // A change of the palette as well, so that this function is called once more, with nothing left to change.
     setPalette(own);
     const int indent = property("indented").toBool()
         ? style()->pixelMetric(QStyle::PM_IndicatorWidth) + style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing)
