@@ -6,8 +6,6 @@
 #include <poll.h>
 #include <spawn.h>
 #include <stdexcept>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
@@ -66,7 +64,17 @@ AtspiFakeApplication::AtspiFakeApplication(const AtspiFakeBus& bus, const std::s
     _busName = name;
     if (!wellKnownName.empty())
         check(sd_bus_request_name(_bus, wellKnownName.c_str(), 0), "well-known name");
-    addFilter(_bus);
+    check(sd_bus_add_filter(
+              _bus, nullptr,
+              [](sd_bus_message* message, void* userdata, sd_bus_error*) {
+                  std::uint8_t type = 0;
+                  sd_bus_message_get_type(message, &type);
+                  if (type != SD_BUS_MESSAGE_METHOD_CALL)
+                      return 0;
+                  return static_cast<AtspiFakeApplication*>(userdata)->answer(message) ? 1 : 0;
+              },
+              this),
+        "filter");
     check(::pipe(_stopPipe) < 0 ? -errno : 0, "pipe");
     _thread = std::thread([this] { serve(); });
 }
@@ -77,69 +85,12 @@ AtspiFakeApplication::~AtspiFakeApplication() {
     ::close(_stopPipe[0]);
     for (sd_bus_message* message : _unanswered)
         sd_bus_message_unref(message);
-    for (sd_bus* bus : _direct)
-        sd_bus_flush_close_unref(bus);
-    if (_listener >= 0)
-        ::close(_listener);
     sd_bus_flush_close_unref(_bus);
 }
 
 std::size_t AtspiFakeApplication::calls(const std::string& member) {
     const std::lock_guard lock(_mutex);
     return _calls[member];
-}
-
-void AtspiFakeApplication::addFilter(sd_bus* bus) {
-    check(sd_bus_add_filter(
-              bus, nullptr,
-              [](sd_bus_message* message, void* userdata, sd_bus_error*) {
-                  std::uint8_t type = 0;
-                  sd_bus_message_get_type(message, &type);
-                  if (type != SD_BUS_MESSAGE_METHOD_CALL)
-                      return 0;
-                  return static_cast<AtspiFakeApplication*>(userdata)->answer(message) ? 1 : 0;
-              },
-              this),
-        "filter");
-}
-
-std::string AtspiFakeApplication::openSocket(const std::string& path) {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    check(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) < 0 ? -errno : 0, "bind");
-    check(::listen(listener, 5) < 0 ? -errno : 0, "listen");
-    const std::lock_guard lock(_mutex);
-    _listener = listener;
-    _socketAddress = "unix:path=" + path;
-    return _socketAddress;
-}
-
-void AtspiFakeApplication::closeSocket() {
-    const std::lock_guard lock(_mutex);
-    _closesSocket = true;
-}
-
-std::size_t AtspiFakeApplication::callsOverSocket() {
-    const std::lock_guard lock(_mutex);
-    return _callsOverSocket;
-}
-
-void AtspiFakeApplication::acceptDirect() {
-    const std::lock_guard lock(_mutex);
-    const int descriptor = ::accept4(_listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-    if (descriptor < 0)
-        return;
-    sd_id128_t identifier = {};
-    sd_id128_randomize(&identifier);
-    sd_bus* bus = nullptr;
-    check(sd_bus_new(&bus), "direct");
-    check(sd_bus_set_fd(bus, descriptor, descriptor), "direct descriptor");
-    check(sd_bus_set_server(bus, 1, identifier), "direct server");
-    addFilter(bus);
-    check(sd_bus_start(bus), "direct start");
-    _direct.push_back(bus);
 }
 
 void AtspiFakeApplication::serve() {
@@ -154,35 +105,13 @@ void AtspiFakeApplication::serve() {
             answer(message);
             sd_bus_message_unref(message);
         }
-        std::vector<sd_bus*> buses{_bus};
+        const int processed = sd_bus_process(_bus, nullptr);
         std::vector<pollfd> descriptors{{_stopPipe[0], POLLIN, 0}};
-        {
-            const std::lock_guard lock(_mutex);
-            if (_closesSocket) {
-                for (sd_bus* bus : _direct)
-                    sd_bus_flush_close_unref(bus);
-                _direct.clear();
-                ::close(_listener);
-                _listener = -1;
-                _closesSocket = false;
-            }
-            buses.insert(buses.end(), _direct.begin(), _direct.end());
-            if (_listener >= 0)
-                descriptors.push_back({_listener, POLLIN, 0});
-        }
-        const std::size_t listeners = descriptors.size();
-        int processed = 0;
-        for (sd_bus* bus : buses) {
-            const int result = sd_bus_process(bus, nullptr);
-            processed += result > 0 ? 1 : 0;
-            if (result >= 0)
-                descriptors.push_back({sd_bus_get_fd(bus), static_cast<short>(sd_bus_get_events(bus)), 0});
-        }
+        if (processed >= 0)
+            descriptors.push_back({sd_bus_get_fd(_bus), static_cast<short>(sd_bus_get_events(_bus)), 0});
         ::poll(descriptors.data(), descriptors.size(), processed > 0 ? 0 : 20);
         if (descriptors[0].revents != 0)
             return;
-        if (listeners > 1 && descriptors[1].revents != 0)
-            acceptDirect();
     }
 }
 
@@ -238,8 +167,6 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
     if (interface == "org.freedesktop.DBus.Peer")
         return false;
     ++_calls[member];
-    if (sd_bus_message_get_bus(message) != _bus)
-        ++_callsOverSocket;
     if (isSilent) {
         _unanswered.push_back(sd_bus_message_ref(message));
         return true;
@@ -248,10 +175,6 @@ bool AtspiFakeApplication::answer(sd_bus_message* message) {
         beforeReply(path);
     if (answersNonsense) {
         sd_bus_reply_method_return(message, "a{sv}(ys)", 1, "x", "d", 1.5, 7, "nonsense");
-        return true;
-    }
-    if (member == "GetApplicationBusAddress") {
-        sd_bus_reply_method_return(message, "s", _socketAddress.c_str());
         return true;
     }
     const auto found = objects.find(path);

@@ -65,12 +65,6 @@ public:
         const std::lock_guard lock(_mutex);
         change();
     }
-    // Offers a socket of its own, apart from the bus; gives its address.
-    std::string openSocket(const std::string& path);
-    // Closes the socket and its connections soon, as an application does that is about to quit.
-    void closeSocket();
-    // How often a method was called over the socket.
-    std::size_t callsOverSocket();
     // How often a method was called.
     std::size_t calls(const std::string& member);
 
@@ -90,18 +84,11 @@ private:
     void serve();
     bool answer(sd_bus_message* message);
     void answerMatches(sd_bus_message* message, const FakeAccessible& top);
-    void addFilter(sd_bus* bus);
-    void acceptDirect();
 
     sd_bus* _bus = nullptr;
     std::string _busName;
     std::mutex _mutex;
     std::map<std::string, std::size_t> _calls;
-    int _listener = -1; // of the socket
-    std::vector<sd_bus*> _direct; // its connections
-    std::string _socketAddress;
-    std::size_t _callsOverSocket = 0;
-    bool _closesSocket = false;
     int _stopPipe[2] = {-1, -1};
     std::vector<sd_bus_message*> _unanswered;
     std::thread _thread;

@@ -120,7 +120,7 @@ bool isSound(const AtspiRequest& request) {
 
 } // namespace
 
-std::string callFor(const AtspiRequest& request, bool hasDestination) {
+std::string callFor(const AtspiRequest& request) {
     // Names and paths come from applications, and a bus does not talk to us any more once it got one that is none.
     if (!isSound(request))
         return {};
@@ -141,8 +141,7 @@ std::string callFor(const AtspiRequest& request, bool hasDestination) {
     message.appendNumber(open);
     const std::size_t beginOfFields = message.size();
     appendField(message, Field::Path, "o", request.target.path.c_str());
-    if (hasDestination)
-        appendField(message, Field::Destination, "s", request.target.busName.c_str());
+    appendField(message, Field::Destination, "s", request.target.busName.c_str());
     appendField(message, Field::Interface, "s", request.interface);
     appendField(message, Field::Member, "s", request.member);
     if (!signature.empty())

@@ -14,8 +14,6 @@ namespace tarragon {
 namespace {
 
 constexpr std::chrono::seconds ReconnectInterval{1};
-// More would gain little, and each costs the application.
-constexpr std::size_t DirectConnections = 2;
 
 // Never 0.
 std::uint64_t identityOf(const DBusSocket& bus) {
@@ -95,8 +93,7 @@ void AtspiConnection::run(const AtspiRequests& requests) {
 bool AtspiConnection::post(const AtspiRequest& request) {
     if (!ensureOpen() || isGone(request.target.busName) || !mayAsk(request.target.busName))
         return false;
-    // Over the bus: what is pressed may open a dialog, until whose end some applications hear nothing over a socket.
-    if (!_bus->send(callFor(request, true)))
+    if (!_bus->send(callFor(request)))
         return false;
     ++_statistics.messagesSent;
     if (_bus->flush(Clock::now() + AtspiTimeout::Silence))
@@ -104,25 +101,6 @@ bool AtspiConnection::post(const AtspiRequest& request) {
     // What was said to have failed must not go out later.
     close();
     return false;
-}
-
-void AtspiConnection::connectDirectly(const std::string& busName, const std::string& address) {
-    // Those of applications that have ended are not used again, and so would stay for good.
-    for (auto& [name, known] : _peers) {
-        std::erase_if(known->direct, [](const auto& socket) { return !socket->exchange(); });
-    }
-    auto& direct = peer(busName).direct;
-    while (direct.size() < DirectConnections) {
-        std::unique_ptr<DBusSocket> socket = DBusSocket::connect(address);
-        if (!socket)
-            return;
-        direct.push_back(std::move(socket));
-    }
-}
-
-DBusSocket* AtspiConnection::socketOf(AtspiPeer& peer) const {
-    DBusSocket* const direct = peer.nextDirect();
-    return direct != nullptr ? direct : _bus.get();
 }
 
 bool AtspiConnection::mayAsk(const std::string& busName) {
@@ -148,8 +126,7 @@ void AtspiConnection::probe(const std::string& busName, AtspiPeer& peer) {
         _bus->forget(peer.probeSerial);
     // A question to the user interface itself. A ping would be answered by a library's own thread, hung or not.
     peer.probeSerial = _bus->call(
-        callFor({{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}}, true),
-        peer);
+        callFor({{busName, "/org/a11y/atspi/accessible/root"}, "org.a11y.atspi.Accessible", "GetRole", {}, {}}), peer);
     if (peer.probeSerial == 0)
         return;
     ++_statistics.messagesSent;

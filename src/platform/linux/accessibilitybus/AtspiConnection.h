@@ -51,10 +51,6 @@ public:
     // Hands one request to the bus and does not wait for an answer. False when it could not be handed over.
     [[nodiscard]] bool post(const AtspiRequest& request);
 
-    // Talks to an application without the bus in between from now on, at the socket whose address it has told. Where
-    // that fails, or ends, the bus serves as before.
-    void connectDirectly(const std::string& busName, const std::string& address);
-
     // False while the application is in back-off: from its time-out until it answers a probe.
     [[nodiscard]] bool mayAsk(const std::string& busName);
     // The bus said that nobody has this name any more. Unique names are never given out again.
@@ -69,8 +65,6 @@ private:
     void close();
     void probe(const std::string& busName, AtspiPeer& peer);
     AtspiPeer& peer(const std::string& busName);
-    // The socket over which its next request goes.
-    DBusSocket* socketOf(AtspiPeer& peer) const;
 
     AtspiSessionBus& _sessionBus;
     std::unique_ptr<DBusSocket> _bus;

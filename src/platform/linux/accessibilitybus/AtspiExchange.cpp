@@ -4,8 +4,6 @@
 #include "platform/linux/accessibilitybus/AtspiCall.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <poll.h>
 #include <thread>
 
 namespace tarragon {
@@ -33,7 +31,7 @@ std::string nameOf(const AtspiRequest& request) {
 AtspiConnection::Exchange::~Exchange() {
     for (const Pending& pending : _pending) {
         if (pending.serial != 0)
-            pending.socket->forget(pending.serial);
+            _connection._bus->forget(pending.serial);
     }
     for (AtspiPeer* peer : _peers)
         peer->pending = 0;
@@ -81,11 +79,9 @@ bool AtspiConnection::Exchange::send(Pending& pending) {
     }
     if (!_lastMayBeAsked || _lastPeer->backOff.isSuspended())
         return false;
-    DBusSocket* const socket = _connection.socketOf(*_lastPeer);
     pending.peer = _lastPeer;
-    pending.socket = socket;
     // The time-out is ours to keep: it depends on what else the application answers.
-    pending.serial = socket->call(callFor(request, socket == _connection._bus.get()), pending);
+    pending.serial = _connection._bus->call(callFor(request), pending);
     if (pending.serial == 0)
         return false;
     ++_connection._statistics.messagesSent;
@@ -94,8 +90,6 @@ bool AtspiConnection::Exchange::send(Pending& pending) {
         pending.peer->timeout.noteReply(Clock::now());
     if (std::ranges::find(_peers, pending.peer) == _peers.end())
         _peers.push_back(pending.peer);
-    if (std::ranges::find(_sockets, socket) == _sockets.end())
-        _sockets.push_back(socket);
     ++_inFlight;
     return true;
 }
@@ -134,9 +128,8 @@ void AtspiConnection::Exchange::receiveReturn(const AtspiRequest& request, const
 }
 
 void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusIncoming& error) {
-    const bool isFromBus = pending.socket == _connection._bus.get() && error.sender == DBUS_SERVICE_DBUS;
     const std::string& busName = pending.request->target.busName;
-    if (!isFromBus) {
+    if (error.sender != DBUS_SERVICE_DBUS) {
         if (pending.request->handleError)
             pending.request->handleError();
         return;
@@ -149,7 +142,7 @@ void AtspiConnection::Exchange::receiveError(const Pending& pending, const DBusI
 }
 
 void AtspiConnection::Exchange::giveUp(Pending& pending) {
-    pending.socket->forget(pending.serial);
+    _connection._bus->forget(pending.serial);
     pending.serial = 0;
     --pending.peer->pending;
     --_inFlight;
@@ -157,7 +150,6 @@ void AtspiConnection::Exchange::giveUp(Pending& pending) {
 
 void AtspiConnection::Exchange::giveUpTheSilent() {
     const Clock::time_point now = Clock::now();
-    std::vector<AtspiPeer*> silent;
     for (Pending& pending : _pending) {
         if (pending.serial == 0 || !pending.peer->timeout.isExhausted(now))
             continue;
@@ -171,27 +163,11 @@ void AtspiConnection::Exchange::giveUpTheSilent() {
         }
         pending.peer->backOff.noteTimeout();
         _connection.probe(pending.request->target.busName, *pending.peer);
-        silent.push_back(pending.peer);
-    }
-    // The application may still answer over the bus: a dialog of its own can keep it from looking elsewhere.
-    for (AtspiPeer* peer : silent) {
-        for (const auto& socket : peer->direct)
-            std::erase(_sockets, socket.get());
-        peer->direct.clear();
     }
 }
 
 bool AtspiConnection::Exchange::exchange() {
-    for (std::size_t index = 0; index < _sockets.size(); ++index) {
-        DBusSocket* const socket = _sockets[index];
-        if (socket->exchange())
-            continue;
-        if (socket == _connection._bus.get())
-            return false;
-        loseDirect(socket);
-        --index;
-    }
-    return true;
+    return _connection._bus->exchange();
 }
 
 bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
@@ -201,32 +177,7 @@ bool AtspiConnection::Exchange::wait(Clock::time_point deadline) {
         std::this_thread::sleep_for(std::min<std::chrono::microseconds>(_inFlight * NapForEachReply, LongestNap));
         return true;
     }
-    if (_sockets.size() == 1)
-        return _sockets.front()->wait(deadline) || _sockets.front() != _connection._bus.get();
-    std::vector<pollfd> descriptors;
-    for (const DBusSocket* socket : _sockets)
-        descriptors.push_back({socket->descriptor(), socket->eventsToWaitFor(), 0});
-    const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-    return ::poll(descriptors.data(), descriptors.size(), static_cast<int>(std::max<long>(remaining, 0))) >= 0
-        || errno == EINTR;
-}
-
-void AtspiConnection::Exchange::loseDirect(DBusSocket* socket) {
-    std::vector<Pending*> unanswered;
-    for (Pending& pending : _pending) {
-        if (pending.serial == 0 || pending.socket != socket)
-            continue;
-        giveUp(pending);
-        unanswered.push_back(&pending);
-    }
-    std::erase(_sockets, socket);
-    for (AtspiPeer* peer : _peers) {
-        peer->dropDirect(socket);
-    }
-    for (Pending* pending : unanswered) {
-        if (!send(*pending))
-            end(*pending);
-    }
+    return _connection._bus->wait(deadline);
 }
 
 AtspiConnection::Clock::time_point AtspiConnection::Exchange::nextDeadline() const {

@@ -30,7 +30,6 @@ private:
         Exchange* exchange = nullptr;
         const AtspiRequest* request = nullptr;
         AtspiPeer* peer = nullptr;
-        DBusSocket* socket = nullptr;
         std::uint32_t serial = 0; // of the call, 0 when no reply is expected (any more)
         std::uint32_t round = 0;
     };
@@ -48,16 +47,13 @@ private:
     // Handles what has arrived. False when the bus broke.
     bool exchange();
     bool wait(Clock::time_point deadline);
-    // What was asked over this connection is asked over the bus again.
-    void loseDirect(DBusSocket* socket);
     Clock::time_point nextDeadline() const;
 
     AtspiConnection& _connection;
     const AtspiRequests& _requests; // grow while we run
     std::vector<std::uint32_t> _rounds; // by request: 1, or one more than that of the request whose end added it
-    std::deque<Pending> _pending; // of each request that was sent; sockets point to them
+    std::deque<Pending> _pending; // of each request that was sent; the bus points to them
     std::vector<AtspiPeer*> _peers; // those that were asked something
-    std::vector<DBusSocket*> _sockets; // those over which they were asked
     std::size_t _next = 0;
     std::uint32_t _lastRound = 0; // the latest round of a request that was sent
     std::size_t _inFlight = 0;

@@ -28,12 +28,11 @@ std::optional<AtspiApplication> AtspiApplications::find(std::int64_t processIden
         });
         return {};
     }
-    if (!entry->toolkit && _connection.mayAsk(entry->root.busName)) {
+    // Not asked for is the address of a socket apart from the bus, which GTK 3 would hand out. It takes whoever asks
+    // for an assistive technology and tells it of every key; within a dialog that our press has opened, the first key
+    // then waits for itself for ever.
+    if (!entry->toolkit && _connection.mayAsk(entry->root.busName))
         entry->toolkit = askToolkit(entry->root);
-        // Only this toolkit hands out a socket; asked for one, others have been seen to crash.
-        if (entry->toolkit == AtspiToolkit::Gtk)
-            connectDirectly(entry->root);
-    }
     return AtspiApplication{entry->root, entry->toolkit.value_or(AtspiToolkit::Other)};
 }
 
@@ -83,14 +82,6 @@ std::optional<AtspiToolkit> AtspiApplications::askToolkit(const AtspiReference& 
     if (name.starts_with("Qt"))
         return AtspiToolkit::Qt;
     return AtspiToolkit::Other;
-}
-
-void AtspiApplications::connectDirectly(const AtspiReference& root) {
-    std::string address;
-    _connection.run({{root, "org.a11y.atspi.Application", "GetApplicationBusAddress", {},
-        [&address](AtspiReply& reply) { address = reply.readString().value_or(std::string{}); }}});
-    if (!address.empty())
-        _connection.connectDirectly(root.busName, address);
 }
 
 } // namespace tarragon

@@ -42,7 +42,6 @@ private:
     void refresh();
     // Nothing when it does not answer.
     std::optional<AtspiToolkit> askToolkit(const AtspiReference& root);
-    void connectDirectly(const AtspiReference& root);
 
     AtspiConnection& _connection;
     std::int64_t _ownProcessIdentifier;
