@@ -453,8 +453,16 @@
         <translation>Version %@</translation>
     </message>
     <message>
+        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</source>
+        <translation>Die Einstellungen lassen sich nicht speichern: Änderungen gehen verloren, wenn Tarragon beendet wird. Platz auf dem Datenträger schaffen oder dafür sorgen, dass der Ordner der Einstellungen beschreibbar ist.</translation>
+    </message>
+    <message>
+        <source>Access could not be turned on from here. Open System Preferences yourself, and turn on &quot;Enable access for assistive devices&quot;.</source>
+        <translation>Die Barrierefreiheitsdienste ließen sich nicht einschalten. Das Paket at-spi2-core installieren, neu anmelden und sie dann hier einschalten.</translation>
+    </message>
+    <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon kann die Menüs anderer Anwendungen nicht lesen, weil die Barrierefreiheitsdienste der Arbeitsumgebung ausgeschaltet sind. Hier lassen sie sich einschalten, wenn das Paket at-spi2-core installiert ist. Manche Anwendungen müssen danach neu gestartet werden.</translation>
+        <translation>Tarragon kann die Menüs anderer Anwendungen nicht lesen, weil die Barrierefreiheitsdienste der Arbeitsumgebung ausgeschaltet sind. Hier lassen sie sich einschalten. Manche Anwendungen müssen danach neu gestartet werden.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>

@@ -453,8 +453,16 @@
         <translation>Version %@</translation>
     </message>
     <message>
+        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</source>
+        <translation>Les préférences ne peuvent pas être enregistrées&#xa0;: les modifications seront perdues lorsque Tarragon sera quitté. Libérez de l’espace sur le disque ou rendez leur dossier accessible en écriture.</translation>
+    </message>
+    <message>
+        <source>Access could not be turned on from here. Open System Preferences yourself, and turn on &quot;Enable access for assistive devices&quot;.</source>
+        <translation>Les services d’accessibilité n’ont pas pu être activés. Installez le paquet at-spi2-core, reconnectez-vous, puis activez-les ici.</translation>
+    </message>
+    <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon ne peut pas lire les menus des autres applications, car les services d’accessibilité de l’environnement de bureau sont désactivés. Ils peuvent être activés ici si le paquet at-spi2-core est installé. Certaines applications doivent ensuite être relancées.</translation>
+        <translation>Tarragon ne peut pas lire les menus des autres applications, car les services d’accessibilité de l’environnement de bureau sont désactivés. Ils peuvent être activés ici. Certaines applications doivent ensuite être relancées.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>

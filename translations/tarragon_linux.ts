@@ -453,8 +453,16 @@
         <translation>Version %@</translation>
     </message>
     <message>
+        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</source>
+        <translation>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</translation>
+    </message>
+    <message>
+        <source>Access could not be turned on from here. Open System Preferences yourself, and turn on &quot;Enable access for assistive devices&quot;.</source>
+        <translation>The accessibility services could not be switched on. Install the package at-spi2-core, log in again, and switch them on here.</translation>
+    </message>
+    <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
-        <translation>Tarragon cannot read the menus of other applications, because the accessibility services of your desktop are switched off. They can be switched on here, if the package at-spi2-core is installed. Some applications have to be started again after that.</translation>
+        <translation>Tarragon cannot read the menus of other applications, because the accessibility services of your desktop are switched off. They can be switched on here. Some applications have to be started again after that.</translation>
     </message>
     <message>
         <source>Every change counts at once.</source>

@@ -29,6 +29,9 @@ std::optional<std::string> stringValue(const std::optional<DefaultsValue>& value
 // Names an observer of one store of settings; 0 is none.
 using DefaultsObserver = std::uint64_t;
 
+// Whose observers are told when hasUnwrittenChanges answers something else than before.
+constexpr std::string_view UnwrittenChangesKeyPath = "hasUnwrittenChanges";
+
 // The user's settings, a persistent store shared by all processes of the program. Main thread only.
 class Defaults {
 public:
@@ -52,9 +55,12 @@ public:
     virtual void revertToInitialValues() = 0;
     // Writes what is not written yet and takes over what other processes wrote. False when writing failed.
     virtual bool synchronize() = 0;
+    // Something that was set could not be written: it holds for this process only. That is tried again with the next
+    // change, from time to time, and at the end.
+    [[nodiscard]] virtual bool hasUnwrittenChanges() = 0;
 
-    // keyPath is "values." followed by the key. Observers are called on the main thread until they are removed, which
-    // whoever lives as long as the settings need not do.
+    // keyPath is "values." followed by the key, or UnwrittenChangesKeyPath. Observers are called on the main thread
+    // until they are removed, which whoever lives as long as the settings need not do.
     virtual DefaultsObserver addObserver(const std::string& keyPath, Observer observer) = 0;
     // May be called by any observer, for itself too; the removed one is not called any more. Does nothing for one that
     // was removed before.

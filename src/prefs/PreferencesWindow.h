@@ -31,6 +31,14 @@ struct HotKeyRefusal {
     bool operator==(const HotKeyRefusal&) const = default;
 };
 
+// What stands below every pane, besides that changes count at once.
+struct BorderNotice {
+    bool settingsAreUnwritten = false; // changes are not kept when the program ends
+    bool accessIsMissing = false;
+    bool accessCannotBeSwitchedOn = false; // it was tried; only while access is missing
+    bool operator==(const BorderNotice&) const = default;
+};
+
 // The preferences window as its controller sees it. The controls that are bound to settings read and write these by
 // themselves; all others tell the controller. Main thread only.
 class PreferencesWindow {
@@ -83,8 +91,8 @@ public:
     virtual void setHideButtonWarning(bool hide) = 0;
     // Nothing when the hot key works.
     virtual void setHotKeyRefusal(const std::optional<HotKeyRefusal>& refusal) = 0;
-    // Every pane explains how to give access as long as it is missing.
-    virtual void setAccessIsMissing(bool isMissing) = 0;
+    // Access can be switched on there while it is missing.
+    virtual void setBorderNotice(const BorderNotice& notice) = 0;
     // As a sheet on the window; at once when one is there already, whose answer then counts. The handler gets the
     // answer later.
     virtual void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) = 0;

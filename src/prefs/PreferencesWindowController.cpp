@@ -43,6 +43,9 @@ PreferencesWindowController::PreferencesWindowController(
     for (const std::string_view key : WaysOfOpening)
         _observers.push_back(_services.defaults.addObserver(
             keyPathOfPreference(key), [this](const std::string&) { hideWarningsWithoutReason(); }));
+    _observers.push_back(_services.defaults.addObserver(
+        std::string(UnwrittenChangesKeyPath), [this](const std::string&) { showWhetherSettingsAreUnwritten(); }));
+    showWhetherSettingsAreUnwritten();
 }
 
 PreferencesWindowController::~PreferencesWindowController() {
@@ -285,9 +288,10 @@ bool PreferencesWindowController::accessIsMissing() {
 }
 
 void PreferencesWindowController::checkAccessibility() {
-    const bool isMissing = accessIsMissing();
-    _window->setAccessIsMissing(isMissing);
-    if (isMissing)
+    _borderNotice.accessIsMissing = accessIsMissing();
+    _borderNotice.accessCannotBeSwitchedOn = false;
+    _window->setBorderNotice(_borderNotice);
+    if (_borderNotice.accessIsMissing)
         _window->showAccessibilityAlert([this](AccessibilityAlertAnswer answer) { answerAccessibilityAlert(answer); });
 }
 
@@ -298,14 +302,29 @@ void PreferencesWindowController::answerAccessibilityAlert(AccessibilityAlertAns
         _delegate->terminate();
     // The program has to be started again after access was granted, so it ends here; where the desktop has no such
     // place nothing happens and the program keeps running.
-    if (answer == AccessibilityAlertAnswer::OpenSystemPreferences && _services.accessibility.openSettings())
+    if (answer == AccessibilityAlertAnswer::OpenSystemPreferences && openAccessibilitySettings())
         _delegate->terminate();
 }
 
 void PreferencesWindowController::switchAccessOn() {
-    if (!_services.accessibility.openSettings())
+    openAccessibilitySettings();
+}
+
+bool PreferencesWindowController::openAccessibilitySettings() {
+    const bool isOpened = _services.accessibility.openSettings();
+    if (!isOpened)
         log(LogCategory::Accessibility, [] { return "the interface cannot be switched on from here"; });
-    _window->setAccessIsMissing(accessIsMissing());
+    _borderNotice.accessIsMissing = accessIsMissing();
+    _borderNotice.accessCannotBeSwitchedOn = _borderNotice.accessIsMissing && !isOpened;
+    _window->setBorderNotice(_borderNotice);
+    return isOpened;
+}
+
+// Settings on disk.
+
+void PreferencesWindowController::showWhetherSettingsAreUnwritten() {
+    _borderNotice.settingsAreUnwritten = _services.defaults.hasUnwrittenChanges();
+    _window->setBorderNotice(_borderNotice);
 }
 
 } // namespace tarragon

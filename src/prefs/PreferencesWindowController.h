@@ -115,7 +115,8 @@ public:
     void openFacebookWebpage();
     void openProductWebpage();
     void openScreencastWebpage();
-    // Switches the desktop's accessibility interface on, or leads to where that is done.
+    // Switches the desktop's accessibility interface on, or leads to where that is done; the window says when neither
+    // works.
     void switchAccessOn();
 
     bool hideHotKeyWarning() const { return _hideHotKeyWarning; }
@@ -131,8 +132,10 @@ private:
     void hideWarningsWithoutReason();
     void setHideHotKeyWarning(bool hide);
     void setHideButtonWarning(bool hide);
+    void showWhetherSettingsAreUnwritten();
     void checkAccessibility();
     bool accessIsMissing();
+    bool openAccessibilitySettings();
     void answerAccessibilityAlert(AccessibilityAlertAnswer answer);
     std::optional<KeyCombo> freeCombination() const;
     void showHotKeyRefusal();
@@ -145,6 +148,7 @@ private:
     bool _startAtLogin = false;
     bool _hideHotKeyWarning = true;
     bool _hideButtonWarning = true;
+    BorderNotice _borderNotice;
     std::unique_ptr<PreferencesWindow> _window; // after what it may ask while it is made
 };
 

@@ -8,6 +8,17 @@ void FakeDefaults::writeFromOtherProcess(const std::string& key, std::optional<D
     _fromOtherProcess[key] = std::move(value);
 }
 
+void FakeDefaults::setWritable(bool writable) {
+    _writable = writable;
+    if (writable)
+        setHasUnwrittenChanges(false);
+}
+
+void FakeDefaults::setHasUnwrittenChanges(bool has) {
+    if (std::exchange(_hasUnwrittenChanges, has) != has)
+        _observers.tell(std::string(UnwrittenChangesKeyPath));
+}
+
 std::optional<DefaultsValue> FakeDefaults::storedValue(std::string_view key) const {
     const auto found = _stored.find(key);
     return found == _stored.end() ? std::nullopt : std::optional(found->second);
@@ -43,12 +54,14 @@ void FakeDefaults::apply(const std::string& key, const std::optional<DefaultsVal
 bool FakeDefaults::setValue(std::string_view key, const DefaultsValue& value) {
     _changedKeys.emplace_back(key);
     apply(std::string(key), value);
+    setHasUnwrittenChanges(!_writable);
     return _writable;
 }
 
 bool FakeDefaults::removeValue(std::string_view key) {
     _changedKeys.emplace_back(key);
     apply(std::string(key), std::nullopt);
+    setHasUnwrittenChanges(!_writable);
     return _writable;
 }
 

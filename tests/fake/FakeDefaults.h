@@ -11,7 +11,8 @@ class FakeDefaults : public Defaults {
 public:
     // What another process has written; nothing for a key that it removed.
     void writeFromOtherProcess(const std::string& key, std::optional<DefaultsValue> value);
-    void setWritable(bool writable) { _writable = writable; }
+    // What is set while it is not writable stays unwritten until it is writable again.
+    void setWritable(bool writable);
     // The user's value alone, without the registered ones.
     std::optional<DefaultsValue> storedValue(std::string_view key) const;
     // Keys that were set or removed, in order.
@@ -31,11 +32,13 @@ public:
     bool removeValue(std::string_view key) override;
     void revertToInitialValues() override;
     bool synchronize() override;
+    bool hasUnwrittenChanges() override { return _hasUnwrittenChanges; }
     DefaultsObserver addObserver(const std::string& keyPath, Observer observer) override;
     void removeObserver(DefaultsObserver observer) override;
 
 private:
     void apply(const std::string& key, const std::optional<DefaultsValue>& value);
+    void setHasUnwrittenChanges(bool has);
 
     std::map<std::string, DefaultsValue, std::less<>> _stored;
     std::map<std::string, DefaultsValue, std::less<>> _registered;
@@ -47,6 +50,7 @@ private:
     std::vector<std::string> _readKeys;
     int _synchronizeCount = 0;
     bool _writable = true;
+    bool _hasUnwrittenChanges = false;
 };
 
 } // namespace tarragon

@@ -59,7 +59,7 @@ QImage sheetOfPanes(double scale, bool showsNotices) {
     controller.displayWindow();
     if (showsNotices) {
         window.setHotKeyRefusal(HotKeyRefusal{"Alt+Space", "Ctrl+Shift+Space"});
-        window.setAccessIsMissing(true);
+        window.setBorderNotice({.settingsAreUnwritten = true, .accessIsMissing = true});
         window.setHideHotKeyWarning(false);
         window.setHideButtonWarning(false);
     }

@@ -22,6 +22,7 @@ QString takeProposalTitle(const HotKeyRefusal& refusal);
 // The libraries that the program uses, a line for each, with its licence.
 QString librariesText();
 QString versionText(const std::string& version);
-QString borderText(bool accessIsMissing);
+// That changes count at once, or what is the matter.
+QString borderText(const BorderNotice& notice);
 
 } // namespace tarragon

@@ -335,9 +335,9 @@ void QtPreferencesWindow::showPopUpHelp() {
     _ui->popUpHelpText->setText(popUpHelpText(_platform.defaults, _platform.keyboard, _hotKeyIsRefused));
 }
 
-void QtPreferencesWindow::setAccessIsMissing(bool isMissing) {
-    _ui->borderViewText->setText(borderText(isMissing));
-    _ui->switchAccessOnButton->setVisible(isMissing);
+void QtPreferencesWindow::setBorderNotice(const BorderNotice& notice) {
+    _ui->borderViewText->setText(borderText(notice));
+    _ui->switchAccessOnButton->setVisible(notice.accessIsMissing);
 }
 
 void QtPreferencesWindow::showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) {

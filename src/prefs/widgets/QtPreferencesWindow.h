@@ -65,7 +65,7 @@ public:
     void setHideHotKeyWarning(bool hide) override;
     void setHideButtonWarning(bool hide) override;
     void setHotKeyRefusal(const std::optional<HotKeyRefusal>& refusal) override;
-    void setAccessIsMissing(bool isMissing) override;
+    void setBorderNotice(const BorderNotice& notice) override;
     void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override;
 
 protected:

@@ -38,7 +38,7 @@ QtPreferencesWindow::QtPreferencesWindow(
     setUpActions();
     followSettings();
     QtPreferencesWindow::setHotKeyRefusal(std::nullopt);
-    QtPreferencesWindow::setAccessIsMissing(false);
+    QtPreferencesWindow::setBorderNotice({});
     connect(_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& height) { resize(_size.width(), height.toInt()); });
     _fitting.setSingleShot(true);

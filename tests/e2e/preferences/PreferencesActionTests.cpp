@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #include <unistd.h>
@@ -195,6 +196,27 @@ TEST_P(PreferencesActionTest, WhatIsSwitchedOffGoesAtOnceAndComesBack) {
     EXPECT_TRUE(waitUntil([&] { return bars.seen().empty(); }, TimeForBars));
     EXPECT_EQ(preferences().windows().at(0), window);
     EXPECT_TRUE(application.process().isRunning());
+}
+
+TEST_P(PreferencesActionTest, TheWindowSaysWhenChangesAreNotKeptAndTheyAreOnceTheyCanBe) {
+    const std::string unwritten = "The settings cannot be written to disk";
+    const std::filesystem::path folder = desktop().configurationFolder() / "tarragon";
+    const std::filesystem::path aside = desktop().home() / "aside";
+    ASSERT_TRUE(preferences().open());
+    EXPECT_FALSE(preferences().says(unwritten));
+    // A file in the way of the folder keeps everybody from writing, root too.
+    std::filesystem::rename(folder, aside);
+    std::ofstream(folder) << "in the way";
+    ASSERT_TRUE(clickIn("Screen Top", BarsBox));
+    EXPECT_TRUE(preferences().waitUntilSays(unwritten));
+    std::filesystem::remove(folder);
+    std::filesystem::rename(aside, folder);
+    EXPECT_TRUE(stored().boolean("EnableScreenTop") || !stored().has("EnableScreenTop"));
+    ASSERT_TRUE(clickIn("Window Top", PanelBox));
+    EXPECT_TRUE(preferences().waitUntilSays("Every change counts at once."));
+    EXPECT_FALSE(preferences().says(unwritten));
+    EXPECT_TRUE(storesBoolean("EnableScreenTop", false));
+    EXPECT_TRUE(storesBoolean("EnableButton", false));
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, PreferencesActionTest, EveryWindowManager, nameOfWindowManager);

@@ -102,7 +102,7 @@ TEST_F(PreferencesWindowControllerTest, AsksForAccessBetweenShowingTheWindowAndA
     const auto& told = window().told;
     ASSERT_GE(told.size(), 3U);
     EXPECT_THAT(std::vector<std::string>(told.end() - 3, told.end()), ElementsAre("front", "alert", "activate"));
-    EXPECT_TRUE(window().accessIsMissing);
+    EXPECT_TRUE(window().borderNotice.accessIsMissing);
 }
 
 TEST_F(PreferencesWindowControllerTest, AsksForAccessEachTimeThatItShowsTheWindow) {
@@ -113,7 +113,7 @@ TEST_F(PreferencesWindowControllerTest, AsksForAccessEachTimeThatItShowsTheWindo
     accessibility.setEnabled(true);
     controller().displayWindow();
     EXPECT_EQ(std::count(window().told.begin(), window().told.end(), "alert"), 2);
-    EXPECT_FALSE(window().accessIsMissing);
+    EXPECT_FALSE(window().borderNotice.accessIsMissing);
 }
 
 TEST_F(PreferencesWindowControllerTest, AsksForNothingWithEitherKindOfAccess) {
@@ -486,6 +486,27 @@ TEST_F(RefusalTest, HasTheUserPressOneWhereNoneIsKnownToBeFree) {
     EXPECT_TRUE(window().isRecording);
 }
 
+TEST_F(PreferencesWindowControllerTest, SaysForAsLongAsSettingsCannotBeWritten) {
+    EXPECT_EQ(window().borderNotice, BorderNotice());
+    defaults.setWritable(false);
+    controller().resetButton();
+    EXPECT_EQ(window().borderNotice, BorderNotice{.settingsAreUnwritten = true});
+    takeAccessAway();
+    controller().displayWindow();
+    EXPECT_EQ(window().borderNotice, (BorderNotice{.settingsAreUnwritten = true, .accessIsMissing = true}));
+    defaults.setWritable(true);
+    EXPECT_EQ(window().borderNotice, BorderNotice{.accessIsMissing = true});
+}
+
+TEST_F(PreferencesWindowControllerTest, SaysThatSettingsCouldNotBeWrittenBeforeItWasThere) {
+    defaults.setWritable(false);
+    EXPECT_FALSE(defaults.setValue(preference::EnableButton, false));
+    window().borderNotice = {};
+    const PreferencesWindowController later(
+        {accessibility, defaults, workspace, hotKeys, &keyboard, &loginItems, "/opt/Tarragon", {}}, interface, nullptr);
+    EXPECT_EQ(window().borderNotice, BorderNotice{.settingsAreUnwritten = true});
+}
+
 class AccessTest : public PreferencesWindowControllerTest {
 protected:
     AccessTest() {
@@ -523,14 +544,38 @@ TEST_F(AccessTest, CanBeSwitchedOnFromTheWindowWhichKeepsTheProgramRunning) {
     accessibility.setSettings(true, true);
     controller().switchAccessOn();
     EXPECT_EQ(accessibility.callsOf(FakeCall::Operation::OpenSettings).size(), 1U);
-    EXPECT_FALSE(window().accessIsMissing);
+    EXPECT_FALSE(window().borderNotice.accessIsMissing);
     EXPECT_THAT(delegate.told, IsEmpty());
 }
 
-TEST_F(AccessTest, StaysMissingWhereItCannotBeSwitchedOn) {
+TEST_F(AccessTest, IsSaidToStayMissingWhereItCannotBeSwitchedOn) {
     accessibility.setSettings(false, false);
+    const BorderNotice missing{.accessIsMissing = true};
+    EXPECT_EQ(window().borderNotice, missing);
     controller().switchAccessOn();
-    EXPECT_TRUE(window().accessIsMissing);
+    const BorderNotice inVain{.accessIsMissing = true, .accessCannotBeSwitchedOn = true};
+    EXPECT_EQ(window().borderNotice, inVain);
+    // It may have become possible.
+    controller().displayWindow();
+    EXPECT_EQ(window().borderNotice, missing);
+    window().answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
+    EXPECT_EQ(window().borderNotice, inVain);
+    accessibility.setSettings(true, true);
+    controller().switchAccessOn();
+    EXPECT_EQ(window().borderNotice, BorderNotice());
+}
+
+TEST_F(AccessTest, MayBeGivenElsewhereWhereItsSettingsOpen) {
+    accessibility.setSettings(true, false);
+    controller().switchAccessOn();
+    EXPECT_EQ(window().borderNotice, BorderNotice{.accessIsMissing = true});
+}
+
+TEST_F(AccessTest, MayHaveBeenGivenThoughItCannotBeSwitchedOn) {
+    accessibility.setSettings(false, false);
+    accessibility.setTrusted(true);
+    controller().switchAccessOn();
+    EXPECT_EQ(window().borderNotice, BorderNotice());
 }
 
 TEST_F(AccessTest, HasTheResultsOfTheAlertsButtons) {

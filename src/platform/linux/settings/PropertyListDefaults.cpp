@@ -17,6 +17,9 @@ namespace tarragon {
 
 namespace {
 
+// Seldom, because an attempt may wait for a process that holds the file.
+constexpr double SecondsBetweenAttempts = 30;
+
 void applyChanges(const PropertyListChanges& changes, PropertyListValues& values) {
     for (const auto& [key, value] : changes) {
         if (value)
@@ -42,6 +45,8 @@ PropertyListDefaults::PropertyListDefaults(RunLoop& runLoop, const std::filesyst
 }
 
 PropertyListDefaults::~PropertyListDefaults() {
+    if (const PropertyListChanges last = writableChanges(); !last.empty() && !_file.merge(last))
+        logError(LogCategory::Settings, "settings that could not be written are lost");
     if (_folderEvents >= 0)
         close(_folderEvents);
 }
@@ -110,10 +115,7 @@ void PropertyListDefaults::removeObserver(DefaultsObserver observer) {
 bool PropertyListDefaults::change(const Changes& changes) {
     for (const auto& [key, value] : changes)
         _pending.insert_or_assign(key, value);
-    PropertyListChanges writable = _pending;
-    std::erase_if(
-        writable, [](const auto& entry) { return entry.second && !PropertyListDictionary::canHold(*entry.second); });
-
+    const PropertyListChanges writable = writableChanges();
     const std::optional<PropertyListValues> written = _file.merge(writable);
     if (written) {
         std::erase_if(_pending, [&](const auto& entry) { return writable.contains(entry.first); });
@@ -122,11 +124,27 @@ bool PropertyListDefaults::change(const Changes& changes) {
             watchFolder();
     }
     const bool isWritten = written && _pending.empty();
+    const bool isWaiting = !written && !writable.empty();
+    _nextAttempt = isWaiting ? _runLoop.scheduleTimer(SecondsBetweenAttempts, false, [this] { change({}); }) : nullptr;
     std::vector<std::string> told;
     for (const auto& [key, value] : changes)
         told.push_back(key);
     takeOver(written.value_or(_stored), std::move(told));
+    tellOfUnwrittenChanges();
     return isWritten;
+}
+
+// All that wait, but for values that no file can hold.
+PropertyListChanges PropertyListDefaults::writableChanges() const {
+    PropertyListChanges writable = _pending;
+    std::erase_if(
+        writable, [](const auto& entry) { return entry.second && !PropertyListDictionary::canHold(*entry.second); });
+    return writable;
+}
+
+void PropertyListDefaults::tellOfUnwrittenChanges() {
+    if (std::exchange(_toldOfUnwrittenChanges, hasUnwrittenChanges()) != hasUnwrittenChanges())
+        _observers.tell(std::string(UnwrittenChangesKeyPath));
 }
 
 void PropertyListDefaults::reload() {

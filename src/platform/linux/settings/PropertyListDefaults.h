@@ -13,6 +13,7 @@
 namespace tarragon {
 
 class RunLoop;
+class Timer;
 
 // The user's settings in a property list, by default tarragon/tarragon.plist in the user's configuration folder. What
 // other processes write is taken over from the run loop, and told to the observers of the keys whose values changed by
@@ -37,6 +38,7 @@ public:
     bool removeValue(std::string_view key) override;
     void revertToInitialValues() override;
     bool synchronize() override;
+    bool hasUnwrittenChanges() override { return !_pending.empty(); }
     DefaultsObserver addObserver(const std::string& keyPath, Observer observer) override;
     void removeObserver(DefaultsObserver observer) override;
 
@@ -45,6 +47,8 @@ private:
     using Changes = std::vector<std::pair<std::string, std::optional<DefaultsValue>>>;
 
     bool change(const Changes& changes);
+    PropertyListChanges writableChanges() const;
+    void tellOfUnwrittenChanges();
     void reload();
     void takeOver(PropertyListValues values, std::vector<std::string> keys);
     void watchFolder();
@@ -56,8 +60,10 @@ private:
     PropertyListValues _stored;
     PropertyListValues _registered;
     DefaultsDictionary _initialValues;
-    // Changes that could not be written yet; tried again with the next one.
+    // Changes that could not be written yet.
     PropertyListChanges _pending;
+    bool _toldOfUnwrittenChanges = false;
+    std::unique_ptr<Timer> _nextAttempt; // nullptr while nothing waits to be written
     DefaultsObservers _observers;
     int _folderEvents = -1;
     int _folderWatch = -1;

@@ -29,7 +29,8 @@ protected:
     void showWithNotices() {
         controller().displayWindow();
         window().setHotKeyRefusal(HotKeyRefusal{"Ctrl+Alt+Shift+Space", "Ctrl+Alt+Super+Space"});
-        window().setAccessIsMissing(true);
+        window().setBorderNotice(
+            {.settingsAreUnwritten = true, .accessIsMissing = true, .accessCannotBeSwitchedOn = true});
         window().setHideHotKeyWarning(false);
         window().setHideButtonWarning(false);
     }

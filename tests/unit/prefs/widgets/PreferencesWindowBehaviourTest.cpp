@@ -209,7 +209,7 @@ TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsTheWidestWordsOfAnotherPane) {
     settle();
     const int before = window().width();
     window().setHotKeyRefusal(HotKeyRefusal{"Alt", std::string(150, 'M')});
-    window().setAccessIsMissing(true);
+    window().setBorderNotice({.accessIsMissing = true});
     settle();
     const int wide = window().width();
     EXPECT_GT(wide, before);
@@ -232,7 +232,7 @@ TEST_F(PreferencesWindowBehaviourTest, GrowsWithTheWordsBelowThePanes) {
     controller().displayWindow();
     settle();
     const int before = window().height();
-    window().setAccessIsMissing(true);
+    window().setBorderNotice({.accessIsMissing = true});
     settle();
     EXPECT_GT(window().height(), before);
     EXPECT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::General));

@@ -367,6 +367,34 @@ TEST_F(QtPreferencesWindowTest, ExplainsHowToGiveAccessAndSwitchesItOn) {
     EXPECT_THAT(told, IsEmpty());
 }
 
+TEST_F(QtPreferencesWindowTest, SaysThatAccessCouldNotBeSwitchedOn) {
+    fake.accessibility.setEnabled(false);
+    fake.accessibility.setTrusted(false);
+    fake.accessibility.setSettings(false, false);
+    controller().displayWindow();
+    window().findChild<QMessageBox*>()->reject();
+    control<QPushButton>("switchAccessOnButton").click();
+    EXPECT_TRUE(control<QLabel>("borderViewText").text().startsWith("Access could not be turned on from here."));
+    // To try it once more.
+    EXPECT_TRUE(isShown("switchAccessOnButton"));
+}
+
+TEST_F(QtPreferencesWindowTest, SaysThatChangesAreNotKept) {
+    const QString unwritten = "The settings cannot be written to disk";
+    const auto& label = control<QLabel>("borderViewText");
+    controller().displayWindow();
+    fake.defaults.setWritable(false);
+    control<QAbstractButton>("enableScreenTop").click();
+    EXPECT_TRUE(label.text().startsWith(unwritten));
+    EXPECT_FALSE(isShown("switchAccessOnButton"));
+    window().setBorderNotice({.settingsAreUnwritten = true, .accessIsMissing = true});
+    EXPECT_TRUE(label.text().startsWith(unwritten));
+    EXPECT_TRUE(label.text().contains("Tarragon cannot read"));
+    EXPECT_TRUE(isShown("switchAccessOnButton"));
+    fake.defaults.setWritable(true);
+    EXPECT_EQ(label.text(), "Every change counts at once.");
+}
+
 TEST_F(QtPreferencesWindowTest, HasOneAlertHoweverOftenItIsShown) {
     fake.accessibility.setEnabled(false);
     fake.accessibility.setTrusted(false);

@@ -349,6 +349,72 @@ TEST_F(PropertyListDefaultsTest, HoldAValueInMemoryWhenItCannotBeWritten) {
         ElementsAre(testing::StartsWith("settings error: the settings in " + _file.string() + " cannot be ")));
 }
 
+// A file is in the way of the folder, which nothing can be written to for as long.
+class UnwrittenChangesTest : public PropertyListDefaultsTest {
+protected:
+    UnwrittenChangesTest() { std::ofstream(inTheWay()) << "in the way"; }
+    fs::path inTheWay() const { return _folder / "tarragon"; }
+
+    std::unique_ptr<PropertyListDefaults> openAndWatch() {
+        auto defaults = open();
+        defaults->addObserver(std::string(UnwrittenChangesKeyPath),
+            [this, told = defaults.get()](const std::string&) { _states.push_back(told->hasUnwrittenChanges()); });
+        return defaults;
+    }
+
+    std::vector<bool> _states;
+};
+
+TEST_F(UnwrittenChangesTest, AreToldOfWhenTheyComeAndWhenTheyAreWritten) {
+    auto defaults = openAndWatch();
+    EXPECT_FALSE(defaults->hasUnwrittenChanges());
+    EXPECT_FALSE(defaults->setValue("A", true));
+    EXPECT_FALSE(defaults->setValue("B", true));
+    EXPECT_TRUE(defaults->hasUnwrittenChanges());
+    EXPECT_THAT(_states, ElementsAre(true));
+    fs::remove(inTheWay());
+    EXPECT_TRUE(defaults->setValue("C", true));
+    EXPECT_FALSE(defaults->hasUnwrittenChanges());
+    EXPECT_TRUE(defaults->setValue("D", true));
+    EXPECT_THAT(_states, ElementsAre(true, false));
+}
+
+TEST_F(UnwrittenChangesTest, AreWrittenByThemselvesOnceThereIsRoom) {
+    auto defaults = openAndWatch();
+    EXPECT_FALSE(defaults->setValue("A", true));
+    _runLoop.advance(100);
+    EXPECT_THAT(_states, ElementsAre(true));
+    fs::remove(inTheWay());
+    _runLoop.advance(30);
+    EXPECT_THAT(_states, ElementsAre(true, false));
+    EXPECT_EQ(another()->value("A"), DefaultsValue(true));
+    EXPECT_THAT(_runLoop.validTimers(), IsEmpty());
+}
+
+TEST_F(UnwrittenChangesTest, AreWrittenAtTheEndAtTheLatest) {
+    auto defaults = open();
+    EXPECT_FALSE(defaults->setValue("A", true));
+    fs::remove(inTheWay());
+    defaults.reset();
+    EXPECT_EQ(another()->value("A"), DefaultsValue(true));
+}
+
+TEST_F(UnwrittenChangesTest, AreSaidToBeLostAtTheEnd) {
+    auto defaults = open();
+    EXPECT_FALSE(defaults->setValue("A", true));
+    EXPECT_THAT(_log.takeLines(), SizeIs(1));
+    defaults.reset();
+    EXPECT_THAT(_log.takeLines(), ElementsAre("settings error: settings that could not be written are lost"));
+}
+
+TEST_F(UnwrittenChangesTest, AreNotTriedAgainWhenNoFileCanHoldThem) {
+    fs::remove(inTheWay());
+    auto defaults = openAndWatch();
+    EXPECT_FALSE(defaults->setValue("A", std::string("a\0b", 3)));
+    EXPECT_TRUE(defaults->hasUnwrittenChanges());
+    EXPECT_THAT(_runLoop.validTimers(), IsEmpty());
+}
+
 TEST_F(PropertyListDefaultsTest, LeaveAFileAloneThatCannotBeRead) {
     fs::create_directories(_file);
     auto defaults = open();
