@@ -92,22 +92,22 @@ QString versionText(const std::string& version) {
 }
 
 QString borderText(const BorderNotice& notice) {
-    QStringList sentences;
+    QStringList paragraphs;
     if (notice.settingsAreUnwritten)
-        sentences += words(sourceText("PreferenceTexts",
+        paragraphs += words(sourceText("PreferenceTexts",
             "The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or "
             "see that the folder of the settings can be written to."));
     if (notice.accessCannotBeSwitchedOn)
-        sentences += words(sourceText("PreferenceTexts",
+        paragraphs += words(sourceText("PreferenceTexts",
             "Access could not be turned on from here. Open System Preferences yourself, and turn on \"Enable access "
             "for assistive devices\"."));
     else if (notice.accessIsMissing)
-        sentences += words(sourceText("PreferenceTexts",
+        paragraphs += words(sourceText("PreferenceTexts",
             "Tarragon cannot read the menus of other applications. Turn on \"Enable access for assistive devices\" "
             "in System Preferences."));
-    if (sentences.isEmpty())
+    if (paragraphs.isEmpty())
         return words(sourceText("PreferenceTexts", "Every change counts at once."));
-    return sentences.join(' ');
+    return paragraphs.join('\n');
 }
 
 } // namespace tarragon
