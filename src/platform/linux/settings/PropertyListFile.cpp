@@ -9,8 +9,6 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
-#include <future>
-#include <memory>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -74,25 +72,17 @@ bool writeAll(int descriptor, std::string_view contents) {
     return true;
 }
 
-// A process that holds the lock and hangs must not make this one hang. Waiting is left to a thread, because asking
-// again and again would miss the moments between two writes of a busy process; one that waits in vain keeps the file
-// open and gives the lock back when it gets it after all.
-bool lockWithinReason(const std::shared_ptr<FileDescriptor>& file) {
-    if (flock(file->get(), LOCK_EX | LOCK_NB) == 0)
-        return true;
-    if (errno != EWOULDBLOCK && errno != EINTR)
-        return false;
-    auto answer = std::make_shared<std::promise<int>>();
-    std::future<int> failure = answer->get_future();
-    std::thread([file, answer] {
-        int result = 0;
-        do {
-            result = flock(file->get(), LOCK_EX) == 0 ? 0 : errno;
-        } while (result == EINTR);
-        answer->set_value(result);
-    }).detach();
-    errno = failure.wait_for(std::chrono::seconds(1)) == std::future_status::ready ? failure.get() : EWOULDBLOCK;
-    return errno == 0;
+// A process that holds the lock and hangs must not make this one hang. Another one's write takes about a millisecond.
+bool lockWithinReason(const FileDescriptor& file) {
+    constexpr std::chrono::seconds Patience{1};
+    constexpr std::chrono::microseconds Interval{200};
+    const auto end = std::chrono::steady_clock::now() + Patience;
+    while (flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(Interval);
+    }
+    return true;
 }
 
 std::string dateAndTime() {
@@ -141,8 +131,8 @@ std::optional<PropertyListValues> PropertyListFile::merge(const PropertyListChan
     makeFolder();
     // A file of its own, because the settings' file is replaced by each change. It is never removed: a process could
     // still be waiting for the removed one.
-    const auto lock = std::make_shared<FileDescriptor>(withSuffix(_file, ".lock"), O_RDWR | O_CREAT);
-    if (!*lock || !lockWithinReason(lock)) {
+    const FileDescriptor lock(withSuffix(_file, ".lock"), O_RDWR | O_CREAT);
+    if (!lock || !lockWithinReason(lock)) {
         report("cannot be locked for writing", errno);
         return std::nullopt;
     }
@@ -178,8 +168,8 @@ std::optional<PropertyListDictionary> PropertyListFile::readDictionary(Lock lock
     if (lock == Lock::Held)
         return moveAside() ? std::optional(PropertyListDictionary()) : std::nullopt;
     // Another process may be moving it aside at this moment: look again while nobody else does.
-    const auto lockFile = std::make_shared<FileDescriptor>(withSuffix(_file, ".lock"), O_RDWR | O_CREAT);
-    if (!*lockFile || !lockWithinReason(lockFile)) {
+    const FileDescriptor lockFile(withSuffix(_file, ".lock"), O_RDWR | O_CREAT);
+    if (!lockFile || !lockWithinReason(lockFile)) {
         report("are damaged and cannot be moved aside", errno);
         return std::nullopt;
     }

@@ -391,6 +391,28 @@ TEST_F(UnwrittenChangesTest, AreWrittenByThemselvesOnceThereIsRoom) {
     EXPECT_THAT(_runLoop.validTimers(), IsEmpty());
 }
 
+TEST_F(UnwrittenChangesTest, HoldNothingWhileAnotherProcessKeepsTheFile) {
+    const auto held = [] {
+        const auto count = [](const char* folder) {
+            return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+        };
+        return std::pair(count("/proc/self/task"), count("/proc/self/fd"));
+    };
+    fs::remove(inTheWay());
+    auto defaults = openAndWatch();
+    ASSERT_TRUE(defaults->setValue("A", std::int64_t(1)));
+    const int lock = ::open((_file.string() + ".lock").c_str(), O_RDWR);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+    EXPECT_FALSE(defaults->setValue("A", std::int64_t(2)));
+    const auto before = held();
+    _runLoop.advance(65);
+    EXPECT_EQ(held(), before);
+    close(lock);
+    _runLoop.advance(30);
+    EXPECT_THAT(_states, ElementsAre(true, false));
+    EXPECT_EQ(another()->value("A"), DefaultsValue(std::int64_t(2)));
+}
+
 TEST_F(UnwrittenChangesTest, AreWrittenAtTheEndAtTheLatest) {
     auto defaults = open();
     EXPECT_FALSE(defaults->setValue("A", true));
