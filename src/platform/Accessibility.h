@@ -31,7 +31,8 @@ public:
     [[nodiscard]] virtual bool isEnabled() = 0;
     // This process may use the accessibility interface.
     [[nodiscard]] virtual bool isTrusted() = 0;
-    // Takes the user to where access is granted, or grants it where a program may. False when there is no such place.
+    // Takes the user to where access is granted, or grants it where a program may. False when there is no such place,
+    // and when it was not granted after all.
     virtual bool openSettings() = 0;
 
     // The element from which "AXFocusedApplication" is asked; nil when the interface cannot be reached.

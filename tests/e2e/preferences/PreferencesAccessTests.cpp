@@ -121,6 +121,17 @@ TEST_P(PreferencesAccessTest, TheProgramGoesOnWhereThereIsNothingToSwitchOn) {
     EXPECT_TRUE(_program->isRunning());
 }
 
+TEST_P(PreferencesAccessTest, TheProgramGoesOnWhereItIsSwitchedOnInVain) {
+    const auto service = desktop().start({E2E_STUBBORN_ACCESSIBILITY}, _environment);
+    ASSERT_TRUE(waitUntil([&] { return service->standardOutput() == "ready\n"; }));
+    startProgram();
+    ASSERT_TRUE(shows(2));
+    input().tap(XK_Return);
+    EXPECT_TRUE(shows(1));
+    EXPECT_EQ(service->standardOutput(), "ready\nasked\n");
+    EXPECT_TRUE(_program->isRunning());
+}
+
 TEST_P(PreferencesAccessTest, TheOtherButtonQuits) {
     startProgram();
     ASSERT_TRUE(shows(2));

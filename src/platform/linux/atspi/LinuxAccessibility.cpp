@@ -76,7 +76,9 @@ bool LinuxAccessibility::isTrusted() {
 }
 
 bool LinuxAccessibility::openSettings() {
-    return AtspiOperation(_clients).sessionBus().enable();
+    AtspiOperation operation(_clients);
+    // A service may take the change and yet stay off.
+    return operation.sessionBus().enable() && operation.sessionBus().isEnabled();
 }
 
 Element LinuxAccessibility::systemWideElement() {
