@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
-        <translation>Sollen sie eingeschaltet werden? Tarragon wird dann beendet und muss neu gestartet werden, ebenso Anwendungen, deren Menüs nicht erscheinen. (In GNOME, Xfce und den meisten anderen Arbeitsumgebungen gehören diese Dienste zum Paket at-spi2-core. Ohne dieses geschieht nichts.)</translation>
+        <translation>Sollen sie eingeschaltet werden? Tarragon wird dann beendet und muss neu gestartet werden, ebenso Anwendungen, deren Menüs nicht erscheinen. (In GNOME, Xfce und den meisten anderen Arbeitsumgebungen gehören diese Dienste zum Paket at-spi2-core.)</translation>
     </message>
     <message>
         <source>Open System Preferences</source>
@@ -453,12 +453,12 @@
         <translation>Version %@</translation>
     </message>
     <message>
-        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</source>
-        <translation>Die Einstellungen lassen sich nicht speichern: Änderungen gehen verloren, wenn Tarragon beendet wird. Platz auf dem Datenträger schaffen oder dafür sorgen, dass der Ordner der Einstellungen beschreibbar ist.</translation>
+        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. The disk may be full, or the folder of the settings protected.</source>
+        <translation>Die Einstellungen lassen sich nicht speichern: Änderungen gehen verloren, wenn Tarragon beendet wird. Vielleicht ist der Datenträger voll oder der Ordner der Einstellungen schreibgeschützt.</translation>
     </message>
     <message>
         <source>Access could not be turned on from here. Open System Preferences yourself, and turn on &quot;Enable access for assistive devices&quot;.</source>
-        <translation>Die Barrierefreiheitsdienste ließen sich nicht einschalten. Das Paket at-spi2-core installieren, neu anmelden und sie dann hier einschalten.</translation>
+        <translation>Die Barrierefreiheitsdienste ließen sich nicht einschalten. Sie gehören zum Paket at-spi2-core. Ist es installiert, bitte neu anmelden und sie hier einschalten.</translation>
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
@@ -688,7 +688,7 @@
     </message>
     <message>
         <source>Tarragon starts when you log in.</source>
-        <translation>Tarragon startet bei der Anmeldung von selbst.</translation>
+        <translation>Tarragon startet bei der Anmeldung.</translation>
     </message>
     <message>
         <source>Show an &amp;icon in the tray</source>

@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
-        <translation>Faut-il les activer&#xa0;? Tarragon se ferme ensuite et doit être relancé, de même que les applications dont les menus n’apparaissent pas. (Sous GNOME, Xfce et la plupart des autres environnements de bureau, ces services sont fournis par le paquet at-spi2-core. Sans lui, rien ne se passe.)</translation>
+        <translation>Faut-il les activer&#xa0;? Tarragon se ferme ensuite et doit être relancé, de même que les applications dont les menus n’apparaissent pas. (Sous GNOME, Xfce et la plupart des autres environnements de bureau, ces services sont fournis par le paquet at-spi2-core.)</translation>
     </message>
     <message>
         <source>Open System Preferences</source>
@@ -453,12 +453,12 @@
         <translation>Version %@</translation>
     </message>
     <message>
-        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</source>
-        <translation>Les préférences ne peuvent pas être enregistrées&#xa0;: les modifications seront perdues lorsque Tarragon sera quitté. Libérez de l’espace sur le disque ou rendez leur dossier accessible en écriture.</translation>
+        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. The disk may be full, or the folder of the settings protected.</source>
+        <translation>Les préférences ne peuvent pas être enregistrées&#xa0;: les modifications seront perdues lorsque Tarragon sera quitté. Le disque est peut-être plein, ou leur dossier protégé en écriture.</translation>
     </message>
     <message>
         <source>Access could not be turned on from here. Open System Preferences yourself, and turn on &quot;Enable access for assistive devices&quot;.</source>
-        <translation>Les services d’accessibilité n’ont pas pu être activés. Installez le paquet at-spi2-core, reconnectez-vous, puis activez-les ici.</translation>
+        <translation>Les services d’accessibilité n’ont pas pu être activés. Ils sont fournis par le paquet at-spi2-core&#xa0;: une fois celui-ci installé, reconnectez-vous et activez-les ici.</translation>
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>
@@ -688,7 +688,7 @@
     </message>
     <message>
         <source>Tarragon starts when you log in.</source>
-        <translation>Tarragon démarre tout seul à l’ouverture de session.</translation>
+        <translation>Tarragon démarre à l’ouverture de session.</translation>
     </message>
     <message>
         <source>Show an &amp;icon in the tray</source>

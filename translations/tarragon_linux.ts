@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Would you like to launch System Preferences so that you can turn on &quot;Enable access for assistive devices&quot;? (Please relaunch Tarragon after turning on this setting)</source>
-        <translation>Would you like to switch them on? Tarragon then ends; please start it again, and restart applications whose menus do not show. (On GNOME, Xfce and most other desktops these services come with the package at-spi2-core. Without it nothing happens.)</translation>
+        <translation>Would you like to switch them on? Tarragon then ends; please start it again, and restart applications whose menus do not show. (On GNOME, Xfce and most other desktops these services come with the package at-spi2-core.)</translation>
     </message>
     <message>
         <source>Open System Preferences</source>
@@ -453,12 +453,12 @@
         <translation>Version %@</translation>
     </message>
     <message>
-        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</source>
-        <translation>The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or see that the folder of the settings can be written to.</translation>
+        <source>The settings cannot be written to disk: changes are lost when Tarragon quits. The disk may be full, or the folder of the settings protected.</source>
+        <translation>The settings cannot be written to disk: changes are lost when Tarragon quits. The disk may be full, or the folder of the settings protected.</translation>
     </message>
     <message>
         <source>Access could not be turned on from here. Open System Preferences yourself, and turn on &quot;Enable access for assistive devices&quot;.</source>
-        <translation>The accessibility services could not be switched on. Install the package at-spi2-core, log in again, and switch them on here.</translation>
+        <translation>The accessibility services could not be switched on. They come with the package at-spi2-core: once it is installed, log in again and switch them on here.</translation>
     </message>
     <message>
         <source>Tarragon cannot read the menus of other applications. Turn on &quot;Enable access for assistive devices&quot; in System Preferences.</source>

@@ -67,6 +67,7 @@ void AppController::accessibilityCreation() {
         return;
     }
     _appUIElementInfo->setAppController(this);
+    _appDelegate.accessibilityWasCreated();
     setupWindowTracking();
     mouseUpMonitor();
     _lastDragPoint = {};

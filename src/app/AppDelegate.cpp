@@ -109,6 +109,8 @@ void AppDelegate::showPreferencePanel() {
 }
 
 void AppDelegate::showPreferencePanelWithHelpAsInitial() {
+    // One after the other, so that access that is missing is asked for twice; the question is shown once.
+    showPreferencePanel();
     preferenceController().displayWindowWithHelpAsInitial();
 }
 
@@ -138,6 +140,11 @@ void AppDelegate::hotKeyRegistrationDidChange() {
         .action = [this] { preferenceController().displayWindowForRecording(); }});
     if (!isShown)
         log(LogCategory::Triggers, [] { return "the desktop shows no notification of the refused hot key"; });
+}
+
+void AppDelegate::accessibilityWasCreated() {
+    if (_preferenceController)
+        _preferenceController->accessDidChange();
 }
 
 void AppDelegate::checkForUpdates() {

@@ -51,6 +51,8 @@ public:
     // The hot key was registered anew, or is not registered any more. Where the desktop has refused it, the user is
     // told, once for each combination.
     void hotKeyRegistrationDidChange();
+    // The menus of other applications can be read now.
+    void accessibilityWasCreated();
 
     void displayAboutPanel();
     void showPreferencePanel();

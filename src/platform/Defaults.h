@@ -55,8 +55,8 @@ public:
     virtual void revertToInitialValues() = 0;
     // Writes what is not written yet and takes over what other processes wrote. False when writing failed.
     virtual bool synchronize() = 0;
-    // Something that was set could not be written: it holds for this process only. That is tried again with the next
-    // change, from time to time, and at the end.
+    // Something that was set could not be written: it holds for this process only. Unless no store can hold it, that is
+    // tried again with the next change, from time to time, and at the end.
     [[nodiscard]] virtual bool hasUnwrittenChanges() = 0;
 
     // keyPath is "values." followed by the key, or UnwrittenChangesKeyPath. Observers are called on the main thread

@@ -31,12 +31,12 @@ struct HotKeyRefusal {
     bool operator==(const HotKeyRefusal&) const = default;
 };
 
-// What stands below every pane, besides that changes count at once.
-struct BorderNotice {
-    bool settingsAreUnwritten = false; // changes are not kept when the program ends
-    bool accessIsMissing = false;
-    bool accessCannotBeSwitchedOn = false; // it was tried; only while access is missing
-    bool operator==(const BorderNotice&) const = default;
+// What the line below every pane tells.
+enum class BorderNotice {
+    None, // changes count at once
+    SettingsAreUnwritten, // changes are not kept when the program ends
+    AccessIsMissing, // with a button that switches it on
+    AccessCannotBeSwitchedOn // with the same button, to try it once more
 };
 
 // The preferences window as its controller sees it. The controls that are bound to settings read and write these by
@@ -91,8 +91,7 @@ public:
     virtual void setHideButtonWarning(bool hide) = 0;
     // Nothing when the hot key works.
     virtual void setHotKeyRefusal(const std::optional<HotKeyRefusal>& refusal) = 0;
-    // Access can be switched on there while it is missing.
-    virtual void setBorderNotice(const BorderNotice& notice) = 0;
+    virtual void setBorderNotice(BorderNotice notice) = 0;
     // As a sheet on the window; at once when one is there already, whose answer then counts. The handler gets the
     // answer later.
     virtual void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) = 0;

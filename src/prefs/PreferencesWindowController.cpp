@@ -44,8 +44,8 @@ PreferencesWindowController::PreferencesWindowController(
         _observers.push_back(_services.defaults.addObserver(
             keyPathOfPreference(key), [this](const std::string&) { hideWarningsWithoutReason(); }));
     _observers.push_back(_services.defaults.addObserver(
-        std::string(UnwrittenChangesKeyPath), [this](const std::string&) { showWhetherSettingsAreUnwritten(); }));
-    showWhetherSettingsAreUnwritten();
+        std::string(UnwrittenChangesKeyPath), [this](const std::string&) { unwrittenChangesDidChange(); }));
+    unwrittenChangesDidChange();
 }
 
 PreferencesWindowController::~PreferencesWindowController() {
@@ -194,7 +194,9 @@ void PreferencesWindowController::startAtLogin() {
     _startAtLogin = _window->launchCheckBoxIsOn();
     _window->willChangeValueForKey(preference::LaunchOnLogin);
     setStartAtLogin(_services.loginItemList, _services.bundlePath, _startAtLogin);
-    noteWritten(_services.defaults.setValue(preference::LaunchOnLogin, _startAtLogin), preference::LaunchOnLogin);
+    const bool isWritten = _services.defaults.setValue(preference::LaunchOnLogin, _startAtLogin);
+    noteWritten(isWritten, preference::LaunchOnLogin);
+    _startAtLoginIsUnwritten = !isWritten;
     _window->didChangeValueForKey(preference::LaunchOnLogin);
 }
 
@@ -288,11 +290,15 @@ bool PreferencesWindowController::accessIsMissing() {
 }
 
 void PreferencesWindowController::checkAccessibility() {
-    _borderNotice.accessIsMissing = accessIsMissing();
-    _borderNotice.accessCannotBeSwitchedOn = false;
-    _window->setBorderNotice(_borderNotice);
-    if (_borderNotice.accessIsMissing)
+    _accessCannotBeSwitchedOn = false;
+    accessDidChange();
+    if (_accessIsMissing)
         _window->showAccessibilityAlert([this](AccessibilityAlertAnswer answer) { answerAccessibilityAlert(answer); });
+}
+
+void PreferencesWindowController::accessDidChange() {
+    _accessIsMissing = accessIsMissing();
+    showBorderNotice();
 }
 
 void PreferencesWindowController::answerAccessibilityAlert(AccessibilityAlertAnswer answer) {
@@ -314,17 +320,28 @@ bool PreferencesWindowController::openAccessibilitySettings() {
     const bool isOpened = _services.accessibility.openSettings();
     if (!isOpened)
         log(LogCategory::Accessibility, [] { return "the interface cannot be switched on from here"; });
-    _borderNotice.accessIsMissing = accessIsMissing();
-    _borderNotice.accessCannotBeSwitchedOn = _borderNotice.accessIsMissing && !isOpened;
-    _window->setBorderNotice(_borderNotice);
+    _accessCannotBeSwitchedOn = !isOpened;
+    accessDidChange();
     return isOpened;
 }
 
-// Settings on disk.
+// What is told below the panes.
 
-void PreferencesWindowController::showWhetherSettingsAreUnwritten() {
-    _borderNotice.settingsAreUnwritten = _services.defaults.hasUnwrittenChanges();
-    _window->setBorderNotice(_borderNotice);
+void PreferencesWindowController::unwrittenChangesDidChange() {
+    _settingsAreUnwritten = _services.defaults.hasUnwrittenChanges();
+    // What kept the setting from being written may have kept the login item, too.
+    if (!_settingsAreUnwritten && std::exchange(_startAtLoginIsUnwritten, false))
+        setStartAtLogin(_services.loginItemList, _services.bundlePath, _startAtLogin);
+    showBorderNotice();
+}
+
+void PreferencesWindowController::showBorderNotice() {
+    BorderNotice notice = BorderNotice::None;
+    if (_settingsAreUnwritten)
+        notice = BorderNotice::SettingsAreUnwritten;
+    else if (_accessIsMissing)
+        notice = _accessCannotBeSwitchedOn ? BorderNotice::AccessCannotBeSwitchedOn : BorderNotice::AccessIsMissing;
+    _window->setBorderNotice(notice);
 }
 
 } // namespace tarragon

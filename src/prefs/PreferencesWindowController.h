@@ -96,6 +96,8 @@ public:
 
     // Another combination was registered, or refused, or the hot key was switched off.
     void hotKeyRegistrationDidChange();
+    // Access to the accessibility interface may have been given or taken away.
+    void accessDidChange();
     // Takes one that is free, or waits for the user to press one where none is known.
     void tryAnotherCombination();
 
@@ -132,7 +134,8 @@ private:
     void hideWarningsWithoutReason();
     void setHideHotKeyWarning(bool hide);
     void setHideButtonWarning(bool hide);
-    void showWhetherSettingsAreUnwritten();
+    void unwrittenChangesDidChange();
+    void showBorderNotice();
     void checkAccessibility();
     bool accessIsMissing();
     bool openAccessibilitySettings();
@@ -146,9 +149,12 @@ private:
     PreferencesWindowControllerDelegate* _delegate;
     std::vector<DefaultsObserver> _observers;
     bool _startAtLogin = false;
+    bool _startAtLoginIsUnwritten = false;
     bool _hideHotKeyWarning = true;
     bool _hideButtonWarning = true;
-    BorderNotice _borderNotice;
+    bool _accessIsMissing = false;
+    bool _accessCannotBeSwitchedOn = false; // it was tried
+    bool _settingsAreUnwritten = false;
     std::unique_ptr<PreferencesWindow> _window; // after what it may ask while it is made
 };
 

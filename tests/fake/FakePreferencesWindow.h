@@ -34,7 +34,7 @@ struct PreferencesWindowRecord {
     bool hotKeyWarningIsHidden = false;
     bool buttonWarningIsHidden = false;
     std::optional<HotKeyRefusal> refusal;
-    BorderNotice borderNotice;
+    BorderNotice borderNotice = BorderNotice::None;
     std::function<void(AccessibilityAlertAnswer)> answerAlert; // empty while no alert was shown
     std::function<void()> whenAlertIsShown;
 };
@@ -73,7 +73,7 @@ public:
     void setHideHotKeyWarning(bool hide) override { _record.hotKeyWarningIsHidden = hide; }
     void setHideButtonWarning(bool hide) override { _record.buttonWarningIsHidden = hide; }
     void setHotKeyRefusal(const std::optional<HotKeyRefusal>& refusal) override { _record.refusal = refusal; }
-    void setBorderNotice(const BorderNotice& notice) override { _record.borderNotice = notice; }
+    void setBorderNotice(BorderNotice notice) override { _record.borderNotice = notice; }
     void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override;
 
 private:

@@ -59,7 +59,7 @@ QImage sheetOfPanes(double scale, bool showsNotices) {
     controller.displayWindow();
     if (showsNotices) {
         window.setHotKeyRefusal(HotKeyRefusal{"Alt+Space", "Ctrl+Shift+Space"});
-        window.setBorderNotice({.settingsAreUnwritten = true, .accessIsMissing = true});
+        window.setBorderNotice(BorderNotice::AccessIsMissing);
         window.setHideHotKeyWarning(false);
         window.setHideButtonWarning(false);
     }

@@ -91,23 +91,25 @@ QString versionText(const std::string& version) {
     return words(sourceText("PreferenceTexts", "Version %@"), {version});
 }
 
-QString borderText(const BorderNotice& notice) {
-    QStringList paragraphs;
-    if (notice.settingsAreUnwritten)
-        paragraphs += words(sourceText("PreferenceTexts",
-            "The settings cannot be written to disk: changes are lost when Tarragon quits. Make room on the disk, or "
-            "see that the folder of the settings can be written to."));
-    if (notice.accessCannotBeSwitchedOn)
-        paragraphs += words(sourceText("PreferenceTexts",
-            "Access could not be turned on from here. Open System Preferences yourself, and turn on \"Enable access "
-            "for assistive devices\"."));
-    else if (notice.accessIsMissing)
-        paragraphs += words(sourceText("PreferenceTexts",
+QString borderText(BorderNotice notice) {
+    switch (notice) {
+    case BorderNotice::SettingsAreUnwritten:
+        return words(sourceText("PreferenceTexts",
+            "The settings cannot be written to disk: changes are lost when Tarragon quits. The disk may be full, or "
+            "the "
+            "folder of the settings protected."));
+    case BorderNotice::AccessIsMissing:
+        return words(sourceText("PreferenceTexts",
             "Tarragon cannot read the menus of other applications. Turn on \"Enable access for assistive devices\" "
             "in System Preferences."));
-    if (paragraphs.isEmpty())
-        return words(sourceText("PreferenceTexts", "Every change counts at once."));
-    return paragraphs.join('\n');
+    case BorderNotice::AccessCannotBeSwitchedOn:
+        return words(sourceText("PreferenceTexts",
+            "Access could not be turned on from here. Open System Preferences yourself, and turn on \"Enable access "
+            "for assistive devices\"."));
+    case BorderNotice::None:
+        break;
+    }
+    return words(sourceText("PreferenceTexts", "Every change counts at once."));
 }
 
 } // namespace tarragon

@@ -23,6 +23,6 @@ QString takeProposalTitle(const HotKeyRefusal& refusal);
 QString librariesText();
 QString versionText(const std::string& version);
 // That changes count at once, or what is the matter.
-QString borderText(const BorderNotice& notice);
+QString borderText(BorderNotice notice);
 
 } // namespace tarragon

@@ -180,6 +180,9 @@ double QtPreferencesWindow::paneHeight(PreferencePane pane) const {
 }
 
 void QtPreferencesWindow::removeSubviewsOfContent() {
+    // A stray key would change whatever control of the next pane the toolkit passes it to.
+    if (_ui->contentView->isAncestorOf(focusWidget()))
+        focusSelectedItem();
     _ui->contentView->setCurrentWidget(_ui->emptyView);
 }
 
@@ -335,9 +338,11 @@ void QtPreferencesWindow::showPopUpHelp() {
     _ui->popUpHelpText->setText(popUpHelpText(_platform.defaults, _platform.keyboard, _hotKeyIsRefused));
 }
 
-void QtPreferencesWindow::setBorderNotice(const BorderNotice& notice) {
+void QtPreferencesWindow::setBorderNotice(BorderNotice notice) {
     _ui->borderViewText->setText(borderText(notice));
-    _ui->switchAccessOnButton->setVisible(notice.accessIsMissing);
+    _ui->borderViewIcon->setVisible(notice != BorderNotice::None);
+    _ui->switchAccessOnButton->setVisible(
+        notice == BorderNotice::AccessIsMissing || notice == BorderNotice::AccessCannotBeSwitchedOn);
 }
 
 void QtPreferencesWindow::showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) {

@@ -65,7 +65,7 @@ public:
     void setHideHotKeyWarning(bool hide) override;
     void setHideButtonWarning(bool hide) override;
     void setHotKeyRefusal(const std::optional<HotKeyRefusal>& refusal) override;
-    void setBorderNotice(const BorderNotice& notice) override;
+    void setBorderNotice(BorderNotice notice) override;
     void showAccessibilityAlert(std::function<void(AccessibilityAlertAnswer)> handler) override;
 
 protected:
@@ -112,7 +112,7 @@ private:
     QSize _size; // at the end of the animation
     std::optional<QPoint> _place; // where it was when it was closed
     QVariantAnimation* _animation;
-    QTimer _fitting; // runs from the first of several words that change together until all have changed
+    QTimer _fitting; // has the window fit its words once all that change together have changed
 };
 
 } // namespace tarragon

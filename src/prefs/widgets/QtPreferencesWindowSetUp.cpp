@@ -38,7 +38,11 @@ QtPreferencesWindow::QtPreferencesWindow(
     setUpActions();
     followSettings();
     QtPreferencesWindow::setHotKeyRefusal(std::nullopt);
-    QtPreferencesWindow::setBorderNotice({});
+    QtPreferencesWindow::setBorderNotice(BorderNotice::None);
+    constexpr int IconSize = 24;
+    _ui->borderViewIcon->setPixmap(style()
+                                       ->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this)
+                                       .pixmap(QSize(IconSize, IconSize), devicePixelRatioF()));
     connect(_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& height) { resize(_size.width(), height.toInt()); });
     _fitting.setSingleShot(true);

@@ -61,6 +61,18 @@ TEST_F(AppDelegateTest, AsksForAccessWhenTheInterfaceIsNeitherEnabledNorTrusted)
     EXPECT_THAT(fake.runLoop.pauses(), IsEmpty());
 }
 
+TEST_F(AppDelegateTest, NoLongerSaysThatAccessIsMissingOnceTheMenusCanBeRead) {
+    fake.accessibility.setEnabled(false);
+    fake.accessibility.setTrusted(false);
+    launch();
+    EXPECT_EQ(preferences.window.borderNotice, BorderNotice::AccessIsMissing);
+    fake.accessibility.setEnabled(true);
+    fake.accessibility.setTrusted(true);
+    controller().accessibilityCreation();
+    ASSERT_NE(controller().reader(), nullptr);
+    EXPECT_EQ(preferences.window.borderNotice, BorderNotice::None);
+}
+
 TEST_F(AppDelegateTest, AsksNothingWhenTheInterfaceIsEnabledOrTrusted) {
     fake.accessibility.setEnabled(false);
     delegate.accessibilityCheck();
@@ -263,14 +275,15 @@ TEST_F(FirstLaunchTest, RepeatsUntilAccessIsGranted) {
     takeAccessAway();
     for (int launches = 1; launches <= 2; ++launches) {
         delegate.applicationDidFinishLaunching();
-        EXPECT_EQ(alerts(), launches);
+        // By the preferences, and by their help.
+        EXPECT_EQ(alerts(), 2 * launches);
         EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(false));
         // Written before access was looked at, and taken back.
         EXPECT_EQ(writesOfFirstRun(), 2 * launches);
     }
     fake.accessibility.setEnabled(true);
     delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(alerts(), 2);
+    EXPECT_EQ(alerts(), 4);
     EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
     EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(true));
 }
@@ -308,7 +321,8 @@ TEST_F(FirstLaunchTest, LeavesNoMarkWithoutAccess) {
     takeAccessAway();
     launchWhole();
     EXPECT_EQ(controller().reader(), nullptr);
-    EXPECT_EQ(alerts(), 2);
+    // At the start, and twice by the help.
+    EXPECT_EQ(alerts(), 3);
     EXPECT_EQ(preferences.timesLoaded, 1);
     EXPECT_THAT(fake.runLoop.validTimers(), IsEmpty());
     EXPECT_EQ(fake.defaults.storedValue("FirstRun"), DefaultsValue(false));
@@ -483,7 +497,7 @@ TEST_F(OwnMenuTest, ShowsTheHelpAndAsksForAccessWhenItIsMissing) {
     fake.accessibility.setEnabled(false);
     fake.accessibility.setTrusted(false);
     choose("Help...");
-    EXPECT_EQ(alerts(), 1);
+    EXPECT_EQ(alerts(), 2);
     EXPECT_EQ(preferences.window.pane, PreferencePane::Help);
 }
 

@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -27,9 +28,15 @@ constexpr std::int64_t SpaceBar = 49;
 
 class RecordingDelegate : public PreferencesWindowControllerDelegate {
 public:
-    void restartAppUsingSUUpdater() override { told.emplace_back("restart"); }
+    void restartAppUsingSUUpdater() override {
+        told.emplace_back("restart");
+        if (whenRestarted)
+            whenRestarted();
+    }
     void terminate() override { told.emplace_back("terminate"); }
     void openScreencastWebpage() override { told.emplace_back("screencast"); }
+
+    std::function<void()> whenRestarted;
     std::vector<std::string> told;
 };
 
@@ -102,7 +109,7 @@ TEST_F(PreferencesWindowControllerTest, AsksForAccessBetweenShowingTheWindowAndA
     const auto& told = window().told;
     ASSERT_GE(told.size(), 3U);
     EXPECT_THAT(std::vector<std::string>(told.end() - 3, told.end()), ElementsAre("front", "alert", "activate"));
-    EXPECT_TRUE(window().borderNotice.accessIsMissing);
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
 }
 
 TEST_F(PreferencesWindowControllerTest, AsksForAccessEachTimeThatItShowsTheWindow) {
@@ -113,7 +120,7 @@ TEST_F(PreferencesWindowControllerTest, AsksForAccessEachTimeThatItShowsTheWindo
     accessibility.setEnabled(true);
     controller().displayWindow();
     EXPECT_EQ(std::count(window().told.begin(), window().told.end(), "alert"), 2);
-    EXPECT_FALSE(window().borderNotice.accessIsMissing);
+    EXPECT_EQ(window().borderNotice, BorderNotice::None);
 }
 
 TEST_F(PreferencesWindowControllerTest, AsksForNothingWithEitherKindOfAccess) {
@@ -384,8 +391,10 @@ TEST_F(ResetTest, RestoresTheSettingsTheRecorderAndTheLoginItem) {
 
 TEST_F(PreferencesWindowControllerTest, WritesTheSettingsBeforeItStartsTheProgramAnew) {
     const int before = defaults.synchronizeCount();
+    int whenRestarted = 0;
+    delegate.whenRestarted = [&] { whenRestarted = defaults.synchronizeCount(); };
     controller().applyChanges();
-    EXPECT_EQ(defaults.synchronizeCount(), before + 1);
+    EXPECT_EQ(whenRestarted, before + 1);
     EXPECT_THAT(delegate.told, ElementsAre("restart"));
 }
 
@@ -487,24 +496,44 @@ TEST_F(RefusalTest, HasTheUserPressOneWhereNoneIsKnownToBeFree) {
 }
 
 TEST_F(PreferencesWindowControllerTest, SaysForAsLongAsSettingsCannotBeWritten) {
-    EXPECT_EQ(window().borderNotice, BorderNotice());
+    EXPECT_EQ(window().borderNotice, BorderNotice::None);
     defaults.setWritable(false);
     controller().resetButton();
-    EXPECT_EQ(window().borderNotice, BorderNotice{.settingsAreUnwritten = true});
+    EXPECT_EQ(window().borderNotice, BorderNotice::SettingsAreUnwritten);
     takeAccessAway();
     controller().displayWindow();
-    EXPECT_EQ(window().borderNotice, (BorderNotice{.settingsAreUnwritten = true, .accessIsMissing = true}));
+    EXPECT_EQ(window().borderNotice, BorderNotice::SettingsAreUnwritten);
     defaults.setWritable(true);
-    EXPECT_EQ(window().borderNotice, BorderNotice{.accessIsMissing = true});
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
+}
+
+TEST_F(PreferencesWindowControllerTest, WritesTheLoginItemOnceTheSettingIsWritten) {
+    defaults.setWritable(false);
+    loginItems.setWritable(false);
+    window().launchCheckBoxIsOn = true;
+    controller().startAtLogin();
+    EXPECT_THAT(loginItems.items(), IsEmpty());
+    loginItems.setWritable(true);
+    defaults.setWritable(true);
+    EXPECT_EQ(loginItems.items().size(), 1U);
+    // Once, and never when something else could not be written: the user may have changed the list otherwise.
+    window().launchCheckBoxIsOn = false;
+    controller().startAtLogin();
+    EXPECT_THAT(loginItems.items(), IsEmpty());
+    loginItems.add("Tarragon", "/elsewhere");
+    defaults.setWritable(false);
+    controller().mouseButtonChanged();
+    defaults.setWritable(true);
+    EXPECT_EQ(loginItems.items().size(), 1U);
 }
 
 TEST_F(PreferencesWindowControllerTest, SaysThatSettingsCouldNotBeWrittenBeforeItWasThere) {
     defaults.setWritable(false);
     EXPECT_FALSE(defaults.setValue(preference::EnableButton, false));
-    window().borderNotice = {};
+    window().borderNotice = BorderNotice::None;
     const PreferencesWindowController later(
         {accessibility, defaults, workspace, hotKeys, &keyboard, &loginItems, "/opt/Tarragon", {}}, interface, nullptr);
-    EXPECT_EQ(window().borderNotice, BorderNotice{.settingsAreUnwritten = true});
+    EXPECT_EQ(window().borderNotice, BorderNotice::SettingsAreUnwritten);
 }
 
 class AccessTest : public PreferencesWindowControllerTest {
@@ -544,38 +573,45 @@ TEST_F(AccessTest, CanBeSwitchedOnFromTheWindowWhichKeepsTheProgramRunning) {
     accessibility.setSettings(true, true);
     controller().switchAccessOn();
     EXPECT_EQ(accessibility.callsOf(FakeCall::Operation::OpenSettings).size(), 1U);
-    EXPECT_FALSE(window().borderNotice.accessIsMissing);
+    EXPECT_EQ(window().borderNotice, BorderNotice::None);
     EXPECT_THAT(delegate.told, IsEmpty());
 }
 
 TEST_F(AccessTest, IsSaidToStayMissingWhereItCannotBeSwitchedOn) {
     accessibility.setSettings(false, false);
-    const BorderNotice missing{.accessIsMissing = true};
-    EXPECT_EQ(window().borderNotice, missing);
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
     controller().switchAccessOn();
-    const BorderNotice inVain{.accessIsMissing = true, .accessCannotBeSwitchedOn = true};
-    EXPECT_EQ(window().borderNotice, inVain);
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessCannotBeSwitchedOn);
     // It may have become possible.
     controller().displayWindow();
-    EXPECT_EQ(window().borderNotice, missing);
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
     window().answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
-    EXPECT_EQ(window().borderNotice, inVain);
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessCannotBeSwitchedOn);
     accessibility.setSettings(true, true);
     controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice());
+    EXPECT_EQ(window().borderNotice, BorderNotice::None);
+}
+
+TEST_F(AccessTest, MayBeGivenWhileTheWindowIsOpen) {
+    controller().accessDidChange();
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
+    accessibility.setEnabled(true);
+    controller().accessDidChange();
+    EXPECT_EQ(window().borderNotice, BorderNotice::None);
+    EXPECT_EQ(std::count(window().told.begin(), window().told.end(), "alert"), 1);
 }
 
 TEST_F(AccessTest, MayBeGivenElsewhereWhereItsSettingsOpen) {
     accessibility.setSettings(true, false);
     controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice{.accessIsMissing = true});
+    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
 }
 
 TEST_F(AccessTest, MayHaveBeenGivenThoughItCannotBeSwitchedOn) {
     accessibility.setSettings(false, false);
     accessibility.setTrusted(true);
     controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice());
+    EXPECT_EQ(window().borderNotice, BorderNotice::None);
 }
 
 TEST_F(AccessTest, HasTheResultsOfTheAlertsButtons) {

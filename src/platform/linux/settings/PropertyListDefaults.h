@@ -63,7 +63,7 @@ private:
     // Changes that could not be written yet.
     PropertyListChanges _pending;
     bool _toldOfUnwrittenChanges = false;
-    std::unique_ptr<Timer> _nextAttempt; // nullptr while nothing waits to be written
+    std::unique_ptr<Timer> _nextAttempt; // nullptr while nothing waits that a file can hold
     DefaultsObservers _observers;
     int _folderEvents = -1;
     int _folderWatch = -1;

@@ -29,8 +29,7 @@ protected:
     void showWithNotices() {
         controller().displayWindow();
         window().setHotKeyRefusal(HotKeyRefusal{"Ctrl+Alt+Shift+Space", "Ctrl+Alt+Super+Space"});
-        window().setBorderNotice(
-            {.settingsAreUnwritten = true, .accessIsMissing = true, .accessCannotBeSwitchedOn = true});
+        window().setBorderNotice(BorderNotice::AccessIsMissing);
         window().setHideHotKeyWarning(false);
         window().setHideButtonWarning(false);
     }
@@ -59,6 +58,12 @@ TEST_P(PreferencesLanguagesTest, ClipsNoTextInAnyPaneAtAnySize) {
             SCOPED_TRACE(testing::Message() << "pane " << each << " at " << points << " points");
             expectAllTextsFit(showPane(each));
         }
+        for (const BorderNotice notice : {BorderNotice::SettingsAreUnwritten, BorderNotice::AccessCannotBeSwitchedOn}) {
+            SCOPED_TRACE(testing::Message() << "notice " << static_cast<int>(notice) << " at " << points << " points");
+            window().setBorderNotice(notice);
+            expectAllTextsFit(showPane(0));
+        }
+        window().setBorderNotice(BorderNotice::AccessIsMissing);
     }
 }
 

@@ -34,7 +34,7 @@ protected:
         webPages = {"https://p", "https://s", "https://t", "https://f"};
         controller().displayWindow();
         window().setHotKeyRefusal(HotKeyRefusal{"Ctrl+Alt+Shift+Space", "Ctrl+Alt+Super+Space"});
-        window().setBorderNotice({.accessIsMissing = true});
+        window().setBorderNotice(BorderNotice::AccessIsMissing);
         window().setHideHotKeyWarning(false);
         window().setHideButtonWarning(false);
     }
@@ -56,7 +56,6 @@ private:
 
 TEST_F(PreferencesLegibilityTest, ClipsNoTextInAnyPaneAtAnySize) {
     showEverything();
-    window().setBorderNotice({.settingsAreUnwritten = true, .accessIsMissing = true});
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         QApplication::setLayoutDirection(direction);
         for (const int points : {9, 12, 24}) {

@@ -209,7 +209,7 @@ TEST_F(PreferencesWindowBehaviourTest, IsAsWideAsTheWidestWordsOfAnotherPane) {
     settle();
     const int before = window().width();
     window().setHotKeyRefusal(HotKeyRefusal{"Alt", std::string(150, 'M')});
-    window().setBorderNotice({.accessIsMissing = true});
+    window().setBorderNotice(BorderNotice::AccessIsMissing);
     settle();
     const int wide = window().width();
     EXPECT_GT(wide, before);
@@ -232,10 +232,21 @@ TEST_F(PreferencesWindowBehaviourTest, GrowsWithTheWordsBelowThePanes) {
     controller().displayWindow();
     settle();
     const int before = window().height();
-    window().setBorderNotice({.accessIsMissing = true});
+    window().setBorderNotice(BorderNotice::AccessIsMissing);
     settle();
     EXPECT_GT(window().height(), before);
     EXPECT_EQ(window().contentSize().height, window().paneHeight(PreferencePane::General));
+}
+
+TEST_F(PreferencesWindowBehaviourTest, GivesTheKeysToNoControlOfThePaneThatComes) {
+    controller().displayWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    selectPane(PreferencePane::HotKey);
+    control("enableHotkey").setFocus();
+    const auto& toolbar = control<QToolBar>("toolbar");
+    toolbar.actions().at(0)->trigger();
+    settle();
+    EXPECT_EQ(window().focusWidget(), toolbar.widgetForAction(toolbar.actions().at(0)));
 }
 
 TEST_F(PreferencesWindowBehaviourTest, ShowsNoPaneOnceAllAreRemoved) {
