@@ -231,6 +231,11 @@ std::uint32_t XDisplay::workspace() {
     return current.empty() ? 0 : current[0];
 }
 
+void XDisplay::putOnWorkspace(xcb_window_t window, std::uint32_t workspace) {
+    constexpr std::uint32_t fromPager = 2;
+    sendToWindowManager(window, "_NET_WM_DESKTOP", {workspace, fromPager});
+}
+
 void XDisplay::setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
     const std::vector<std::uint32_t>& values) {
     xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom(property), atom(type), 32,

@@ -69,6 +69,7 @@ public:
     // Counted from 0, as a pager does. Asks for as many workspaces as that needs.
     void showWorkspace(std::uint32_t workspace);
     std::uint32_t workspace();
+    void putOnWorkspace(xcb_window_t window, std::uint32_t workspace);
     void setCardinals(xcb_window_t window, const std::string& property, const std::string& type,
         const std::vector<std::uint32_t>& values);
 

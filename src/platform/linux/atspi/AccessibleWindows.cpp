@@ -84,19 +84,22 @@ std::vector<WindowDescription> AccessibleWindows::windowsByActivation(std::int64
     return result;
 }
 
-std::optional<WindowDescription> AccessibleWindows::focusedWindow(
-    std::int64_t processIdentifier, std::uint32_t window) {
+std::optional<FocusedWindow> AccessibleWindows::focusedWindow(std::int64_t processIdentifier, std::uint32_t window) {
     if (processIdentifier != 0) {
         auto active = activeWindow();
         // A window that is being minimised stays the active one for a moment.
         if (active && active->processIdentifier == processIdentifier && !active->hidden)
-            return active;
+            return FocusedWindow{.window = *std::move(active), .isOnShownWorkspace = true};
     }
-    for (const WindowDescription& description : windowsOfApplication(processIdentifier, window)) {
-        if (!description.hidden)
-            return description;
-    }
-    return {};
+    std::vector<WindowDescription> windows = windowsOfApplication(processIdentifier, window);
+    std::erase_if(windows, [](const WindowDescription& description) { return description.hidden; });
+    if (windows.empty())
+        return {};
+    const std::optional<std::uint32_t> workspace = _windows.shownWorkspace();
+    const auto shown = std::ranges::find_if(
+        windows, [workspace](const WindowDescription& description) { return description.isOn(workspace); });
+    const bool isShown = shown != windows.end();
+    return FocusedWindow{.window = isShown ? *shown : windows.front(), .isOnShownWorkspace = isShown};
 }
 
 std::string AccessibleWindows::applicationName(const WindowDescription& window) {

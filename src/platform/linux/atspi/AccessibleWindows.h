@@ -12,6 +12,12 @@
 
 namespace tarragon {
 
+// The window of an application that its user works in, or would if the application were in front.
+struct FocusedWindow {
+    WindowDescription window;
+    bool isOnShownWorkspace = false;
+};
+
 // Applications and their windows as the X server shows them, in the vocabulary of the system. Every application that
 // owns a window is here, whether or not it is accessible in any other way. May be called from any thread.
 class AccessibleWindows {
@@ -34,8 +40,9 @@ public:
     std::vector<WindowDescription> windowsOfApplication(std::int64_t processIdentifier, std::uint32_t window);
     // The windows of a process in the order in which they were last active, the latest first.
     std::vector<WindowDescription> windowsByActivation(std::int64_t processIdentifier);
-    // The active window when it is the application's, else its topmost one that is not minimised.
-    std::optional<WindowDescription> focusedWindow(std::int64_t processIdentifier, std::uint32_t window);
+    // The active window when it is the application's, else its topmost one that is not minimised. Those that the user
+    // sees come before those of other workspaces.
+    std::optional<FocusedWindow> focusedWindow(std::int64_t processIdentifier, std::uint32_t window);
     std::string applicationName(const WindowDescription& window);
 
     // Everything about a window but its parent and children. The title is never nil: the window system makes no

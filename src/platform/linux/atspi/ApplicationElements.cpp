@@ -39,8 +39,8 @@ Value ApplicationElements::copyAttributeValue(const Element& element, std::strin
     if (attribute == attribute::Hidden)
         return isHidden(application);
     if (attribute == attribute::FocusedWindow) {
-        const auto window = focusedWindow(application);
-        return window ? Value{elementOfWindow(*window)} : Value{};
+        const auto focused = focusedWindow(application);
+        return focused ? Value{elementOfWindow(focused->window)} : Value{};
     }
     if (attribute == attribute::MenuBar) {
         const Element found = menuBar(application);
@@ -69,15 +69,14 @@ std::optional<std::int64_t> ApplicationElements::attributeValueCount(
     return count;
 }
 
-std::optional<WindowDescription> ApplicationElements::focusedWindow(const AtspiElement& application) {
+std::optional<FocusedWindow> ApplicationElements::focusedWindow(const AtspiElement& application) {
     BatchMemory* const batch = _clients.batches().ofThread();
-    if (batch != nullptr && batch->focusedWindow
-        && batch->focusedWindow->processIdentifier == application.processIdentifier
-        && batch->focusedWindow->window == application.window)
-        return batch->focusedWindow->focused;
+    if (batch != nullptr && batch->focus && batch->focus->processIdentifier == application.processIdentifier
+        && batch->focus->window == application.window)
+        return batch->focus->focusedWindow;
     auto focused = _windows.focusedWindow(application.processIdentifier, application.window);
     if (batch != nullptr)
-        batch->focusedWindow = {application.processIdentifier, application.window, focused};
+        batch->focus = {application.processIdentifier, application.window, focused};
     return focused;
 }
 
@@ -86,11 +85,11 @@ std::vector<WindowDescription> ApplicationElements::windowsOf(const AtspiElement
 }
 
 Value ApplicationElements::title(const AtspiElement& application) {
-    auto window = focusedWindow(application);
-    if (!window) {
-        const auto all = windowsOf(application);
-        if (!all.empty())
-            window = all.front();
+    std::optional<WindowDescription> window;
+    if (const auto focused = focusedWindow(application)) {
+        window = focused->window;
+    } else if (const auto all = windowsOf(application); !all.empty()) {
+        window = all.front();
     }
     // Without a window its process is all that the application is known by.
     WindowDescription windowless;
@@ -100,16 +99,17 @@ Value ApplicationElements::title(const AtspiElement& application) {
 }
 
 bool ApplicationElements::isHidden(const AtspiElement& application) {
-    // The focused window is one that is not hidden, if there is any; all others are asked only without it.
-    return !focusedWindow(application) && !windowsOf(application).empty();
+    // The focused window is one that is seen, if there is any; all others are asked only without it.
+    const auto focused = focusedWindow(application);
+    return focused ? !focused->isOnShownWorkspace : !windowsOf(application).empty();
 }
 
 Element ApplicationElements::menuBar(const AtspiElement& application) {
-    const auto window = focusedWindow(application);
-    if (!window)
+    const auto focused = focusedWindow(application);
+    if (!focused)
         return {};
     AtspiOperation operation(_clients);
-    const auto found = _menuBars.shownBy(operation, *window);
+    const auto found = _menuBars.shownBy(operation, focused->window);
     if (!found)
         return {};
     auto element = nodeInWindow(found->window, found->application, operation.busIdentity(), found->menuBar);

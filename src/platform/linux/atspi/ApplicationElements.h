@@ -9,6 +9,7 @@ class AccessibleWindows;
 class AtspiClients;
 class AtspiElement;
 class MenuBars;
+struct FocusedWindow;
 
 // Applications, as the window system knows them by their windows. Only the menu bar, also among the children, is asked
 // of the application itself.
@@ -26,9 +27,10 @@ public:
     std::optional<std::int64_t> attributeValueCount(const Element& element, std::string_view attribute) override;
 
 private:
-    std::optional<WindowDescription> focusedWindow(const AtspiElement& application);
+    std::optional<FocusedWindow> focusedWindow(const AtspiElement& application);
     std::vector<WindowDescription> windowsOf(const AtspiElement& application);
     Value title(const AtspiElement& application);
+    // None of its windows is to be seen on the workspace that is shown, and yet there are some.
     bool isHidden(const AtspiElement& application);
     // Nil when the application shows none.
     Element menuBar(const AtspiElement& application);

@@ -3,8 +3,8 @@
 #include "platform/Accessibility.h"
 #include "platform/linux/accessibletree/AtspiNodes.h"
 #include "platform/linux/accessibletree/AtspiTree.h"
+#include "platform/linux/atspi/AccessibleWindows.h"
 #include "platform/linux/atspi/AttributeValueCache.h"
-#include "platform/linux/windows/WindowDescription.h"
 
 #include <cstdint>
 #include <memory>
@@ -19,10 +19,10 @@ namespace tarragon {
 struct BatchMemory {
     // Which window of an application has the focus. The application is named as its element names it: by process, or
     // by a window alone.
-    struct FocusedWindow {
+    struct Focus {
         std::int64_t processIdentifier;
         std::uint32_t window;
-        std::optional<WindowDescription> focused;
+        std::optional<FocusedWindow> focusedWindow;
     };
 
     std::thread::id thread;
@@ -32,7 +32,7 @@ struct BatchMemory {
     AtspiTree::Reading reading = AtspiTree::Reading::SomeAttributes;
     AtspiNodes nodes;
     AttributeValueCache values; // of the whole system, of applications and windows
-    std::optional<FocusedWindow> focusedWindow;
+    std::optional<Focus> focus;
 };
 
 // The memories of all threads that have a read batch open. Never waits for anybody's answer, and may be used from any

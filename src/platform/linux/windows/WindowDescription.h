@@ -4,6 +4,7 @@
 #include "platform/linux/windows/WindowKind.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tarragon {
@@ -23,6 +24,12 @@ struct WindowDescription {
     Point screenOrigin; // where screen space begins in the root window, the same numbers in pixels and in points
     bool fullScreen = false;
     bool hidden = false; // minimised
+    std::optional<std::uint32_t> workspace; // counted from 0; nothing for a window that is on all of them
+
+    // Nothing stands for a window manager that has no workspaces: every window is on the one that there is then.
+    bool isOn(std::optional<std::uint32_t> shownWorkspace) const {
+        return !workspace || !shownWorkspace || workspace == shownWorkspace;
+    }
 };
 
 } // namespace tarragon

@@ -23,6 +23,8 @@ public:
         const std::optional<std::uint32_t> window = activeWindow();
         return window ? describe(*window) : std::nullopt;
     }
+    // The workspace that the user sees, counted from 0; nothing where there are none.
+    virtual std::optional<std::uint32_t> shownWorkspace() = 0;
     // The managed windows, bottom to top.
     virtual std::vector<std::uint32_t> managedWindows() = 0;
     // The managed windows in the order in which they were last active, the latest first. Those that were never seen

@@ -137,6 +137,7 @@ public:
         , _frameExtents(connection, window, atoms.frameExtents)
         , _gtkFrameExtents(connection, window, atoms.gtkFrameExtents)
         , _state(connection, window, atoms.state)
+        , _desktop(connection, window, atoms.desktop)
         , _type(connection, window, atoms.windowType)
         , _transientFor(connection, window, XCB_ATOM_WM_TRANSIENT_FOR) {
         if (atoms.knowsClientProcesses) {
@@ -170,6 +171,9 @@ public:
         const std::vector<xcb_atom_t> state = _state.numbers();
         description.fullScreen = holds(state, _atoms.fullScreen);
         description.hidden = holds(state, _atoms.hidden);
+        constexpr std::uint32_t EveryDesktop = 0xFFFFFFFF;
+        if (const auto desktop = _desktop.number(); desktop && *desktop != EveryDesktop)
+            description.workspace = desktop;
         const std::optional<xcb_window_t> transientFor = _transientFor.number();
         const bool hasOwner = transientFor && *transientFor != XCB_NONE && *transientFor != _root;
         description.transientFor = hasOwner ? *transientFor : 0;
@@ -232,6 +236,7 @@ private:
     X11Property _frameExtents;
     X11Property _gtkFrameExtents;
     X11Property _state;
+    X11Property _desktop;
     X11Property _type;
     X11Property _transientFor;
     xcb_res_query_client_ids_cookie_t _clientIdentifiers = {};
@@ -385,6 +390,10 @@ std::vector<WindowDescription> X11Windows::describeInPixels(const std::vector<st
     return descriptions;
 }
 
+std::optional<std::uint32_t> X11Windows::shownWorkspace() {
+    return X11Property(_connection.get(), _connection.rootWindow(), _atoms->currentDesktop).number();
+}
+
 std::vector<std::uint32_t> X11Windows::managedWindows() {
     X11Property stacked(_connection.get(), _connection.rootWindow(), _atoms->clientListStacking);
     X11Property listed(_connection.get(), _connection.rootWindow(), _atoms->clientList);
@@ -399,31 +408,17 @@ std::vector<std::uint32_t> X11Windows::windowsByActivation() {
 }
 
 std::optional<std::uint32_t> X11Windows::windowAtPosition(const Point& pointCG) {
-    xcb_connection_t* connection = _connection.get();
-    X11Property currentDesktop(connection, _connection.rootWindow(), _atoms->currentDesktop);
-    const std::vector<std::uint32_t> windows = managedWindows();
-    std::vector<X11Property> desktops;
-    desktops.reserve(windows.size());
-    for (const std::uint32_t window : windows)
-        desktops.emplace_back(connection, window, _atoms->desktop);
+    const std::optional<std::uint32_t> workspace = shownWorkspace();
     X11PrimaryMonitor primary(_connection);
-    const std::vector<WindowDescription> descriptions = describeInPixels(windows);
+    std::vector<WindowDescription> topmostFirst = describeInPixels(managedWindows());
+    std::ranges::reverse(topmostFirst);
     const Point screenOrigin = primary.origin();
     const Point pixel = scale().pixelFromPoint({pointCG.x + screenOrigin.x, pointCG.y + screenOrigin.y});
 
-    const std::optional<std::uint32_t> current = currentDesktop.number();
-    constexpr std::uint32_t EveryDesktop = 0xFFFFFFFF;
-    for (std::size_t index = windows.size(); index-- > 0;) {
-        const auto isThisWindow = [&](const auto& description) { return description.identifier == windows[index]; };
-        const auto description = std::find_if(descriptions.begin(), descriptions.end(), isThisWindow);
-        if (description == descriptions.end() || description->hidden || !contains(description->frame, pixel))
+    for (const WindowDescription& window : topmostFirst) {
+        if (window.hidden || !window.isOn(workspace) || !contains(window.frame, pixel))
             continue;
-        const std::optional<std::uint32_t> desktop = desktops[index].number();
-        if (current && desktop && *desktop != EveryDesktop && desktop != current)
-            continue;
-        if (description->kind == WindowKind::Desktop)
-            return std::nullopt;
-        return windows[index];
+        return window.kind == WindowKind::Desktop ? std::nullopt : std::optional(window.identifier);
     }
     return std::nullopt;
 }

@@ -29,6 +29,7 @@ public:
     std::optional<WindowDescription> describe(std::uint32_t window) override;
     std::optional<WindowDescription> describeActiveWindow() override;
     std::vector<WindowDescription> describe(const std::vector<std::uint32_t>& windows) override;
+    std::optional<std::uint32_t> shownWorkspace() override;
     std::vector<std::uint32_t> managedWindows() override;
     std::vector<std::uint32_t> windowsByActivation() override;
     std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) override;

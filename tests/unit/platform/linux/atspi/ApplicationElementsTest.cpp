@@ -31,6 +31,81 @@ TEST_F(ApplicationElementsTest, HaveTheirTopmostWindowFocusedWhileAnotherApplica
     EXPECT_TRUE(isNil(valueOf(attribute::FocusedWindow)));
 }
 
+TEST_F(ApplicationElementsTest, HaveTheTopmostWindowOfTheWorkspaceThatIsShownFocused) {
+    addWindow(1, "One").workspace = 0;
+    addWindow(2, "Two").workspace = 0;
+    addWindow(3, "Three").workspace = 1;
+    addMenuBar(1);
+    addMenuBar(3);
+    windows.add(4, "Other", 1);
+    windows.workspace = 0;
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(2))});
+    windows.at(2).hidden = true;
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(1))});
+    const Element bar = elementIn(valueOf(attribute::MenuBar));
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(AtspiElement::of(bar)->reference.path, barPath(1));
+    windows.workspace = 1;
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(3))});
+    // One that is on every workspace is on this one.
+    windows.at(3).workspace.reset();
+    windows.workspace = 0;
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(3))});
+}
+
+TEST_F(ApplicationElementsTest, HaveTheActiveWindowFocusedWhateverWorkspaceItIsSaidToBeOn) {
+    addWindow(1, "One").workspace = 1;
+    addWindow(2, "Two").workspace = 0;
+    windows.activate(2);
+    windows.workspace = 1;
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(2))});
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
+}
+
+TEST_F(ApplicationElementsTest, AnswerForAWindowOfAnotherWorkspaceWhereTheyHaveNone) {
+    addWindow(1, "One").workspace = 1;
+    addWindow(2, "Two").workspace = 2;
+    addMenuBar(2);
+    windows.at(2).className = "Second";
+    windows.add(3, "Other", 1);
+    windows.workspace = 0;
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(2))});
+    EXPECT_EQ(stringIn(valueOf(attribute::Title)), "Second");
+    const Element bar = elementIn(valueOf(attribute::MenuBar));
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(AtspiElement::of(bar)->reference.path, barPath(2));
+}
+
+TEST_F(ApplicationElementsTest, AreHiddenWhileNoneOfTheirWindowsIsSeenOnTheWorkspaceThatIsShown) {
+    addWindow(1, "One").workspace = 0;
+    addWindow(2, "Two").workspace = 1;
+    windows.add(3, "Other", 1);
+    windows.workspace = 2;
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{true});
+    windows.workspace = 1;
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
+    windows.at(2).hidden = true;
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{true});
+    windows.workspace = 0;
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
+    // A window manager without workspaces tells of none.
+    windows.workspace.reset();
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
+    windows.workspace = 2;
+    windows.at(1).workspace.reset();
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
+}
+
+TEST_F(ApplicationElementsTest, OfAWindowThatTellsNoProcessAreHiddenWithItsWorkspace) {
+    windows.add(1, "One", 0).workspace = 1;
+    const Element stranger = elementOfApplication(0, 1);
+    const auto isHidden = [&] { return accessibility.copyAttributeValue(stranger, attribute::Hidden); };
+    windows.workspace = 1;
+    EXPECT_EQ(isHidden(), Value{false});
+    windows.workspace = 0;
+    EXPECT_EQ(isHidden(), Value{true});
+}
+
 TEST_F(ApplicationElementsTest, ListTheirWindowsTopmostFirstAndTheMenuBarAfterThem) {
     addWindow(1, "One");
     addMenuBar(1);
@@ -164,6 +239,17 @@ TEST_F(ApplicationElementsTest, AreNotAskedForAllTheirWindowsWhileOneIsSeen) {
     windows.questions = 0;
     EXPECT_EQ(valueOf(attribute::Hidden), Value{false});
     EXPECT_EQ(windows.questions, 2); // which one is active, and what it is like
+}
+
+TEST_F(ApplicationElementsTest, AreLookedForOnceInABatchWhileAnotherApplicationIsInFront) {
+    addWindow(1, "One").workspace = 1;
+    windows.add(2, "Other", 1);
+    windows.workspace = 0;
+    const ReadBatch batch(accessibility, ReadBatchDepth::AsAsked);
+    EXPECT_EQ(valueOf(attribute::FocusedWindow), Value{elementOfWindow(windows.at(1))});
+    windows.questions = 0;
+    EXPECT_EQ(valueOf(attribute::Hidden), Value{true});
+    EXPECT_EQ(windows.questions, 0);
 }
 
 TEST_F(ApplicationElementsTest, AndTheirWindowsTellTheSameUntilABatchEnds) {

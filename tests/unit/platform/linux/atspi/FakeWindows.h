@@ -60,6 +60,10 @@ public:
         }
         return result;
     }
+    std::optional<std::uint32_t> shownWorkspace() override {
+        ++questions;
+        return workspace;
+    }
     std::vector<std::uint32_t> managedWindows() override {
         std::vector<std::uint32_t> result;
         for (const WindowDescription& window : windows)
@@ -93,7 +97,8 @@ public:
     std::optional<std::uint32_t> active;
     std::vector<std::uint32_t> activation; // the latest first
     std::vector<std::uint32_t> raised;
-    int questions = 0; // about the active window and about single windows
+    std::optional<std::uint32_t> workspace; // that is shown
+    int questions = 0; // about the active window, single windows and workspaces
     int openLooks = 0;
     std::function<void()> beforeActiveWindow;
 };

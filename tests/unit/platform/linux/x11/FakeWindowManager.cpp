@@ -66,6 +66,14 @@ void FakeWindowManager::setState(std::uint32_t window, const std::string& state)
     setProperty(window, "_NET_WM_STATE", XCB_ATOM_ATOM, {atom(state)});
 }
 
+void FakeWindowManager::putOnWorkspace(std::uint32_t window, std::uint32_t workspace) {
+    setProperty(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {workspace});
+}
+
+void FakeWindowManager::showWorkspace(std::uint32_t workspace) {
+    setProperty(_root, "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, {workspace});
+}
+
 void FakeWindowManager::setTitle(std::uint32_t window, const std::string& title) {
     xcb_change_property(_connection, XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_NAME"), atom("UTF8_STRING"), 8,
         static_cast<std::uint32_t>(title.size()), title.data());

@@ -37,6 +37,10 @@ public:
     // Off the screen and no longer managed.
     void withdraw(std::uint32_t window);
     void setState(std::uint32_t window, const std::string& state);
+    // Workspaces are counted from 0, and a window can be on all of them. Neither moves anything.
+    void putOnWorkspace(std::uint32_t window, std::uint32_t workspace);
+    void showWorkspace(std::uint32_t workspace);
+    static constexpr std::uint32_t EveryWorkspace = 0xFFFFFFFF;
 
     void setTitle(std::uint32_t window, const std::string& title);
     // Puts a frame around a window, with the window in its corner.

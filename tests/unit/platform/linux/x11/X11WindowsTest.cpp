@@ -152,6 +152,45 @@ TEST_F(X11WindowsTest, FollowsTheMonitors) {
     EXPECT_EQ(active().frameCG.origin, (Point{200, 150}));
 }
 
+TEST_F(X11WindowsTest, TellsWhichWorkspaceIsShownAndWhichOneAWindowIsOn) {
+    const std::uint32_t window = openActive();
+    EXPECT_FALSE(windows->shownWorkspace());
+    EXPECT_FALSE(active().workspace);
+    manager->showWorkspace(0);
+    manager->putOnWorkspace(window, 0);
+    EXPECT_EQ(active().workspace, 0U);
+    EXPECT_EQ(windows->shownWorkspace(), 0U);
+    EXPECT_EQ(windows->describe(std::vector{window}).at(0).workspace, 0U);
+    manager->showWorkspace(2);
+    manager->putOnWorkspace(window, 3);
+    EXPECT_EQ(active().workspace, 3U);
+    EXPECT_EQ(windows->describe(window)->workspace, 3U);
+    EXPECT_EQ(windows->shownWorkspace(), 2U);
+    manager->putOnWorkspace(window, FakeWindowManager::EveryWorkspace);
+    EXPECT_FALSE(active().workspace);
+}
+
+TEST_F(X11WindowsTest, FindsNoWindowOfAnotherWorkspaceAtAPoint) {
+    const std::uint32_t lower = manager->open({.process = 1001});
+    const std::uint32_t upper = manager->open({.process = 1001});
+    const auto found = [&] {
+        manager->synchronize();
+        return windows->windowAtPosition({5, 5});
+    };
+    EXPECT_EQ(found(), upper);
+    manager->putOnWorkspace(upper, 1);
+    EXPECT_EQ(found(), upper); // there is no other one to be shown
+    manager->showWorkspace(0);
+    EXPECT_EQ(found(), lower);
+    manager->putOnWorkspace(lower, 1);
+    EXPECT_EQ(found(), std::nullopt);
+    manager->putOnWorkspace(upper, FakeWindowManager::EveryWorkspace);
+    EXPECT_EQ(found(), upper);
+    manager->showWorkspace(1);
+    manager->setState(upper, "_NET_WM_STATE_HIDDEN");
+    EXPECT_EQ(found(), lower);
+}
+
 TEST_F(X11WindowsTest, KnowsNothingOfAWindowThatIsGone) {
     const std::uint32_t window = openActive();
     manager->setTitle(window, "former");
