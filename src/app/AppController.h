@@ -220,6 +220,10 @@ private:
     // Shows the menu of the application itself in bold.
     void boldenAppTitleMenu();
     void setMenuFont();
+    bool ownWindowIsInFront();
+    // Reads the menu bar of the application in front anew. False when an own window has come before it meanwhile: the
+    // mirror stays as it is then.
+    bool readMenusInFront();
     // Once more after a pause, and twice more for applications that publish their menu bar in pieces.
     void readAgainIfEmpty(double pause, const std::vector<std::string>& applicationsReadTwiceMore);
 

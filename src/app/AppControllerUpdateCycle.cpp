@@ -28,12 +28,26 @@ void AppController::pauseForMenuBar(double seconds) {
     _platform.runLoop.pause(seconds);
 }
 
+// An own window leaves the mirror of the application behind it in place.
+bool AppController::ownWindowIsInFront() {
+    return _appUIElementInfo->focusedAppName() == "Tarragon";
+}
+
+bool AppController::readMenusInFront() {
+    if (ownWindowIsInFront()) {
+        log(LogCategory::Front, [] { return "the menus are not read: a window of Tarragon has come to the front"; });
+        return false;
+    }
+    _appUIElementInfo->update();
+    return true;
+}
+
 void AppController::readAgainIfEmpty(double pause, const std::vector<std::string>& applicationsReadTwiceMore) {
     // With no application in front there is nobody who could publish a menu bar later.
     if (menuPopulated() || !_platform.workspace.activeApplication())
         return;
     pauseForMenuBar(pause);
-    _appUIElementInfo->update();
+    readMenusInFront();
     for (const std::string& name : applicationsReadTwiceMore) {
         if (_appUIElementInfo->focusedAppName() == name) {
             _appUIElementInfo->update();
@@ -50,15 +64,15 @@ void AppController::handleAppChange(const Notification& notification) {
         log(LogCategory::Front, [] { return "switch: nothing is rebuilt, there is no menu reader"; });
         return;
     }
-    // Our own windows leave the mirror of the application behind them in place.
-    if (_appUIElementInfo->focusedAppName() == "Tarragon") {
+    if (ownWindowIsInFront()) {
         log(LogCategory::Front, [] { return "switch: nothing is rebuilt, a window of Tarragon is in front"; });
         return;
     }
     // The row of menu titles is built from the new menu bar, which some applications publish a little late.
     if (_preferences._horizontal)
         pauseForMenuBar(0.5);
-    _appUIElementInfo->update();
+    if (!readMenusInFront())
+        return;
     if (const auto entry = notification.userInformation.find(ZDAppChangeNotifier::PID);
         entry != notification.userInformation.end())
         _appPID = entry->second;
@@ -84,7 +98,7 @@ void AppController::fireFoxSpecial() {
         pauseForMenuBar(0.5);
     if (!_appUIElementInfo)
         return;
-    _appUIElementInfo->update();
+    readMenusInFront();
     readAgainIfEmpty(1.8, {"Firefox", "Thunderbird"});
     boldenAppTitleMenu();
     setMenuFont();

@@ -93,6 +93,27 @@ TEST_F(ApplicationSwitchTest, LeavesTheMirrorInPlaceWhenAnOwnWindowComesToTheFro
     EXPECT_THAT(pausesSinceLaunch(), IsEmpty());
 }
 
+TEST_F(ApplicationSwitchTest, LeavesTheMirrorInPlaceWhenAnOwnWindowComesToTheFrontMeanwhile) {
+    const FakeApplication ourselves = fake.addApplication("Tarragon");
+    ourselves.menu("Ours").item("Item");
+    fake.runLoop.setPauseHook([&](double) { fake.activate(ourselves); });
+    fake.switchTo(notes);
+    EXPECT_THAT(rootTitles(), ElementsAre("File", "Edit", "-", "Tarragon"));
+    EXPECT_THAT(pausesSinceLaunch(), ElementsAre(0.5));
+}
+
+TEST_F(ApplicationSwitchTest, MirrorsNoOwnWindowThatComesToTheFrontDuringTheLongWait) {
+    const FakeApplication ourselves = fake.addApplication("Tarragon");
+    ourselves.menu("Ours").item("Item");
+    fake.runLoop.setPauseHook([&](double seconds) {
+        if (seconds == 2.0)
+            fake.activate(ourselves);
+    });
+    fake.switchTo(fake.addApplication("Slow"));
+    EXPECT_EQ(reader().currentAppName(), "Slow");
+    EXPECT_THAT(rootTitles(), ElementsAre("-", "Tarragon"));
+}
+
 TEST_F(ApplicationSwitchTest, WaitsTwoSecondsAndReadsOnceMoreWhenTheMenuBarIsEmpty) {
     const FakeApplication slow = fake.addApplication("Slow");
     fake.switchTo(slow);
