@@ -23,14 +23,22 @@ protected:
         _preferences = preferences().windows().at(0);
         return moveTo(_preferences, 700, 350);
     }
+    // Window managers give the focus to a window of the workspace that they show, and some a little later than they
+    // tell that they show it.
+    bool bringPreferencesToFront() {
+        const auto areInFront = [&] { return display().activeWindow() == _preferences; };
+        return waitUntil([&] {
+            if (!areInFront())
+                display().activate(_preferences);
+            return holdsFor(Duration(100), areInFront);
+        });
+    }
     // With the preferences in front there as well.
     testing::AssertionResult goTo(std::uint32_t workspace) {
         display().showWorkspace(workspace);
         if (!waitUntil([&] { return display().workspace() == workspace && display().isViewable(_preferences); }))
             return testing::AssertionFailure() << "workspace " << workspace << " is not shown";
-        // Some window managers prefer a window that is there alone.
-        display().activate(_preferences);
-        if (!waitUntil([&] { return display().activeWindow() == _preferences; }))
+        if (!bringPreferencesToFront())
             return testing::AssertionFailure() << "the preferences are not in front on workspace " << workspace;
         return testing::AssertionSuccess();
     }
@@ -93,6 +101,34 @@ TEST_P(PanelWorkspaceTest, RidesOnTheWindowOfItsApplicationThatIsThere) {
         EXPECT_TRUE(isNotSeen()) << "round " << round;
         ASSERT_TRUE(goTo(0));
         EXPECT_TRUE(standsAbove(here)) << "round " << round;
+    }
+}
+
+TEST_P(PanelWorkspaceTest, IsNotCoveredByTheWindowThatItRidesOnThere) {
+    TestApplication& application = launch(ApplicationKind::TwoWindows);
+    const xcb_window_t here = application.window();
+    const xcb_window_t there = putOtherWindowOnWorkspace(application, 1);
+    ASSERT_NE(there, xcb_window_t(XCB_NONE));
+    ASSERT_TRUE(openPreferences());
+    ASSERT_TRUE(goTo(1));
+    // Above the other one, and with no room above it.
+    ASSERT_TRUE(moveTo(there, 100, 0));
+    const std::size_t atFirst = layouts();
+    ASSERT_TRUE(application.bringToFront(there));
+    waitForLayoutAfter(atFirst);
+    ASSERT_TRUE(goTo(0));
+    // The other menu bar is read before the preferences are in front again.
+    const std::size_t before = layouts();
+    ASSERT_TRUE(application.bringToFront(here));
+    waitForLayoutAfter(before);
+    EXPECT_TRUE(standsAbove(here));
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(goTo(1));
+        EXPECT_TRUE(standsOnTitleBarOf(there)) << "round " << round;
+        EXPECT_TRUE(liesDirectlyOn(there)) << "round " << round;
+        ASSERT_TRUE(goTo(0));
+        EXPECT_TRUE(standsAbove(here)) << "round " << round;
+        EXPECT_TRUE(liesDirectlyOn(here)) << "round " << round;
     }
 }
 

@@ -41,8 +41,10 @@ void X11Stacking::handleEvent(const xcb_generic_event_t& event) {
         handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
         break;
     case XCB_MAP_NOTIFY:
-        // The toolkit may have put a new window elsewhere meanwhile.
-        _needsRestack |= isKept(reinterpret_cast<const xcb_map_notify_event_t&>(event).window);
+        handleMapping(reinterpret_cast<const xcb_map_notify_event_t&>(event).window, true);
+        break;
+    case XCB_UNMAP_NOTIFY:
+        handleMapping(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window, false);
         break;
     case XCB_REPARENT_NOTIFY:
         // A window manager that starts or ends gives every window another frame.
@@ -58,6 +60,17 @@ void X11Stacking::handleEvent(const xcb_generic_event_t& event) {
     default:
         break;
     }
+}
+
+void X11Stacking::handleMapping(xcb_window_t window, bool isMapped) {
+    if (isKept(window)) {
+        // The toolkit may have put a new window elsewhere meanwhile.
+        _needsRestack |= isMapped;
+        return;
+    }
+    if (window == _baseFrame)
+        _baseIsAway = !isMapped;
+    _needsFrame |= window == _baseFrame || (_baseIsAway && isMapped);
 }
 
 // An event tells which window lies directly below the one that it is about.
@@ -101,14 +114,15 @@ void X11Stacking::restackIfNeeded() {
 }
 
 void X11Stacking::findBaseFrame() {
-    const xcb_window_t window = _findWindow(_connection, _windows.front());
+    const xcb_window_t window = _findWindow(_connection, _windows.front(), _baseWindow);
     if (window == XCB_WINDOW_NONE)
         return;
     const xcb_window_t frame = frameOf(window);
     if (frame == XCB_WINDOW_NONE)
         return;
     _baseWindow = window;
-    _baseFrame = frame;
+    if (std::exchange(_baseFrame, frame) != frame)
+        _baseIsAway = false;
     _belowBaseFrame = XCB_WINDOW_NONE;
     _needsRestack = true;
 }

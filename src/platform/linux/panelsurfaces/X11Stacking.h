@@ -19,10 +19,11 @@ class X11Connection;
 class X11Stacking {
 public:
     // The managed window that the windows are to lie above; none to leave them where they are. One of the windows is
-    // passed in.
-    using FindWindow = std::function<xcb_window_t(X11Connection& connection, xcb_window_t kept)>;
+    // passed in, and the managed window of before, if any.
+    using FindWindow = std::function<xcb_window_t(X11Connection& connection, xcb_window_t kept, xcb_window_t former)>;
 
-    // A change of the root window's property means that another window may be found. The windows of another object may
+    // A change of the root window's property means that another window may be found, and so does one that is shown
+    // while the former is not. The windows of another object may
     // be kept above the same window: those lie beneath these then.
     //
     // The root window's property changes and substructure are to be selected already on the connection whose events
@@ -37,6 +38,7 @@ public:
     void restackIfNeeded();
 
 private:
+    void handleMapping(xcb_window_t window, bool isMapped);
     void handleConfigure(const xcb_configure_notify_event_t& event);
     bool isKept(xcb_window_t window) const;
     void findBaseFrame();
@@ -51,6 +53,7 @@ private:
     xcb_window_t _baseWindow = XCB_WINDOW_NONE; // that the windows lie above
     xcb_window_t _baseFrame = XCB_WINDOW_NONE;
     xcb_window_t _belowBaseFrame = XCB_WINDOW_NONE; // as the last event told; none when unknown
+    bool _baseIsAway = false; // the base frame was taken off the screen, with its window or its workspace
     bool _needsFrame = true;
     bool _needsRestack = false;
 };

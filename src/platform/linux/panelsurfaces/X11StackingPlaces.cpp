@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Property.h"
+#include "platform/linux/x11/X11Reply.h"
 
 #include <algorithm>
 #include <array>
@@ -25,6 +26,27 @@ bool haveCommon(const std::vector<std::uint32_t>& atoms, X11Connection& connecti
     });
 }
 
+bool isViewable(xcb_connection_t* connection, xcb_window_t window) {
+    const X11Reply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(connection, xcb_get_window_attributes(connection, window), nullptr));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+std::vector<std::uint32_t> managedWindows(X11Connection& connection) {
+    return X11Property(connection.get(), connection.rootWindow(), connection.atom("_NET_CLIENT_LIST_STACKING"))
+        .numbers();
+}
+
+xcb_window_t topmostViewableWindowLike(X11Connection& connection, xcb_window_t sibling) {
+    std::vector<std::uint32_t> topmostFirst = managedWindows(connection);
+    std::ranges::reverse(topmostFirst);
+    for (const xcb_window_t window : topmostFirst) {
+        if (areOfSameClient(connection.get(), window, sibling) && isViewable(connection.get(), window))
+            return window;
+    }
+    return XCB_WINDOW_NONE;
+}
+
 // Of the desktop's layers above that of ordinary windows.
 constexpr std::array KindsAbove{"_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_NOTIFICATION",
     "_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU", "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU"};
@@ -32,15 +54,18 @@ constexpr std::array StatesAbove{"_NET_WM_STATE_ABOVE"};
 
 } // namespace
 
-xcb_window_t frontWindow(X11Connection& connection, xcb_window_t kept) {
+xcb_window_t frontWindow(X11Connection& connection, xcb_window_t kept, xcb_window_t former) {
     X11Property active(connection.get(), connection.rootWindow(), connection.atom("_NET_ACTIVE_WINDOW"));
     const xcb_window_t window = active.number().value_or(XCB_WINDOW_NONE);
-    return areOfSameClient(connection.get(), window, kept) ? xcb_window_t(XCB_WINDOW_NONE) : window;
+    if (!areOfSameClient(connection.get(), window, kept))
+        return window;
+    if (former == XCB_WINDOW_NONE || isViewable(connection.get(), former))
+        return former;
+    return topmostViewableWindowLike(connection, former);
 }
 
-xcb_window_t topmostOrdinaryWindow(X11Connection& connection, xcb_window_t /*kept*/) {
-    X11Property stacking(connection.get(), connection.rootWindow(), connection.atom("_NET_CLIENT_LIST_STACKING"));
-    const std::vector<std::uint32_t> windows = stacking.numbers();
+xcb_window_t topmostOrdinaryWindow(X11Connection& connection, xcb_window_t /*kept*/, xcb_window_t /*former*/) {
+    const std::vector<std::uint32_t> windows = managedWindows(connection);
     std::vector<std::pair<X11Property, X11Property>> properties; // kind and state, bottom to top
     properties.reserve(windows.size());
     for (const xcb_window_t window : windows) {

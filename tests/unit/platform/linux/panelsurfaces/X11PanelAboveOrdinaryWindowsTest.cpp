@@ -22,10 +22,6 @@ protected:
         barSurface->setLevel(PanelLevel::OrdinaryWindows);
         toolkit->map(bar);
     }
-    // As a window manager does it, for windows that it does not restack.
-    void tellOrder(const std::vector<xcb_window_t>& windows) {
-        other->setNumbers(other->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, windows);
-    }
     xcb_window_t makeDock(
         const char* property = "_NET_WM_WINDOW_TYPE", const char* value = "_NET_WM_WINDOW_TYPE_DOCK") {
         const xcb_window_t window = makeWindow(0, 0);

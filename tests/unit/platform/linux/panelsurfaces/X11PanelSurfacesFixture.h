@@ -95,6 +95,12 @@ protected:
         return window == XCB_WINDOW_NONE ? std::vector<std::uint32_t>()
                                          : toolkit->numbers(window, "_NET_WM_STRUT_PARTIAL");
     }
+    // An application besides the other one.
+    std::unique_ptr<X11Client> connectStranger() { return std::make_unique<X11Client>(_server.displayName()); }
+    // As a window manager does it, for windows that it does not restack.
+    void tellOrder(const std::vector<xcb_window_t>& windows) {
+        other->setNumbers(other->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, windows);
+    }
     void startCompositor() {
         _compositor = std::make_unique<X11Client>(_server.displayName());
         const xcb_window_t owner = _compositor->makeWindow();

@@ -160,6 +160,36 @@ TEST_F(X11PanelSurfacesTest, StaysWhereItIsWhileAWindowOfItsOwnProgramIsInFront)
     EXPECT_THAT(order({frame, panel, top, preferences}), ElementsAre(frame, panel, top, preferences));
 }
 
+// As on another workspace, where the window in front, which is on all of them, stays in front.
+TEST_F(X11PanelSurfacesTest, GoesToTheWindowOfTheSameApplicationThatIsSeenBehindAWindowOfItsOwnProgram) {
+    const auto stranger = connectStranger();
+    const xcb_window_t second = makeWindow(100, 80);
+    other->unmap(second);
+    const xcb_window_t strange = stranger->makeWindow();
+    stranger->map(strange);
+    const xcb_window_t preferences = toolkit->makeWindow({.x = 130, .y = 90});
+    toolkit->map(preferences);
+    tellOrder({frame, second, strange, preferences});
+    setFront(preferences);
+    settle();
+    const std::vector<xcb_window_t> onFrame{frame, panel, second, strange, preferences};
+    const std::vector<xcb_window_t> onSecond{frame, second, panel, strange, preferences};
+    EXPECT_EQ(order(onFrame), onFrame);
+    for (int round = 0; round < 2; ++round) {
+        // Some window managers show what there is to be seen first.
+        other->map(second);
+        settle();
+        other->unmap(frame);
+        ASSERT_TRUE(becomes(onSecond)) << round;
+        // With none to be seen it stays.
+        other->unmap(second);
+        settle();
+        EXPECT_EQ(order(onSecond), onSecond) << round;
+        other->map(frame);
+        ASSERT_TRUE(becomes(onFrame)) << round;
+    }
+}
+
 TEST_F(X11PanelSurfacesTest, SurvivesTheEndOfTheWindowInFront) {
     const xcb_window_t next = makeWindow(100, 80);
     other->destroy(frame);
