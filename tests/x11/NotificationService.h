@@ -5,6 +5,7 @@
 #include <QDBusVirtualObject>
 #include <QStringList>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ public:
     unsigned lastIdentifier() const { return _lastIdentifier; }
     // Questions wait from now on, until they are let through.
     void hold() { _holds = true; }
+    std::size_t held() const { return _held.size(); }
     void letThrough();
     // The user clicks on a button of a notification.
     void invokeAction(unsigned identifier, const QString& key);

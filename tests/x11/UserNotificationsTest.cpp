@@ -104,6 +104,25 @@ TEST_F(UserNotificationsTest, CallTheirActionOnce) {
     }
 }
 
+TEST_F(UserNotificationsTest, CallTheirActionAlsoWhenTheyAreClickedBeforeTheServiceHasNamedThem) {
+    NotificationService service(Everything);
+    service.hold();
+    ASSERT_TRUE(notifications.show(withAction()));
+    ASSERT_TRUE(waitFor([&] { return service.held() == 1; }));
+    service.letThrough();
+    service.hold();
+    ASSERT_TRUE(waitFor([&] { return service.held() == 1; }));
+    constexpr unsigned FirstIdentifier = 7;
+    service.invokeAction(FirstIdentifier, "button");
+    service.letThrough();
+    ASSERT_TRUE(hasShown(service, 1));
+    ASSERT_EQ(service.lastIdentifier(), FirstIdentifier);
+    EXPECT_TRUE(waitFor([&] { return actions == 1; }));
+    settle(service);
+    settle(service);
+    EXPECT_EQ(actions, 1);
+}
+
 TEST_F(UserNotificationsTest, TakeThePlaceOfTheOneBefore) {
     NotificationService service(Everything);
     ASSERT_TRUE(notifications.show(withAction()));

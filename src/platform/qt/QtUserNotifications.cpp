@@ -105,9 +105,11 @@ void QtUserNotifications::send(const QStringList& capabilities) {
             const QDBusPendingReply<uint> reply = *answer;
             if (reply.isError())
                 logFailure(reply.error());
+            const uint clickedEarly = std::exchange(_clickedEarly, 0);
             if (reply.isValid() && generation == _generation) {
                 _identifier = reply.value();
                 _action = action;
+                actionInvoked(clickedEarly, {});
             }
             _isUnderWay = false;
             if (_waiting)
@@ -116,15 +118,21 @@ void QtUserNotifications::send(const QStringList& capabilities) {
 }
 
 void QtUserNotifications::actionInvoked(uint identifier, const QString& /*key*/) {
-    if (identifier != _identifier || !_action)
+    if (identifier == 0 || identifier != _identifier) {
+        // The answer that tells the identifier may be overtaken.
+        if (_isUnderWay)
+            _clickedEarly = identifier;
         return;
-    _runLoop.post(std::exchange(_action, nullptr));
+    }
+    if (_action)
+        _runLoop.post(std::exchange(_action, nullptr));
 }
 
 void QtUserNotifications::forget() {
     ++_generation;
     _identifier = 0;
     _action = nullptr;
+    _clickedEarly = 0;
 }
 
 } // namespace tarragon

@@ -43,6 +43,7 @@ private:
     unsigned _generation = 0; // of the service: another one knows nothing of what the former was told
     uint _identifier = 0; // of the notification that was shown last; 0 for none
     std::function<void()> _action; // empty once it was called
+    uint _clickedEarly = 0; // before the service has told which notification that is; 0 for none
 };
 
 } // namespace tarragon

@@ -4,6 +4,7 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <functional>
 #include <iostream>
 
 namespace tarragon::e2e {
@@ -132,6 +133,7 @@ TEST_P(PreferencesControlTest, ASizeIsTypedSteppedAndFollowed) {
             size.name, [](const Control&) { return true; }, "spin box");
         ASSERT_TRUE(control);
         preferences().click(*control);
+        EXPECT_TRUE(preferences().waitFor(size.name, std::mem_fn(&Control::isFocused), "spin box")) << size.key;
         const std::size_t before = changesOf(size.key);
         input().tap(XK_a, {XK_Control_L});
         preferences().type("18");
