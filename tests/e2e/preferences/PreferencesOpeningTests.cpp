@@ -151,19 +151,20 @@ TEST_P(PreferencesOpeningTest, TheFramesOwnButtonClosesThemAndTheyOpenAgain) {
 }
 
 TEST_P(PreferencesOpeningTest, TheyOpenWhereTheUserHasLeftThem) {
-    const auto stand = [this](int x, int y) {
+    using Place = std::pair<int, int>;
+    const auto place = [this] {
         const PixelRect frame = display().outerFrameOf(preferences().windows().at(0));
-        return frame.x == x && frame.y == y;
+        return Place(frame.x, frame.y);
     };
     ASSERT_TRUE(preferences().open());
-    for (const auto& [x, y] : {std::pair(120, 90), std::pair(310, 150)}) {
-        display().moveWindow(preferences().windows().at(0), x, y);
-        ASSERT_TRUE(waitUntil([&] { return stand(x, y); }));
+    for (const Place& left : {Place(120, 90), Place(310, 150)}) {
+        display().moveWindow(preferences().windows().at(0), left.first, left.second);
+        ASSERT_TRUE(waitUntil([&] { return place() == left; }));
         // However often they are opened there.
         for (int round = 0; round < 3; ++round) {
             ASSERT_TRUE(preferences().close());
             ASSERT_TRUE(preferences().open());
-            EXPECT_TRUE(waitUntil([&] { return stand(x, y); })) << x << ',' << y << " round " << round;
+            EXPECT_TRUE(waitUntil([&] { return place() == left; })) << testing::PrintToString(left) << round;
         }
     }
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <ranges>
 #include <string>
 #include <utility>
@@ -72,11 +73,9 @@ public:
     }
     std::vector<std::uint32_t> windowsByActivation() override { return activation; }
     std::optional<std::uint32_t> windowAtPosition(const Point& pointCG) override {
-        for (const WindowDescription& window : windows | std::views::reverse) {
-            if (contains(window.frameCG, pointCG))
-                return window.identifier;
-        }
-        return {};
+        const auto topmost = std::find_if(windows.rbegin(), windows.rend(),
+            [&](const WindowDescription& window) { return contains(window.frameCG, pointCG); });
+        return topmost == windows.rend() ? std::nullopt : std::optional(topmost->identifier);
     }
     void beginLook() override { ++openLooks; }
     void endLook() override { --openLooks; }

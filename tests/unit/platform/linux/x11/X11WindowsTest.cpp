@@ -234,8 +234,10 @@ TEST_F(X11WindowsTest, IsNeverBehindOnAnyThread) {
     std::atomic<int> latest = 0;
     std::atomic<bool> isOver = false;
     std::atomic<int> answersBehind = 0;
+    constexpr int Readers = 3;
     std::vector<std::thread> readers;
-    for (int reader = 0; reader < 3; ++reader) {
+    readers.reserve(Readers);
+    for (int reader = 0; reader < Readers; ++reader) {
         readers.emplace_back([&] {
             while (!isOver) {
                 const int known = latest;
