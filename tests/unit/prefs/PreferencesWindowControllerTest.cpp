@@ -1,87 +1,15 @@
-#include "prefs/PreferencesWindowController.h"
+#include "PreferencesWindowControllerFixture.h"
 
-#include "fake/FakeAccessibility.h"
-#include "fake/FakeDefaults.h"
-#include "fake/FakeHotKeys.h"
-#include "fake/FakeKeyboard.h"
-#include "fake/FakeLoginItemList.h"
-#include "fake/FakePreferencesWindow.h"
-#include "fake/FakeWorkspace.h"
 #include "fake/RecordingLog.h"
-#include "platform/ModifierFlags.h"
-#include "platform/PreferenceKeys.h"
-
-#include <gmock/gmock.h>
 
 #include <algorithm>
-#include <functional>
 #include <memory>
-#include <optional>
 
 namespace tarragon {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr std::int64_t SpaceBar = 49;
-
-class RecordingDelegate : public PreferencesWindowControllerDelegate {
-public:
-    void restartAppUsingSUUpdater() override {
-        told.emplace_back("restart");
-        if (whenRestarted)
-            whenRestarted();
-    }
-    void terminate() override { told.emplace_back("terminate"); }
-    void openScreencastWebpage() override { told.emplace_back("screencast"); }
-
-    std::function<void()> whenRestarted;
-    std::vector<std::string> told;
-};
-
-class PreferencesWindowControllerTest : public testing::Test {
-protected:
-    PreferencesWindowControllerTest() {
-        const DefaultsDictionary values = {
-            {std::string(preference::EnableHotkey), true},
-            {std::string(preference::NewTrigger), std::string("\u02C4Z")},
-            {std::string(preference::TriggerCharacterUInt), SpaceBar},
-            {std::string(preference::TriggerModifiers), std::int64_t{modifier::Option}},
-            {std::string(preference::LaunchOnLogin), false},
-            {std::string(preference::EnableButton), true},
-            {std::string(preference::EnableScreenTop), true},
-            {std::string(preference::MouseButton), std::int64_t{2}},
-        };
-        defaults.registerDefaults(values);
-        defaults.setInitialValues(values);
-        _controller.emplace(
-            PreferencesWindowController::Services{accessibility, defaults, workspace, hotKeys, &keyboard, &loginItems,
-                "/opt/Tarragon", {"https://p", "https://s", "https://t", "https://f"}},
-            interface, &delegate);
-    }
-
-    PreferencesWindowController& controller() { return *_controller; }
-    PreferencesWindowRecord& window() { return interface.window; }
-    void set(std::string_view key, const DefaultsValue& value) { ASSERT_TRUE(defaults.setValue(key, value)); }
-    void takeAccessAway() {
-        accessibility.setEnabled(false);
-        accessibility.setTrusted(false);
-    }
-    static PreferenceItem item(std::int64_t tag) { return {"", "Label", tag}; }
-
-    FakeAccessibility accessibility;
-    FakeDefaults defaults;
-    FakeWorkspace workspace;
-    FakeHotKeys hotKeys;
-    FakeKeyboard keyboard;
-    FakeLoginItemList loginItems;
-    FakePreferencesInterface interface;
-    RecordingDelegate delegate;
-
-private:
-    std::optional<PreferencesWindowController> _controller;
-};
 
 TEST_F(PreferencesWindowControllerTest, LoadsAWindowThatIsOnEveryDesktopAndHidesBothWarnings) {
     EXPECT_EQ(interface.timesLoaded, 1);
@@ -493,130 +421,6 @@ TEST_F(RefusalTest, HasTheUserPressOneWhereNoneIsKnownToBeFree) {
     EXPECT_EQ(window().pane, PreferencePane::HotKey);
     EXPECT_EQ(window().selectedItem, 1U);
     EXPECT_TRUE(window().isRecording);
-}
-
-TEST_F(PreferencesWindowControllerTest, SaysForAsLongAsSettingsCannotBeWritten) {
-    EXPECT_EQ(window().borderNotice, BorderNotice::None);
-    defaults.setWritable(false);
-    controller().resetButton();
-    EXPECT_EQ(window().borderNotice, BorderNotice::SettingsAreUnwritten);
-    takeAccessAway();
-    controller().displayWindow();
-    EXPECT_EQ(window().borderNotice, BorderNotice::SettingsAreUnwritten);
-    defaults.setWritable(true);
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
-}
-
-TEST_F(PreferencesWindowControllerTest, WritesTheLoginItemOnceTheSettingIsWritten) {
-    defaults.setWritable(false);
-    loginItems.setWritable(false);
-    window().launchCheckBoxIsOn = true;
-    controller().startAtLogin();
-    EXPECT_THAT(loginItems.items(), IsEmpty());
-    loginItems.setWritable(true);
-    defaults.setWritable(true);
-    EXPECT_EQ(loginItems.items().size(), 1U);
-    // Once, and never when something else could not be written: the user may have changed the list otherwise.
-    window().launchCheckBoxIsOn = false;
-    controller().startAtLogin();
-    EXPECT_THAT(loginItems.items(), IsEmpty());
-    loginItems.add("Tarragon", "/elsewhere");
-    defaults.setWritable(false);
-    controller().mouseButtonChanged();
-    defaults.setWritable(true);
-    EXPECT_EQ(loginItems.items().size(), 1U);
-}
-
-TEST_F(PreferencesWindowControllerTest, SaysThatSettingsCouldNotBeWrittenBeforeItWasThere) {
-    defaults.setWritable(false);
-    EXPECT_FALSE(defaults.setValue(preference::EnableButton, false));
-    window().borderNotice = BorderNotice::None;
-    const PreferencesWindowController later(
-        {accessibility, defaults, workspace, hotKeys, &keyboard, &loginItems, "/opt/Tarragon", {}}, interface, nullptr);
-    EXPECT_EQ(window().borderNotice, BorderNotice::SettingsAreUnwritten);
-}
-
-class AccessTest : public PreferencesWindowControllerTest {
-protected:
-    AccessTest() {
-        takeAccessAway();
-        controller().displayWindow();
-    }
-};
-
-TEST_F(AccessTest, EndsTheProgramWhenTheUserQuits) {
-    window().answerAlert(AccessibilityAlertAnswer::Quit);
-    EXPECT_THAT(delegate.told, ElementsAre("terminate"));
-    EXPECT_THAT(accessibility.callsOf(FakeCall::Operation::OpenSettings), IsEmpty());
-}
-
-TEST_F(AccessTest, OpensTheSystemSettingsAndThenEndsTheProgram) {
-    accessibility.setSettings(true, true);
-    window().answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
-    EXPECT_EQ(accessibility.callsOf(FakeCall::Operation::OpenSettings).size(), 1U);
-    EXPECT_THAT(delegate.told, ElementsAre("terminate"));
-}
-
-TEST_F(AccessTest, KeepsRunningWhereTheDesktopHasNoSuchSettings) {
-    accessibility.setSettings(false, false);
-    window().answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
-    EXPECT_THAT(delegate.told, IsEmpty());
-}
-
-TEST_F(AccessTest, DoesNothingOnAnyOtherAnswer) {
-    window().answerAlert(AccessibilityAlertAnswer::None);
-    EXPECT_THAT(delegate.told, IsEmpty());
-    EXPECT_THAT(accessibility.callsOf(FakeCall::Operation::OpenSettings), IsEmpty());
-}
-
-TEST_F(AccessTest, CanBeSwitchedOnFromTheWindowWhichKeepsTheProgramRunning) {
-    accessibility.setSettings(true, true);
-    controller().switchAccessOn();
-    EXPECT_EQ(accessibility.callsOf(FakeCall::Operation::OpenSettings).size(), 1U);
-    EXPECT_EQ(window().borderNotice, BorderNotice::None);
-    EXPECT_THAT(delegate.told, IsEmpty());
-}
-
-TEST_F(AccessTest, IsSaidToStayMissingWhereItCannotBeSwitchedOn) {
-    accessibility.setSettings(false, false);
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
-    controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessCannotBeSwitchedOn);
-    // It may have become possible.
-    controller().displayWindow();
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
-    window().answerAlert(AccessibilityAlertAnswer::OpenSystemPreferences);
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessCannotBeSwitchedOn);
-    accessibility.setSettings(true, true);
-    controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice::None);
-}
-
-TEST_F(AccessTest, MayBeGivenWhileTheWindowIsOpen) {
-    controller().accessDidChange();
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
-    accessibility.setEnabled(true);
-    controller().accessDidChange();
-    EXPECT_EQ(window().borderNotice, BorderNotice::None);
-    EXPECT_EQ(std::count(window().told.begin(), window().told.end(), "alert"), 1);
-}
-
-TEST_F(AccessTest, MayBeGivenElsewhereWhereItsSettingsOpen) {
-    accessibility.setSettings(true, false);
-    controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice::AccessIsMissing);
-}
-
-TEST_F(AccessTest, MayHaveBeenGivenThoughItCannotBeSwitchedOn) {
-    accessibility.setSettings(false, false);
-    accessibility.setTrusted(true);
-    controller().switchAccessOn();
-    EXPECT_EQ(window().borderNotice, BorderNotice::None);
-}
-
-TEST_F(AccessTest, HasTheResultsOfTheAlertsButtons) {
-    EXPECT_EQ(static_cast<int>(AccessibilityAlertAnswer::OpenSystemPreferences), 1000);
-    EXPECT_EQ(static_cast<int>(AccessibilityAlertAnswer::Quit), 1001);
 }
 
 } // namespace

@@ -22,9 +22,9 @@ public:
     // passed in, and the managed window of before, if any.
     using FindWindow = std::function<xcb_window_t(X11Connection& connection, xcb_window_t kept, xcb_window_t former)>;
 
-    // A change of the root window's property means that another window may be found, and so does one that is shown
-    // while the former is not. The windows of another object may
-    // be kept above the same window: those lie beneath these then.
+    // A change of the root window's property means that another window may be found, and so does a window that is shown
+    // while the one found last is not. The windows of another object may be kept above the same window: those lie
+    // beneath these then.
     //
     // The root window's property changes and substructure are to be selected already on the connection whose events
     // handleEvent gets.
