@@ -164,6 +164,7 @@ TEST_P(PreferencesControlTest, TheLabelOfTheButtonIsStoredAsItIsTyped) {
     };
     ASSERT_TRUE(shows("Menu"));
     preferences().clickInto(*preferences().control("Label", "text"));
+    ASSERT_TRUE(preferences().waitFor("Label", std::mem_fn(&Control::isFocused), "text"));
     const std::size_t before = changesOf("ButtonLabel");
     input().tap(XK_a, {XK_Control_L});
     preferences().type("Basil");
